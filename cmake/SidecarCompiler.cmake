@@ -1,0 +1,41 @@
+# Language level, warnings and sanitizers, the same for every target.
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_C_STANDARD_REQUIRED ON)
+set(CMAKE_C_EXTENSIONS OFF)
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+# -Wrestrict: GCC 12 reports false positives inside std::string concatenation.
+add_library(sidecar_warnings INTERFACE)
+target_compile_options(sidecar_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wundef -Wformat=2 -Wcast-align -Wimplicit-fallthrough
+  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wextra-semi>
+  $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wduplicated-cond -Wlogical-op -Wsuggest-override
+    -Wno-restrict>)
+
+if(SIDECAR_SANITIZE)
+  add_compile_options(-fsanitize=${SIDECAR_SANITIZE} -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${SIDECAR_SANITIZE})
+  if(SIDECAR_SANITIZE MATCHES "undefined")
+    add_compile_options(-fno-sanitize-recover=undefined)
+  endif()
+endif()
+if(SIDECAR_FUZZERS)
+  # Coverage for every library; the targets themselves add libFuzzer's main.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+if(WIN32)
+  add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+endif()

@@ -1,0 +1,73 @@
+# The kinds of target that the folders are made of. Every folder of src/ is one layer: a static library that may use
+# the layers named before it in SIDECAR_LAYERS, and no other.
+
+# Lowest first. tools/checks/layers.py reads this list and holds the include lines against it.
+set(SIDECAR_LAYERS
+  platform foundation pixels images drawing view layout controls plugin dialogs formats)
+
+# sidecar_layer(NAME SOURCES file... [LINUX file...] [WINDOWS file...] [LIBRARIES target...])
+# Makes sidecar_NAME, linked with all lower layers that exist. LINUX and WINDOWS sources are built on that system only.
+function(sidecar_layer name)
+  cmake_parse_arguments(layer "" "" "SOURCES;LINUX;WINDOWS;LIBRARIES" ${ARGN})
+  set(sources ${layer_SOURCES})
+  if(WIN32)
+    list(APPEND sources ${layer_WINDOWS})
+  else()
+    list(APPEND sources ${layer_LINUX})
+  endif()
+  add_library(sidecar_${name} STATIC ${sources})
+  target_include_directories(sidecar_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
+  target_link_libraries(sidecar_${name} PRIVATE sidecar_warnings)
+  foreach(lower IN LISTS SIDECAR_LAYERS)
+    if(lower STREQUAL name)
+      break()
+    endif()
+    if(TARGET sidecar_${lower})
+      target_link_libraries(sidecar_${name} PUBLIC sidecar_${lower})
+    endif()
+  endforeach()
+  target_link_libraries(sidecar_${name} PUBLIC ${layer_LIBRARIES})
+endfunction()
+
+# sidecar_program(NAME SOURCES file... [LIBRARIES target...])
+function(sidecar_program name)
+  cmake_parse_arguments(program "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${program_SOURCES})
+  target_link_libraries(${name} PRIVATE sidecar_warnings ${program_LIBRARIES})
+endfunction()
+
+# sidecar_test(NAME SOURCES file... [LIBRARIES target...] [ARGUMENTS arg...])
+# A googletest program, one entry of ctest. It is handed the source tree as SIDECAR_SOURCE_DIR.
+function(sidecar_test name)
+  cmake_parse_arguments(test "" "" "SOURCES;LIBRARIES;ARGUMENTS" ${ARGN})
+  sidecar_program(${name} SOURCES ${test_SOURCES} LIBRARIES ${test_LIBRARIES} GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE SIDECAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  add_test(NAME ${name} COMMAND ${name} ${test_ARGUMENTS})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
+
+# sidecar_fuzzer(NAME SOURCES file... CORPUS folder [LIBRARIES target...])
+# A libFuzzer target. Its ctest entry runs every seed of the folder and then mutates them for SIDECAR_FUZZ_SECONDS.
+set(SIDECAR_FUZZ_SECONDS 20 CACHE STRING "How long each fuzz target mutates its seeds in a test run")
+function(sidecar_fuzzer name)
+  cmake_parse_arguments(fuzzer "" "CORPUS" "SOURCES;LIBRARIES" ${ARGN})
+  sidecar_program(${name} SOURCES ${fuzzer_SOURCES} LIBRARIES ${fuzzer_LIBRARIES})
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  set(found ${CMAKE_CURRENT_BINARY_DIR}/${name}.found)
+  file(MAKE_DIRECTORY ${found})
+  add_test(NAME ${name}
+    COMMAND ${name} -max_total_time=${SIDECAR_FUZZ_SECONDS} -timeout=20 -rss_limit_mb=3000 -print_final_stats=1
+      ${found} ${CMAKE_CURRENT_SOURCE_DIR}/${fuzzer_CORPUS})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900)
+endfunction()
+
+# sidecar_bench(NAME SOURCES file... [LIBRARIES target...])
+# A benchmark program; ./bench runs every target that is named in the global property SIDECAR_BENCHES.
+function(sidecar_bench name)
+  cmake_parse_arguments(bench "" "" "SOURCES;LIBRARIES" ${ARGN})
+  sidecar_program(${name} SOURCES ${bench_SOURCES} LIBRARIES ${bench_LIBRARIES})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR}/bench)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/benches)
+endfunction()

@@ -1,0 +1,99 @@
+/* Function tables that the host hands to a module. A null pointer to a suite or to a function of it means: not there. */
+#ifndef LUMOGRAPH_SUITES_H
+#define LUMOGRAPH_SUITES_H
+
+#include "base.h"
+
+LUMOGRAPH_BEGIN
+
+/* A piece of memory that the host gave out; the address is to be had by locking it. */
+typedef struct HostBufferBlock* HostBuffer;
+
+/* Working memory for pixels. A module gives back each buffer that it was given, in the phase that asked for it. */
+typedef struct HostBufferSuite {
+    int16_t version; /* kHostBufferSuiteVersion */
+    int16_t count;   /* functions in the table, at least kHostBufferSuiteCount */
+    uint8_t reserved[4];
+    /* Asks for `size` bytes, of any content. On 0 the buffer stands in `*buffer`; any other result leaves it alone. */
+    int16_t (*Allocate)(int32_t size, HostBuffer* buffer);
+    /* Returns the address of the bytes, valid until Unlock, or null. */
+    void* (*Lock)(HostBuffer buffer, uint8_t moveHigh);
+    void (*Unlock)(HostBuffer buffer);
+    /* Ends the buffer, locked or not. */
+    void (*Free)(HostBuffer buffer);
+    /* The bytes that the host would have a module use now. */
+    int32_t (*Space)(void);
+    void (*further[3])(void); /* not used by this protocol */
+} HostBufferSuite;
+
+enum { kHostBufferSuiteVersion = 2, kHostBufferSuiteCount = 8 };
+
+LUMOGRAPH_OFFSET(HostBufferSuite, version, 0x00);
+LUMOGRAPH_OFFSET(HostBufferSuite, count, 0x02);
+LUMOGRAPH_OFFSET(HostBufferSuite, Allocate, 0x08);
+LUMOGRAPH_OFFSET(HostBufferSuite, Lock, 0x10);
+LUMOGRAPH_OFFSET(HostBufferSuite, Unlock, 0x18);
+LUMOGRAPH_OFFSET(HostBufferSuite, Free, 0x20);
+LUMOGRAPH_OFFSET(HostBufferSuite, Space, 0x28);
+
+/* A movable block that can live as long as the module's data word. */
+typedef struct HostHandleBlock* HostHandle;
+
+typedef struct HostHandleSuite {
+    int16_t version; /* kHostHandleSuiteVersion */
+    int16_t count;   /* functions in the table, at least kHostHandleSuiteCount */
+    uint8_t reserved[4];
+    HostHandle (*New)(int32_t size); /* null when there is no memory */
+    void (*Dispose)(HostHandle handle);
+    void* (*Lock)(HostHandle handle, uint8_t moveHigh); /* the address, valid until Unlock, or null */
+    void (*Unlock)(HostHandle handle);
+    int32_t (*Size)(HostHandle handle);
+} HostHandleSuite;
+
+enum { kHostHandleSuiteVersion = 1, kHostHandleSuiteCount = 5 };
+
+LUMOGRAPH_OFFSET(HostHandleSuite, version, 0x00);
+LUMOGRAPH_OFFSET(HostHandleSuite, count, 0x02);
+LUMOGRAPH_OFFSET(HostHandleSuite, New, 0x08);
+LUMOGRAPH_OFFSET(HostHandleSuite, Dispose, 0x10);
+LUMOGRAPH_OFFSET(HostHandleSuite, Lock, 0x18);
+LUMOGRAPH_OFFSET(HostHandleSuite, Unlock, 0x20);
+LUMOGRAPH_OFFSET(HostHandleSuite, Size, 0x28);
+
+/* Where named suites come from. */
+typedef struct HostSuiteTable {
+    /* On 0 the suite's table stands in `*suite` until it is released as often as it was acquired. */
+    int32_t (*AcquireSuite)(const char* name, int32_t version, const void** suite);
+    int32_t (*ReleaseSuite)(const char* name, int32_t version);
+} HostSuiteTable;
+
+typedef struct HostBasicSuite {
+    const void* reserved;
+    const HostSuiteTable* suites; /* null: no named suites */
+} HostBasicSuite;
+
+LUMOGRAPH_OFFSET(HostSuiteTable, AcquireSuite, 0x00);
+LUMOGRAPH_OFFSET(HostSuiteTable, ReleaseSuite, 0x08);
+LUMOGRAPH_OFFSET(HostBasicSuite, suites, 0x08);
+
+/* Properties of the host, by signature and key. */
+#define kHostPropertySuiteName "Lumograph Property Suite for Plug-ins"
+enum { kHostPropertySuiteVersion = 1 };
+
+typedef struct HostPropertySuite {
+    /* On 0 a number stands in `*value` or a block in `*handle`, whichever kind the property is; either may be null. */
+    int32_t (*GetProperty)(uint32_t signature, uint32_t key, int32_t index, intptr_t* value, void** handle);
+} HostPropertySuite;
+
+LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
+
+/* Keys of the host's own properties, under kLumographSignature. */
+#define kPropertyUiBrightness LUMOGRAPH_KEY('U', 'I', 'B', 'R')
+#define kPropertyHighContrast LUMOGRAPH_KEY('H', 'L', 'C', 'R')
+#define kPropertyLargeTabs LUMOGRAPH_KEY('L', 'G', 'T', 'B')
+#define kPropertyUiScale LUMOGRAPH_KEY('S', 'U', 'F', 'Z')
+#define kPropertyHighDpi LUMOGRAPH_KEY('H', 'D', 'P', 'I')
+
+LUMOGRAPH_END
+
+#endif
