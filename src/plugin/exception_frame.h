@@ -24,14 +24,14 @@ int16_t RunInFrame(Body body)
         } catch (const CException&) {
             throw;
         } catch (const std::exception& failure) {
-            throw CError(failure.what());
+            throw CError(CText(failure.what()));
         } catch (...) {
             throw CException();
         }
     } catch (const CException& failure) {
-        GetReporter().Report(failure);
+        CServiceT<CReporter>::Get()->Report(failure);
     } catch (...) {
-        GetReporter().ReportUnknown();
+        CServiceT<CReporter>::Get()->ReportUnknown();
     }
     return kHostFailed;
 }

@@ -26,7 +26,7 @@ bool CLumographFormat::WithRequiredMemory()
     if (!SplitMemory(record->memoryBudget, first, second))
         throw CError(
             "$$$/Kesto/LumographPlugin/Error/NotEnoughMemory=This plugin requires more memory than the host can "
-            "currently supply.");
+            "currently supply."));
     record->memoryBudget = first + second;
     memoryShare = first;
     PrepareMemory();

@@ -12,8 +12,9 @@ void FailWithMessage(EIContext& context, int16_t code, const char* message)
 
 void EIShowError(const EIContext& context, const char* message)
 {
+    using namespace Kesto;
     if (context.interactive != 0)
-        Kesto::ShowAlert(Kesto::kAlertButtons_OK, Kesto::kAlertIcon_Warning, Kesto::kAlertModality_Task, message);
+        ShowAlert(AlertButtons::kOK, AlertIcon::kWarning, AlertModality::kTask, CText(message), CText(), CText());
 }
 
 bool BeginRow(EIContext& context, int32_t row)
