@@ -13,7 +13,8 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 EIFrame Frame(const char* layout, int width, int height, Bytes pixels, uint8_t packing = 0)
 {
-    return {.layout = Layout(layout), .width = width, .height = height, .packing = packing, .pixels = std::move(pixels)};
+    return {
+        .layout = Layout(layout), .width = width, .height = height, .packing = packing, .pixels = std::move(pixels)};
 }
 
 std::vector<int64_t> Amounts(const ScriptableHost& host, Kind kind)
@@ -126,9 +127,9 @@ TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
     const EIFrame frame = Frame("rgb24", 10, 7, Bytes(210));
     host.memoryLimit = 3 * 30 + 29;
     Samples(frame);
-    EXPECT_THAT(host.CallsOf(Kind::kExchange),
-                ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6},
-                            HostCall{Kind::kExchange, 6, 7}));
+    EXPECT_THAT(
+        host.CallsOf(Kind::kExchange),
+        ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6}, HostCall{Kind::kExchange, 6, 7}));
     EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(90, 60));
     host.memoryLimit = 1 << 20;
     Samples(frame);
@@ -155,7 +156,8 @@ TEST_F(ReadPixels, ARefusedRowBufferIsAskedForWithOneRowLess)
 TEST_F(ReadPixels, WithoutSpaceForARowNoneIsAskedFor)
 {
     host.memoryLimit = 29;
-    EXPECT_EQ(host.Open(OneFrameFile(Frame("rgb24", 10, 2, Bytes(60)))), (Outcome{kHostMemoryFull, kFormatReadContinue}));
+    EXPECT_EQ(host.Open(OneFrameFile(Frame("rgb24", 10, 2, Bytes(60)))),
+              (Outcome{kHostMemoryFull, kFormatReadContinue}));
     EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60)); // the scratch
     ExpectClean(host);
 }
@@ -197,7 +199,11 @@ TEST_F(ReadPixels, EveryPrefixOfAFileIsRefused)
     for (const EILayout& layout : AllLayouts())
         for (const uint8_t packing : {0, 1}) {
             const Bytes rows = RandomRows(layout, 9, 3, random);
-            const EIFrame frame{.layout = layout, .width = 9, .height = 3, .packing = packing, .lut = {1, 2, 3},
+            const EIFrame frame{.layout = layout,
+                                .width = 9,
+                                .height = 3,
+                                .packing = packing,
+                                .lut = {1, 2, 3},
                                 .pixels = packing ? RandomPackets(rows, layout.Unit(), random) : rows};
             const Bytes file = OneFrameFile(frame);
             for (size_t size = 0; size < file.size(); ++size) {
@@ -242,8 +248,9 @@ TEST_F(ReadPixels, AnyPacketStreamReadsAsThePlainDecoderSays)
         ScriptableHost each;
         const Outcome outcome = each.Open(OneFrameFile(frame));
         ASSERT_EQ(outcome.code, rows ? 0 : kHostCannotRead) << layout.name << " round " << round;
-        if (rows)
+        if (rows) {
             ASSERT_EQ(each.document.samples, PictureOf(frame, *rows).samples) << layout.name << " round " << round;
+        }
         ExpectClean(each);
     }
 }

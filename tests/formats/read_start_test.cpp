@@ -82,10 +82,11 @@ TEST_F(ReadStart, BadFilesAreRefusedWithTheirMessages)
             AlertRecorder shown;
             each.playback.playMode = silent ? kHostPlaySilent : 1;
             EXPECT_EQ(each.Open(bad.bytes), (Outcome{kHostCannotRead, kFormatReadStart})) << bad.name;
-            if (silent || *bad.alert == 0)
+            if (silent || *bad.alert == 0) {
                 EXPECT_THAT(shown.texts, IsEmpty()) << bad.name;
-            else
+            } else {
                 EXPECT_THAT(shown.texts, ElementsAre(bad.alert)) << bad.name;
+            }
             ExpectClean(each, 0, 1); // a failed start leaves the file open
         }
 }
@@ -275,9 +276,9 @@ TEST_F(ReadStart, DepthFramesMeasureTheirRange)
         float low, high;
         bool scans;
     };
-    const Row rows[] = {{0, 1, false},         {0, 0, true},           {1, 0, true},
-                        {-5, 5, false},        {0, kInfinity, true},   {kInfinity, kInfinity, true},
-                        {0, 0.9e-6F, true},    {-kInfinity, 1, true}, {0, std::nanf(""), false},
+    const Row rows[] = {{0, 1, false},           {0, 0, true},          {1, 0, true},
+                        {-5, 5, false},          {0, kInfinity, true},  {kInfinity, kInfinity, true},
+                        {0, 0.9e-6F, true},      {-kInfinity, 1, true}, {0, std::nanf(""), false},
                         {1000, 1000.001F, false}};
     for (const Row& row : rows) {
         EIFrame frame = SmallFrame(Layout("depth32"));
@@ -288,8 +289,9 @@ TEST_F(ReadStart, DepthFramesMeasureTheirRange)
         EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{});
         EXPECT_EQ(host.Count(Kind::kSeek), row.scans ? 1 : 0) << row.low << " to " << row.high;
         EXPECT_EQ(host.Count(Kind::kAbort), row.scans ? 2 : 1) << row.low << " to " << row.high;
-        if (row.scans)
+        if (row.scans) {
             EXPECT_EQ(host.document.samples, (Bytes{0, 255})) << row.low << " to " << row.high;
+        }
     }
 }
 

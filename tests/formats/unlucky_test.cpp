@@ -85,7 +85,7 @@ End ExpectedOfOpen(const Place& place, int rowRequests)
         return {{kHostIoError, at}}; // there is no way back to such a place
     case Kind::kAllocate:
         if (place.number < rowRequests)
-            return {{}}; // fewer rows will do
+            return {{}};                   // fewer rows will do
         return {{kHostMemoryFull, at}, 1}; // the row buffer stays
     case Kind::kLock:
         return {{kHostMemoryFull, at}};
@@ -120,9 +120,9 @@ using Unlucky = ModuleTest;
 TEST_F(Unlucky, EveryCallOfAnOpenFailsOnce)
 {
     for (const OpenSample& sample : OpenSamples()) {
-        const auto run = [&](ScriptableHost& host) {
-            host.memoryLimit = sample.memory;
-            return host.Open(sample.file);
+        const auto run = [&](ScriptableHost& one) {
+            one.memoryLimit = sample.memory;
+            return one.Open(sample.file);
         };
         for (const Place& place : PlacesOf(run, kFormatReadFinish))
             EXPECT_EQ(Fail(run, place), ExpectedOfOpen(place, 1))
@@ -133,10 +133,11 @@ TEST_F(Unlucky, EveryCallOfAnOpenFailsOnce)
 TEST_F(Unlucky, ShortReadsAreFailuresWhateverTheResult)
 {
     for (const OpenSample& sample : OpenSamples()) {
-        const auto run = [&](ScriptableHost& host) { return host.Open(sample.file); };
+        const auto run = [&](ScriptableHost& one) { return one.Open(sample.file); };
         for (const Place& place : PlacesOf(run, kFormatReadFinish))
-            if (place.kind == Kind::kRead)
+            if (place.kind == Kind::kRead) {
                 EXPECT_EQ(Fail(run, place, 0, 0), ExpectedOfOpen(place, 1)) << sample.name << " " << place.number;
+            }
     }
 }
 
@@ -144,16 +145,17 @@ TEST_F(Unlucky, EveryCallOfASkipFailsOnce)
 {
     const EIFrame frame{.width = 2, .height = 1, .lut = {1, 2, 3}, .pixels = Bytes(6, 0xFF)};
     const Bytes file = EIFileBuilder().Add(frame).Add(frame).Add(frame).Build();
-    const auto run = [&](ScriptableHost& host) {
+    const auto run = [&](ScriptableHost& one) {
         const FrameAnswer answer(3);
-        return host.Open(file);
+        return one.Open(file);
     };
     for (const Place& place : PlacesOf(run, kFormatReadFinish)) {
         const End end = Fail(run, place);
-        if (place.kind == Kind::kSeek) // what is read from the wrong place is no frame
+        if (place.kind == Kind::kSeek) { // what is read from the wrong place is no frame
             EXPECT_EQ(end, (End{{kHostCannotRead, kFormatReadStart}, 0, 1}));
-        else if (place.kind != Kind::kAllocate)
+        } else if (place.kind != Kind::kAllocate) {
             EXPECT_EQ(end, ExpectedOfOpen(place, 0)) << static_cast<int>(place.kind) << " " << place.number;
+        }
     }
 }
 
@@ -165,7 +167,7 @@ TEST_F(Unlucky, EveryCallOfASaveFailsOnce)
     for (const auto& [mode, planes] : kinds) {
         const EILayout& like = Layout(planes == 1 ? "indexed8" : planes == 3 ? "rgb24" : "argb32");
         const Picture picture(mode, 6, 4, planes, RandomRows(like, 6, 4, random));
-        const auto run = [&](ScriptableHost& host) { return host.Save(picture); };
+        const auto run = [&](ScriptableHost& one) { return one.Save(picture); };
         for (const Place& place : PlacesOf(run, kFormatWriteFinish)) {
             const int16_t at = place.selector;
             const bool start = at == kFormatWriteStart, finish = at == kFormatWriteFinish;
@@ -229,8 +231,9 @@ TEST_F(Unlucky, AFailureLeavesTheNextSessionAlone)
     packed.pixels = {0x7F};
     const Bytes broken = OneFrameFile(packed);
     for (const bool resident : {false, true}) {
-        if (resident)
+        if (resident) {
             EXPECT_EQ(host.Call(kFormatLoad), 0);
+        }
         for (int round = 0; round < 3; ++round) {
             EXPECT_EQ(host.Open(spilling), Outcome{});
             EXPECT_EQ(host.Open(good), Outcome{});

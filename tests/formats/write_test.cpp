@@ -140,15 +140,49 @@ TEST_F(WriteFile, HeadersSayWhatIsThere)
             return all;
         }();
         const auto data = static_cast<uint8_t>(host.file.size() - kHeads - lut.size());
-        const Bytes head = {0, 5, 0, 0, 0, 1,                               // version, frames
-                            0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 1, 2,             // height, width
-                            row.bitDepth, row.frameType, 0, 0, 0, 0, 0, 3, 1, 2, // depth, type, bounds
-                            1, row.alpha, 0, 0, 0, data,                    // packing, alpha, size
-                            static_cast<uint8_t>(row.lut >> 8), static_cast<uint8_t>(row.lut), 0, 0};
+        const Bytes head = {0,
+                            5,
+                            0,
+                            0,
+                            0,
+                            1, // version, frames
+                            0,
+                            0,
+                            0,
+                            0,
+                            0,
+                            0,
+                            0,
+                            0,
+                            0,
+                            3,
+                            1,
+                            2, // height, width
+                            row.bitDepth,
+                            row.frameType,
+                            0,
+                            0,
+                            0,
+                            0,
+                            0,
+                            3,
+                            1,
+                            2, // depth, type, bounds
+                            1,
+                            row.alpha,
+                            0,
+                            0,
+                            0,
+                            data, // packing, alpha, size
+                            static_cast<uint8_t>(row.lut >> 8),
+                            static_cast<uint8_t>(row.lut),
+                            0,
+                            0};
         EXPECT_EQ(host.file.size(), kHeads + lut.size() + 3 * 3 * (size_t{1} + row.bitDepth / 8U + row.alpha / 8U))
             << "three rows of three runs";
         EXPECT_THAT(Bytes(host.file.begin(), host.file.begin() + kHeads), ::testing::ElementsAreArray(head));
-        EXPECT_EQ(Bytes(host.file.begin() + kHeads, host.file.begin() + static_cast<ptrdiff_t>(kHeads + lut.size())), lut);
+        EXPECT_EQ(Bytes(host.file.begin() + kHeads, host.file.begin() + static_cast<ptrdiff_t>(kHeads + lut.size())),
+                  lut);
     }
 }
 
@@ -233,22 +267,23 @@ TEST_F(WriteFile, ACancelledWriteStillPatchesItsHeader)
 TEST_F(WriteFile, FailuresAreShownOnlyAfterARead)
 {
     const Picture picture(kHostModeRGB, 3, 1, 3, {1, 2, 3, 1, 2, 3, 4, 5, 6});
-    const char* const texts[] = {"File error, writing header",     "File error, writing frame",
-                                 "File error, writing LUT",        "File error, writing run length",
-                                 "File error, writing run value",  "File error, writing run length",
-                                 "File error, writing run value",  "File error, writing header",
-                                 "File error, writing frame"};
+    const char* const texts[] = {
+        "File error, writing header",     "File error, writing frame",     "File error, writing LUT",
+        "File error, writing run length", "File error, writing run value", "File error, writing run length",
+        "File error, writing run value",  "File error, writing header",    "File error, writing frame"};
     for (const bool afterRead : {false, true})
         for (int write = 0; write < 9; ++write) {
             ScriptableHost each;
             AlertRecorder shown;
-            if (afterRead)
+            if (afterRead) {
                 EXPECT_EQ(each.Open(OneFrameFile({.width = 1, .height = 1, .pixels = {1, 2, 3}})), Outcome{});
+            }
             each.fault = Fault{Kind::kWrite, write, kHostDiskFull};
             each.Save(picture);
             ASSERT_EQ(shown.texts.size(), afterRead ? 1U : 0U) << write;
-            if (afterRead)
+            if (afterRead) {
                 EXPECT_EQ(shown.texts[0], texts[write]) << write;
+            }
         }
     host.Open(OneFrameFile({.width = 1, .height = 1, .pixels = {1, 2, 3}}));
     host.fault = Fault{Kind::kSeek, 0};
@@ -258,8 +293,11 @@ TEST_F(WriteFile, FailuresAreShownOnlyAfterARead)
 
 TEST_F(WriteFile, TheEstimateCountsRowsOfEachPlane)
 {
-    for (const auto& [depth, columns, rows, planes, bytes] :
-         {std::tuple{8, 10, 7, 1, 170}, {8, 10, 7, 3, 310}, {1, 10, 4, 1, 108}, {16, 3, 2, 4, 148}, {8, 0, 9, 3, 100}}) {
+    for (const auto& [depth, columns, rows, planes, bytes] : {std::tuple{8, 10, 7, 1, 170},
+                                                              {8, 10, 7, 3, 310},
+                                                              {1, 10, 4, 1, 108},
+                                                              {16, 3, 2, 4, 148},
+                                                              {8, 0, 9, 3, 100}}) {
         EXPECT_EQ(Estimate(depth, columns, rows, planes), 0);
         EXPECT_EQ(int32_t{host.record.estimateMin}, bytes);
         EXPECT_EQ(int32_t{host.record.estimateMax}, bytes);

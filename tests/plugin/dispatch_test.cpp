@@ -49,15 +49,23 @@ TEST_F(Dispatch, AnObjectEndsAsItsSelectorSays)
         bool lives; // afterwards, having lived before
     };
     constexpr Row kRows[] = {
-        {1, 0, true},    {3, kHostCannotRead, true}, {4, 0, false},  {5, 0, true},
-        {6, 0, true},    {7, 0, true},               {8, 0, false},  {9, 0, true},
-        {10, 0, true},   {11, 0, true},              {12, 0, false}, {13, 0, true},
-        {15, -108, true}, {16, 0, false},             {17, -30501, false}, {18, 0, true},
-        {20, 0, false},  {21, 0, false},             {22, 0, false}, {23, 0, false},
-        {26, 0, false},  {27, 0, false},             {30, 0, false}, {33, 0, false},
-        {34, 0, false},  {35, -30500, false},        {36, -30500, true}, {37, 0, true},
-        {38, -30500, false}, {39, -30500, true},     {40, 0, true},  {41, 0, true},
-        {2, -30501, false}, {14, -30500, false},
+        {1, 0, true},        {3, kHostCannotRead, true},
+        {4, 0, false},       {5, 0, true},
+        {6, 0, true},        {7, 0, true},
+        {8, 0, false},       {9, 0, true},
+        {10, 0, true},       {11, 0, true},
+        {12, 0, false},      {13, 0, true},
+        {15, -108, true},    {16, 0, false},
+        {17, -30501, false}, {18, 0, true},
+        {20, 0, false},      {21, 0, false},
+        {22, 0, false},      {23, 0, false},
+        {26, 0, false},      {27, 0, false},
+        {30, 0, false},      {33, 0, false},
+        {34, 0, false},      {35, -30500, false},
+        {36, -30500, true},  {37, 0, true},
+        {38, -30500, false}, {39, -30500, true},
+        {40, 0, true},       {41, 0, true},
+        {2, -30501, false},  {14, -30500, false},
     };
     for (const Row& row : kRows) {
         ScriptableHost each;
@@ -71,7 +79,8 @@ TEST_F(Dispatch, AnObjectEndsAsItsSelectorSays)
 
 TEST_F(Dispatch, AcquiringSelectorsMakeTheObject)
 {
-    for (const int16_t selector : {1, 2, 5, 6, 9, 10, 13, 14, 17, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34}) {
+    for (const int16_t selector :
+         {1, 2, 5, 6, 9, 10, 13, 14, 17, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34}) {
         ScriptableHost each;
         each.fault = Fault{Kind::kOpen, 0};
         each.Call(selector);

@@ -67,9 +67,10 @@ TEST_F(Frame, FilterFileHasCodesOfItsOwn)
 {
     const auto ask = [&] { return format.HandleFilterFile(&host.record, &host.data); };
     EXPECT_EQ(ask(), 0);
-    for (const int16_t code : {kHostFilterFileA, kHostFilterFileB, kHostMemoryFull, int16_t{-1}}) {
-        format.body = [=]() -> bool { throw Kesto::CLumographError(code); };
-        EXPECT_EQ(ask(), code == kHostFilterFileA || code == kHostFilterFileB ? code : kHostCannotRead);
+    for (const int code : {int{kHostFilterFileA}, int{kHostFilterFileB}, int{kHostMemoryFull}, -1}) {
+        format.body = [=]() -> bool { throw Kesto::CLumographError(static_cast<int16_t>(code)); };
+        const bool kept = code == kHostFilterFileA || code == kHostFilterFileB;
+        EXPECT_EQ(ask(), kept ? code : int{kHostCannotRead});
     }
     format.body = []() -> bool { throw 7; };
     EXPECT_EQ(ask(), kHostCannotRead);

@@ -2,7 +2,7 @@
 #include "plugin/entry_names.h"
 #include "support/module_test.h"
 
-#define DECLARE_ENTRY(name) SIDECAR_ENTRY(name)
+#define DECLARE_ENTRY(name) extern "C" void name(int16_t selector, void* record, intptr_t* data, int16_t* result);
 FOR_EACH_OTHER_FORMAT(DECLARE_ENTRY)
 FOR_EACH_FILTER(DECLARE_ENTRY)
 FOR_EACH_EXPORT(DECLARE_ENTRY)

@@ -37,17 +37,17 @@ struct EIFrame {
     int16_t top = 0;
     int16_t left = 0;
     uint8_t packing = 0;
-    Bytes lut; // red, green, blue of each entry
-    std::optional<uint16_t> lutCount;
+    Bytes lut{}; // red, green, blue of each entry
+    std::optional<uint16_t> lutCount{};
     float low = 0; // the range of a depth frame
     float high = 1;
-    Bytes pixels; // as they stand in the file
-    std::optional<uint32_t> dataSize;
+    Bytes pixels{}; // as they stand in the file
+    std::optional<uint32_t> dataSize{};
 };
 
 struct EIFileHead {
     uint16_t version = 5;
-    std::optional<uint32_t> frameCount;
+    std::optional<uint32_t> frameCount{};
 };
 
 class EIFileBuilder {

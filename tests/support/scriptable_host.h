@@ -54,7 +54,7 @@ struct HostCall {
 
 // Which call fails and how: the one numbered `at` (from 0) among those of `kind`, or among all that can fail.
 struct Fault {
-    std::optional<Kind> kind;
+    std::optional<Kind> kind{};
     int at = 0;
     int16_t code = kHostIoError;
     bool lasting = false;  // and all later ones
@@ -163,5 +163,4 @@ private:
 
 } // namespace Testing
 
-#define SIDECAR_ENTRY(name) extern "C" void name(int16_t selector, void* record, intptr_t* data, int16_t* result);
-SIDECAR_ENTRY(EntryElectricImage)
+extern "C" void EntryElectricImage(int16_t selector, void* record, intptr_t* data, int16_t* result);
