@@ -1,0 +1,12 @@
+#include "platform/process.h"
+
+#include <unistd.h>
+
+namespace Platform {
+
+std::uint32_t ProcessNumber()
+{
+    return static_cast<std::uint32_t>(getpid());
+}
+
+} // namespace Platform
