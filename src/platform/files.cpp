@@ -10,7 +10,8 @@ namespace {
 
 std::string ParentOf(const std::string& path)
 {
-    const std::u8string parent = std::filesystem::path(std::u8string(path.begin(), path.end())).parent_path().u8string();
+    const std::u8string parent =
+        std::filesystem::path(std::u8string(path.begin(), path.end())).parent_path().u8string();
     return {parent.begin(), parent.end()};
 }
 

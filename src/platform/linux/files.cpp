@@ -46,8 +46,8 @@ Transfer MoveAll(std::size_t size, std::uint64_t position, Call call)
     if (position > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
         return {0, EINVAL};
     while (result.done < size) {
-        const ssize_t moved = call(result.done, std::min(size - result.done, kMostPerCall),
-                                   static_cast<off_t>(position + result.done));
+        const ssize_t moved =
+            call(result.done, std::min(size - result.done, kMostPerCall), static_cast<off_t>(position + result.done));
         if (moved == 0)
             break;
         if (moved > 0)

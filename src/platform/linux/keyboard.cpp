@@ -23,9 +23,11 @@ ModifierKeys HeldModifierKeys()
     const std::unique_ptr<xcb_connection_t, Disconnect> display(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(display.get()) != 0)
         return {};
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(display.get())).data->root;
+    const xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(display.get()));
+    if (screens.rem == 0)
+        return {};
     const std::unique_ptr<xcb_query_pointer_reply_t, FreeReply> reply(
-        xcb_query_pointer_reply(display.get(), xcb_query_pointer(display.get(), root), nullptr));
+        xcb_query_pointer_reply(display.get(), xcb_query_pointer(display.get(), screens.data->root), nullptr));
     if (reply == nullptr)
         return {};
     return {(reply->mask & XCB_KEY_BUT_MASK_CONTROL) != 0, (reply->mask & XCB_KEY_BUT_MASK_MOD_1) != 0,

@@ -59,8 +59,9 @@ std::uint32_t FileHandle::Open(const std::string& path, FileMode mode)
     Close();
     const DWORD access = mode == FileMode::kRead ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
     const DWORD creation = mode == FileMode::kReplace ? CREATE_ALWAYS : OPEN_EXISTING;
-    const HANDLE file = CreateFileW(ToWide(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file =
+        CreateFileW(ToWide(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    creation, FILE_ATTRIBUTE_NORMAL, nullptr);
     fNative = reinterpret_cast<std::intptr_t>(file);
     return IsOpen() ? 0 : GetLastError();
 }
@@ -134,8 +135,8 @@ std::uint32_t RemoveFile(const std::string& path)
 
 std::uint32_t MoveFileOver(const std::string& from, const std::string& to)
 {
-    return CodeOf(MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(),
-                              MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+    return CodeOf(
+        MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
 } // namespace Platform

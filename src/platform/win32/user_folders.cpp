@@ -13,8 +13,8 @@ namespace Platform {
 std::uint32_t FindUserDataFolder(std::string& path)
 {
     std::array<wchar_t, MAX_PATH> folder{};
-    const HRESULT result = SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
-                                            folder.data());
+    const HRESULT result =
+        SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, folder.data());
     if (result != S_OK)
         return HRESULT_FACILITY(result) == FACILITY_WIN32 ? HRESULT_CODE(result) : ERROR_PATH_NOT_FOUND;
     path = FromWide(folder.data());

@@ -44,8 +44,8 @@ std::uint32_t WriteUserValue(const std::string& keyPath, const std::string& name
     if (value.size() > kUserValueLimit)
         return ERROR_INVALID_PARAMETER;
     HKEY created = nullptr;
-    const LSTATUS error = RegCreateKeyExW(HKEY_CURRENT_USER, ToWide(keyPath).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                          kAllAccess, nullptr, &created, nullptr);
+    const LSTATUS error = RegCreateKeyExW(HKEY_CURRENT_USER, ToWide(keyPath).c_str(), 0, nullptr,
+                                          REG_OPTION_NON_VOLATILE, kAllAccess, nullptr, &created, nullptr);
     if (error != ERROR_SUCCESS)
         return static_cast<std::uint32_t>(error);
     const OwnedKey key(created);
