@@ -1,0 +1,9 @@
+#include "platform/process.h"
+
+namespace Platform {
+
+void MakeProcessDpiAware() {}
+
+void ReadyCommonControls() {}
+
+} // namespace Platform
