@@ -17,7 +17,7 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 EIFrame SmallFrame(const EILayout& layout)
 {
     EIFrame frame{.layout = layout, .width = 2, .height = 1};
-    frame.pixels.assign(layout.RowBytes(2), 7);
+    frame.pixels.assign(layout.RowBytes(2) + 1, 7);
     return frame;
 }
 
@@ -154,7 +154,7 @@ TEST_F(ReadStart, TheHostIsToldThePicture)
         EXPECT_EQ(int32_t{told.planeStride}, 1);
         EXPECT_EQ(int32_t{told.horizontalResolution}, 72 << 16);
         EXPECT_EQ(int32_t{told.verticalResolution}, 72 << 16);
-        EXPECT_EQ(told.rowsAddress, nullptr);
+        EXPECT_EQ(RowsAddress(host), nullptr);
         EXPECT_EQ(host.Call(kFormatReadContinue), 0) << layout.name;
         EXPECT_EQ(host.Call(kFormatReadFinish), 0);
     }

@@ -215,11 +215,11 @@ TEST_F(WriteFile, TheStartTellsTheHostWhatToDeliver)
         EXPECT_EQ(int{each.record.pixelStride}, planes);
         EXPECT_EQ(int32_t{each.record.planeStride}, 1);
         EXPECT_EQ(int32_t{each.record.rowStride}, 11) << "the measure of the buffer, not of the row";
-        EXPECT_NE(each.record.rowsAddress, nullptr);
+        EXPECT_NE(RowsAddress(each), nullptr);
         EXPECT_EQ(each.CallsOf(Kind::kAllocate), (std::vector<HostCall>{{Kind::kAllocate, 88, 0}}));
         each.document = Picture(each.record.colorMode, 11, 2, planes);
         EXPECT_EQ(each.Call(kFormatWriteContinue), 0);
-        EXPECT_EQ(each.record.rowsAddress, nullptr);
+        EXPECT_EQ(RowsAddress(each), nullptr);
         EXPECT_EQ(each.record.exchangeRect.right, 0);
         EXPECT_THAT(each.CallsOf(Kind::kExchange),
                     ElementsAre(HostCall{Kind::kExchange, 0, 1}, HostCall{Kind::kExchange, 1, 2}));
@@ -301,7 +301,7 @@ TEST_F(WriteFile, TheEstimateCountsRowsOfEachPlane)
         EXPECT_EQ(Estimate(depth, columns, rows, planes), 0);
         EXPECT_EQ(int32_t{host.record.estimateMin}, bytes);
         EXPECT_EQ(int32_t{host.record.estimateMax}, bytes);
-        EXPECT_EQ(host.record.rowsAddress, nullptr);
+        EXPECT_EQ(RowsAddress(host), nullptr);
     }
     EXPECT_EQ(Estimate(16, 30000, 30000, 4), 0);
     EXPECT_EQ(int32_t{host.record.estimateMax}, INT32_MAX);

@@ -164,7 +164,7 @@ TEST_F(Dispatch, OptionsAndEstimateAskForNoMemory)
     }
     host.record.rowsAddress = &host;
     EXPECT_EQ(host.Call(kFormatOptionsStart), 0);
-    EXPECT_EQ(host.record.rowsAddress, nullptr);
+    EXPECT_EQ(RowsAddress(host), nullptr);
 }
 
 TEST_F(Dispatch, AboutReadsThePropertiesThroughItsOwnRecord)

@@ -37,6 +37,12 @@ inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files =
     EXPECT_LE(host.Handles(), size_t{1});
 }
 
+// The record is packed: its pointers can't be bound to a reference.
+inline void* RowsAddress(const ScriptableHost& host)
+{
+    return host.record.rowsAddress;
+}
+
 class ModuleTest : public ::testing::Test {
 protected:
     AlertRecorder alerts;
