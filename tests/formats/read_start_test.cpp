@@ -140,6 +140,7 @@ TEST_F(ReadStart, TheHostIsToldThePicture)
         host.file = EIFileBuilder({.version = 0xFF}).Add(frame).Build();
         host.file[14] = host.file[16] = 0x7F; // the height and width fields count for nothing
         host.record.rowsAddress = &host;
+        host.discarding = true;
         EXPECT_EQ(host.Call(kFormatReadPrepare), 0);
         EXPECT_EQ(host.record.memoryBudget, 0x100000);
         EXPECT_EQ(host.Call(kFormatReadStart), 0);

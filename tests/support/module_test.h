@@ -25,14 +25,14 @@ public:
 };
 
 // Unloads the module and expects that the host has nothing to complain about and lacks no more than is said.
-inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files = 0)
+inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files = 0, size_t locked = 0)
 {
     host.fault.reset();
     EXPECT_EQ(host.Unload(), 0);
     EXPECT_EQ(host.Misuse(), "");
     EXPECT_EQ(host.SuitesHeld(), 0);
     EXPECT_EQ(host.Buffers(), buffers);
-    EXPECT_EQ(host.LockedBuffers(), size_t{0});
+    EXPECT_EQ(host.LockedBuffers(), locked);
     EXPECT_EQ(host.OpenFiles(), files);
     EXPECT_LE(host.Handles(), size_t{1});
 }
