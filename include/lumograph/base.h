@@ -29,7 +29,7 @@
 LUMOGRAPH_ASSERT(sizeof(void*) == 8, "the host's protocol has 64-bit pointers");
 
 /* A four-character key or signature: the first character lies in the top byte. */
-#define LUMOGRAPH_KEY(a, b, c, d) (((uint32_t)(a) << 24) | ((uint32_t)(b) << 16) | ((uint32_t)(c) << 8) | (uint32_t)(d))
+#define LUMOGRAPH_KEY(a, b, c, d) ((a)*0x1000000U + (b)*0x10000U + (c)*0x100U + (d))
 
 /* The signature under which the host keeps its own properties. */
 #define kLumographSignature LUMOGRAPH_KEY('7', 'R', 'N', 'C')

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/file_spec.h"
-#include "platform/process.h"
+#include "platform/process_number.h"
 
 #include <atomic>
 #include <filesystem>

@@ -1,0 +1,19 @@
+#include "formats/electricimage/format_electricimage.h"
+
+#include "formats/electricimage/choose_frame.h"
+#include "formats/electricimage/plugin_main.h"
+
+namespace Project {
+
+void PFormatElectricImage::DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data, int16_t* result)
+{
+    EIPluginMain(selector, record, data, result);
+}
+
+std::unique_ptr<Kesto::CFormatDialog> PFormatElectricImage::GetDialog()
+{
+    const FrameDialogMaker maker = GetFrameDialogMaker();
+    return maker != nullptr ? maker() : nullptr;
+}
+
+} // namespace Project

@@ -1,0 +1,25 @@
+// What the module's entries lead to. A new format joins with one case here.
+#include "plugin/factories.h"
+
+#include "formats/electricimage/format_electricimage.h"
+
+namespace Kesto {
+
+std::unique_ptr<CLumographFormat> CreateFormatPlugin(ProjectIndex index)
+{
+    if (index == kProject_EntryElectricImage)
+        return std::make_unique<Project::PFormatElectricImage>();
+    return nullptr;
+}
+
+std::unique_ptr<CLumographFilter> CreateFilterPlugin(ProjectIndex)
+{
+    return nullptr;
+}
+
+std::unique_ptr<CLumographExport> CreateExportPlugin(ProjectIndex)
+{
+    return nullptr;
+}
+
+} // namespace Kesto
