@@ -14,7 +14,6 @@
 #include <memory>
 #include <memory_resource>
 #include <new>
-#include <ranges>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -73,8 +72,9 @@ public:
     std::vector<std::string_view> ChainKeys(std::uint32_t bucket) const
     {
         std::vector<std::string_view> keys;
-        for (const Slot& slot : fBuckets.at(bucket) | std::views::reverse)
-            keys.push_back(slot.entry->Key());
+        const Chain& chain = fBuckets.at(bucket);
+        for (auto slot = chain.rbegin(); slot != chain.rend(); ++slot)
+            keys.push_back(slot->entry->Key());
         return keys;
     }
 
@@ -95,10 +95,9 @@ private:
     static Value* FindIn(Chain& chain, std::string_view key)
     {
         const std::uint64_t tag = TableTag(key);
-        for (const Slot& slot : chain | std::views::reverse)
-            if (slot.tag == tag && slot.entry->Key() == key)
-                return &slot.entry->value;
-        return nullptr;
+        const auto found = std::find_if(chain.rbegin(), chain.rend(),
+                                        [&](const Slot& slot) { return slot.tag == tag && slot.entry->Key() == key; });
+        return found != chain.rend() ? &found->entry->value : nullptr;
     }
 
     Entry* MakeEntry(std::string_view key, Value value)
