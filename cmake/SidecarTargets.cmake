@@ -5,17 +5,21 @@
 set(SIDECAR_LAYERS
   platform foundation pixels images drawing view layout controls plugin dialogs formats)
 
-# sidecar_layer(NAME SOURCES file... [LINUX file...] [WINDOWS file...] [LIBRARIES target...])
-# Makes sidecar_NAME, linked with all lower layers that exist. LINUX and WINDOWS sources are built on that system only.
+# sidecar_layer(NAME [GENERATED file...] [EXCEPT file...] [LIBRARIES target...])
+# Makes sidecar_NAME of every source in the folder and its folders, linked with all lower layers that exist. Of the
+# folders linux/ and win32/ only the one of the system that is built for counts.
 function(sidecar_layer name)
-  cmake_parse_arguments(layer "" "" "SOURCES;LINUX;WINDOWS;LIBRARIES" ${ARGN})
-  set(sources ${layer_SOURCES})
+  cmake_parse_arguments(layer "" "" "GENERATED;EXCEPT;LIBRARIES" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h *.cpp)
   if(WIN32)
-    list(APPEND sources ${layer_WINDOWS})
+    list(FILTER sources EXCLUDE REGEX "^linux/")
   else()
-    list(APPEND sources ${layer_LINUX})
+    list(FILTER sources EXCLUDE REGEX "^win32/")
   endif()
-  add_library(sidecar_${name} STATIC ${sources})
+  if(layer_EXCEPT)
+    list(REMOVE_ITEM sources ${layer_EXCEPT})
+  endif()
+  add_library(sidecar_${name} STATIC ${sources} ${layer_GENERATED})
   target_include_directories(sidecar_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
   target_link_libraries(sidecar_${name} PRIVATE sidecar_warnings)
   foreach(lower IN LISTS SIDECAR_LAYERS)

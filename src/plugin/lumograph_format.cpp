@@ -25,8 +25,8 @@ bool CLumographFormat::WithRequiredMemory()
     int32_t second = 0;
     if (!SplitMemory(record->memoryBudget, first, second))
         throw CError(
-            "$$$/Kesto/LumographPlugin/Error/NotEnoughMemory=This plugin requires more memory than the host can "
-            "currently supply."));
+            CText("$$$/Kesto/LumographPlugin/Error/NotEnoughMemory=This plugin requires more memory than the host can "
+                  "currently supply."));
     record->memoryBudget = first + second;
     memoryShare = first;
     PrepareMemory();

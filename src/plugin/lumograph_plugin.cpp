@@ -43,6 +43,7 @@ CLumographPlugin* CLumographPlugin::CurrentPlugin()
 void CLumographPlugin::MakeCurrentPlugin()
 {
     gCurrentPlugin = this;
+    MakeCurrent();
 }
 
 void CLumographPlugin::RememberCall(void* record, intptr_t* data, int16_t selector)

@@ -1,7 +1,6 @@
 #include "view/process.h"
 
 #include <thread>
-#include <utility>
 
 namespace Kesto {
 namespace {
@@ -9,12 +8,23 @@ namespace {
 CProcess* gCurrent = nullptr;
 std::thread::id gMainThread;
 
+void SetCurrentProcess(CProcess* process)
+{
+    gCurrent = process;
+    CProcessServices::SetCurrent(process);
+}
+
 } // namespace
+
+CProcess::CProcess()
+{
+    MakeCurrent();
+}
 
 CProcess::~CProcess()
 {
     if (gCurrent == this)
-        gCurrent = nullptr;
+        SetCurrentProcess(nullptr);
 }
 
 CProcess* CProcess::Current()
@@ -22,16 +32,29 @@ CProcess* CProcess::Current()
     return gCurrent;
 }
 
+void CProcess::MakeCurrent()
+{
+    SetCurrentProcess(this);
+}
+
 void CProcess::NoteMainThread()
 {
     gMainThread = std::this_thread::get_id();
 }
 
-CProcessScope::CProcessScope(CProcess& process) : fBefore(std::exchange(gCurrent, &process)) {}
+bool CProcess::IsMainThread()
+{
+    return std::this_thread::get_id() == gMainThread;
+}
+
+CProcessScope::CProcessScope(CProcess& process) : fBefore(CProcess::Current())
+{
+    process.MakeCurrent();
+}
 
 CProcessScope::~CProcessScope()
 {
-    gCurrent = fBefore;
+    SetCurrentProcess(fBefore);
 }
 
 } // namespace Kesto

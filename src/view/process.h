@@ -1,23 +1,24 @@
 // The process that toolkit code runs in: a plug-in object, for as long as the host has it at work.
 #pragma once
 
+#include "foundation/process_services.h"
+
 namespace Kesto {
 
-class CProcess {
+class CProcess : public CProcessServices {
 public:
-    CProcess() = default;
+    // A new process is the current one at once.
+    CProcess();
     virtual ~CProcess();
-    CProcess(const CProcess&) = delete;
-    CProcess& operator=(const CProcess&) = delete;
 
     // The process at work, or null.
     static CProcess* Current();
+    void MakeCurrent();
 
     // Notes the calling thread as the one that owns the user interface.
     static void NoteMainThread();
 
-private:
-    friend class CProcessScope;
+    bool IsMainThread() override;
 };
 
 // Makes a process the current one for a scope.

@@ -2,6 +2,7 @@
 
 #include "formats/electricimage/choose_frame.h"
 #include "formats/electricimage/plugin_main.h"
+#include "foundation/settings_locations.h"
 
 namespace Project {
 
@@ -14,6 +15,11 @@ std::unique_ptr<Kesto::CFormatDialog> PFormatElectricImage::GetDialog()
 {
     const FrameDialogMaker maker = GetFrameDialogMaker();
     return maker != nullptr ? maker() : nullptr;
+}
+
+void PFormatElectricImage::GetPrefsNames(Kesto::CText& registryPath, Kesto::CText& fileName)
+{
+    Kesto::GetElectricImageSettingsLocation(Kesto::HostEdition(), registryPath, fileName);
 }
 
 } // namespace Project

@@ -1,0 +1,11 @@
+#include "foundation/settings_locations.h"
+
+namespace Kesto {
+
+// SIDECAR_EDITION is the enumerator that the build option of that name picks.
+Edition HostEdition()
+{
+    return Edition::SIDECAR_EDITION;
+}
+
+} // namespace Kesto

@@ -1,0 +1,25 @@
+#include "foundation/file_spec.h"
+
+#include "foundation/system_checks.h"
+#include "platform/files.h"
+
+namespace Kesto {
+
+void CFileSpec::Append(const CText& name)
+{
+    fPath = Platform::JoinPath(fPath.View(), name.View());
+}
+
+CFileSpec CFileSpec::Child(const CText& name) const
+{
+    CFileSpec child(*this);
+    child.Append(name);
+    return child;
+}
+
+void CFileSpec::CreateFolder() const
+{
+    OSThrowBare(Platform::MakeFolderPath(fPath.CStr()));
+}
+
+} // namespace Kesto

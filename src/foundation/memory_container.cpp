@@ -1,0 +1,22 @@
+#include "foundation/memory_container.h"
+
+#include "foundation/block_bytes.h"
+
+namespace Kesto {
+
+void CMemoryContainer::SetLength(std::uint64_t size)
+{
+    ResizeBlock(fBlock, size);
+}
+
+void CMemoryContainer::ReadBytes(void* buffer, std::size_t size)
+{
+    ReadBlock(fBlock, fPosition, buffer, size);
+}
+
+void CMemoryContainer::WriteBytes(const void* buffer, std::size_t size)
+{
+    WriteBlock(fBlock, fPosition, buffer, size);
+}
+
+} // namespace Kesto

@@ -1,0 +1,28 @@
+// A container that keeps its bytes in a memory block of its own.
+#pragma once
+
+#include "foundation/block.h"
+#include "foundation/container.h"
+
+#include <span>
+
+namespace Kesto {
+
+class CMemoryContainer final : public CContainer {
+public:
+    // Memory is taken in steps of `growth` bytes.
+    explicit CMemoryContainer(std::size_t growth = 4096) : fBlock(growth) {}
+
+    // All bytes; valid until the container grows.
+    std::span<const std::byte> Bytes() const { return fBlock.Bytes(); }
+
+    void SetLength(std::uint64_t size) override;
+    void SetPosition(std::uint64_t) override {}
+    void ReadBytes(void* buffer, std::size_t size) override;
+    void WriteBytes(const void* buffer, std::size_t size) override;
+
+private:
+    CMemoryBlock fBlock;
+};
+
+} // namespace Kesto

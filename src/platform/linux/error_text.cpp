@@ -1,0 +1,16 @@
+#include "platform/error_text.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace Platform {
+
+std::string ErrorText(std::uint32_t code)
+{
+    const int number = code == kOutOfMemoryCode ? ENOMEM : static_cast<int>(code);
+    std::array<char, 256> buffer{};
+    return strerror_r(number, buffer.data(), buffer.size()); // the GNU form, which may answer a constant of its own
+}
+
+} // namespace Platform

@@ -1,0 +1,19 @@
+#include "platform/alert.h"
+
+#include "platform/win32/wide.h"
+
+#include <windows.h>
+
+namespace Platform {
+
+BoxAnswer ShowMessageBox(std::uint32_t flags, std::string_view title, std::string_view text, AlertParentWindow parent)
+{
+    return BoxAnswer{MessageBoxW(static_cast<HWND>(parent), ToWide(text).c_str(), ToWide(title).c_str(), UINT{flags})};
+}
+
+void PlayAlertSound(std::uint32_t kind)
+{
+    MessageBeep(UINT{kind});
+}
+
+} // namespace Platform
