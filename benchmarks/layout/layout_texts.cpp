@@ -11,14 +11,13 @@ struct Property {
     bool isText = false;
 };
 
-constexpr Property kFrame[] = {{"placement", "place_row"},   {"horizontal", "align_fill"}, {"vertical", "align_fill"},
-                               {"margin", "8"},              {"spacing", "8"},             {"view_binding", "kBind_FixedTopRight"}};
-constexpr Property kStatic[] = {{"scrub_id", "Group/Field", true},
-                                {"text", "$$$/Group/Label=Label of the number:", true},
-                                {"text_align", "kAlign_Left"},
-                                {"vertical", "align_center"},
-                                {"view_options", "kView_NoOptions"},
-                                {"view_binding", "kBind_FixedTopLeft"}};
+constexpr Property kFrame[] = {{"placement", "place_row"}, {"horizontal", "align_fill"},
+                               {"vertical", "align_fill"}, {"margin", "8"},
+                               {"spacing", "8"},           {"view_binding", "kBind_FixedTopRight"}};
+constexpr Property kStatic[] = {
+    {"scrub_id", "Group/Field", true},   {"text", "$$$/Group/Label=Label of the number:", true},
+    {"text_align", "kAlign_Left"},       {"vertical", "align_center"},
+    {"view_options", "kView_NoOptions"}, {"view_binding", "kBind_FixedTopLeft"}};
 constexpr Property kEdit[] = {{"view_id", "Group/Field", true},
                               {"text_align", "kAlign_Left"},
                               {"text_digits", "8"},
@@ -71,5 +70,11 @@ std::string Make(const Syntax& syntax, int views)
 
 } // namespace
 
-std::string MakeLayoutText(int views) { return Make(kVex, views); }
-std::string MakeXmlText(int views) { return Make(kXml, views); }
+std::string MakeLayoutText(int views)
+{
+    return Make(kVex, views);
+}
+std::string MakeXmlText(int views)
+{
+    return Make(kXml, views);
+}

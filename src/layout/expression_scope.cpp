@@ -2,6 +2,7 @@
 
 #include "layout/vex_properties.h"
 
+#include <algorithm>
 #include <cstring>
 #include <stdexcept>
 
@@ -14,6 +15,26 @@ void RequireOut(const T* value)
 {
     if (value == nullptr)
         throw std::logic_error("Warning! (value != NULL)");
+}
+
+// Names are short: eight bytes at a time here beat a call.
+inline bool IsSameName(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    std::size_t i = 0;
+    for (; i + sizeof(std::uint64_t) <= a.size(); i += sizeof(std::uint64_t)) {
+        std::uint64_t x;
+        std::uint64_t y;
+        std::memcpy(&x, a.data() + i, sizeof x);
+        std::memcpy(&y, b.data() + i, sizeof y);
+        if (x != y)
+            return false;
+    }
+    for (; i < a.size(); ++i)
+        if (a[i] != b[i])
+            return false;
+    return true;
 }
 
 } // namespace
@@ -49,17 +70,17 @@ void CExpressionScope::Clear()
     fOwnPool.Clear();
 }
 
-const VexValue* CExpressionScope::FindHere(const VexName& name, std::size_t bucket) const
+inline const VexValue* CExpressionScope::FindHere(const VexName& name, std::size_t bucket) const
 {
     if ((fOccupied[bucket / 64] >> (bucket % 64) & 1) == 0)
         return nullptr;
     const VexValue* variable = fBuckets ? (*fBuckets)[bucket] : fFew;
-    while (variable != nullptr && (variable->nameHash != name.hash || variable->Name() != name.text))
+    while (variable != nullptr && (variable->nameHash != name.hash || !IsSameName(variable->Name(), name.text)))
         variable = variable->next;
     return variable;
 }
 
-VexValue* CExpressionScope::FindHere(const VexName& name, std::size_t bucket)
+inline VexValue* CExpressionScope::FindHere(const VexName& name, std::size_t bucket)
 {
     return const_cast<VexValue*>(static_cast<const CExpressionScope*>(this)->FindHere(name, bucket));
 }
@@ -76,16 +97,14 @@ const VexValue* CExpressionScope::FindVariable(const VexName& name) const
     return nullptr;
 }
 
-void CExpressionScope::Insert(VexValue& variable, std::size_t bucket)
+inline void CExpressionScope::Insert(VexValue& variable)
 {
     if (!fBuckets && fVariableCount == kFewVariables)
         SpreadToBuckets();
-    VexValue** place = fBuckets ? &(*fBuckets)[bucket] : &fFew;
-    while (!fBuckets && *place != nullptr && (*place)->bucket < bucket)
-        place = &(*place)->next;
-    variable.next = *place;
-    *place = &variable;
-    fOccupied[bucket / 64] |= std::uint64_t{1} << (bucket % 64);
+    VexValue*& chain = fBuckets ? (*fBuckets)[variable.bucket] : fFew;
+    variable.next = chain;
+    chain = &variable;
+    fOccupied[variable.bucket / 64] |= std::uint64_t{1} << (variable.bucket % 64);
     fHasEntries = true;
     ++fVariableCount;
 }
@@ -93,22 +112,19 @@ void CExpressionScope::Insert(VexValue& variable, std::size_t bucket)
 void CExpressionScope::SpreadToBuckets()
 {
     fBuckets = std::make_unique<Buckets>();
-    VexValue** end = nullptr;
-    std::size_t last = kBucketCount;
+    std::array<VexValue**, kBucketCount> ends;
+    std::ranges::transform(*fBuckets, ends.begin(), [](VexValue*& first) { return &first; });
     for (VexValue* variable = fFew; variable != nullptr;) {
         VexValue* const next = std::exchange(variable->next, nullptr);
-        const std::size_t bucket = variable->bucket;
-        if (bucket != last)
-            end = &(*fBuckets)[bucket];
+        VexValue**& end = ends[variable->bucket];
         *end = variable;
         end = &variable->next;
-        last = bucket;
         variable = next;
     }
     fFew = nullptr;
 }
 
-void CExpressionScope::Define(const VexName& name, const VexContent& content, bool copyName)
+inline void CExpressionScope::Define(const VexName& name, const VexContent& content, bool copyName)
 {
     const std::size_t bucket = name.hash % kBucketCount;
     VexValue* variable = FindHere(name, bucket);
@@ -118,7 +134,7 @@ void CExpressionScope::Define(const VexName& name, const VexContent& content, bo
         variable->nameLength = static_cast<std::uint32_t>(name.text.size());
         variable->nameHash = name.hash;
         variable->bucket = static_cast<std::uint32_t>(bucket);
-        Insert(*variable, bucket);
+        Insert(*variable);
         AddLayoutKey(name, fLayoutKeys);
     }
     variable->integer = content.integer;
@@ -183,32 +199,35 @@ bool CExpressionScope::GetFourCharVariable(std::string_view name, std::int32_t* 
     return true;
 }
 
-template <class Visit>
-void CExpressionScope::ForEachVariable(Visit visit) const
+std::vector<const VexValue*> CExpressionScope::VariablesByBucket() const
 {
-    for (const VexValue* variable = fFew; variable != nullptr; variable = variable->next)
-        visit(*variable);
-    if (!fBuckets)
-        return;
-    for (const VexValue* chain : *fBuckets)
+    std::vector<const VexValue*> variables;
+    variables.reserve(static_cast<std::size_t>(fVariableCount));
+    const auto append = [&variables](const VexValue* chain) {
         for (; chain != nullptr; chain = chain->next)
-            visit(*chain);
+            variables.push_back(chain);
+    };
+    append(fFew);
+    if (fBuckets)
+        std::ranges::for_each(*fBuckets, append);
+    std::ranges::stable_sort(variables, {}, &VexValue::bucket);
+    return variables;
 }
 
 void CExpressionScope::ListVariables(CVexVariablePropertyList& out) const
 {
-    ForEachVariable([&out](const VexValue& variable) {
+    for (const VexValue* variable : VariablesByBucket()) {
         CVexVariableProperty property;
-        property.SetName(variable.Name());
-        const bool hasText = *variable.text != 0;
-        if (variable.integer == VexUndefined && hasText)
-            property.SetText(variable.text);
-        else if (variable.integer != VexUndefined && !hasText)
-            property.SetInteger(variable.integer);
+        property.SetName(variable->Name());
+        const bool hasText = *variable->text != 0;
+        if (variable->integer == VexUndefined && hasText)
+            property.SetText(variable->text);
+        else if (variable->integer != VexUndefined && !hasText)
+            property.SetInteger(variable->integer);
         else
             property.SetType(CVexProperty::kType_Unknown);
         out.Add(property);
-    });
+    }
 }
 
 } // namespace Kesto

@@ -21,6 +21,7 @@
 #include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Kesto {
 
@@ -143,16 +144,15 @@ protected:
 
 private:
     static constexpr std::size_t kBucketCount = 127;
-    // A scope of fewer variables keeps them in one chain, ordered as the buckets would be.
+    // A scope of fewer variables keeps them in one chain. Most scopes do, and cost no table.
     static constexpr int kFewVariables = 24;
     using Buckets = std::array<VexValue*, kBucketCount>;
 
     const VexValue* FindHere(const VexName& name, std::size_t bucket) const;
     VexValue* FindHere(const VexName& name, std::size_t bucket);
-    void Insert(VexValue& variable, std::size_t bucket);
+    void Insert(VexValue& variable);
     void SpreadToBuckets();
-    template <class Visit>
-    void ForEachVariable(Visit visit) const;
+    std::vector<const VexValue*> VariablesByBucket() const;
     void Define(const VexName& name, const VexContent& content, bool copyName);
     const VexValue* Resolve(const VexName& name);
 

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -21,10 +23,19 @@ public:
     StringPool& operator=(const StringPool&) = delete;
 
     // A copy of `bytes` with a zero byte behind it. What the current block has left is abandoned when it is too small.
-    const char* InternString(std::string_view bytes);
+    const char* InternString(std::string_view bytes)
+    {
+        char* const copy = Take(bytes.size() + 1, 0);
+        std::memcpy(copy, bytes.data(), bytes.size());
+        copy[bytes.size()] = 0;
+        return copy;
+    }
 
-    // `size` zeroed bytes, aligned for any pointer.
-    void* Allocate(std::size_t size);
+    // `size` bytes of any content, aligned for a pointer.
+    void* Allocate(std::size_t size)
+    {
+        return Take(size, (0 - reinterpret_cast<std::uintptr_t>(fWrite)) % alignof(void*));
+    }
 
     // Takes everything back. One block is kept for what comes next.
     void Clear();
@@ -38,6 +49,19 @@ private:
     };
 
     void AddBlock(std::size_t atLeast);
+
+    // The start of a block is aligned, so that no padding is needed there.
+    char* Take(std::size_t size, std::size_t padding)
+    {
+        if (padding + size > fLeft) [[unlikely]] {
+            AddBlock(size);
+            padding = 0;
+        }
+        char* const bytes = fWrite + padding;
+        fWrite = bytes + size;
+        fLeft -= padding + size;
+        return bytes;
+    }
 
     std::vector<Block> fBlocks;
     char* fWrite = nullptr;
