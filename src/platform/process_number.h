@@ -1,0 +1,11 @@
+// The number of the process that this module lives in.
+#pragma once
+
+#include <cstdint>
+
+namespace Platform {
+
+// The number by which the operating system knows this process; no other running process has it.
+std::uint32_t ProcessNumber();
+
+} // namespace Platform
