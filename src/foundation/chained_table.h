@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <memory>
 #include <new>
-#include <ranges>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -86,8 +85,9 @@ public:
     std::vector<std::string_view> ChainKeys(std::uint32_t bucket) const
     {
         std::vector<std::string_view> keys;
-        for (const Slot slot : fBuckets.at(bucket) | std::views::reverse)
+        for (const Slot slot : fBuckets.at(bucket))
             keys.push_back(EntryAt(slot)->Key());
+        std::ranges::reverse(keys);
         return keys;
     }
 
