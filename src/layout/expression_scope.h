@@ -172,7 +172,8 @@ private:
     bool MatchClientCall(const VexName& name, const char*& cursor, std::int32_t& result);
     bool MatchNamedArgument(const char*& cursor, CExpressionScope& arguments);
     bool MatchStringValue(const char*& cursor, VexContent& value);
-    bool MatchTargets(const char*& cursor, std::size_t& count);
+    static constexpr std::size_t kAnyCount = 0;
+    bool MatchTargets(const char*& cursor, std::size_t& count, std::size_t wanted);
     template <class ValueOf>
     void AssignTargets(const char* names, std::size_t count, ValueOf valueOf);
 
