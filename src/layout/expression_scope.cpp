@@ -53,10 +53,13 @@ CExpressionScope::CExpressionScope(CExpressionScope* parent, CClientFunctions* f
 
 CExpressionScope::~CExpressionScope() = default;
 
-void CExpressionScope::CheckNesting(int nesting)
+void CExpressionScope::CheckNesting(const char* position) const
 {
-    if (nesting >= kMaxNesting)
-        throw std::logic_error("Warning! (nesting < kMaxNesting)");
+    const int nesting = fNesting;
+    if (nesting < kMaxNesting)
+        return;
+    Expected(position, "less nesting");
+    throw std::logic_error("Warning! (nesting < kMaxNesting)");
 }
 
 void CExpressionScope::Clear()

@@ -100,8 +100,8 @@ protected:
     // Ends the life of all variables, and of all texts if the pool is the scope's own.
     void Clear();
 
-    // Throws if `nesting` is at the limit.
-    static void CheckNesting(int nesting);
+    // Throws if the scope is nested to the limit. `position` is where the next level begins.
+    void CheckNesting(const char* position) const;
 
     bool MatchStatement(const char*& cursor);
     bool MatchStep(const char*& cursor);
@@ -140,7 +140,6 @@ protected:
 
     CClientFunctions* Functions() const { return fFunctions; }
     ParseListener* Listener() const { return fListener; }
-    int Nesting() const { return fNesting; }
 
 private:
     static constexpr std::size_t kBucketCount = 127;

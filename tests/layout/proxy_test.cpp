@@ -16,7 +16,8 @@ public:
               [this, copies](std::string_view name, CExpressionScope& properties, CExpressionScope& layout) {
                   for (const CExpressionScope* scope = &properties; copies && scope->Parent() != nullptr;
                        scope = scope->Parent())
-                      for (LayoutKey key : {LayoutKey::kWidth, LayoutKey::kHorizontal, LayoutKey::kTopOutset})
+                      for (LayoutKey key : {LayoutKey::kWidth, LayoutKey::kHorizontal, LayoutKey::kVertical,
+                                            LayoutKey::kChildVertical, LayoutKey::kTopOutset})
                           if (const VexValue* value = scope->LayoutKeys().Has(key) ? scope->FindVariable(key) : nullptr)
                               layout.AddVariable(key, value->integer);
                   for (const char* key : {"width", "horizontal", "vertical", "top_outset", "alwaysL2R"}) {
@@ -49,13 +50,8 @@ TEST(LayoutScopes, CountAnUndefinedKeyAsTrue)
 
 TEST(LayoutScopes, InheritTheAlignmentForChildren)
 {
-    EXPECT_EQ(CNumbers("A(child_vertical: 5) { B(); C(vertical: 4) { D(); } }", false).fFound, "");
+    EXPECT_EQ(CNumbers("A(child_vertical: 5) { B(); C(vertical: 4) { D(); } }").fFound, "B.vertical=5 C.vertical=4 ");
 }
-
-class CProxyScope : public CExpressionScope {
-public:
-    CProxyScope() = default;
-};
 
 // A proxy from the variables of a layout scope, as a generator leaves them.
 class Proxies : public testing::Test {

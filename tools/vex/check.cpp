@@ -4,7 +4,7 @@
 #include "layout/vex_text.h"
 
 #include <algorithm>
-#include <span>
+#include <functional>
 
 namespace Vex {
 
@@ -60,14 +60,22 @@ const char* EndOf(const CSourceText& source)
     return source.Text().c_str() + source.Text().size();
 }
 
+// What was read or looked for last.
+const char* FurthestPlace(const CSourceText& source, const LayoutReading& reading)
+{
+    const char* const looked = reading.failure.position;
+    const char* const read = reading.nodes.empty() ? nullptr : reading.nodes.back().start;
+    return looked == nullptr && read == nullptr ? EndOf(source) : std::max(looked, read, std::less<>());
+}
+
 // The parser's message tells which condition failed; what it means for a reader is told here.
 Diagnostic DescribeError(const CSourceText& source, const LayoutReading& reading)
 {
-    const char* const furthest = reading.failure.position != nullptr ? reading.failure.position : EndOf(source);
+    const char* const furthest = FurthestPlace(source, reading);
     if (reading.error == "Warning! (*definition == 0)")
         return DescribeFailure(reading.failure);
     if (reading.error == "Warning! (divisor != 0)")
-        return {furthest, "division", "a division by zero stands before this place", ""};
+        return {furthest, "division", "a division by zero stands here", ""};
     if (reading.error == "Warning! (nesting < kMaxNesting)")
         return {furthest, "nesting",
                 "this is nested deeper than " + std::to_string(Kesto::CExpressionScope::kMaxNesting) + " levels", ""};
