@@ -192,10 +192,12 @@ TEST_P(SettingsFile, SurvivesSizesThatLie)
         FileMaker maker = Make();
         maker.FileHeader().Window(2, 0, size).Zero();
         EXPECT_THROW(maker.Load(), CError) << size;
-        FileMaker block = Make();
-        block.FileHeader().Header(MakeTag("Kest"), MakeTag("WnSt"), 0, 8).file.WriteUInt32(1);
-        block.file.WriteUInt32(size);
-        EXPECT_THROW(block.Zero().Load(), CError) << size;
+    }
+    for (const std::uint32_t size : {5u, 140u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        FileMaker maker = Make();
+        maker.FileHeader().Header(MakeTag("Kest"), MakeTag("WnSt"), 0, 8).file.WriteUInt32(1);
+        maker.file.WriteUInt32(size);
+        EXPECT_THROW(maker.Zero().Load(), CError) << size;
     }
 }
 

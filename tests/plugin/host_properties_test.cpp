@@ -49,7 +49,7 @@ TEST_F(HostProperties, AFailedReadLeavesTheField)
     host.record.basicSuite = nullptr;
     host.Call(kFormatLoad);
     EXPECT_EQ(Plugin().uiScale, 1.5F);
-    const HostBasicSuite bare{nullptr, nullptr};
+    static const HostBasicSuite bare{nullptr, nullptr};
     host.record.basicSuite = &bare;
     host.Call(kFormatLoad);
     EXPECT_EQ(Plugin().uiScale, 1.5F);
