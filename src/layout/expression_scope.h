@@ -94,7 +94,7 @@ public:
     // The layout keys that this scope alone defines.
     LayoutKeySet LayoutKeys() const { return fLayoutKeys; }
     const VexValue* FindVariable(LayoutKey key) const { return FindVariable(NameOf(key)); }
-    void AddVariable(LayoutKey key, std::int32_t integer) { AddConstant(NameOf(key), integer); }
+    void AddVariable(LayoutKey key, std::int32_t integer);
 
 protected:
     // Ends the life of all variables, and of all texts if the pool is the scope's own.
@@ -153,6 +153,7 @@ private:
     void SpreadToBuckets();
     std::vector<const VexValue*> VariablesByBucket() const;
     void Define(const VexName& name, const VexContent& content, bool copyName);
+    VexValue& MakeVariable(const VexName& name, std::size_t bucket, const char* storedName);
     const VexValue* Resolve(const VexName& name);
 
     bool MatchLogical(const char*& cursor, std::int32_t& result);
