@@ -85,9 +85,9 @@ public:
     std::vector<std::string_view> ChainKeys(std::uint32_t bucket) const
     {
         std::vector<std::string_view> keys;
-        for (const Slot slot : fBuckets.at(bucket))
-            keys.push_back(EntryAt(slot)->Key());
-        std::ranges::reverse(keys);
+        const Chain& chain = fBuckets.at(bucket);
+        for (auto slot = chain.rbegin(); slot != chain.rend(); ++slot)
+            keys.push_back(EntryAt(*slot)->Key());
         return keys;
     }
 

@@ -128,18 +128,6 @@ TEST(File, ReplacesItsContentsAndLeavesNothingBeside)
     EXPECT_EQ(folder.Count(), 1);
 }
 
-TEST(File, CanBeReplacedWhileAnotherReadsIt)
-{
-    const TemporaryFolder folder;
-    folder.Write("file", "old");
-    CFilePort reader(folder.File("file"), FileMode::kRead);
-    CFile(folder.File("file")).ReplaceContents(Bytes("new"));
-    char text[3];
-    reader.Read(text, 3);
-    EXPECT_EQ(std::string_view(text, 3), "old");
-    EXPECT_EQ(folder.Content("file"), "new");
-}
-
 TEST(File, RefusesToReplaceAFolder)
 {
     const TemporaryFolder folder;

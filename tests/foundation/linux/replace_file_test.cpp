@@ -110,6 +110,18 @@ TEST(FilePortOnAFullDevice, ThrowsForTheBytesThatWereNotTaken)
     EXPECT_EQ(port.GetPosition(), 0u);
 }
 
+TEST(ReplacedFile, StaysWithWhoReadsIt)
+{
+    const TemporaryFolder folder;
+    folder.Write("file", "old");
+    CFilePort reader(folder.File("file"), FileMode::kRead);
+    CFile(folder.File("file")).ReplaceContents(std::as_bytes(std::span("new", 3)));
+    char text[3];
+    reader.Read(text, 3);
+    EXPECT_EQ(std::string_view(text, 3), "old");
+    EXPECT_EQ(folder.Content("file"), "new");
+}
+
 // The folder that the user data folder of this process is set to, for the life of one test.
 class UserDataFolder : public testing::Test {
 protected:
