@@ -1,7 +1,7 @@
 #include "pixels/scratch_files.h"
 
 #include "platform/files.h"
-#include "platform/process.h"
+#include "platform/process_number.h"
 #include "platform/ticks.h"
 #include "platform/user_folders.h"
 #include "platform/volumes.h"
