@@ -44,7 +44,8 @@ public:
 private:
     std::size_t Index(std::int32_t column, std::int32_t row) const
     {
-        return static_cast<std::size_t>(column) + static_cast<std::size_t>(GetColumns()) * static_cast<std::size_t>(row);
+        return static_cast<std::size_t>(column) +
+               static_cast<std::size_t>(GetColumns()) * static_cast<std::size_t>(row);
     }
     void StartStates();
 

@@ -107,7 +107,8 @@ bool CPixWalker::RunPiece(const Rect& piece, Function function, void* userData) 
 
 bool LiesInOneTile(const CPixmap& pixmap, const Rect& rect)
 {
-    return rect.IsEmpty() || (TileRight(pixmap, rect.left) >= rect.right && TileBottom(pixmap, rect.top) >= rect.bottom);
+    return rect.IsEmpty() ||
+           (TileRight(pixmap, rect.left) >= rect.right && TileBottom(pixmap, rect.top) >= rect.bottom);
 }
 
 } // namespace Kesto

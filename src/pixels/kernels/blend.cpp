@@ -39,8 +39,7 @@ void Blend(const CPixView& out, const CPixView& source, const CPixView& below, s
     });
 }
 
-void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below,
-                 const CPixView& mask)
+void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below, const CPixView& mask)
 {
     const auto blend = ActiveKernels().blendColour;
     const Extent extent = Limited(CommonExtent({&out, &below}, mask), colour);

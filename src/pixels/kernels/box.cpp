@@ -83,10 +83,9 @@ void Rank(const CPixView& out, const CPixView& source, const BoxShape& shape, st
         return;
     BoxShape upright = shape;
     upright.fLean = 0;
-    ForEachPlane<std::uint32_t>(
-        out, source, upright, [&](Plane<const std::uint32_t> pixels, Plane<std::uint32_t> target, const BoxShape& box) {
-            Plain::Rank(pixels, target, box, rank, counts);
-        });
+    ForEachPlane<std::uint32_t>(out, source, upright,
+                                [&](Plane<const std::uint32_t> pixels, Plane<std::uint32_t> target,
+                                    const BoxShape& box) { Plain::Rank(pixels, target, box, rank, counts); });
 }
 
 } // namespace Kesto::Kernels

@@ -17,10 +17,7 @@ struct BoxShape {
     std::int32_t Area() const { return fWidth * fHeight; }
 
     // Where the window of row `row` starts, from the target's column.
-    std::int32_t RowStart(std::int32_t row) const
-    {
-        return fLean == 0 ? 0 : fLean > 0 ? fHeight - 1 - row : row;
-    }
+    std::int32_t RowStart(std::int32_t row) const { return fLean == 0 ? 0 : fLean > 0 ? fHeight - 1 - row : row; }
 
     // How much larger than the target the source has to be.
     std::int32_t ExtraColumns() const { return fWidth - 1 + (fLean == 0 ? 0 : fHeight - 1); }

@@ -18,7 +18,7 @@ struct KernelTable {
     using Binary8 = void (*)(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* out, std::size_t n);
 
     Binary8 addWrapping, addCapped, subtractWrapping, subtractFloored;
-    Unary8 invert; // n counts bytes
+    Unary8 invert;                                                         // n counts bytes
     void (*fill)(std::uint32_t pattern, std::uint8_t* out, std::size_t n); // n bytes, the pattern's bytes repeated
     void (*exchange)(std::uint8_t* a, std::uint8_t* b, std::size_t n);     // n bytes
     void (*swapBytes)(const std::uint32_t* source, std::uint32_t* out, std::size_t n);

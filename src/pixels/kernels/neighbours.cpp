@@ -28,8 +28,7 @@ std::array<const std::uint8_t*, 3> RowsAround(const CPixView& source, std::int32
 }
 
 // Steps to the eight neighbours, clockwise from the top.
-constexpr std::array<Point, 8> kNeighbours = {
-    {{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}}};
+constexpr std::array<Point, 8> kNeighbours = {{{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}}};
 
 // Three rows of table values, each computed once while the kernel runs down the plane.
 class CTableRows {

@@ -47,6 +47,9 @@ struct ScaleRows {
     void (*takeSums)(double* sum, float scale, T* out, std::size_t n);
     // out = a * weightA + b * weightB.
     void (*combine)(const T* a, const T* b, float weightA, float weightB, T* out, std::size_t n);
+    // Short cuts for a reduction to exactly half, or null: the mean of each two pixels, and that of two rows, rounded up.
+    void (*halve)(const T* source, T* out, std::size_t n);
+    void (*average)(const T* a, const T* b, T* out, std::size_t n);
 };
 
 } // namespace Kernels

@@ -38,8 +38,7 @@ void Copy(const CPixView& out, const CPixView& source)
     const Extent extent = ByteExtent(out, source);
     for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {
         // Bottom up where the target lies after the source, so that no row is overwritten before it is read.
-        const bool up =
-            std::greater<>()(RowOf<std::uint8_t>(out, plane, 0), RowOf<std::uint8_t>(source, plane, 0));
+        const bool up = std::greater<>()(RowOf<std::uint8_t>(out, plane, 0), RowOf<std::uint8_t>(source, plane, 0));
         for (std::int32_t i = 0; i < extent.fHeight; ++i) {
             const std::int32_t y = up ? extent.fHeight - 1 - i : i;
             std::memmove(RowOf<std::uint8_t>(out, plane, y), RowOf<std::uint8_t>(source, plane, y),

@@ -17,7 +17,8 @@ inline std::int32_t NextSample(std::uint32_t& seed)
 }
 
 // The sum of twelve even samples is close to a bell curve.
-inline void Noise(const std::uint8_t* source, std::uint8_t* out, std::size_t n, std::int32_t amount, std::uint32_t& seed)
+inline void Noise(const std::uint8_t* source, std::uint8_t* out, std::size_t n, std::int32_t amount,
+                  std::uint32_t& seed)
 {
     std::uint32_t state = seed;
     for (std::size_t i = 0; i < n; ++i) {

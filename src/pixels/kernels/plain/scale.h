@@ -106,6 +106,6 @@ void Combine(const T* a, const T* b, float weightA, float weightB, T* out, std::
 }
 
 template <class T>
-constexpr ScaleRows<T> kScaleRows = {ReduceRow<T>, EnlargeRow<T>, AddRow<T>, TakeSums<T>, Combine<T>};
+constexpr ScaleRows<T> kScaleRows = {ReduceRow<T>, EnlargeRow<T>, AddRow<T>, TakeSums<T>, Combine<T>, nullptr, nullptr};
 
 } // namespace Kesto::Kernels::Plain
