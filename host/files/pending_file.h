@@ -22,6 +22,9 @@ public:
     // kHostOpenError.
     int16_t Create(RawFile& file);
 
+    // The temporary file's name, empty when there is none: for a library that opens files itself.
+    const std::filesystem::path& Temporary() const { return fTemporary; }
+
     // Replaces the target by what was written. The file must be closed. A failure leaves the target as it was.
     int16_t Commit();
 

@@ -1,32 +1,66 @@
 #include "foundation/chained_table.h"
 
-namespace Kesto {
+#include <bit>
+#include <cstring>
 
-std::uint32_t TableHash(std::string_view key)
+namespace Kesto {
+namespace {
+
+// Eight bytes as a number, the first one most significant.
+std::uint64_t EightBytes(const char* bytes)
 {
-    // Six bytes at a time: with a remainder of less than 2^10 they still fit 64 bits.
-    std::uint64_t hash = 0;
-    std::size_t i = 0;
-    for (; i + 6 <= key.size(); i += 6) {
-        std::uint64_t six = 0;
-        for (std::size_t j = i; j < i + 6; ++j)
-            six = six << 8 | static_cast<unsigned char>(key[j]);
-        hash = (hash << 48 | six) % kTableBuckets;
-    }
-    for (; i < key.size(); ++i)
-        hash = (hash << 8 | static_cast<unsigned char>(key[i])) % kTableBuckets;
-    return static_cast<std::uint32_t>(hash);
+    std::uint64_t number;
+    std::memcpy(&number, bytes, sizeof number);
+    return std::endian::native == std::endian::little ? __builtin_bswap64(number) : number;
 }
 
-std::uint64_t TableTag(std::string_view key)
+// All of less than eight bytes in the same way.
+std::uint64_t FewBytes(std::string_view bytes)
 {
-    std::array<char, 8> tag{};
-    const std::string_view last = key.substr(key.size() - std::min<std::size_t>(key.size(), 7));
-    std::ranges::copy(last, tag.begin() + 1);
-    tag[0] = static_cast<char>(key.size());
-    std::uint64_t number;
-    std::memcpy(&number, tag.data(), sizeof number);
+    std::uint64_t number = 0;
+    for (const char byte : bytes)
+        number = number << 8 | static_cast<unsigned char>(byte);
     return number;
+}
+
+// Less than 2^42, and the same as `number` modulo 1021: 2^10 is 3 there, so 2^40 is 81.
+std::uint64_t Fold(std::uint64_t number)
+{
+    return (number & 0xFFFFFFFFFF) + 81 * (number >> 40);
+}
+
+} // namespace
+
+KeyPlace PlaceOf(std::string_view key)
+{
+    constexpr std::uint64_t kShiftByEight = 433; // 2^64 modulo 1021
+    constexpr std::uint64_t kScatter = 0x9E3779B97F4A7C15;
+    std::size_t done = key.size() % 8;
+    std::uint64_t hash = key.size() < 8 ? FewBytes(key) : EightBytes(key.data()) >> 8 >> (7 - done) * 8;
+    std::uint64_t digest = (hash + key.size()) * kScatter;
+    for (; done < key.size() && key.size() >= 8; done += 8) {
+        const std::uint64_t eight = EightBytes(key.data() + done);
+        hash = Fold(hash) * kShiftByEight + Fold(eight);
+        digest = (digest ^ eight) * kScatter;
+    }
+    return {static_cast<std::uint32_t>(hash % kTableBuckets), static_cast<std::uint32_t>(digest >> 32)};
+}
+
+std::uint32_t CPieceArena::Allocate(std::size_t size)
+{
+    constexpr std::size_t kBlockSize = std::size_t{8} << 16; // what the low half of a piece's number reaches
+    constexpr std::size_t kMaximumBlocks = std::size_t{1} << 16;
+    const std::size_t rounded = (size + 7) / 8 * 8;
+    if (fRoom - fUsed < rounded) {
+        if (fBlocks.size() == kMaximumBlocks)
+            throw std::bad_alloc();
+        const std::size_t room = std::max(kBlockSize, rounded);
+        fBlocks.emplace_back(new std::byte[room]);
+        fRoom = room;
+        fUsed = 0;
+    }
+    const std::size_t place = std::exchange(fUsed, fUsed + rounded);
+    return static_cast<std::uint32_t>((fBlocks.size() - 1) << 16 | place / 8);
 }
 
 } // namespace Kesto

@@ -1,20 +1,16 @@
 // CChainedTable, the toolkit's map from a name to a value: 1021 buckets, each a chain with the newest entry at its head.
 //
-// A chain is kept as one block of slots, oldest first, walked from its end. A slot holds the length and the last bytes
-// of its entry's key, so that a walk reads consecutive memory and looks at an entry's key only when they agree; names
-// that share a long path differ in just those bytes. Entries lie in one arena, each with its key behind it, and never
-// move. The table only grows. It has no lock.
+// A chain is kept as one block of slots, oldest first. A slot holds a digest of its entry's key and where the entry
+// lies, so that a search reads memory in a row and looks at an entry only where the digests agree. An entry lies in an
+// arena with its key behind it, and never moves. The table only grows. It has no lock.
 #pragma once
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
-#include <memory_resource>
 #include <new>
-#include <ranges>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -23,11 +19,26 @@ namespace Kesto {
 
 inline constexpr std::uint32_t kTableBuckets = 1021;
 
-// The bucket of a key: its bytes read as one big-endian number, modulo 1021.
-std::uint32_t TableHash(std::string_view key);
+// Where a key is looked for.
+struct KeyPlace {
+    std::uint32_t bucket; // the key's bytes read as one big-endian number, modulo 1021
+    std::uint32_t tag;    // a digest of its length and bytes
+};
+KeyPlace PlaceOf(std::string_view key);
 
-// A key's last seven bytes and the low byte of its length: what keys are compared by first.
-std::uint64_t TableTag(std::string_view key);
+// Memory that is handed out in pieces, each known by a number of 32 bits, and given back all at once.
+class CPieceArena {
+public:
+    // The number of a new piece of `size` bytes at a multiple of 8. Throws std::bad_alloc.
+    std::uint32_t Allocate(std::size_t size);
+
+    std::byte* At(std::uint32_t piece) const { return fBlocks[piece >> 16].get() + (piece & 0xFFFF) * std::size_t{8}; }
+
+private:
+    std::vector<std::unique_ptr<std::byte[]>> fBlocks;
+    std::size_t fUsed = 0; // of the last block
+    std::size_t fRoom = 0; // the last block's size
+};
 
 template <class Value>
 class CChainedTable {
@@ -37,28 +48,29 @@ public:
     CChainedTable& operator=(const CChainedTable&) = delete;
     ~CChainedTable()
     {
-        for (Chain& chain : fBuckets)
-            for (Slot& slot : chain)
-                std::destroy_at(slot.entry);
+        for (const Chain& chain : fBuckets)
+            for (const Slot slot : chain)
+                std::destroy_at(EntryAt(slot));
     }
 
     // The value of a key, which stays where it is as long as the table lives; null if there is none.
-    Value* Find(std::string_view key) { return FindIn(fBuckets[TableHash(key)], key); }
+    Value* Find(std::string_view key) { return FindIn(key, PlaceOf(key)); }
     const Value* Find(std::string_view key) const { return const_cast<CChainedTable*>(this)->Find(key); }
 
     // Adds the key, or gives it the new value when it is there and `replace` is set. Returns false, the table as it
     // was, when it is there and `replace` is not set.
     bool Add(std::string_view key, Value value, bool replace)
     {
-        Chain& chain = fBuckets[TableHash(key)];
-        if (Value* const found = FindIn(chain, key)) {
+        const KeyPlace place = PlaceOf(key);
+        if (Value* const found = FindIn(key, place)) {
             if (replace)
                 *found = std::move(value);
             return replace;
         }
-        chain.push_back({TableTag(key), nullptr});
+        Chain& chain = fBuckets[place.bucket];
+        chain.emplace_back(); // before the entry is made, so that nothing can fail behind it
         try {
-            chain.back().entry = MakeEntry(key, std::move(value));
+            chain.back() = {place.tag, MakeEntry(key, std::move(value))};
         } catch (...) {
             chain.pop_back();
             throw;
@@ -73,8 +85,9 @@ public:
     std::vector<std::string_view> ChainKeys(std::uint32_t bucket) const
     {
         std::vector<std::string_view> keys;
-        for (const Slot& slot : fBuckets.at(bucket) | std::views::reverse)
-            keys.push_back(slot.entry->Key());
+        const Chain& chain = fBuckets.at(bucket);
+        for (auto slot = chain.rbegin(); slot != chain.rend(); ++slot)
+            keys.push_back(EntryAt(*slot)->Key());
         return keys;
     }
 
@@ -86,31 +99,33 @@ private:
 
         std::string_view Key() const { return {reinterpret_cast<const char*>(this + 1), keyLength}; }
     };
+    static_assert(alignof(Entry) <= 8);
+
     struct Slot {
-        std::uint64_t tag;
-        Entry* entry;
+        std::uint32_t tag;
+        std::uint32_t piece;
     };
     using Chain = std::vector<Slot>;
 
-    static Value* FindIn(Chain& chain, std::string_view key)
+    Entry* EntryAt(Slot slot) const { return std::launder(reinterpret_cast<Entry*>(fArena.At(slot.piece))); }
+
+    Value* FindIn(std::string_view key, KeyPlace place) const
     {
-        const std::uint64_t tag = TableTag(key);
-        for (const Slot& slot : chain | std::views::reverse)
-            if (slot.tag == tag && slot.entry->Key() == key)
-                return &slot.entry->value;
+        for (const Slot slot : fBuckets[place.bucket])
+            if (slot.tag == place.tag && EntryAt(slot)->Key() == key)
+                return &EntryAt(slot)->value;
         return nullptr;
     }
 
-    Entry* MakeEntry(std::string_view key, Value value)
+    std::uint32_t MakeEntry(std::string_view key, Value value)
     {
-        void* const memory = fArena.allocate(sizeof(Entry) + key.size() + 1, alignof(Entry));
-        Entry* const entry = new (memory) Entry{std::move(value), key.size()};
-        char* const bytes = reinterpret_cast<char*>(entry + 1);
-        *std::ranges::copy(key, bytes).out = '\0';
-        return entry;
+        const std::uint32_t piece = fArena.Allocate(sizeof(Entry) + key.size() + 1);
+        Entry* const entry = new (fArena.At(piece)) Entry{std::move(value), key.size()};
+        *std::ranges::copy(key, reinterpret_cast<char*>(entry + 1)).out = '\0';
+        return piece;
     }
 
-    std::pmr::monotonic_buffer_resource fArena;
+    CPieceArena fArena;
     std::array<Chain, kTableBuckets> fBuckets;
     std::size_t fSize = 0;
 };

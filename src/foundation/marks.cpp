@@ -3,6 +3,7 @@
 #include "foundation/localize.h"
 #include "foundation/unicode.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -59,6 +60,13 @@ std::uint32_t TakeHexadecimal(std::string_view& rest)
     return value;
 }
 
+// Bytes of `rest` in front of the next '^' or '\\'.
+std::size_t LengthBeforeMark(std::string_view rest)
+{
+    const auto found = std::ranges::find_if(rest, [](char c) { return c == '^' || c == '\\'; });
+    return static_cast<std::size_t>(found - rest.begin());
+}
+
 // Takes the mark at the front of `rest`, two characters at least, and writes what it stands for.
 void TakeMark(std::string_view& rest, std::string& out)
 {
@@ -79,12 +87,12 @@ void TakeMark(std::string_view& rest, std::string& out)
 void ExpandMarks(CText& text)
 {
     std::string_view rest = text.View();
-    std::size_t next = rest.find_first_of("^\\");
-    if (next == std::string_view::npos)
+    std::size_t next = LengthBeforeMark(rest);
+    if (next == rest.size())
         return;
     std::string out;
     out.reserve(rest.size());
-    for (; next != std::string_view::npos && next + 1 < rest.size(); next = rest.find_first_of("^\\")) {
+    for (; next + 1 < rest.size(); next = LengthBeforeMark(rest)) {
         out += rest.substr(0, next);
         rest.remove_prefix(next);
         TakeMark(rest, out);

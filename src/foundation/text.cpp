@@ -47,17 +47,21 @@ CText CText::Join(std::initializer_list<std::string_view> parts)
 
 CText CText::FromUtf16(std::u16string_view utf16)
 {
-    std::size_t length = 0;
-    std::size_t count = 0;
-    for (std::u16string_view rest = utf16; !rest.empty(); ++count)
+    const bool isAscii = std::ranges::all_of(utf16, [](char16_t unit) { return unit < 0x80; });
+    std::size_t length = isAscii ? utf16.size() : 0;
+    for (std::u16string_view rest = isAscii ? std::u16string_view() : utf16; !rest.empty();)
         length += EncodedLength(TakeCharacter(rest));
     CText text;
     if (length == 0)
         return text;
     text.fBuffer = CTextBuffer::Make(length);
-    text.fBuffer->SetCharCount(count);
-    for (char* end = text.fBuffer->Bytes(); !utf16.empty();)
-        end = EncodeCharacter(TakeCharacter(utf16), end);
+    char* end = text.fBuffer->Bytes();
+    if (isAscii)
+        std::ranges::transform(utf16, end, [](char16_t unit) { return static_cast<char>(unit); });
+    else
+        while (!utf16.empty())
+            end = EncodeCharacter(TakeCharacter(utf16), end);
+    text.fBuffer->SetCharCount(isAscii ? length : CountCharacters(text.View()));
     return text;
 }
 

@@ -35,6 +35,8 @@ std::size_t AnnouncedLength(unsigned char lead)
 
 std::size_t EncodedLength(std::uint32_t value)
 {
+    if (value <= kLimits[0])
+        return 1;
     if (value > kMaximumCharacter)
         value = kReplacementCharacter;
     return static_cast<std::size_t>(std::ranges::lower_bound(kLimits, value) - kLimits.begin()) + 1;

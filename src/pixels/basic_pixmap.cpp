@@ -101,6 +101,14 @@ void CBasicPixmap::SetSize(std::int32_t width, std::int32_t height)
     fRowBytes = rowBytes;
 }
 
+void CBasicPixmap::SetPixelBits(std::int32_t pixelBits)
+{
+    const std::int32_t rowBytes = ComputeRowBytes(fWidth, pixelBits, fRowAlignment);
+    Multiply32(rowBytes, fHeight);
+    fPixelBits = pixelBits;
+    fRowBytes = rowBytes;
+}
+
 std::int32_t CBasicPixmap::GetPixelCount() const
 {
     return Multiply32(fWidth, fHeight);

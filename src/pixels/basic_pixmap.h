@@ -73,6 +73,9 @@ protected:
     CBasicPixmap(const CBasicPixmap&) = default;
     CBasicPixmap& operator=(const CBasicPixmap&) = default;
 
+    // Changes the size of pixels, with the same effect as a change of the pixmap's size.
+    void SetPixelBits(std::int32_t pixelBits);
+
     // What all planes take. Throws std::length_error for a negative amount.
     std::uint64_t StorageBytes() const;
 

@@ -1,6 +1,6 @@
 #include "platform/files.h"
 
-#include "platform/process.h"
+#include "platform/process_number.h"
 
 #include <atomic>
 #include <filesystem>

@@ -1,12 +1,7 @@
-// The process that this module lives in, and what it is set up with before it shows anything.
+// What a process is set up with before it shows anything.
 #pragma once
 
-#include <cstdint>
-
 namespace Platform {
-
-// The number by which the operating system knows this process; no other running process has it.
-std::uint32_t ProcessNumber();
 
 // Tells the system that this process scales its own windows, where the system wants to know. Without effect elsewhere.
 void MakeProcessDpiAware();

@@ -65,6 +65,15 @@ bool IsFolder(const struct stat& facts)
     return S_ISDIR(facts.st_mode);
 }
 
+// Opening a folder for reading succeeds, unlike opening it for writing, and is refused here.
+std::uint32_t CheckReadable(int file)
+{
+    struct stat facts {};
+    if (fstat(file, &facts) != 0)
+        return LastCode();
+    return IsFolder(facts) ? EISDIR : 0;
+}
+
 } // namespace
 
 std::uint32_t FileHandle::Open(const std::string& path, FileMode mode)
@@ -74,11 +83,9 @@ std::uint32_t FileHandle::Open(const std::string& path, FileMode mode)
     if (file < 0)
         return LastCode();
     fNative = file;
-    struct stat facts {};
-    if (fstat(file, &facts) == 0 && !IsFolder(facts))
-        return 0;
-    const std::uint32_t error = IsFolder(facts) ? EISDIR : LastCode();
-    Close();
+    const std::uint32_t error = mode == FileMode::kRead ? CheckReadable(file) : 0;
+    if (error != 0)
+        Close();
     return error;
 }
 

@@ -1,13 +1,6 @@
 #include "platform/process.h"
 
-#include <unistd.h>
-
 namespace Platform {
-
-std::uint32_t ProcessNumber()
-{
-    return static_cast<std::uint32_t>(getpid());
-}
 
 void MakeProcessDpiAware() {}
 

@@ -6,11 +6,6 @@
 
 namespace Platform {
 
-std::uint32_t ProcessNumber()
-{
-    return GetCurrentProcessId();
-}
-
 // Looked up by name, since systems before version 6 don't have the function.
 void MakeProcessDpiAware()
 {

@@ -1,0 +1,44 @@
+// The subcommands of lumohost. Each adds itself to the command line, with a help text that teaches, and runs when it was
+// named. A run throws what failed and returns the exit status otherwise.
+#pragma once
+
+#include "driver/operation.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace Host {
+
+// What all subcommands share.
+struct CommonOptions {
+    std::string modulePath; // UTF-8; empty: the one beside the program
+    std::string memoryLimit = "4M";
+    OperationOptions operation;
+
+    std::filesystem::path Module() const;
+};
+
+using Command = std::function<int()>;
+
+// Each returns the function that runs the subcommand, to be called when `subcommand` was parsed.
+Command AddInfo(CLI::App& subcommand);
+Command AddOpen(CLI::App& subcommand, CommonOptions& common);
+Command AddSave(CLI::App& subcommand, CommonOptions& common);
+Command AddAssemble(CLI::App& subcommand);
+Command AddSelectors(CLI::App& subcommand, CommonOptions& common);
+
+// The options of subcommands that run a module: --module, --memory-limit, --verbose, --abort-at.
+void AddModuleOptions(CLI::App& subcommand, CommonOptions& common);
+
+// A path from an argument in UTF-8.
+std::filesystem::path PathOf(const std::string& text);
+
+// "4194304", "512K", "4M" or "1G" in bytes. Throws Failure for anything else.
+int64_t ParseSize(const std::string& text);
+
+} // namespace Host

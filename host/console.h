@@ -1,0 +1,17 @@
+// The terminal that the program runs in, and the key that ends it.
+#pragma once
+
+namespace Host {
+
+// Whether messages (the error stream) go to a terminal.
+bool MessagesGoToTerminal();
+
+// Its width in characters; 80 when it can't be told.
+int TerminalWidth();
+
+// From now on the interrupt key (Ctrl-C) and a request to end don't kill the program but make Interrupted() true. A
+// second one kills.
+void CatchInterrupts();
+bool Interrupted();
+
+} // namespace Host

@@ -1,0 +1,13 @@
+// The suites that a module asks for by name. There is one: the host's properties.
+#pragma once
+
+#include "lumograph/suites.h"
+
+namespace Host {
+
+const HostBasicSuite* BasicSuite();
+
+// Suites that were acquired and not released, of all names.
+int AcquiredSuites();
+
+} // namespace Host

@@ -1,0 +1,26 @@
+// A loaded module: its property list and its entry.
+#pragma once
+
+#include "driver/property_list.h"
+#include "lumograph/entry.h"
+#include "module_library.h"
+
+namespace Host {
+
+class PluginModule {
+public:
+    // Loads the module and reads its property list; nothing in it is called yet. Throws Failure.
+    explicit PluginModule(const std::filesystem::path& path);
+
+    const PropertyList& Properties() const { return fProperties; }
+
+    // Calls the entry and returns the result word.
+    int16_t Call(int16_t selector, void* record, intptr_t& data) const;
+
+private:
+    ModuleLibrary fLibrary;
+    PropertyList fProperties;
+    HostEntry fEntry;
+};
+
+} // namespace Host

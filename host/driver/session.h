@@ -1,0 +1,45 @@
+// A host's use of one file format module, from its load to its unload.
+//
+// This is the order of calls that a module can rely on:
+//
+//   load                                            once, if the property list says "LoadUnload"
+//   read:     prepare, start, continue..., finish   for each file that is opened
+//   options, estimate and write, likewise           for each document that is saved
+//   unload                                          once
+//
+// What the property list doesn't allow is refused before a selector is sent. A failing start ends its group; after a good
+// start the finish always comes. The data word is 0 at first and stays the module's own until the unload.
+#pragma once
+
+#include "driver/operation.h"
+
+namespace Host {
+
+struct SaveReport {
+    int32_t estimateMin = 0; // bytes, as the module foretold
+    int32_t estimateMax = 0;
+};
+
+class Session {
+public:
+    Session(const PluginModule& module, const OperationOptions& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    // Opens the first frame of `file` and hands its picture to `sink`. Throws what failed.
+    PictureInfo Open(const std::filesystem::path& file, PictureSink& sink);
+
+    // Saves the picture as `file`, which changes only when everything went well. Throws what failed.
+    SaveReport Save(PictureSource& picture, const std::filesystem::path& file);
+
+private:
+    void SendAlone(int16_t selector);
+    void ReportBooks(const Operation& operation) const;
+
+    const PluginModule& fModule;
+    OperationOptions fOptions;
+    intptr_t fData = 0;
+};
+
+} // namespace Host

@@ -1,0 +1,47 @@
+#include "console.h"
+
+#include <atomic>
+#include <csignal>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace Host {
+namespace {
+
+std::atomic<bool> gInterrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler may set it");
+
+void OnInterrupt(int)
+{
+    gInterrupted = true;
+}
+
+} // namespace
+
+bool MessagesGoToTerminal()
+{
+    return isatty(STDERR_FILENO) == 1;
+}
+
+int TerminalWidth()
+{
+    winsize size = {};
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+void CatchInterrupts()
+{
+    struct sigaction action = {};
+    action.sa_handler = OnInterrupt;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+}
+
+bool Interrupted()
+{
+    return gInterrupted.load(std::memory_order_relaxed);
+}
+
+} // namespace Host

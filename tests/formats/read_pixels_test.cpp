@@ -1,0 +1,259 @@
+// How pixels travel from the file to the host: layouts, packets, chunks, and the calls that this takes.
+#include "support/ei_file.h"
+#include "support/module_test.h"
+
+#include <limits>
+
+namespace Testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+EIFrame Frame(const char* layout, int width, int height, Bytes pixels, uint8_t packing = 0)
+{
+    return {
+        .layout = Layout(layout), .width = width, .height = height, .packing = packing, .pixels = std::move(pixels)};
+}
+
+std::vector<int64_t> Amounts(const ScriptableHost& host, Kind kind)
+{
+    std::vector<int64_t> amounts;
+    for (const HostCall& call : host.CallsOf(kind))
+        amounts.push_back(call.a);
+    return amounts;
+}
+
+class ReadPixels : public ModuleTest {
+protected:
+    Bytes Samples(const EIFrame& frame)
+    {
+        host.ForgetCalls();
+        EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{}) << frame.layout.name;
+        return host.document.samples;
+    }
+
+    // What was read for the pixels, one number for each read.
+    std::vector<int64_t> PixelReads(const EIFrame& frame)
+    {
+        Samples(frame);
+        const auto reads = Amounts(host, Kind::kRead);
+        const ptrdiff_t before = 2 + static_cast<ptrdiff_t>(frame.lut.size() / 3) + (frame.layout.frameType == 2);
+        return {reads.begin() + before, reads.end()};
+    }
+};
+
+TEST_F(ReadPixels, LayoutsComeAsTheHostHasThem)
+{
+    EXPECT_EQ(Samples(Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF})),
+              (Bytes{1, 0, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0}));
+    EXPECT_EQ(Samples(Frame("indexed2", 5, 1, {0x1B, 0xC0})), (Bytes{0, 1, 2, 3, 3}));
+    EXPECT_EQ(Samples(Frame("indexed4", 3, 1, {0xA5, 0xF0})), (Bytes{10, 5, 15}));
+    EXPECT_EQ(Samples(Frame("indexed8", 3, 1, {0, 200, 255})), (Bytes{0, 200, 255}));
+    EXPECT_EQ(Samples(Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84})),
+              (Bytes{255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8}));
+    EXPECT_EQ(Samples(Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6})), (Bytes{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(Samples(Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6})), (Bytes{1, 2, 3, 9, 4, 5, 6, 8}));
+    EXPECT_EQ(Samples(Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3})), (Bytes{1, 2, 3, 9}));
+    EXPECT_EQ(Samples(Frame("depth32", 8, 1, FloatBytes({0, 0.5F, 1, kInfinity, -1, 2, -kInfinity, std::nanf("")}))),
+              (Bytes{0, 128, 255, 255, 0, 255, 0, 0}));
+}
+
+TEST_F(ReadPixels, DepthFramesOfOtherLengths)
+{
+    EIFrame frame = Frame("indexed4", 3, 1, {0xA5, 0xF0});
+    frame.layout.frameType = 2;
+    EXPECT_EQ(Samples(frame), (Bytes{10, 5, 15}));
+    EXPECT_EQ(int{host.record.colorMode}, kHostModeGrayscale);
+    frame = Frame("rgb24alpha8", 2, 1, FloatBytes({0.5F, 1}));
+    frame.layout.frameType = 2;
+    EXPECT_EQ(Samples(frame), (Bytes{128, 255}));
+    for (const uint8_t bits : {0, 3, 12, 40, 255}) {
+        frame.layout.bitDepth = bits;
+        frame.layout.alphaDepth = 0;
+        EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostFailed, kFormatReadContinue})) << int{bits};
+        EXPECT_THAT(alerts.texts, ElementsAre("Internal plane depth error")) << int{bits};
+        alerts.texts.clear();
+        EXPECT_EQ(host.Buffers(), size_t{0});
+    }
+}
+
+TEST_F(ReadPixels, ARawRowIsOneRead)
+{
+    EXPECT_THAT(PixelReads(Frame("indexed8", 5, 3, Bytes(15))), ElementsAre(5, 5, 5));
+    EXPECT_THAT(PixelReads(Frame("indexed1", 17, 2, Bytes(6))), ElementsAre(3, 3));
+    EXPECT_THAT(PixelReads(Frame("depth32", 3, 1, Bytes(12))), ElementsAre(12));
+}
+
+TEST_F(ReadPixels, APacketIsAControlByteAndItsUnits)
+{
+    const EIFrame run = Frame("rgb24", 4, 1, {0x03, 1, 2, 3}, 1);
+    EXPECT_THAT(PixelReads(run), ElementsAre(1, 3));
+    EXPECT_EQ(host.document.samples, (Bytes{1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}));
+    const EIFrame literal = Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1);
+    EXPECT_THAT(PixelReads(literal), ElementsAre(1, 6));
+    EXPECT_EQ(host.document.samples, (Bytes{1, 2, 3, 4, 5, 6}));
+}
+
+TEST_F(ReadPixels, PacketsStretchOverRowEnds)
+{
+    // A run of 7 over rows of 3, then a literal of 5 whose last two are never wanted.
+    const EIFrame frame = Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE, 0xEE}, 1);
+    EXPECT_THAT(PixelReads(frame), ElementsAre(1, 1, 1, 2, 3));
+    EXPECT_EQ(host.document.samples, (Bytes{9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5}));
+    // A longest run and a longest literal over rows of one pixel.
+    Bytes packed = {0x7F, 42, 0xFF};
+    Bytes pixels(128, 42);
+    for (int i = 0; i < 128; ++i) {
+        packed.push_back(static_cast<uint8_t>(i));
+        pixels.push_back(static_cast<uint8_t>(i));
+    }
+    EXPECT_EQ(Samples(Frame("indexed8", 1, 256, packed, 1)), pixels);
+    EXPECT_EQ(Samples(Frame("indexed8", 256, 1, packed, 1)), pixels);
+    EXPECT_EQ(Samples(Frame("indexed8", 50, 5, packed, 1)), (Bytes{pixels.begin(), pixels.begin() + 250}));
+}
+
+TEST_F(ReadPixels, AnOpenPacketDoesNotReachTheNextFile)
+{
+    EXPECT_EQ(Samples(Frame("indexed8", 1, 1, {0x7F, 9}, 1)), (Bytes{9}));
+    EXPECT_EQ(Samples(Frame("indexed8", 2, 1, {0x01, 5}, 1)), (Bytes{5, 5}));
+    EXPECT_EQ(Samples(Frame("indexed8", 1, 1, {0xFF, 7}, 1)), (Bytes{7}));
+    EXPECT_EQ(Samples(Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1)), (Bytes{3, 4}));
+}
+
+TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
+{
+    const EIFrame frame = Frame("rgb24", 10, 7, Bytes(210));
+    host.memoryLimit = 3 * 30 + 29;
+    Samples(frame);
+    EXPECT_THAT(
+        host.CallsOf(Kind::kExchange),
+        ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6}, HostCall{Kind::kExchange, 6, 7}));
+    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(90, 60));
+    host.memoryLimit = 1 << 20;
+    Samples(frame);
+    EXPECT_THAT(host.CallsOf(Kind::kExchange), ElementsAre(HostCall{Kind::kExchange, 0, 7}));
+    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(210, 60));
+    Samples(Frame("depth32", 10, 7, Bytes(280)));
+    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(70, 50));
+}
+
+TEST_F(ReadPixels, ARefusedRowBufferIsAskedForWithOneRowLess)
+{
+    const EIFrame frame = Frame("indexed8", 10, 6, Bytes(60));
+    host.fault = Fault{Kind::kAllocate, 0};
+    Samples(frame);
+    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60, 50, 20));
+    EXPECT_EQ(host.Count(Kind::kExchange), 2);
+    host.ForgetCalls();
+    host.fault = Fault{Kind::kAllocate, 0, kHostDiskFull, true};
+    EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostMemoryFull, kFormatReadContinue}));
+    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60, 50, 40, 30, 20, 10));
+    ExpectClean(host);
+}
+
+TEST_F(ReadPixels, WithoutSpaceForARowNoneIsAskedFor)
+{
+    host.memoryLimit = 29;
+    EXPECT_EQ(host.Open(OneFrameFile(Frame("rgb24", 10, 2, Bytes(60)))),
+              (Outcome{kHostMemoryFull, kFormatReadContinue}));
+    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60)); // the scratch
+    ExpectClean(host);
+}
+
+TEST_F(ReadPixels, AbortAndProgressComeBeforeEachRow)
+{
+    Samples(Frame("rgb24", 2, 3, Bytes(18)));
+    std::vector<HostCall> rows;
+    for (const HostCall& call : host.Calls())
+        if (call.kind == Kind::kAbort || call.kind == Kind::kProgress || (call.kind == Kind::kRead && call.a == 6))
+            rows.push_back(call);
+    std::vector<HostCall> expected = {{Kind::kRead, 6, 0}};
+    for (int row = 0; row < 3; ++row)
+        expected.insert(expected.end(), {{Kind::kAbort, 0, 0}, {Kind::kProgress, row, 3}, {Kind::kRead, 6, 0}});
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
+{
+    EIFrame frame = Frame("depth32", 2, 3, FloatBytes({-1, 3, kInfinity, 1, 7, 2}));
+    frame.low = frame.high = 0;
+    host.memoryLimit = 4;
+    EXPECT_EQ(Samples(frame), (Bytes{0, 128, 255, 64, 255, 96}));
+    EXPECT_EQ(host.Count(Kind::kExchange), 2) << "the first pass is for the module alone";
+    EXPECT_EQ(host.Count(Kind::kAbort), 6);
+    EXPECT_THAT(host.CallsOf(Kind::kSeek), ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 6 + 32 + 12}));
+    frame.pixels = FloatBytes({5, 5, kInfinity, 5, 5, 5});
+    EXPECT_EQ(Samples(frame), (Bytes{0, 0, 255, 0, 0, 0})) << "equal values: a scale of 1";
+    frame.pixels = FloatBytes({kInfinity, kInfinity, kInfinity, kInfinity, kInfinity, kInfinity});
+    EXPECT_EQ(Samples(frame), Bytes(6, 255));
+    frame.packing = 1;
+    frame.pixels = Bytes{0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0, 0x00, 0x40, 0, 0, 0x40, 0x40, 0, 0, 0x80, 0x40};
+    EXPECT_EQ(Samples(frame), (Bytes{0, 0, 0, 85, 170, 255}));
+}
+
+TEST_F(ReadPixels, EveryPrefixOfAFileIsRefused)
+{
+    Random random(5);
+    for (const EILayout& layout : AllLayouts())
+        for (const uint8_t packing : {0, 1}) {
+            const Bytes rows = RandomRows(layout, 9, 3, random);
+            const EIFrame frame{.layout = layout,
+                                .width = 9,
+                                .height = 3,
+                                .packing = packing,
+                                .lut = {1, 2, 3},
+                                .pixels = packing ? RandomPackets(rows, layout.Unit(), random) : rows};
+            const Bytes file = OneFrameFile(frame);
+            for (size_t size = 0; size < file.size(); ++size) {
+                ScriptableHost each;
+                const Outcome outcome = each.Open(std::span(file).first(size));
+                EXPECT_EQ(outcome.code, kHostCannotRead) << layout.name << " " << size;
+                ExpectClean(each, 0, outcome.selector == kFormatReadStart ? 1 : 0);
+            }
+        }
+}
+
+TEST_F(ReadPixels, RandomPicturesOfEveryLayoutComeBack)
+{
+    Random random(7);
+    const auto upTo = [&](int most) { return std::uniform_int_distribution(1, most)(random); };
+    for (int round = 0; round < 60; ++round)
+        for (const EILayout& layout : AllLayouts()) {
+            EIFrame frame{.layout = layout, .width = upTo(round < 50 ? 40 : 700), .height = upTo(20)};
+            frame.packing = static_cast<uint8_t>(round % 3 != 0);
+            frame.lut = RandomLut(layout.frameType == 2 ? 0 : upTo(30), random);
+            const Bytes rows = RandomRows(layout, frame.width, frame.height, random);
+            const auto spill = static_cast<size_t>(round % 5);
+            frame.pixels = frame.packing ? RandomPackets(rows, layout.Unit(), random, spill) : rows;
+            ScriptableHost each;
+            each.memoryLimit = int64_t{layout.planes} * frame.width * upTo(frame.height + 2);
+            ASSERT_EQ(each.Open(OneFrameFile(frame)), Outcome{}) << layout.name << " round " << round;
+            ASSERT_EQ(each.document.samples, PictureOf(frame, rows).samples) << layout.name << " round " << round;
+            ExpectClean(each);
+        }
+}
+
+TEST_F(ReadPixels, AnyPacketStreamReadsAsThePlainDecoderSays)
+{
+    Random random(11);
+    for (int round = 0; round < 400; ++round) {
+        const EILayout& layout = AllLayouts()[static_cast<size_t>(round) % 8]; // depth aside
+        EIFrame frame{.layout = layout, .width = 1 + round % 61, .height = 1 + round % 7, .packing = 1};
+        frame.pixels.resize(static_cast<size_t>(random() % 600) + 1);
+        std::ranges::generate(frame.pixels, [&] { return static_cast<uint8_t>(random()); });
+        const size_t size = layout.RowBytes(frame.width) * static_cast<size_t>(frame.height);
+        const auto rows = DecodePackets(frame.pixels, layout.Unit(), size);
+        ScriptableHost each;
+        const Outcome outcome = each.Open(OneFrameFile(frame));
+        ASSERT_EQ(outcome.code, rows ? 0 : kHostCannotRead) << layout.name << " round " << round;
+        if (rows) {
+            ASSERT_EQ(each.document.samples, PictureOf(frame, *rows).samples) << layout.name << " round " << round;
+        }
+        ExpectClean(each);
+    }
+}
+
+} // namespace
+} // namespace Testing
