@@ -232,7 +232,7 @@ TEST(Noises, ColourPixelsBelowTheThreshold)
 TEST(Colours, OfTheSixSectors)
 {
     using Colour = Plain::RGBValue;
-    EXPECT_EQ(Plain::HueToRGB(0, 255, 255), (Colour{255, 2, 0}));
+    EXPECT_EQ(Plain::HueToRGB(0, 255, 255), (Colour{255, 1, 0}));
     EXPECT_EQ(Plain::HueToRGB(43, 255, 255), (Colour{254, 255, 0}));
     EXPECT_EQ(Plain::HueToRGB(100, 0, 77), (Colour{77, 77, 77}));
     EXPECT_EQ(Plain::HueToRGB(258, 255, 255), (Colour{0, 0, 0}));

@@ -4,6 +4,8 @@
 #include "pixels/pix_walker.h"
 #include "pixels/pixel_fill.h"
 #include "pixels/pixmap_scaler.h"
+#include "pixels/virtual_heap.h"
+#include "pixels/virtual_pixmap.h"
 
 #include <gtest/gtest.h>
 
@@ -271,4 +273,43 @@ TEST(PixmapScaler, ScalesTheChosenPlanesOfPartsAtAnyOrigin)
     EXPECT_EQ(target.At<std::uint16_t>(10, 10, 1), source.At<std::uint16_t>(0, 0, 2));
     EXPECT_EQ(target.At<std::uint16_t>(39, 39, 1), source.At<std::uint16_t>(29, 29, 2));
     EXPECT_EQ(target.At<std::uint16_t>(9, 9, 1), edge);
+}
+
+namespace {
+
+// With a heap of their own.
+class PagedPixmaps : public testing::Test {
+protected:
+    CVirtualHeap fHeap;
+};
+
+} // namespace
+
+TEST_F(PagedPixmaps, AreFilledCopiedAndScaledLikeContiguousOnes)
+{
+    CPicture source(8, 300, 290, 2, 3);
+    CVirtualPixmap paged(3, 300, 290, 2, 0, false, false, fHeap);
+    Copy(paged, source.Pixmap(), paged.GetBounds(), source.Pixmap().GetBounds(), 0, -1);
+    CPicture back(8, 300, 290, 2, 4);
+    Copy(back.Pixmap(), paged, back.Pixmap().GetBounds(), paged.GetBounds(), 0, -1);
+    EXPECT_EQ(back.Copied(), source.Copied());
+
+    CVirtualPixmap small(3, 141, 99, 2, 0, false, false, fHeap);
+    CPicture expected(8, 141, 99, 2, 5);
+    CPixmapScaler scaler;
+    scaler.SetPixmaps(&small, &paged);
+    scaler.DoCellsQuietly();
+    scaler.SetPixmaps(&expected.Pixmap(), &source.Pixmap());
+    scaler.DoCellsQuietly();
+    CPicture result(8, 141, 99, 2, 6);
+    Copy(result.Pixmap(), small, result.Pixmap().GetBounds(), small.GetBounds(), 0, -1);
+    EXPECT_EQ(result.Copied(), expected.Copied());
+
+    const std::uint8_t values[] = {1, 2};
+    Fill(paged, {100, 100, 250, 250}, values, 0, -1);
+    Invert(paged, {100, 100, 101, 101}, 1, 1);
+    Copy(back.Pixmap(), paged, back.Pixmap().GetBounds(), paged.GetBounds(), 0, -1);
+    EXPECT_EQ(back.At(249, 249, 1), 2);
+    EXPECT_EQ(back.At(100, 100, 1), 0xFD);
+    EXPECT_EQ(back.At(250, 249, 1), source.At(250, 249, 1));
 }
