@@ -103,10 +103,24 @@ TEST_F(PicturesTest, DepthComesAsGreyWithOrWithoutItsRange)
     }
 }
 
-// Rows that are all alike but for their first pixels, so that the file is small and the decoding quick.
+// Rows that are all alike but for their first pixel, so that the file is small and the decoding quick.
+class WidePicture final : public PictureSource {
+public:
+    const PictureInfo& Info() const override { return fInfo; }
+    const uint8_t* Row(int32_t y) override
+    {
+        fRow[0] = static_cast<uint8_t>(y);
+        return fRow.data();
+    }
+
+private:
+    PictureInfo fInfo = {PictureMode::kRgb, 30000, 2000, 3, {}};
+    std::vector<uint8_t> fRow = std::vector<uint8_t>(fInfo.RowBytes(), 0x55);
+};
+
 TEST_F(PicturesTest, ALargePictureNeedsOneMegabyteOfBuffers)
 {
-    MadePicture wide(PictureMode::kRgb, 30000, 2000, 3, [](int32_t y, int32_t at) { return at < 8 ? y & 0xFF : 0x55; });
+    WidePicture wide;
     {
         FrameEncoder encoder(fFolder / "wide.img", 1);
         encoder.Append(wide, {}, "wide");
