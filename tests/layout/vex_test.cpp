@@ -96,6 +96,14 @@ TEST(Check, ReportsWhatTheParserThrows)
     EXPECT_EQ(MistakesIn(("PDialog(width: " + std::string(300, '(')).c_str()), "1:215 nesting");
 }
 
+TEST(Check, TakesLongSums)
+{
+    std::string sum = "q";
+    for (int i = 0; i < 100000; ++i)
+        sum += "+1";
+    EXPECT_EQ(MistakesIn(("PDialog(width: " + sum + ");").c_str()), "1:16 unknown-constant");
+}
+
 TEST(Check, DrawsACaret)
 {
     const CSourceText source("a.vex", "PDialog(\r\n\t\xC3\xA9);\r\n");

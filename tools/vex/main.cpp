@@ -105,6 +105,7 @@ int main(int argc, char** argv)
     CLI::App app{"Checks, formats and shows layout texts (.vex files).", "vex"};
     app.footer(kLanguage);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false); // an absolute path is no option, on any system
     Options options;
 
     CLI::App* const check = app.add_subcommand("check", "Report mistakes with file, line and column");

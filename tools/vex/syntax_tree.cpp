@@ -33,8 +33,12 @@ void CTreeListener::Event(VexRule rule, const char* start, const char* end)
         while (!fNodes.empty() && fNodes.back().end > start)
             fNodes.pop_back();
     } else {
-        const auto first = std::ranges::find_if(fNodes, [&](const SyntaxNode& child) { return child.start >= start; });
-        std::copy_if(std::make_move_iterator(first), std::make_move_iterator(fNodes.end()),
+        const auto first = std::ranges::lower_bound(fNodes, start, {}, &SyntaxNode::start);
+        auto rest = first;
+        // a + b + c arrives as a sum of a sum, but is kept as one of three, or a long one would be as deep as it is long.
+        if (first != fNodes.end() && first->rule == rule && first->start == start)
+            node.children = std::move((rest++)->children);
+        std::copy_if(std::make_move_iterator(rest), std::make_move_iterator(fNodes.end()),
                      std::back_inserter(node.children), [&](const SyntaxNode& child) { return child.end <= end; });
         fNodes.erase(first, fNodes.end());
     }
