@@ -1,6 +1,6 @@
 #include "pixels/pixmap.h"
 
-#include "pixels/fill.h"
+#include "pixels/pixel_fill.h"
 #include "pixels/pixel_size.h"
 
 #include <algorithm>
