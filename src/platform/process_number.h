@@ -8,4 +8,7 @@ namespace Platform {
 // The number by which the operating system knows this process; no other running process has it.
 std::uint32_t ProcessNumber();
 
+// False when there certainly is no running process of that number on this machine.
+bool ProcessMayRun(std::uint32_t number);
+
 } // namespace Platform

@@ -1,6 +1,7 @@
 #include "plugin/lumograph_plugin.h"
 
-#include "pixels/tile_store.h"
+#include "foundation/service.h"
+#include "pixels/virtual_heap.h"
 #include "platform/memory.h"
 #include "plugin/host_properties.h"
 #include "view/ui_scale.h"
@@ -25,6 +26,16 @@ UiScaleMode ScaleModeOf(std::optional<intptr_t> highDpi)
     if (!highDpi)
         return UiScaleMode{0};
     return *highDpi == 2 ? UiScaleMode{2} : *highDpi == 1 ? UiScaleMode{0} : UiScaleMode{1};
+}
+
+std::vector<CFileSpec> AsFileSpecs(const std::vector<std::filesystem::path>& folders)
+{
+    std::vector<CFileSpec> specs;
+    for (const std::filesystem::path& folder : folders) {
+        const std::u8string path = folder.u8string();
+        specs.emplace_back(CText(std::string(path.begin(), path.end())));
+    }
+    return specs;
 }
 
 } // namespace
@@ -92,10 +103,10 @@ bool CLumographPlugin::SplitMemory(int32_t total, int32_t& first, int32_t& secon
 
 void CLumographPlugin::PrepareMemory()
 {
-    CTileStore& store = CTileStore::Get();
-    store.SetLimit(std::clamp(GetHostMemory() / 2, kLeastTileMemory, kMostTileMemory));
-    if (!store.IsOpen())
-        store.Open(GetScratchFolders());
+    CVirtualHeap& heap = *CServiceT<CVirtualHeap>::Get();
+    heap.SetBudget(std::clamp(GetHostMemory() / 2, kLeastTileMemory, kMostTileMemory));
+    if (!heap.IsInitialized())
+        heap.InitializeLater(AsFileSpecs(GetScratchFolders()));
 }
 
 void CLumographPlugin::RunAbout()

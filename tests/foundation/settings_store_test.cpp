@@ -124,18 +124,6 @@ TEST(SettingsLocations, NameTheFoldersOfEachEdition)
     EXPECT_THAT(SettingsFolderNames(Edition::kQuartets), ElementsAre("Orlen", "Orlen Lumograph 2025", "Quartets"));
 }
 
-TEST(SettingsLocations, NameTheValueAndFileOfEachEdition)
-{
-    CText path;
-    CText file;
-    GetElectricImageSettingsLocation(Edition::kLumograph, path, file);
-    EXPECT_EQ(Localize(path), "Software\\Orlen\\Electric Image Format\\2025\\Lumograph");
-    EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
-    GetElectricImageSettingsLocation(Edition::kQuartets, path, file);
-    EXPECT_EQ(Localize(path), "Software\\Orlen\\Electric Image Format\\Quartets");
-    EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
-}
-
 TEST(SettingsFolder, IsMadeForTheEditionOfTheBuild)
 {
     CSettingsStore store;

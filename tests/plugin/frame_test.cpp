@@ -1,7 +1,8 @@
 // The frame of a format around a class of its own: which exception becomes which result, and the memory bargain.
 #include "support/module_test.h"
 
-#include "pixels/tile_store.h"
+#include "foundation/service.h"
+#include "pixels/virtual_heap.h"
 #include "plugin/lumograph_error.h"
 #include "plugin/lumograph_format.h"
 
@@ -123,7 +124,7 @@ TEST_F(Frame, TheTileStoresLimitFollowsTheMemoryWithinBounds)
                                         {uint64_t{1} << 40, 0x20000000}}) {
         format.memory = memory;
         EXPECT_EQ(Start(), 0);
-        EXPECT_EQ(Kesto::CTileStore::Get().Limit(), limit) << memory;
+        EXPECT_EQ(Kesto::CServiceT<Kesto::CVirtualHeap>::Get()->Budget(), limit) << memory;
     }
 }
 

@@ -1,0 +1,129 @@
+#include "pixels/kernels/avx2/tables.h"
+#include "pixels/kernels/avx2/vectors.h"
+
+namespace Kesto::Kernels::Avx2 {
+
+namespace {
+
+struct AddWrapping {
+    static constexpr auto kPlain = &KernelTable::addWrapping;
+    __m256i operator()(__m256i a, __m256i b) const { return _mm256_add_epi8(a, b); }
+};
+struct AddCapped {
+    static constexpr auto kPlain = &KernelTable::addCapped;
+    __m256i operator()(__m256i a, __m256i b) const { return _mm256_adds_epu8(a, b); }
+};
+struct SubtractWrapping {
+    static constexpr auto kPlain = &KernelTable::subtractWrapping;
+    __m256i operator()(__m256i a, __m256i b) const { return _mm256_sub_epi8(a, b); }
+};
+struct SubtractFloored {
+    static constexpr auto kPlain = &KernelTable::subtractFloored;
+    __m256i operator()(__m256i a, __m256i b) const { return _mm256_subs_epu8(a, b); }
+};
+
+template <class Operation>
+void MapRows(const Byte* a, const Byte* b, Byte* out, std::size_t n)
+{
+    if (Entangled(out, a, n) || Entangled(out, b, n))
+        return (PlainKernels().*Operation::kPlain)(a, b, out, n);
+    MapVectors(out, n, Operation(), a, b);
+}
+
+void Invert(const Byte* source, Byte* out, std::size_t n)
+{
+    if (Entangled(out, source, n))
+        return PlainKernels().invert(source, out, n);
+    const __m256i ones = _mm256_set1_epi8(-1);
+    MapVectors(
+        out, n, [ones](__m256i v) { return _mm256_xor_si256(v, ones); }, source);
+}
+
+void SwapBytes(const std::uint32_t* source, std::uint32_t* out, std::size_t n)
+{
+    if (Entangled(out, source, 4 * n))
+        return PlainKernels().swapBytes(source, out, n);
+    const __m256i order = _mm256_setr_epi8(3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12, 3, 2, 1, 0, 7, 6, 5, 4,
+                                           11, 10, 9, 8, 15, 14, 13, 12);
+    MapVectors(
+        static_cast<Byte*>(static_cast<void*>(out)), 4 * n,
+        [order](__m256i v) { return _mm256_shuffle_epi8(v, order); },
+        static_cast<const Byte*>(static_cast<const void*>(source)));
+}
+
+void Fill(std::uint32_t pattern, Byte* out, std::size_t n)
+{
+    if (pattern == (pattern & 0xFF) * 0x01010101u) {
+        std::memset(out, static_cast<int>(pattern & 0xFF), n);
+        return;
+    }
+    MapVectors(
+        out, n, [](__m256i v) { return v; }, Value{_mm256_set1_epi32(static_cast<int>(pattern))});
+}
+
+void Exchange(Byte* a, Byte* b, std::size_t n)
+{
+    std::size_t i = 0;
+    for (; i + 2 * kVector <= n; i += 2 * kVector) {
+        const __m256i a0 = Load(a + i), a1 = Load(a + i + kVector);
+        const __m256i b0 = Load(b + i), b1 = Load(b + i + kVector);
+        Store(a + i, b0);
+        Store(a + i + kVector, b1);
+        Store(b + i, a0);
+        Store(b + i + kVector, a1);
+    }
+    PlainKernels().exchange(a + i, b + i, n - i);
+}
+
+// A table of 256 entries is 16 of 16: each is looked up with the low half of the pixel, and the high half's bits pick one
+// of them, two at a time.
+void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
+{
+    if (Entangled(out, source, n))
+        return PlainKernels().mapTable(source, table, out, n);
+    __m256i parts[16];
+    for (std::size_t i = 0; i < 16; ++i)
+        parts[i] = _mm256_broadcastsi128_si256(
+            _mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(table + 16 * i))));
+    const __m256i lowBits = _mm256_set1_epi8(15);
+    const auto look = [&](__m256i v) {
+        const __m256i low = _mm256_and_si256(v, lowBits);
+        const __m256i bit6 = _mm256_slli_epi16(v, 1), bit5 = _mm256_slli_epi16(v, 2), bit4 = _mm256_slli_epi16(v, 3);
+        const auto pair = [&](std::size_t i) {
+            return _mm256_blendv_epi8(_mm256_shuffle_epi8(parts[i], low), _mm256_shuffle_epi8(parts[i + 1], low), bit4);
+        };
+        const auto four = [&](std::size_t i) { return _mm256_blendv_epi8(pair(i), pair(i + 2), bit5); };
+        const auto eight = [&](std::size_t i) { return _mm256_blendv_epi8(four(i), four(i + 4), bit6); };
+        return _mm256_blendv_epi8(eight(0), eight(8), v);
+    };
+    MapVectors(out, n, look, source);
+}
+
+std::uint32_t Sum(const Byte* source, std::size_t n)
+{
+    __m256i sums = _mm256_setzero_si256();
+    std::size_t i = 0;
+    for (; i + kVector <= n; i += kVector)
+        sums = _mm256_add_epi64(sums, _mm256_sad_epu8(Load(source + i), _mm256_setzero_si256()));
+    const __m128i halves = _mm_add_epi64(_mm256_castsi256_si128(sums), _mm256_extracti128_si256(sums, 1));
+    const __m128i all = _mm_add_epi64(halves, _mm_unpackhi_epi64(halves, halves));
+    return static_cast<std::uint32_t>(_mm_cvtsi128_si64(all)) + PlainKernels().sum(source + i, n - i);
+}
+
+} // namespace
+
+void AddArithmetic(KernelTable& table)
+{
+    table.addWrapping = MapRows<AddWrapping>;
+    table.addCapped = MapRows<AddCapped>;
+    table.subtractWrapping = MapRows<SubtractWrapping>;
+    table.subtractFloored = MapRows<SubtractFloored>;
+    table.invert = Invert;
+    table.swapBytes = SwapBytes;
+    table.fill = Fill;
+    table.exchange = Exchange;
+    table.mapTable = MapTable;
+    table.sum = Sum;
+}
+
+} // namespace Kesto::Kernels::Avx2

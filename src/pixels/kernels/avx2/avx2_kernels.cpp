@@ -1,0 +1,20 @@
+#include "pixels/kernels/avx2/tables.h"
+
+namespace Kesto::Kernels {
+
+const KernelTable& Avx2Kernels()
+{
+    static const KernelTable table = [] {
+        KernelTable fast = PlainKernels();
+        Avx2::AddArithmetic(fast);
+        Avx2::AddBlending(fast);
+        Avx2::AddBoxes(fast);
+        Avx2::AddColour(fast);
+        Avx2::AddNeighbours(fast);
+        Avx2::AddScaling(fast);
+        return fast;
+    }();
+    return table;
+}
+
+} // namespace Kesto::Kernels

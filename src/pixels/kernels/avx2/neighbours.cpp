@@ -1,0 +1,167 @@
+#include "pixels/kernels/avx2/tables.h"
+#include "pixels/kernels/avx2/vectors.h"
+
+namespace Kesto::Kernels::Avx2 {
+
+namespace {
+
+__m256i LoadWords(const std::int32_t* from)
+{
+    return Load(from);
+}
+
+// Table values may be any 32-bit numbers; those beyond this bound on either side are left to the plain loop, so that six of
+// them and a base add up without leaving 32 bits.
+constexpr std::int32_t kBound = 1 << 27;
+
+__m256i Sum(const std::int32_t* const rows[3], std::size_t i, __m256i& extremes)
+{
+    __m256i sum = _mm256_setzero_si256();
+    for (std::size_t k = 0; k < 3; ++k) {
+        const __m256i values = LoadWords(rows[k] + i);
+        sum = _mm256_add_epi32(sum, values);
+        extremes = _mm256_or_si256(extremes, _mm256_abs_epi32(values));
+    }
+    return sum;
+}
+
+void EmbossRow(const std::int32_t* const near[3], const std::int32_t* const far[3], const Byte* base,
+               std::int32_t constant, Byte* out, std::size_t n)
+{
+    const bool wild = constant > kBound || constant < -kBound;
+    std::size_t i = 0;
+    for (; i + 8 <= n && !wild; i += 8) {
+        __m256i extremes = _mm256_setzero_si256();
+        const __m256i relief = _mm256_sub_epi32(Sum(near, i, extremes), Sum(far, i, extremes));
+        if (!_mm256_testz_si256(extremes, _mm256_set1_epi32(-kBound)))
+            break;
+        const __m256i pixels =
+            _mm256_add_epi32(relief, base != nullptr ? Load32(base + i) : _mm256_set1_epi32(constant));
+        const __m256i words = _mm256_packs_epi32(pixels, pixels);
+        const __m256i bytes = _mm256_packus_epi16(words, words);
+        const std::uint32_t low = static_cast<std::uint32_t>(_mm256_extract_epi32(bytes, 0));
+        const std::uint32_t high = static_cast<std::uint32_t>(_mm256_extract_epi32(bytes, 4));
+        std::memcpy(out + i, &low, 4);
+        std::memcpy(out + i + 4, &high, 4);
+    }
+    const std::int32_t* const nearRest[3] = {near[0] + i, near[1] + i, near[2] + i};
+    const std::int32_t* const farRest[3] = {far[0] + i, far[1] + i, far[2] + i};
+    PlainKernels().embossRow(nearRest, farRest, base != nullptr ? base + i : nullptr, constant, out + i, n - i);
+}
+
+// Sixteen sums of the four neighbours.
+__m256i Around(const Byte* const rows[3], std::size_t i)
+{
+    return _mm256_add_epi16(_mm256_add_epi16(Load16(rows[1] + i - 1), Load16(rows[1] + i + 1)),
+                            _mm256_add_epi16(Load16(rows[0] + i), Load16(rows[2] + i)));
+}
+
+__m256i Edges(const Byte* const rows[3], std::size_t i)
+{
+    return _mm256_sub_epi16(_mm256_slli_epi16(Load16(rows[1] + i), 2), Around(rows, i));
+}
+
+constexpr std::int32_t kLargestEdge = 1020;
+
+// What a sharpening table does, where it is a plain multiple: edge * fAmount / 256, rounded down or toward zero.
+struct Gain {
+    enum class Kind { kNone, kDown, kTowardZero };
+
+    static Gain Of(const std::int32_t* table)
+    {
+        const std::int32_t amount = table[256];
+        if (amount > 4095 || amount < -4095 || table[0] != 0)
+            return {Kind::kNone, 0};
+        if (Fits(table, amount, [](std::int32_t product) { return product >> 8; }))
+            return {Kind::kDown, amount};
+        if (amount >= 0 && Fits(table, amount, [](std::int32_t product) { return product / 256; }))
+            return {Kind::kTowardZero, amount};
+        return {Kind::kNone, 0};
+    }
+
+    template <class Divide>
+    static bool Fits(const std::int32_t* table, std::int32_t amount, Divide divide)
+    {
+        for (std::int32_t edge = -kLargestEdge; edge <= kLargestEdge; ++edge)
+            if (table[edge] != divide(edge * amount))
+                return false;
+        return true;
+    }
+
+    Kind fKind;
+    std::int32_t fAmount;
+};
+
+template <class Gained>
+void SharpenVectors(const Byte* const rows[3], Byte* out, std::size_t n, std::size_t& i, const Gained& gained)
+{
+    const auto sharpened = [&](std::size_t at) {
+        return _mm256_adds_epi16(Load16(rows[1] + at), gained(Edges(rows, at)));
+    };
+    for (; i + kVector <= n; i += kVector)
+        Store(out + i, Packed(sharpened(i), sharpened(i + 16)));
+}
+
+// Any other table: edges by vectors, the rest pixel by pixel.
+void SharpenByTable(const Byte* const rows[3], const std::int32_t* table, Byte* out, std::size_t n, std::size_t& i)
+{
+    alignas(kVector) std::int16_t edges[16];
+    const Byte* centre = rows[1];
+    for (; i + 16 <= n; i += 16) {
+        Store(edges, Edges(rows, i));
+        for (std::size_t k = 0; k < 16; ++k) {
+            const std::int64_t value = std::int64_t{centre[i + k]} + table[edges[k]];
+            out[i + k] = static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
+        }
+    }
+}
+
+void SharpenRow(const Byte* const rows[3], const std::int32_t* table, Byte* out, std::size_t n)
+{
+    std::size_t i = 0;
+    const Gain gain = n >= 64 ? Gain::Of(table) : Gain{Gain::Kind::kNone, 0};
+    const __m256i amount = _mm256_set1_epi16(static_cast<short>(gain.fAmount * 8));
+    // edge * 32 fits in 16 bits, and the high half of (edge * 32) * (amount * 8) is edge * amount / 256, rounded down.
+    const auto times = [amount](__m256i edges) { return _mm256_mulhi_epi16(_mm256_slli_epi16(edges, 5), amount); };
+    if (gain.fKind == Gain::Kind::kDown && gain.fAmount == 256)
+        SharpenVectors(rows, out, n, i, [](__m256i edges) { return edges; });
+    else if (gain.fKind == Gain::Kind::kDown)
+        SharpenVectors(rows, out, n, i, times);
+    else if (gain.fKind == Gain::Kind::kTowardZero)
+        SharpenVectors(rows, out, n, i,
+                       [&](__m256i edges) { return _mm256_sign_epi16(times(_mm256_abs_epi16(edges)), edges); });
+    else
+        SharpenByTable(rows, table, out, n, i);
+    const Byte* const rest[3] = {rows[0] + i, rows[1] + i, rows[2] + i};
+    PlainKernels().sharpenRow(rest, table, out + i, n - i);
+}
+
+void NeighbourMeanRow(const Byte* const rows[3], std::int32_t weight, Byte* out, std::size_t n)
+{
+    std::size_t i = 0;
+    if (weight >= 0 && weight <= 12) {
+        // Sums are at most 255 * (weight + 4), for which the rounded-up reciprocal divides exactly.
+        const std::int32_t divisor = weight + 4;
+        const __m256i factor = _mm256_set1_epi16(static_cast<short>((65536 + divisor - 1) / divisor));
+        const __m256i weights = _mm256_set1_epi16(static_cast<short>(weight));
+        const auto mean = [&](std::size_t at) {
+            const __m256i sum = _mm256_add_epi16(_mm256_mullo_epi16(Load16(rows[1] + at), weights), Around(rows, at));
+            return _mm256_mulhi_epu16(sum, factor);
+        };
+        for (; i + kVector <= n; i += kVector)
+            Store(out + i, Packed(mean(i), mean(i + 16)));
+    }
+    const Byte* const rest[3] = {rows[0] + i, rows[1] + i, rows[2] + i};
+    PlainKernels().neighbourMeanRow(rest, weight, out + i, n - i);
+}
+
+} // namespace
+
+void AddNeighbours(KernelTable& table)
+{
+    table.embossRow = EmbossRow;
+    table.sharpenRow = SharpenRow;
+    table.neighbourMeanRow = NeighbourMeanRow;
+}
+
+} // namespace Kesto::Kernels::Avx2

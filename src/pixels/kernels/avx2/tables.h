@@ -1,0 +1,15 @@
+// The parts of the AVX2 table, each filled in by the source that has its kernels.
+#pragma once
+
+#include "pixels/kernels/kernel_table.h"
+
+namespace Kesto::Kernels::Avx2 {
+
+void AddArithmetic(KernelTable& table);
+void AddBlending(KernelTable& table);
+void AddBoxes(KernelTable& table);
+void AddColour(KernelTable& table);
+void AddNeighbours(KernelTable& table);
+void AddScaling(KernelTable& table);
+
+} // namespace Kesto::Kernels::Avx2

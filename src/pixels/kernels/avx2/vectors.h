@@ -1,0 +1,111 @@
+// What the AVX2 sources share. Everything here has internal linkage, and no source in this folder instantiates a template
+// or an inline function that others use: the linker could otherwise hand this folder's copy to a processor without AVX2.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace Kesto::Kernels {
+namespace {
+
+using Byte = std::uint8_t;
+constexpr std::size_t kVector = 32; // bytes
+
+inline __m256i Load(const void* from)
+{
+    return _mm256_loadu_si256(static_cast<const __m256i*>(from));
+}
+
+inline void Store(void* to, __m256i value)
+{
+    _mm256_storeu_si256(static_cast<__m256i*>(to), value);
+}
+
+// Sixteen bytes as 16-bit numbers.
+inline __m256i Load16(const Byte* from)
+{
+    return _mm256_cvtepu8_epi16(_mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(from))));
+}
+
+// Eight bytes as 32-bit numbers.
+inline __m256i Load32(const Byte* from)
+{
+    return _mm256_cvtepu8_epi32(_mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(from))));
+}
+
+// 16-bit numbers as bytes, capped at 255, in order.
+inline __m256i Packed(__m256i low, __m256i high)
+{
+    return _mm256_permute4x64_epi64(_mm256_packus_epi16(low, high), 0xD8);
+}
+
+// An operand of a row operation: a row of bytes, or one value for all pixels.
+struct Value {
+    __m256i fValue;
+};
+inline Value ValueOf(Byte value)
+{
+    return {_mm256_set1_epi8(static_cast<char>(value))};
+}
+inline __m256i At(const Byte* row, std::size_t i)
+{
+    return Load(row + i);
+}
+inline __m256i At(Value value, std::size_t)
+{
+    return value.fValue;
+}
+
+// The last pixels of a row, copied to where a whole vector can be read.
+class CTail {
+public:
+    CTail(const Byte* row, std::size_t start, std::size_t count) { std::memcpy(fBytes, row + start, count); }
+    __m256i Vector() const { return Load(fBytes); }
+
+private:
+    alignas(kVector) Byte fBytes[kVector] = {};
+};
+class CValueTail {
+public:
+    CValueTail(Value value, std::size_t, std::size_t) : fValue(value) {}
+    __m256i Vector() const { return fValue.fValue; }
+
+private:
+    Value fValue;
+};
+inline CTail TailOf(const Byte* row, std::size_t start, std::size_t count)
+{
+    return {row, start, count};
+}
+inline CValueTail TailOf(Value value, std::size_t start, std::size_t count)
+{
+    return {value, start, count};
+}
+
+// out[i] = operation(operands[i]...), 32 pixels at a time.
+template <class Operation, class... Operands>
+inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Operands... operands)
+{
+    std::size_t i = 0;
+    for (; i + kVector <= n; i += kVector)
+        Store(out + i, operation(At(operands, i)...));
+    if (i == n)
+        return;
+    alignas(kVector) Byte last[kVector];
+    Store(last, operation(TailOf(operands, i, n - i).Vector()...));
+    std::memcpy(out + i, last, n - i);
+}
+
+// True when the output is one of the input's bytes, but not the same row: the order of reads and writes matters then.
+inline bool Entangled(const void* out, const void* in, std::size_t bytes)
+{
+    const std::uintptr_t a = reinterpret_cast<std::uintptr_t>(out);
+    const std::uintptr_t b = reinterpret_cast<std::uintptr_t>(in);
+    return a != b && (a < b ? b - a : a - b) < bytes;
+}
+
+} // namespace
+} // namespace Kesto::Kernels

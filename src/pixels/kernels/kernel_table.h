@@ -1,0 +1,71 @@
+// The loops that have a fast twin, as one table of function pointers for each level of the processor.
+//
+// Rows: `n` counts pixels; an output row may be an input row, and the twins see to rows that overlap otherwise by taking
+// the plain loop. Planes: outputs do not overlap inputs. Every entry gives the same bytes at every level.
+#pragma once
+
+#include "pixels/kernels/box_shape.h"
+#include "pixels/kernels/plane.h"
+#include "pixels/kernels/scale_tables.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Kesto::Kernels {
+
+struct KernelTable {
+    using Unary8 = void (*)(const std::uint8_t* source, std::uint8_t* out, std::size_t n);
+    using Binary8 = void (*)(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* out, std::size_t n);
+
+    Binary8 addWrapping, addCapped, subtractWrapping, subtractFloored;
+    Unary8 invert;                                                         // n counts bytes
+    void (*fill)(std::uint32_t pattern, std::uint8_t* out, std::size_t n); // n bytes, the pattern's bytes repeated
+    void (*exchange)(std::uint8_t* a, std::uint8_t* b, std::size_t n);     // n bytes
+    void (*swapBytes)(const std::uint32_t* source, std::uint32_t* out, std::size_t n);
+
+    void (*blend)(const std::uint8_t* source, const std::uint8_t* below, const std::uint8_t* mask, std::uint8_t* out,
+                  std::size_t n);
+    void (*blendConstant)(const std::uint8_t* source, const std::uint8_t* below, std::uint8_t alpha, std::uint8_t* out,
+                          std::size_t n);
+    void (*blendColour)(std::uint8_t colour, const std::uint8_t* below, const std::uint8_t* mask, std::uint8_t* out,
+                        std::size_t n);
+    void (*blendColourConstant)(std::uint8_t colour, const std::uint8_t* below, std::uint8_t alpha, std::uint8_t* out,
+                                std::size_t n);
+    void (*blendColours)(std::uint8_t colour, std::uint8_t below, const std::uint8_t* mask, std::uint8_t* out,
+                         std::size_t n);
+    Binary8 applyMask, applyInvertedMask; // a: pixels, b: mask
+    void (*mapTable)(const std::uint8_t* source, const std::uint8_t* table, std::uint8_t* out, std::size_t n);
+
+    void (*noise)(const std::uint8_t* source, std::uint8_t* out, std::size_t n, std::int32_t amount,
+                  std::uint32_t& seed);
+    void (*hueToRGB)(const std::uint8_t* const hsv[3], std::uint8_t* const rgb[3], std::size_t n);
+
+    // The sums of three neighbours on either side; rows hold table values and reach one entry beyond both ends.
+    void (*embossRow)(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
+                      std::int32_t constant, std::uint8_t* out, std::size_t n);
+    // rows[1] is the centre row; all three reach one pixel beyond both ends.
+    void (*sharpenRow)(const std::uint8_t* const rows[3], const std::int32_t* table, std::uint8_t* out, std::size_t n);
+    void (*neighbourMeanRow)(const std::uint8_t* const rows[3], std::int32_t weight, std::uint8_t* out, std::size_t n);
+    std::uint32_t (*sum)(const std::uint8_t* source, std::size_t n);
+
+    // Planes. `scratch` has ScratchBytes(shape, width) bytes.
+    void (*boxMean)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, bool round,
+                    std::byte* scratch);
+    void (*boxMaximum)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, std::byte* scratch);
+    void (*boxMinimum)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, std::byte* scratch);
+    void (*boxRange)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, std::byte* scratch);
+
+    // Scaling of rows; see scale_tables.h.
+    ScaleRows<std::uint8_t> scale8;
+    ScaleRows<std::uint16_t> scale16;
+    ScaleRows<std::uint32_t> scale32;
+};
+
+// The plain loops, and the fast ones; the second may only be entered where the processor allows it.
+const KernelTable& PlainKernels();
+const KernelTable& Avx2Kernels();
+
+// The table of the active level.
+const KernelTable& ActiveKernels();
+
+} // namespace Kesto::Kernels

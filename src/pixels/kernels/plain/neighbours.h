@@ -1,0 +1,37 @@
+// The plain loops of the kernels that look at a pixel's neighbours.
+#pragma once
+
+#include "pixels/kernels/plain/arithmetic.h"
+
+namespace Kesto::Kernels::Plain {
+
+inline void EmbossRow(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
+                      std::int32_t constant, std::uint8_t* out, std::size_t n)
+{
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::int64_t light = std::int64_t{near[0][i]} + near[1][i] + near[2][i];
+        const std::int64_t shade = std::int64_t{far[0][i]} + far[1][i] + far[2][i];
+        out[i] = Clamped((base != nullptr ? base[i] : constant) + light - shade);
+    }
+}
+
+inline void SharpenRow(const std::uint8_t* const rows[3], const std::int32_t* table, std::uint8_t* out, std::size_t n)
+{
+    const std::uint8_t* centre = rows[1];
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::int32_t edge = centre[i] * 4 - centre[i - 1] - centre[i + 1] - rows[0][i] - rows[2][i];
+        out[i] = Clamped(std::int64_t{centre[i]} + table[edge]);
+    }
+}
+
+inline void NeighbourMeanRow(const std::uint8_t* const rows[3], std::int32_t weight, std::uint8_t* out, std::size_t n)
+{
+    const std::uint8_t* centre = rows[1];
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::int64_t sum =
+            std::int64_t{weight} * centre[i] + centre[i - 1] + centre[i + 1] + rows[0][i] + rows[2][i];
+        out[i] = Clamped(sum / (std::int64_t{weight} + 4));
+    }
+}
+
+} // namespace Kesto::Kernels::Plain

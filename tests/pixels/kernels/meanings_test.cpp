@@ -1,0 +1,271 @@
+// What the kernels compute, on pictures small enough to check by hand.
+#include "pixels/blend_table.h"
+#include "pixels/kernels/arithmetic.h"
+#include "pixels/kernels/blend.h"
+#include "pixels/kernels/box.h"
+#include "pixels/kernels/colour.h"
+#include "pixels/kernels/mosaic.h"
+#include "pixels/kernels/neighbours.h"
+#include "pixels/kernels/noise.h"
+#include "pixels/kernels/pictures.h"
+#include "pixels/kernels/plain/colour.h"
+#include "pixels/kernels/transfer.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <numeric>
+
+using namespace Kesto;
+using namespace Kesto::Kernels;
+using namespace Kesto::Testing;
+
+using Rows = std::vector<std::vector<std::uint8_t>>;
+
+TEST(BlendTable, PartsOfAValueAddUpToIt)
+{
+    const CBlendTable& table = *CBlendTable::Get();
+    for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
+        for (std::uint32_t value = 0; value < 256; ++value)
+            ASSERT_EQ(table(alpha, value) + table(255 - alpha, value), static_cast<int>(value));
+}
+
+TEST(BlendTable, EqualsTheProductRoundedInOneMultiplication)
+{
+    const CBlendTable& table = *CBlendTable::Get();
+    for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
+        for (std::uint32_t value = 0; value < 256; ++value)
+            ASSERT_EQ(table(alpha, value), ((alpha * value + 128) * 257) >> 16);
+}
+
+TEST(BlendTable, KnownValues)
+{
+    const CBlendTable& table = *CBlendTable::Get();
+    EXPECT_EQ(table(255, 200), 200);
+    EXPECT_EQ(table(0, 200), 0);
+    EXPECT_EQ(table(128, 255), 128);
+    EXPECT_EQ(table(127, 255), 127);
+}
+
+TEST(Blending, OfAColourWithItselfIsThatColour)
+{
+    const CPicture mask(8, 256, 1, 1);
+    for (std::int32_t x = 0; x < 256; ++x)
+        mask.At(x, 0) = static_cast<std::uint8_t>(x);
+    const CPicture out(8, 256, 1, 1);
+    const std::array<std::uint8_t, 1> colour = {93};
+    BlendColours(out.View(), colour, colour, mask.View());
+    EXPECT_EQ(out.Copied(), std::vector<std::uint8_t>(256, 93));
+}
+
+TEST(Blending, ServesEachPlaneWithItsColourAndOneMask)
+{
+    const CPicture out(8, 2, 1, 3);
+    std::fill(out.Bytes().begin(), out.Bytes().end(), std::uint8_t{10});
+    const CPicture mask = PictureOf({{0, 255}});
+    BlendColour(out.View(), std::array<std::uint8_t, 3>{1, 2, 3}, out.View(), mask.View());
+    EXPECT_EQ(out.Copied(), (std::vector<std::uint8_t>{10, 1, 10, 2, 10, 3}));
+}
+
+TEST(Arithmetic, WrapsOrHolds)
+{
+    const CPicture a = PictureOf({{200, 10}});
+    const CPicture b = PictureOf({{100, 20}});
+    const CPicture out(8, 2, 1, 1);
+    AddWrapping(out.View(), a.View(), b.View());
+    EXPECT_EQ(RowsOf(out), (Rows{{44, 30}}));
+    AddCapped(out.View(), a.View(), b.View());
+    EXPECT_EQ(RowsOf(out), (Rows{{255, 30}}));
+    SubtractWrapping(out.View(), a.View(), b.View());
+    EXPECT_EQ(RowsOf(out), (Rows{{100, 246}}));
+    SubtractFloored(out.View(), a.View(), b.View());
+    EXPECT_EQ(RowsOf(out), (Rows{{100, 0}}));
+    std::array<std::int32_t, 256> table{};
+    table[100] = 1000;
+    table[20] = -3;
+    AddLookup(out.View(), a.View(), b.View(), table);
+    EXPECT_EQ(RowsOf(out), (Rows{{255, 7}}));
+}
+
+TEST(Arithmetic, MapsByTheRowOfALevel)
+{
+    std::vector<std::uint8_t> table(65536);
+    table[3 << 8 | 7] = 99;
+    const CPicture out = PictureOf({{7}});
+    MapTable(out.View(), out.View(), std::span<const std::uint8_t, 65536>(table), 3);
+    EXPECT_EQ(out.At(0, 0), 99);
+}
+
+TEST(Views, OfOtherPixelSizesAreLeftAlone)
+{
+    const CPicture out(16, 4, 4, 1);
+    const std::vector<std::uint8_t> before = out.Copied();
+    AddWrapping(out.View(), out.View(), out.View());
+    BlendColour(out.View(), std::array<std::uint8_t, 1>{1}, out.View(), 200);
+    BoxMean(out.View(), out.View(), {1, 1}, false);
+    Invert(CPixView(), out.View());
+    EXPECT_EQ(out.Copied(), before);
+}
+
+TEST(Boxes, MeansAreTruncatedOrRounded)
+{
+    const CPicture source = PictureOf({{0, 1, 0}, {1, 0, 9}});
+    const CPicture out(8, 2, 1, 1);
+    BoxMean(out.View(), source.View(), {2, 2}, false);
+    EXPECT_EQ(RowsOf(out), (Rows{{0, 2}}));
+    BoxMean(out.View(), source.View(), {2, 2}, true);
+    EXPECT_EQ(RowsOf(out), (Rows{{1, 3}}));
+}
+
+TEST(Boxes, LeanByOnePixelARow)
+{
+    const CPicture source = PictureOf({{1, 2, 3, 4}, {10, 20, 30, 40}});
+    const CPicture out(8, 3, 1, 1);
+    BoxMean(out.View(), source.View(), {1, 2, 1}, false); // the upper row is one further right
+    EXPECT_EQ(RowsOf(out), (Rows{{6, 11, 17}}));
+    BoxMean(out.View(), source.View(), {1, 2, -1}, false); // the lower row is
+    EXPECT_EQ(RowsOf(out), (Rows{{10, 16, 21}}));
+}
+
+TEST(Boxes, MeansOf32BitPixels)
+{
+    const CPicture source(32, 2, 1, 1);
+    source.At<std::uint32_t>(0, 0) = 0xFFFFFFFF;
+    source.At<std::uint32_t>(1, 0) = 0xFFFFFFFE;
+    const CPicture out(32, 1, 1, 1);
+    BoxMean(out.View(), source.View(), {2, 1}, true);
+    EXPECT_EQ(out.At<std::uint32_t>(0, 0), 0xFFFFFFFFu);
+}
+
+TEST(Boxes, ExtremesAndTheirDifference)
+{
+    const CPicture source = PictureOf({{5, 9, 1}, {4, 2, 8}});
+    const CPicture out(8, 2, 1, 1);
+    Dilate(out.View(), source.View(), {2, 2});
+    EXPECT_EQ(RowsOf(out), (Rows{{9, 9}}));
+    Erode(out.View(), source.View(), {2, 2});
+    EXPECT_EQ(RowsOf(out), (Rows{{2, 1}}));
+    BoxRange(out.View(), source.View(), {2, 2});
+    EXPECT_EQ(RowsOf(out), (Rows{{7, 8}}));
+}
+
+TEST(Boxes, RankIsTheLowestBinWithThatManyAtOrBelow)
+{
+    const CPicture source(32, 5, 1, 1);
+    for (std::int32_t x = 0; x < 5; ++x)
+        source.At<std::uint32_t>(x, 0) = std::array{7u, 1u, 9u, 1u, 400u}[static_cast<std::size_t>(x)];
+    const CPicture out(32, 3, 1, 1);
+    std::vector<std::int32_t> counts(16);
+    const auto ranked = [&](std::int32_t rank) {
+        Rank(out.View(), source.View(), {3, 1}, rank, counts);
+        return std::vector{out.At<std::uint32_t>(0, 0), out.At<std::uint32_t>(1, 0), out.At<std::uint32_t>(2, 0)};
+    };
+    EXPECT_EQ(ranked(2), (std::vector{7u, 1u, 9u}));
+    EXPECT_EQ(ranked(3), (std::vector{9u, 9u, 15u})); // 400 counts in the last bin
+    EXPECT_EQ(ranked(0), (std::vector{0u, 0u, 0u}));
+    EXPECT_EQ(ranked(4), (std::vector{15u, 15u, 15u}));
+}
+
+TEST(Neighbours, LightFallsFromTheDirectionCounted)
+{
+    std::array<std::int32_t, 256> table;
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::int32_t>(i);
+    const CPicture source = PictureOf({{1, 2, 3}, {4, 0, 5}, {6, 7, 8}});
+    const CPicture out(8, 1, 1, 1);
+    // Sums on either side: top 1 2 3, bottom 6 7 8, right 3 5 8, left 1 4 6, and the corners between.
+    const int differences[8] = {6 - 21, 10 - 17, 16 - 11, 20 - 7, 21 - 6, 17 - 10, 11 - 16, 7 - 20};
+    for (std::int32_t direction = 0; direction < 8; ++direction) {
+        Emboss(out.View(), source.View(), table, direction, 100);
+        EXPECT_EQ(out.At(0, 0), 100 + differences[direction]) << direction;
+        Emboss(out.View(), source.View(), table, direction, 250);
+        EXPECT_EQ(out.At(0, 0), std::min(255, 250 + differences[direction])) << direction;
+    }
+}
+
+TEST(Neighbours, SharpenAndMean)
+{
+    const CPicture source = PictureOf({{0, 10, 0}, {20, 50, 30}, {0, 40, 0}});
+    const CPicture out(8, 1, 1, 1);
+    std::array<std::int32_t, kSharpenLevels> table{};
+    table[1020 + 100] = -7; // 4 * 50 - 100
+    Sharpen(out.View(), source.View(), table);
+    EXPECT_EQ(out.At(0, 0), 43);
+    NeighbourMean(out.View(), source.View(), 3);
+    EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7);
+    NeighbourMean(out.View(), source.View(), -4);
+    EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7);
+}
+
+TEST(Mosaics, CellsAtTheEdgeAreSmaller)
+{
+    const CPicture picture = PictureOf({{1, 2, 9}, {2, 2, 10}});
+    Mosaic(picture.View(), picture.View(), {2, 2}, true);
+    EXPECT_EQ(RowsOf(picture), (Rows{{2, 2, 10}, {2, 2, 10}}));
+}
+
+TEST(Noises, OfNoAmountKeepPixelsAndAdvanceTheSeed)
+{
+    const CPicture picture(8, 5, 2, 1);
+    const std::vector<std::uint8_t> before = picture.Copied();
+    std::uint32_t seed = 1;
+    AddNoise(picture.View(), picture.View(), 0, seed);
+    EXPECT_EQ(picture.Copied(), before);
+    std::uint32_t expected = 1;
+    for (int i = 0; i < 5 * 2 * 12; ++i)
+        expected = expected * 1103515245u + 12345u;
+    EXPECT_EQ(seed, expected);
+}
+
+TEST(Noises, ColourPixelsBelowTheThreshold)
+{
+    const CPicture picture(8, 100, 10, 3);
+    const std::vector<std::uint8_t> before = picture.Copied();
+    const std::array<std::uint8_t, 3> colour = {1, 2, 3};
+    RandomColour(picture.View(), picture.View(), colour, 0);
+    EXPECT_EQ(picture.Copied(), before);
+    RandomColour(picture.View(), picture.View(), colour, 32768);
+    EXPECT_EQ(picture.At(50, 5, 2), 3);
+    EXPECT_EQ(std::count(picture.Bytes().begin(), picture.Bytes().end(), 2), 1000);
+}
+
+TEST(Colours, OfTheSixSectors)
+{
+    using Colour = Plain::RGBValue;
+    EXPECT_EQ(Plain::HueToRGB(0, 255, 255), (Colour{255, 1, 0}));
+    EXPECT_EQ(Plain::HueToRGB(43, 255, 255), (Colour{254, 255, 0}));
+    EXPECT_EQ(Plain::HueToRGB(100, 0, 77), (Colour{77, 77, 77}));
+    EXPECT_EQ(Plain::HueToRGB(258, 255, 255), (Colour{0, 0, 0}));
+    EXPECT_EQ(Plain::HueToRGB(129, 128, 200), (Colour{99, 199, 200}));
+}
+
+TEST(Colours, PlanesAreMergedInTheGivenOrder)
+{
+    const CPicture source(8, 1, 1, 4);
+    std::iota(source.Bytes().begin(), source.Bytes().end(), std::uint8_t{1});
+    const CPicture out(32, 1, 1, 1);
+    MergePlanes(out.View(), source.View(), kOrder_BGRA);
+    EXPECT_EQ(out.At<std::uint32_t>(0, 0), 0x04010203u);
+    MergePlanes(out.View(), source.View(), kOrder_GreyConstant, 0xFF);
+    EXPECT_EQ(out.At<std::uint32_t>(0, 0), 0xFF010101u);
+}
+
+TEST(Transfers, FillOnlyTheFrame)
+{
+    const CPicture picture = PictureOf({{1, 1, 1, 1}, {1, 1, 1, 1}, {1, 1, 1, 1}});
+    FillFrame<std::uint8_t>(picture.View(), {1, 1, 3, 2}, std::array<std::uint8_t, 1>{7});
+    EXPECT_EQ(RowsOf(picture), (Rows{{7, 7, 7, 7}, {7, 1, 1, 7}, {7, 7, 7, 7}}));
+    FillFrame<std::uint8_t>(picture.View(), {9, 9, 10, 10}, std::array<std::uint8_t, 1>{8});
+    EXPECT_EQ(RowsOf(picture), (Rows(3, {8, 8, 8, 8})));
+}
+
+TEST(Transfers, CopyOverlappingViews)
+{
+    const CPicture picture = PictureOf({{1, 2, 3, 4}, {5, 6, 7, 8}, {0, 0, 0, 0}});
+    CPixView to = picture.View();
+    to.MoveTo({1, 1, 4, 3});
+    CPixView from = picture.View();
+    from.MoveTo({0, 0, 3, 2});
+    Copy(to, from);
+    EXPECT_EQ(RowsOf(picture), (Rows{{1, 2, 3, 4}, {5, 1, 2, 3}, {0, 5, 6, 7}}));
+}

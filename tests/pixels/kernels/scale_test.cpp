@@ -1,0 +1,168 @@
+// Scaling of planes: the fast rows give the plain rows' bytes, and the arithmetic is the documented one.
+#include "pixels/kernels/pictures.h"
+#include "pixels/kernels/scale.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace Kesto;
+using namespace Kesto::Kernels;
+using Kesto::Testing::CPicture;
+using Kesto::Testing::CUseLevel;
+
+namespace {
+
+struct Axis {
+    Axis(std::int32_t target, std::int32_t source, std::int32_t start)
+    {
+        fAxis.fStart = start;
+        fAxis.fMode = target < source ? ScaleMode::kReduce : target > source ? ScaleMode::kEnlarge : ScaleMode::kSame;
+        if (target < source)
+            fTable = MakeReduceTable(target, source, start, fAxis.fScale);
+        else if (target > source)
+            fTable = MakeEnlargeTable(target, source, start);
+        fAxis.fEntries = fTable;
+    }
+    ScaleTable fTable;
+    ScaleAxis fAxis;
+};
+
+template <class T>
+void Scale(const CPicture& target, const CPicture& source)
+{
+    const CPixView to = target.View();
+    const CPixView from = source.View();
+    const Axis columns(to.width, from.width, 3);
+    const Axis rows(to.height, from.height, -7);
+    std::vector<double> scratch(ScaleScratchBytes<T>(to.width) / sizeof(double) + 1);
+    ScalePlane<T>(PlaneOf<T>(from, 0), PlaneOf<T>(to, 0), columns.fAxis, rows.fAxis,
+                  reinterpret_cast<std::byte*>(scratch.data()));
+}
+
+template <class T>
+void ExpectTwins(const CPicture& source, std::int32_t width, std::int32_t height)
+{
+    const CPicture plain(8 * sizeof(T), width, height, 1);
+    const CPicture fast(8 * sizeof(T), width, height, 1);
+    {
+        const CUseLevel level(CpuLevel::kBase);
+        Scale<T>(plain, source);
+    }
+    {
+        const CUseLevel level(BestCpuLevel());
+        Scale<T>(fast, source);
+    }
+    EXPECT_EQ(plain.Copied(), fast.Copied()) << 8 * sizeof(T) << " bits, " << width << " by " << height;
+}
+
+template <class T>
+class ScaleTwins : public testing::Test {
+};
+using PixelTypes = testing::Types<std::uint8_t, std::uint16_t, std::uint32_t>;
+TYPED_TEST_SUITE(ScaleTwins, PixelTypes);
+
+// A line of 8-bit pixels, scaled.
+std::vector<std::uint8_t> ScaledLine(const std::vector<std::uint8_t>& line, std::int32_t width)
+{
+    const CPicture target(8, width, 1, 1);
+    Scale<std::uint8_t>(target, Testing::PictureOf({line}));
+    return Testing::RowsOf(target)[0];
+}
+
+} // namespace
+
+TYPED_TEST(ScaleTwins, OfEverySmallSize)
+{
+    const CPicture source(8 * sizeof(TypeParam), 61, 23, 1, 3);
+    for (std::int32_t width = 1; width < 130; ++width)
+        ExpectTwins<TypeParam>(source, width, 1 + width * 7 % 50);
+}
+
+TYPED_TEST(ScaleTwins, OfRatiosThatMatter)
+{
+    const CPicture source(8 * sizeof(TypeParam), 592, 64, 1, 4);
+    for (const std::int32_t width : {592, 296, 295, 297, 160, 148, 100, 90, 74, 73, 37, 36, 5, 1, 888, 889, 1183})
+        for (const std::int32_t height : {64, 32, 17, 4, 1, 96, 95})
+            ExpectTwins<TypeParam>(source, width, height);
+}
+
+TYPED_TEST(ScaleTwins, OfExtremePixels)
+{
+    for (const std::uint8_t value : {0, 255}) {
+        const CPicture source(8 * sizeof(TypeParam), 700, 9, 1);
+        std::fill(source.Bytes().begin(), source.Bytes().end(), value);
+        for (const std::int32_t width : {1, 3, 189, 350, 699, 1050})
+            for (const std::int32_t height : {4, 13}) {
+                ExpectTwins<TypeParam>(source, width, height);
+                const CPicture target(8 * sizeof(TypeParam), width, height, 1);
+                Scale<TypeParam>(target, source);
+                if (sizeof(TypeParam) == 1) {
+                    EXPECT_EQ(target.Copied(), std::vector<std::uint8_t>(target.Bytes().size(), value));
+                }
+            }
+    }
+}
+
+// Halves fall on every pixel here: the place where rounding shows.
+TYPED_TEST(ScaleTwins, OfTies)
+{
+    for (const std::int32_t size : {2, 3, 4, 7, 11, 33, 65, 129}) {
+        const CPicture source(8 * sizeof(TypeParam), size, size, 1, 11);
+        for (const std::int32_t factor : {2, 3, 4, 6, 8})
+            ExpectTwins<TypeParam>(source, (size - 1) * factor + 1, (size - 1) * factor + 1);
+    }
+}
+
+TEST(ScaleLine, MeansOfWholePixels)
+{
+    EXPECT_EQ(ScaledLine({1, 2, 10, 20, 255, 255}, 3), (std::vector<std::uint8_t>{2, 15, 255}));
+    EXPECT_EQ(ScaledLine({0, 0, 1, 9, 9, 9}, 2), (std::vector<std::uint8_t>{0, 9}));
+}
+
+TEST(ScaleLine, WeightsSharedPixels)
+{
+    // Two pixels from three: (30 + 60 / 2) / 1.5 and (60 / 2 + 90) / 1.5.
+    EXPECT_EQ(ScaledLine({30, 60, 90}, 2), (std::vector<std::uint8_t>{40, 80}));
+}
+
+TEST(ScaleLine, LiesBetweenPixelsWhenEnlarged)
+{
+    EXPECT_EQ(ScaledLine({0, 100}, 5), (std::vector<std::uint8_t>{0, 25, 50, 75, 100}));
+    EXPECT_EQ(ScaledLine({0, 1}, 3), (std::vector<std::uint8_t>{0, 1, 1}));
+    EXPECT_EQ(ScaledLine({7}, 2), (std::vector<std::uint8_t>{7, 7}));
+}
+
+TEST(ScaleTables, ReductionCoversTheSourceOnce)
+{
+    for (const std::int32_t source : {3, 100, 1000, 4097, 65536})
+        for (const std::int32_t target : {1, 2, 3, 37, 99, 999}) {
+            if (target >= source)
+                continue;
+            float scale = 0;
+            const ScaleTable table = MakeReduceTable(target, source, 10, scale);
+            EXPECT_EQ(table.front().fFirst, 10);
+            EXPECT_EQ(table.back().fLast, 10 + source - 1);
+            double total = 0;
+            for (const ScaleEntry& entry : table)
+                total += double{entry.fFirstWeight} + (entry.fLast - entry.fFirst - 1) +
+                         (entry.fLast > entry.fFirst ? double{entry.fLastWeight} : 0);
+            EXPECT_NEAR(total, source, 0.01 * source / target);
+        }
+}
+
+TEST(ScaleTables, NeverReadBeyondTheSource)
+{
+    for (std::int32_t source = 1; source < 3000; source += 37)
+        for (std::int32_t target = 1; target < 4000; target += 41) {
+            float scale = 0;
+            const ScaleTable table = target < source   ? MakeReduceTable(target, source, 0, scale)
+                                     : target > source ? MakeEnlargeTable(target, source, 0)
+                                                       : ScaleTable();
+            for (const ScaleEntry& entry : table) {
+                ASSERT_GE(entry.fFirst, 0);
+                ASSERT_LE(entry.fFirst, entry.fLast);
+                ASSERT_LT(entry.fLast, source);
+            }
+        }
+}

@@ -1,0 +1,289 @@
+// Every kernel gives the same bytes with the plain loops as with the best instructions of the processor.
+#include "pixels/kernels/arithmetic.h"
+#include "pixels/kernels/blend.h"
+#include "pixels/kernels/box.h"
+#include "pixels/kernels/colour.h"
+#include "pixels/kernels/mosaic.h"
+#include "pixels/kernels/neighbours.h"
+#include "pixels/kernels/noise.h"
+#include "pixels/kernels/pictures.h"
+#include "pixels/kernels/scale.h"
+#include "pixels/kernels/transfer.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <numeric>
+
+using namespace Kesto;
+using namespace Kesto::Kernels;
+using Kesto::Testing::CPicture;
+using Kesto::Testing::CUseLevel;
+
+namespace {
+
+// Widths around the vectors' sizes, with odd ends.
+constexpr std::int32_t kWidths[] = {1, 2, 7, 15, 16, 31, 32, 33, 63, 65, 97, 131, 300};
+
+// Runs `kernel` on a fresh random target with both levels and compares all bytes of it.
+template <class Kernel>
+void ExpectTwins(std::int32_t bits, std::int32_t width, std::int32_t height, std::int32_t planes, const Kernel& kernel)
+{
+    const CPicture plain(bits, width + 3, height, planes, 77);
+    const CPicture fast(bits, width + 3, height, planes, 77);
+    {
+        const CUseLevel level(CpuLevel::kBase);
+        kernel(plain.View(3, width, height));
+    }
+    {
+        const CUseLevel level(BestCpuLevel());
+        kernel(fast.View(3, width, height));
+    }
+    EXPECT_EQ(plain.Copied(), fast.Copied()) << width << " by " << height;
+}
+
+// All pairs of two bytes, as the pixels of two pictures of 256 by 256.
+struct AllPairs {
+    AllPairs()
+    {
+        for (std::int32_t y = 0; y < 256; ++y) {
+            for (std::int32_t x = 0; x < 256; ++x) {
+                fAcross.At(x, y) = static_cast<std::uint8_t>(x);
+                fDown.At(x, y) = static_cast<std::uint8_t>(y);
+            }
+        }
+    }
+    CPicture fAcross{8, 256, 256, 1};
+    CPicture fDown{8, 256, 256, 1};
+};
+
+std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t denominator, std::int32_t step)
+{
+    std::vector<std::int32_t> table(kSharpenLevels);
+    for (std::int32_t edge = -1020; edge <= 1020; ++edge)
+        table[static_cast<std::size_t>(edge + 1020)] =
+            edge % 7 == 0 ? edge * numerator / denominator + step : edge * numerator / denominator;
+    return table;
+}
+
+} // namespace
+
+TEST(Twins, ArithmeticOfAllPairsOfBytes)
+{
+    const AllPairs pairs;
+    const CPixView a = pairs.fAcross.View();
+    const CPixView b = pairs.fDown.View();
+    for (const auto kernel : {AddWrapping, AddCapped, SubtractWrapping, SubtractFloored})
+        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { kernel(out, a, b); });
+    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Invert(out, a); });
+    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
+        Copy(out, a);
+        ApplyMask(out, b);
+    });
+    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
+        Copy(out, a);
+        ApplyInvertedMask(out, b);
+    });
+}
+
+TEST(Twins, BlendingOfAllPairsWithEveryAlpha)
+{
+    const AllPairs pairs;
+    const CPixView a = pairs.fAcross.View();
+    const CPixView b = pairs.fDown.View();
+    for (std::int32_t alpha = 0; alpha < 256; ++alpha) {
+        const std::uint8_t value = static_cast<std::uint8_t>(alpha);
+        const std::array<std::uint8_t, 1> colour = {value};
+        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Blend(out, a, b, value); });
+        if (alpha % 15 == 0) {
+            ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { BlendColour(out, colour, a, b); });
+            ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { BlendColour(out, colour, a, value); });
+            ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Blend(out, a, a, b); });
+        }
+    }
+}
+
+TEST(Twins, PixelKernelsOfOddSizes)
+{
+    std::array<std::uint8_t, 256> table;
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
+    const std::array<std::uint8_t, 4> colour = {1, 77, 200, 255};
+    const std::array<std::uint8_t, 4> below = {9, 0, 255, 128};
+    for (const std::int32_t width : kWidths) {
+        const CPicture first(8, width, 5, 4, 2);
+        const CPicture second(8, width, 5, 4, 3);
+        const CPicture third(8, width, 5, 1, 4);
+        const CPixView a = first.View();
+        const CPixView b = second.View();
+        const CPixView mask = third.View();
+        const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, width, 5, 4, kernel); };
+        expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
+        expectTwins([&](const CPixView& out) { SubtractFloored(out, out, b); });
+        expectTwins([&](const CPixView& out) { Invert(out, out); });
+        expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
+        expectTwins([&](const CPixView& out) { Blend(out, a, out, mask); });
+        expectTwins([&](const CPixView& out) { Blend(out, a, out, 100); });
+        expectTwins([&](const CPixView& out) { BlendColour(out, colour, out, mask); });
+        expectTwins([&](const CPixView& out) { BlendColours(out, colour, below, mask); });
+        expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
+        expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
+        expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
+        expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
+        expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
+        expectTwins([&](const CPixView& out) {
+            std::uint32_t seed = 12345;
+            AddNoise(out, a, 40, seed);
+            out.planePointers[0][0] = static_cast<std::uint8_t>(seed >> 16);
+        });
+        ExpectTwins(8, width, 5, 4, [&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
+        ExpectTwins(32, width, 5, 2, [](const CPixView& out) {
+            Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
+            SwapBytes(out, out);
+        });
+        ExpectTwins(16, width, 5, 1,
+                    [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
+    }
+}
+
+TEST(Twins, OverlappingRows)
+{
+    const std::array<std::uint8_t, 1> colour = {200};
+    for (const std::int32_t shift : {-33, -5, -1, 1, 4, 40}) {
+        ExpectTwins(8, 200, 3, 1, [&](const CPixView& out) {
+            CPixView from = out;
+            from.MoveTo({60 + shift, 0, 160 + shift, 3});
+            CPixView to = out;
+            to.MoveTo({60, 0, 160, 3});
+            AddWrapping(to, from, to);
+            Invert(to, from);
+            Blend(to, from, to, 77);
+            BlendColour(to, colour, to, from);
+        });
+    }
+}
+
+TEST(Twins, ExchangedRows)
+{
+    for (const std::int32_t width : kWidths) {
+        ExpectTwins(16, width, 4, 2, [](const CPixView& out) {
+            CPixView upper = out;
+            upper.MoveTo({out.x, out.y, out.x + out.width, out.y + 2});
+            CPixView lower = out;
+            lower.MoveTo({out.x, out.y + 2, out.x + out.width, out.y + 4});
+            Exchange(upper, lower);
+        });
+    }
+}
+
+TEST(Twins, BoxesOfManyShapes)
+{
+    for (const BoxShape shape : {BoxShape{1, 1},
+                                 {2, 3},
+                                 {3, 1},
+                                 {9, 9},
+                                 {10, 4},
+                                 {16, 16},
+                                 {31, 40},
+                                 {5, 3, 1},
+                                 {4, 4, -1},
+                                 {128, 2},
+                                 {1, 9}}) {
+        for (const std::int32_t width : kWidths) {
+            const CPicture source(8, width + shape.ExtraColumns(), 12 + shape.ExtraRows(), 2, 5);
+            const CPixView from = source.View();
+            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxMean(out, from, shape, true); });
+            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxMean(out, from, shape, false); });
+            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { Dilate(out, from, shape); });
+            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { Erode(out, from, shape); });
+            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxRange(out, from, shape); });
+        }
+    }
+}
+
+TEST(Twins, WhiteAndBlackBoxes)
+{
+    for (const std::int32_t size : {9, 11, 15, 16, 17}) {
+        const CPicture source(8, 60 + size, 6 + size, 1);
+        for (const int value : {0, 255}) {
+            std::fill(source.Bytes().begin(), source.Bytes().end(), static_cast<std::uint8_t>(value));
+            ExpectTwins(8, 60, 6, 1, [&](const CPixView& out) { BoxMean(out, source.View(), {size, size}, true); });
+        }
+    }
+}
+
+TEST(Twins, Ranks)
+{
+    for (const BoxShape shape : {BoxShape{1, 1}, {3, 3}, {9, 9}, {5, 2}, {20, 16}}) {
+        for (const std::int32_t width : {1, 8, 33, 70}) {
+            const CPicture source(32, width + shape.ExtraColumns(), 6 + shape.ExtraRows(), 1, 9);
+            for (const std::size_t levels : {std::size_t{1}, std::size_t{200}, std::size_t{256}, std::size_t{1000}}) {
+                std::vector<std::int32_t> counts(levels);
+                const CPixView from = source.View();
+                for (std::int32_t y = 0; y < from.height; ++y)
+                    for (std::int32_t x = 0; x < from.width; ++x)
+                        source.At<std::uint32_t>(x, y) %= 300;
+                for (const std::int32_t rank : {-1, 0, 1, shape.Area() / 2 + 1, shape.Area(), shape.Area() + 1})
+                    ExpectTwins(32, width, 6, 1, [&](const CPixView& out) { Rank(out, from, shape, rank, counts); });
+            }
+        }
+    }
+}
+
+TEST(Twins, Neighbours)
+{
+    std::array<std::int32_t, 256> relief;
+    for (std::size_t i = 0; i < relief.size(); ++i)
+        relief[i] = static_cast<std::int32_t>(i) * 3 - 300;
+    std::array<std::int32_t, 256> huge;
+    huge.fill(0x7FFFFFFF);
+    huge[3] = -0x7FFFFFFF;
+    for (const std::int32_t width : kWidths) {
+        const CPicture source(8, width + 2, 7, 2, 6);
+        const CPicture base(8, width, 5, 2, 8);
+        const CPixView from = source.View();
+        for (std::int32_t direction = 0; direction < 8; ++direction) {
+            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, relief, direction, 128); });
+            ExpectTwins(8, width, 5, 2,
+                        [&](const CPixView& out) { Emboss(out, from, relief, direction, base.View()); });
+            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, huge, direction, -5); });
+        }
+        for (const std::int32_t weight : {0, 1, 2, 4, 5, 12, 13, 100, 253, 254, 4000, -1, -3, -9})
+            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { NeighbourMean(out, from, weight); });
+        for (const auto& table :
+             {SharpenTable(1, 1, 0), SharpenTable(1, 2, 0), SharpenTable(77, 256, 0), SharpenTable(-3, 4, 0),
+              SharpenTable(1, 3, 0), SharpenTable(1, 2, 5), SharpenTable(90000, 1, 0), SharpenTable(4000, 256, 0)})
+            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) {
+                Sharpen(out, from, std::span<const std::int32_t, kSharpenLevels>(table));
+            });
+    }
+}
+
+TEST(Twins, NoiseOfManyAmounts)
+{
+    const CPicture source(8, 203, 40, 1, 6);
+    for (const std::int32_t amount :
+         {0, 1, -1, 3, 40, 255, -255, 1000, 10922, 10923, -10922, 100000, 2147483647, -2147483647 - 1}) {
+        ExpectTwins(8, 203, 40, 1, [&](const CPixView& out) {
+            std::uint32_t seed = 99;
+            AddNoise(out, source.View(), amount, seed);
+            out.planePointers[0][5] = static_cast<std::uint8_t>(seed);
+        });
+    }
+}
+
+TEST(Twins, HueOfAllColours)
+{
+    const CPicture source(8, 256, 256, 3);
+    for (std::int32_t y = 0; y < 256; ++y) {
+        for (std::int32_t x = 0; x < 256; ++x) {
+            source.At(x, y, 0) = static_cast<std::uint8_t>(x);
+            source.At(x, y, 1) = static_cast<std::uint8_t>(y);
+        }
+    }
+    for (int value = 0; value < 256; ++value) {
+        for (std::int32_t y = 0; y < 256; ++y)
+            std::fill_n(&source.At(0, y, 2), 256, static_cast<std::uint8_t>(value));
+        ExpectTwins(8, 256, 256, 3, [&](const CPixView& out) { HueToRGB(out, source.View()); });
+    }
+}
