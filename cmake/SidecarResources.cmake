@@ -1,21 +1,21 @@
 # Packs the files named in resources/resources.list into the module: as resources of the .dll on Windows, as a table in
-# the platform library on Linux. Each line of the list is: TYPE NAME path, the path from resources/ or, after a leading
-# "build:", from the folder of generated resources.
+# the platform library on Linux. Each line of the list is: TYPE NAME path, the path from the list's folder or, after a
+# leading "build:", from the folder of generated resources. A name of digits alone is a number, and listed as "#number".
 set(SIDECAR_GENERATED_RESOURCES ${CMAKE_BINARY_DIR}/resources)
 
-function(sidecar_read_resource_list out_types out_names out_paths)
-  set(list_file ${CMAKE_SOURCE_DIR}/resources/resources.list)
+function(sidecar_read_resource_list list_file out_types out_names out_paths)
+  cmake_path(GET list_file PARENT_PATH folder)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list_file})
   file(STRINGS ${list_file} lines REGEX "^[^#]")
   foreach(line IN LISTS lines)
     if(NOT line MATCHES "^([A-Z]+)[ \t]+([^ \t]+)[ \t]+([^ \t]+)[ \t]*$")
-      message(FATAL_ERROR "resources.list: a line must read TYPE NAME path, but this one reads: ${line}")
+      message(FATAL_ERROR "${list_file}: a line must read TYPE NAME path, but this one reads: ${line}")
     endif()
     set(path ${CMAKE_MATCH_3})
     if(path MATCHES "^build:(.*)$")
       set(path ${SIDECAR_GENERATED_RESOURCES}/${CMAKE_MATCH_1})
     else()
-      set(path ${CMAKE_SOURCE_DIR}/resources/${path})
+      set(path ${folder}/${path})
     endif()
     string(REGEX REPLACE "^([A-Z]+)[ \t]+([^ \t]+).*" "\\1" type "${line}")
     string(REGEX REPLACE "^([A-Z]+)[ \t]+([^ \t]+).*" "\\2" name "${line}")
@@ -28,10 +28,15 @@ function(sidecar_read_resource_list out_types out_names out_paths)
   set(${out_paths} ${paths} PARENT_SCOPE)
 endfunction()
 
-# sidecar_write_resource_source(OUT)
-# Writes the source that carries all resources and returns its path: an .rc script or a C++ table.
+# sidecar_write_resource_source(OUT [LIST])
+# Writes the source that carries all resources of a list, the module's by default, and returns its path: an .rc script
+# or a C++ table.
 function(sidecar_write_resource_source out)
-  sidecar_read_resource_list(types names paths)
+  set(list_file ${CMAKE_SOURCE_DIR}/resources/resources.list)
+  if(ARGC GREATER 1)
+    set(list_file ${ARGV1})
+  endif()
+  sidecar_read_resource_list(${list_file} types names paths)
   set(blobs "")
   set(rows "")
   set(script "")
@@ -42,15 +47,16 @@ function(sidecar_write_resource_source out)
       "__asm__(\".section .rodata\\n.balign 8\\nsidecar_resource_${index}:\\n.incbin \\\"${path}\\\"\\n"
       "sidecar_resource_${index}_end:\\n.byte 0\\n.text\\n\");\n"
       "extern \"C\" const unsigned char sidecar_resource_${index}[], sidecar_resource_${index}_end[];\n")
+    string(REGEX REPLACE "^([0-9]+)$" "#\\1" name "${name}")
     string(APPEND rows
       "    {\"${type}\", \"${name}\", sidecar_resource_${index}, sidecar_resource_${index}_end},\n")
     math(EXPR index "${index} + 1")
   endforeach()
   if(WIN32)
-    set(source ${CMAKE_BINARY_DIR}/sidecar_resources.rc)
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/sidecar_resources.rc)
     file(CONFIGURE OUTPUT ${source} CONTENT "${script}" @ONLY)
   else()
-    set(source ${CMAKE_BINARY_DIR}/sidecar_resources.cpp)
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/sidecar_resources.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT
 "// Generated from resources/resources.list.
 #include \"platform/linux/resource_table.h\"

@@ -40,15 +40,21 @@ function(sidecar_program name)
   target_link_libraries(${name} PRIVATE sidecar_warnings ${program_LIBRARIES})
 endfunction()
 
-# sidecar_test(NAME SOURCES file... [LIBRARIES target...] [ARGUMENTS arg...])
-# A googletest program, one entry of ctest. It is handed the source tree as SIDECAR_SOURCE_DIR.
+# sidecar_test(NAME SOURCES file... [LIBRARIES target...] [ARGUMENTS arg...] [THREADS])
+# A googletest program, one entry of ctest. It is handed the source tree as SIDECAR_SOURCE_DIR. THREADS: it runs several
+# threads, so the preset tsan builds and runs it too.
+add_custom_target(thread_tests)
 function(sidecar_test name)
-  cmake_parse_arguments(test "" "" "SOURCES;LIBRARIES;ARGUMENTS" ${ARGN})
+  cmake_parse_arguments(test "THREADS" "" "SOURCES;LIBRARIES;ARGUMENTS" ${ARGN})
   sidecar_program(${name} SOURCES ${test_SOURCES} LIBRARIES ${test_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE SIDECAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   add_test(NAME ${name} COMMAND ${name} ${test_ARGUMENTS})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  if(test_THREADS)
+    set_tests_properties(${name} PROPERTIES LABELS threads)
+    add_dependencies(thread_tests ${name})
+  endif()
 endfunction()
 
 # sidecar_fuzzer(NAME SOURCES file... CORPUS folder [LIBRARIES target...])

@@ -53,12 +53,6 @@ void CompareSettings(const TemporaryFolder& folder)
     PluginSettings settings;
 
     Compare(
-        "load settings from memory : memcpy", 1000, [&] { SettingsFileLoad(settings, file); },
-        [&] {
-            std::memcpy(&settings.window, file.Bytes().data() + 48, sizeof settings.window);
-            Bench::Keep(settings);
-        });
-    Compare(
         "load settings from a file : open, read, close", 50,
         [&] {
             CMemoryContainer data;

@@ -54,9 +54,9 @@ std::string RangeText(const EIFrameReport& frame)
     if (!frame.range)
         return "";
     if (frame.range->minimum == 0 && frame.range->maximum == 0)
-        return "not stored";
+        return "  not stored";
     std::array<char, 64> text = {};
-    std::snprintf(text.data(), text.size(), "%g to %g", static_cast<double>(frame.range->minimum),
+    std::snprintf(text.data(), text.size(), "  %g to %g", static_cast<double>(frame.range->minimum),
                   static_cast<double>(frame.range->maximum));
     return text.data();
 }
@@ -65,7 +65,7 @@ void PrintFrame(const EIFrameReport& frame)
 {
     const EIFrameFields& fields = frame.fields;
     const std::string size = std::to_string(fields.Width()) + " x " + std::to_string(fields.Height());
-    std::printf("%5u  %-14s %-8s %-14s %-5s %12u  %7u  %s\n", frame.number, size.c_str(), ModeName(fields),
+    std::printf("%5u  %-14s %-8s %-14s %-5s %12u  %7u%s\n", frame.number, size.c_str(), ModeName(fields),
                 LayoutName(fields).c_str(), fields.packing == 0 ? "raw" : "runs", fields.dataSize,
                 unsigned{fields.lutCount}, RangeText(frame).c_str());
     for (const std::string& fault : frame.faults)

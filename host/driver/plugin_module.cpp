@@ -6,7 +6,7 @@ namespace Host {
 
 PluginModule::PluginModule(const std::filesystem::path& path)
     : fLibrary(path),
-      fProperties(ParsePropertyList(fLibrary.FindResource(kHostPropertyListType, kHostPropertyListName))),
+      fProperties(ParsePropertyList(fLibrary.ResourceBytes(kHostPropertyListType, kHostPropertyListName))),
       fEntry(fLibrary.FindFunction<HostEntry>(fProperties.entry.c_str()))
 {
     if (!fEntry)

@@ -24,7 +24,7 @@ ModuleLibrary::Address ModuleLibrary::FindAddress(const char* name) const
     return reinterpret_cast<Address>(dlsym(fHandle, name));
 }
 
-std::span<const std::byte> ModuleLibrary::FindResource(const char* type, const char* name) const
+std::span<const std::byte> ModuleLibrary::ResourceBytes(const char* type, const char* name) const
 {
     const auto find = FindFunction<HostModuleResource>("ModuleResource");
     size_t size = 0;

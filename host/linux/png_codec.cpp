@@ -1,24 +1,23 @@
-// PNG through libpng. libpng reports errors by a jump back to setjmp: the functions that set one hold no objects that
+// PNG through libpng; the pixels of written pictures are packed by PngBands. libpng reports errors by a jump back to setjmp: the functions that set one hold no objects that
 // need an end of their own, and what outlives the jump stands in the class.
 #include "pictures/png_codec.h"
 
 #include "failure.h"
 #include "files/buffered_file.h"
 #include "files/pending_file.h"
+#include "linux/png_bands.h"
 
 #include <algorithm>
 #include <csetjmp>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include <png.h>
-#include <zlib.h>
 
 namespace Host {
 namespace {
-
-constexpr size_t kPngBuffer = size_t{256} * 1024;
 
 // Keeps libpng's words; the jump then leads back into Guarded.
 void KeepError(png_structp png, png_const_charp text)
@@ -168,19 +167,17 @@ public:
             throw std::bad_alloc();
         png_set_write_fn(fPng, this, WriteBytes, nullptr);
         RequirePng(Guarded(fPng, [&] { WriteHeader(); }));
+        const PngBandLayout layout = {info.RowBytes(), static_cast<size_t>(info.planes),
+                                      info.mode == PictureMode::kIndexed, fCompression};
+        fBands.emplace(layout, [this](std::span<const uint8_t> bytes) { PutChunk("IDAT", bytes); });
     }
 
-    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override
-    {
-        RequirePng(Guarded(fPng, [&] {
-            for (int32_t i = 0; i < count; ++i)
-                png_write_row(fPng, rows + static_cast<size_t>(i) * stride);
-        }));
-    }
+    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override { fBands->AddRows(rows, stride, count); }
 
     void Finish() override
     {
-        RequirePng(Guarded(fPng, [&] { png_write_end(fPng, fHeader); }));
+        fBands->Finish();
+        PutChunk("IEND", {});
         Require(fFile->Close(), fName);
         Require(fPending.Commit(), fName);
     }
@@ -209,8 +206,6 @@ private:
                      ColourType(), PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         if (fInfo.mode == PictureMode::kIndexed)
             WritePalette();
-        ChooseCompression();
-        png_set_compression_buffer_size(fPng, kPngBuffer);
         png_write_info(fPng, fHeader);
     }
 
@@ -222,16 +217,10 @@ private:
         png_set_PLTE(fPng, fHeader, colours, 256);
     }
 
-    // At level 1 the differences to the left neighbour, packed by runs and their frequencies alone, are many times faster
-    // than a search for repetitions, and not much larger.
-    void ChooseCompression()
+    void PutChunk(const char* type, std::span<const uint8_t> bytes)
     {
-        const bool indexed = fInfo.mode == PictureMode::kIndexed;
-        png_set_compression_level(fPng, fCompression);
-        if (fCompression <= 1) {
-            png_set_filter(fPng, PNG_FILTER_TYPE_BASE, indexed || fCompression == 0 ? PNG_FILTER_NONE : PNG_FILTER_SUB);
-            png_set_compression_strategy(fPng, indexed ? Z_DEFAULT_STRATEGY : Z_RLE);
-        }
+        RequirePng(Guarded(
+            fPng, [&] { png_write_chunk(fPng, reinterpret_cast<png_const_bytep>(type), bytes.data(), bytes.size()); }));
     }
 
     void RequirePng(bool good)
@@ -245,6 +234,7 @@ private:
     std::optional<BufferedFile> fFile;
     std::string fName;
     std::string fError;
+    std::optional<PngBands> fBands;
     int fCompression;
     int16_t fResult = kHostNoError; // of the last write
     png_structp fPng = nullptr;

@@ -26,7 +26,7 @@ ModuleLibrary::Address ModuleLibrary::FindAddress(const char* name) const
     return reinterpret_cast<Address>(reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(fHandle), name)));
 }
 
-std::span<const std::byte> ModuleLibrary::FindResource(const char* type, const char* name) const
+std::span<const std::byte> ModuleLibrary::ResourceBytes(const char* type, const char* name) const
 {
     const auto module = static_cast<HMODULE>(fHandle);
     HRSRC found = FindResourceA(module, name, type);

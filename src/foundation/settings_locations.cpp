@@ -23,16 +23,4 @@ std::array<CText, 3> SettingsFolderNames(Edition edition)
     return {company, host, CText::Join({settings.View(), kHostYear, " Settings"})};
 }
 
-void GetElectricImageSettingsLocation(Edition edition, CText& keyPath, CText& fileName)
-{
-    fileName = "$$$/PFormatElectricImage/Prefs/FileName=Electric Image Format Prefs.lgp";
-    if (edition == Edition::kQuartets)
-        keyPath = "$$$/private/PFormatElectricImage/Prefs/RegPath/"
-                  "Quartets=Software^LOrlen^LElectric Image Format^LQuartets";
-    else
-        keyPath = CText::Join({"$$$/private/PFormatElectricImage/Prefs/RegPath/"
-                               "Lumograph=Software^LOrlen^LElectric Image Format^L",
-                               kHostYear, "^LLumograph"});
-}
-
 } // namespace Kesto

@@ -22,7 +22,4 @@ inline constexpr std::string_view kSettingsValueName = "$$$/KestoFilter/Prefs/Re
 // The folders below the user data folder, outermost first, localised.
 std::array<CText, 3> SettingsFolderNames(Edition edition);
 
-// Where the ElectricImage format keeps its settings, as keys to be localised.
-void GetElectricImageSettingsLocation(Edition edition, CText& keyPath, CText& fileName);
-
 } // namespace Kesto

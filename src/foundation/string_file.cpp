@@ -3,6 +3,8 @@
 #include "foundation/marks.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace Kesto {
 namespace {
@@ -103,6 +105,14 @@ void ParseStringFile(CStringTable& table, std::span<const std::byte> file, bool 
         ParseUnits<ByteOrder::kBig>(std::move(parser), file.subspan(2));
     else
         ParseUnits<ByteOrder::kBig>(std::move(parser), file);
+}
+
+void ParseStringFile(CStringTable& table, CContainer& file, bool replace)
+{
+    std::vector<std::byte> bytes(file.GetSize());
+    file.Seek(0);
+    file.Read(bytes.data(), bytes.size());
+    ParseStringFile(table, bytes, replace);
 }
 
 } // namespace Kesto

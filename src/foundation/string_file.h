@@ -7,6 +7,7 @@
 // value, a backslash keeps the unit behind it as it is, and one quote at its end is dropped; its marks are expanded.
 #pragma once
 
+#include "foundation/container.h"
 #include "foundation/string_table.h"
 
 #include <cstddef>
@@ -17,5 +18,8 @@ namespace Kesto {
 // Adds the lines of a file to the table. A key that is there already gets the new value if `replace` is set. A file of
 // less than two units is ignored; a last odd byte is, too.
 void ParseStringFile(CStringTable& table, std::span<const std::byte> file, bool replace);
+
+// The same for all bytes of a container, whatever its position.
+void ParseStringFile(CStringTable& table, CContainer& file, bool replace);
 
 } // namespace Kesto

@@ -110,8 +110,12 @@ public:
 
     // Makes a new text of the two; a builder of many pieces uses std::string or Join.
     CText& Append(std::string_view utf8);
-    CText& operator+=(std::string_view utf8) { return Append(utf8); }
     CText& operator+=(const CText& other) { return Append(other.View()); }
+    template <TextLike T>
+    CText& operator+=(const T& utf8)
+    {
+        return Append(std::string_view(utf8));
+    }
 
     // By bytes, which is by character values.
     friend bool operator==(const CText& a, const CText& b) { return a.fBuffer == b.fBuffer || a.View() == b.View(); }

@@ -157,7 +157,7 @@ bool CExpressionScope::MatchUnary(const char*& cursor, std::int32_t& result)
     if (sign != '+' && sign != '-' && !(sign == '!' && fLogical))
         return MatchPrimary(cursor, result);
     ++at;
-    const CNestingGuard guard(*this);
+    const CNestingGuard guard(*this, cursor);
     if (!MatchUnary(at, result))
         return false;
     if (sign == '-')
@@ -215,7 +215,7 @@ const VexValue* CExpressionScope::Resolve(const VexName& name)
 
 bool CExpressionScope::MatchParenthesis(const char*& cursor, std::int32_t& result)
 {
-    const CNestingGuard guard(*this);
+    const CNestingGuard guard(*this, cursor);
     const char* at = cursor;
     if (!MatchLiteral(at, "(") || !(fLogical ? MatchLogical(at, result) : MatchAdditive(at, result)) ||
         !MatchLiteral(at, ")"))
@@ -228,7 +228,7 @@ bool CExpressionScope::MatchParenthesis(const char*& cursor, std::int32_t& resul
 // Called with the cursor at the parenthesis behind `name`. The language's own words win over a program's functions.
 bool CExpressionScope::MatchFunction(const VexName& name, const char*& cursor, std::int32_t& result)
 {
-    const CNestingGuard guard(*this);
+    const CNestingGuard guard(*this, cursor);
     if ((name.text == "min" || name.text == "max") && MatchMinMax(name.text == "min", cursor, result))
         return true;
     if (name.text == "dim" && MatchDim(cursor, result))

@@ -53,10 +53,13 @@ CExpressionScope::CExpressionScope(CExpressionScope* parent, CClientFunctions* f
 
 CExpressionScope::~CExpressionScope() = default;
 
-void CExpressionScope::CheckNesting(int nesting)
+void CExpressionScope::CheckNesting(const char* position) const
 {
-    if (nesting >= kMaxNesting)
-        throw std::logic_error("Warning! (nesting < kMaxNesting)");
+    const int nesting = fNesting;
+    if (nesting < kMaxNesting)
+        return;
+    Expected(position, "less nesting");
+    throw std::logic_error("Warning! (nesting < kMaxNesting)");
 }
 
 void CExpressionScope::Clear()
@@ -124,21 +127,38 @@ void CExpressionScope::SpreadToBuckets()
     fFew = nullptr;
 }
 
+inline VexValue& CExpressionScope::MakeVariable(const VexName& name, std::size_t bucket, const char* storedName)
+{
+    auto* const variable = static_cast<VexValue*>(fPool->Allocate(sizeof(VexValue)));
+    variable->name = storedName;
+    variable->nameLength = static_cast<std::uint32_t>(name.text.size());
+    variable->nameHash = name.hash;
+    variable->bucket = static_cast<std::uint32_t>(bucket);
+    Insert(*variable);
+    return *variable;
+}
+
 inline void CExpressionScope::Define(const VexName& name, const VexContent& content, bool copyName)
 {
     const std::size_t bucket = name.hash % kBucketCount;
     VexValue* variable = FindHere(name, bucket);
     if (variable == nullptr) {
-        variable = static_cast<VexValue*>(fPool->Allocate(sizeof(VexValue)));
-        variable->name = copyName ? fPool->InternString(name.text) : name.text.data();
-        variable->nameLength = static_cast<std::uint32_t>(name.text.size());
-        variable->nameHash = name.hash;
-        variable->bucket = static_cast<std::uint32_t>(bucket);
-        Insert(*variable);
+        variable = &MakeVariable(name, bucket, copyName ? fPool->InternString(name.text) : name.text.data());
         AddLayoutKey(name, fLayoutKeys);
     }
     variable->integer = content.integer;
     variable->text = content.text;
+}
+
+// The set of keys tells whether the variable is there.
+void CExpressionScope::AddVariable(LayoutKey key, std::int32_t integer)
+{
+    const VexName& name = NameOf(key);
+    const std::size_t bucket = name.hash % kBucketCount;
+    VexValue& variable = fLayoutKeys.Has(key) ? *FindHere(name, bucket) : MakeVariable(name, bucket, name.text.data());
+    fLayoutKeys.Add(key);
+    variable.integer = integer;
+    variable.text = kVexNoText;
 }
 
 void CExpressionScope::AddVariable(const VexName& name, const VexContent& content)

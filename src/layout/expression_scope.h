@@ -94,14 +94,14 @@ public:
     // The layout keys that this scope alone defines.
     LayoutKeySet LayoutKeys() const { return fLayoutKeys; }
     const VexValue* FindVariable(LayoutKey key) const { return FindVariable(NameOf(key)); }
-    void AddVariable(LayoutKey key, std::int32_t integer) { AddConstant(NameOf(key), integer); }
+    void AddVariable(LayoutKey key, std::int32_t integer);
 
 protected:
     // Ends the life of all variables, and of all texts if the pool is the scope's own.
     void Clear();
 
-    // Throws if `nesting` is at the limit.
-    static void CheckNesting(int nesting);
+    // Throws if the scope is nested to the limit. `position` is where the next level begins.
+    void CheckNesting(const char* position) const;
 
     bool MatchStatement(const char*& cursor);
     bool MatchStep(const char*& cursor);
@@ -140,7 +140,6 @@ protected:
 
     CClientFunctions* Functions() const { return fFunctions; }
     ParseListener* Listener() const { return fListener; }
-    int Nesting() const { return fNesting; }
 
 private:
     static constexpr std::size_t kBucketCount = 127;
@@ -154,6 +153,7 @@ private:
     void SpreadToBuckets();
     std::vector<const VexValue*> VariablesByBucket() const;
     void Define(const VexName& name, const VexContent& content, bool copyName);
+    VexValue& MakeVariable(const VexName& name, std::size_t bucket, const char* storedName);
     const VexValue* Resolve(const VexName& name);
 
     bool MatchLogical(const char*& cursor, std::int32_t& result);
@@ -172,7 +172,8 @@ private:
     bool MatchClientCall(const VexName& name, const char*& cursor, std::int32_t& result);
     bool MatchNamedArgument(const char*& cursor, CExpressionScope& arguments);
     bool MatchStringValue(const char*& cursor, VexContent& value);
-    bool MatchTargets(const char*& cursor, std::size_t& count);
+    static constexpr std::size_t kAnyCount = 0;
+    bool MatchTargets(const char*& cursor, std::size_t& count, std::size_t wanted);
     template <class ValueOf>
     void AssignTargets(const char* names, std::size_t count, ValueOf valueOf);
 

@@ -51,9 +51,9 @@ CRapidViewScope& CRapidViewScope::PropertyScope()
     return *fPropertyScope;
 }
 
-CRapidViewScope& CRapidViewScope::BlockScope()
+CRapidViewScope& CRapidViewScope::BlockScope(const char* start)
 {
-    CheckNesting(Nesting());
+    CheckNesting(start);
     if (!fBlockScope)
         fBlockScope.reset(new CRapidViewScope(*this));
     else
@@ -105,7 +105,7 @@ bool CRapidViewScope::MatchView(const VexName& name, const char*& cursor, CViewP
         return false;
     auto view = std::make_unique<CViewProxy>(parent, fGenerator->Pool());
     view->Define(name.text, properties, *fGenerator);
-    if (!MatchLiteral(at, ";") && !BlockScope().MatchBlock(at, *view))
+    if (!MatchLiteral(at, ";") && !BlockScope(at).MatchBlock(at, *view))
         return false;
     Matched(VexRule::kView, name.text.data(), at);
     list.push_back(std::move(view));

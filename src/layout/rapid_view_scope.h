@@ -44,12 +44,12 @@ public:
     CGenerator& Generator() const { return *fGenerator; }
 
 private:
-    CRapidViewScope(CRapidViewScope& parent);
+    explicit CRapidViewScope(CRapidViewScope& parent);
 
     // The scope of the properties of a view, or of a block, in this one. There is never more than one of each in use at a
     // time, so each is made once and cleared for the next.
     CRapidViewScope& PropertyScope();
-    CRapidViewScope& BlockScope();
+    CRapidViewScope& BlockScope(const char* start);
 
     void MatchViewList(const char*& cursor, CViewProxy* parent, ViewProxyList& list);
     bool MatchView(const VexName& name, const char*& cursor, CViewProxy* parent, ViewProxyList& list);

@@ -10,9 +10,9 @@ namespace Kesto {
 // Counts a rule that stands in itself, as long as it runs.
 class CExpressionScope::CNestingGuard {
 public:
-    explicit CNestingGuard(CExpressionScope& scope) : fScope(scope)
+    CNestingGuard(CExpressionScope& scope, const char* position) : fScope(scope)
     {
-        CheckNesting(fScope.fNesting);
+        fScope.CheckNesting(position);
         ++fScope.fNesting;
     }
     ~CNestingGuard() { --fScope.fNesting; }

@@ -68,7 +68,7 @@ bool CExpressionScope::MatchStringValue(const char*& cursor, VexContent& value)
     const char* const text = cursor + 1;
     const char* const end = std::strchr(text, '\'');
     if (end == nullptr) {
-        Expected(text + std::strlen(text), "'");
+        Expected(cursor, "a closing quote");
         return false;
     }
     const std::string_view bytes(text, static_cast<std::size_t>(end - text));
@@ -114,7 +114,7 @@ bool CExpressionScope::MatchStatementOrAssignment(const char*& cursor)
 
 // One or more "&name" up to the end of a statement. Nothing is assigned before the statement is known to be whole, so a
 // failed rule leaves no trace: this pass counts the names, and AssignTargets runs over them again.
-bool CExpressionScope::MatchTargets(const char*& cursor, std::size_t& count)
+bool CExpressionScope::MatchTargets(const char*& cursor, std::size_t& count, std::size_t wanted)
 {
     count = 0;
     const char* at = cursor;
@@ -128,6 +128,10 @@ bool CExpressionScope::MatchTargets(const char*& cursor, std::size_t& count)
         Matched(VexRule::kTargetName, start, at);
         ++count;
     } while (MatchLiteral(at, ","));
+    if (wanted != kAnyCount && count != wanted) {
+        Expected(at, "as many names as heights");
+        return false;
+    }
     if (!MatchLiteral(at, ")") || !MatchLiteral(at, ";"))
         return false;
     cursor = at;
@@ -154,7 +158,7 @@ bool CExpressionScope::MatchStep(const char*& cursor)
         !MatchAdditive(at, increment) || !MatchLiteral(at, ","))
         return false;
     const char* const names = at;
-    if (!MatchTargets(at, count))
+    if (!MatchTargets(at, count, kAnyCount))
         return false;
     AssignTargets(names, count, [&](std::size_t) { return std::exchange(value, Vex::WrappingAdd(value, increment)); });
     Matched(VexRule::kStep, cursor, at);
@@ -183,7 +187,7 @@ bool CExpressionScope::MatchAlignCenters(const char*& cursor)
     }
     const char* const names = at;
     std::size_t count = 0;
-    if (heightCount == 0 || !MatchTargets(at, count) || count != heightCount)
+    if (heightCount == 0 || !MatchTargets(at, count, heightCount))
         return false;
     AssignTargets(names, count, [&](std::size_t i) {
         return Vex::WrappingAdd(base, Vex::WrappingSubtract(largest, heights[i]) / 2);

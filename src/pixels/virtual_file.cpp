@@ -1,6 +1,5 @@
 #include "pixels/virtual_file.h"
 
-#include "foundation/exceptions.h"
 #include "platform/volumes.h"
 
 #include <algorithm>
@@ -25,7 +24,7 @@ CVirtualFile::~CVirtualFile()
     const auto attempt = [](auto step) {
         try {
             step();
-        } catch (const CException&) {
+        } catch (...) {
             // The next run removes what is left.
         }
     };

@@ -68,7 +68,8 @@ void CVirtualTileArray::Lock(std::uint32_t index, void*& pointer, bool touch)
     CVirtualTile& tile = *place;
     if (tile.fLockCount == CVirtualTile::kMostLocks)
         throw std::logic_error("Warning! (tile.fLockCount < kMostLocks)");
-    tile.Load(heap);
+    if (tile.fBlock == nullptr)
+        tile.Load(heap);
     ++tile.fLockCount;
     pointer = tile.fBlock->fMemory;
     if (touch)

@@ -6,10 +6,12 @@
 #include "foundation/settings_locations.h"
 #include "foundation/settings_record.h"
 #include "foundation/temporary_folder.h"
+#include "platform/user_folders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -93,8 +95,9 @@ TEST_F(SettingsStore, TakesNoFileOfUnlikelySizeIntoMemory)
 
 TEST_F(SettingsStore, KeepsAValueUnderKeyPathAndName)
 {
-    const CText key =
-        CText::Join({"$$$/SettingsStoreTest/Key=SidecarTest^L", std::to_string(Platform::ProcessNumber()), "^LLevel"});
+    // A registry outlives the test, so each run takes a key of its own.
+    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+    const CText key = CText::Join({"$$$/SettingsStoreTest/Key=SidecarTest^L", std::to_string(now), "^LLevel"});
     const CText name("$$$/SettingsStoreTest/Name=Value");
     EXPECT_FALSE(fStore.ReadSettingsData(key, name, "file", fData, true));
     Fill(fData, "first and longer");
@@ -108,6 +111,10 @@ TEST_F(SettingsStore, KeepsAValueUnderKeyPathAndName)
     EXPECT_FALSE(fStore.ReadSettingsData(key, "another", "file", read, true));
     EXPECT_EQ(read.GetSize(), 0u);
     EXPECT_EQ(fFolder.Count(), 0);
+
+    std::string userData;
+    ASSERT_EQ(Platform::FindUserDataFolder(userData), 0u);
+    std::filesystem::remove_all(std::filesystem::path(userData) / "SidecarTest");
 }
 
 TEST(SettingsLocations, NameTheFoldersOfEachEdition)
@@ -115,18 +122,6 @@ TEST(SettingsLocations, NameTheFoldersOfEachEdition)
     EXPECT_THAT(SettingsFolderNames(Edition::kLumograph),
                 ElementsAre("Orlen", "Orlen Lumograph 2025", "Orlen Lumograph 2025 Settings"));
     EXPECT_THAT(SettingsFolderNames(Edition::kQuartets), ElementsAre("Orlen", "Orlen Lumograph 2025", "Quartets"));
-}
-
-TEST(SettingsLocations, NameTheValueAndFileOfEachEdition)
-{
-    CText path;
-    CText file;
-    GetElectricImageSettingsLocation(Edition::kLumograph, path, file);
-    EXPECT_EQ(Localize(path), "Software\\Orlen\\Electric Image Format\\2025\\Lumograph");
-    EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
-    GetElectricImageSettingsLocation(Edition::kQuartets, path, file);
-    EXPECT_EQ(Localize(path), "Software\\Orlen\\Electric Image Format\\Quartets");
-    EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
 }
 
 TEST(SettingsFolder, IsMadeForTheEditionOfTheBuild)

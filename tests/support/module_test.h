@@ -1,28 +1,13 @@
 // What the tests of the module share: a host of their own, alerts that are caught, and an end that leaves nothing behind.
 #pragma once
 
+#include "support/alert_recorder.h"
 #include "support/scriptable_host.h"
-
-#include "foundation/alert.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace Testing {
-
-// Catches all alerts while it lives, so that no message box ever waits for somebody.
-class AlertRecorder : public Kesto::CAlertHook {
-public:
-    std::vector<std::string> texts;
-    int beeps = 0;
-
-    Kesto::AlertButton Show(const Kesto::AlertBox& box) override
-    {
-        texts.emplace_back(box.text.View());
-        return Kesto::AlertButton::kOK;
-    }
-    void Beep() override { ++beeps; }
-};
 
 // Unloads the module and expects that the host has nothing to complain about and lacks no more than is said.
 inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files = 0, size_t locked = 0)

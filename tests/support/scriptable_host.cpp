@@ -247,6 +247,7 @@ Outcome ScriptableHost::Open(std::span<const uint8_t> bytes)
     for (const int16_t selector : {kFormatReadPrepare, kFormatReadStart})
         if (const int16_t code = Call(selector))
             return {code, selector};
+    discarding = discarding || int64_t{record.rowCount} * record.columnCount * record.planeCount > documentLimit;
     if (record.rowCount > 0 && record.columnCount > 0 && !discarding)
         document = Picture(record.colorMode, record.columnCount, record.rowCount, record.planeCount);
     std::copy_n(record.redLut, 256, document.lut[0].begin());

@@ -88,6 +88,7 @@ public:
     std::map<uint32_t, intptr_t> properties; // a key that is not here can't be read
     bool noting = true;                      // keep Calls()
     bool discarding = false;                 // rows are checked and counted, but not kept
+    int64_t documentLimit = INT64_MAX;       // in bytes; rows of larger documents are discarded
     HostBufferSuite buffers;
     HostHandleSuite handles;
     HostPlaybackBlock playback{};

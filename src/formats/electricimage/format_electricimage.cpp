@@ -2,7 +2,7 @@
 
 #include "formats/electricimage/choose_frame.h"
 #include "formats/electricimage/plugin_main.h"
-#include "foundation/settings_locations.h"
+#include "formats/electricimage/preference_names.h"
 
 namespace Project {
 
@@ -19,7 +19,7 @@ std::unique_ptr<Kesto::CFormatDialog> PFormatElectricImage::GetDialog()
 
 void PFormatElectricImage::GetPrefsNames(Kesto::CText& registryPath, Kesto::CText& fileName)
 {
-    Kesto::GetElectricImageSettingsLocation(Kesto::HostEdition(), registryPath, fileName);
+    GetElectricImagePrefsNames(Kesto::HostEdition(), registryPath, fileName);
 }
 
 } // namespace Project

@@ -1,0 +1,12 @@
+// The yardstick: a decoder and an encoder for 24 bits as one would write them first, a byte at a time, with the same calls
+// to the host and the same chunks of rows.
+#pragma once
+
+#include "lean_host.h"
+
+namespace Bench {
+
+void PlainOpen(LeanHost& host);
+void PlainSave(LeanHost& host, int width, int height);
+
+} // namespace Bench

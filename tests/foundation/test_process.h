@@ -1,0 +1,47 @@
+// A process for tests that translates from a map, and is current as long as it lives.
+#pragma once
+
+#include "foundation/process_services.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+class TestProcess final : public Kesto::CProcessServices {
+public:
+    struct Report {
+        const char* message;
+        const char* file;
+        std::uint32_t line;
+        bool throwIt;
+    };
+
+    TestProcess() : fFormer(SetCurrent(this)) {}
+    ~TestProcess() { SetCurrent(fFormer); }
+
+    bool TranslateKey(Kesto::CText& literal) override
+    {
+        asked.push_back(literal);
+        const auto found = translations.find(std::string(literal.View()));
+        literal = found != translations.end() ? found->second.c_str() : "spoilt";
+        return found != translations.end();
+    }
+    bool UsesOwnStringsOnly() override { return ownStringsOnly; }
+    Platform::AlertParentWindow AlertParent() override { return frontWindow; }
+    bool IsMainThread() override { return isMainThread; }
+    bool PostDebugReport(const char* message, const char* file, std::uint32_t line, bool throwIt) override
+    {
+        posted.push_back({message, file, line, throwIt});
+        return true;
+    }
+
+    std::map<std::string, std::string> translations; // by the whole literal
+    bool ownStringsOnly = false;
+    bool isMainThread = true;
+    Platform::AlertParentWindow frontWindow = nullptr;
+    std::vector<Kesto::CText> asked;
+    std::vector<Report> posted;
+
+private:
+    Kesto::CProcessServices* fFormer;
+};

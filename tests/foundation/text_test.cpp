@@ -1,0 +1,148 @@
+#include "foundation/text.h"
+#include "foundation/unicode.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+#include <vector>
+
+using namespace Kesto;
+
+TEST(Text, IsEmptyWithoutABuffer)
+{
+    for (const CText& text : {CText(), CText(""), CText(static_cast<const char*>(nullptr)), CText(std::string())}) {
+        EXPECT_TRUE(text.IsEmpty());
+        EXPECT_STREQ(text.CStr(), "");
+        EXPECT_EQ(text.CharCount(), 0U);
+        EXPECT_TRUE(text.SharesBufferWith(CText()));
+    }
+}
+
+TEST(Text, CountsBytesAndCharacters)
+{
+    const CText text("a\u00E9\u2318\U0001F600");
+    EXPECT_EQ(text.ByteLength(), 10U);
+    EXPECT_EQ(text.CharCount(), 4U);
+    EXPECT_EQ(text.CStr()[10], '\0');
+}
+
+TEST(Text, KeepsZerosWithinAView)
+{
+    const CText text(std::string_view("a\0b", 3));
+    EXPECT_EQ(text.ByteLength(), 3U);
+    EXPECT_EQ(text, std::string_view("a\0b", 3));
+}
+
+TEST(Text, CopiesShareTheBufferUntilOneChanges)
+{
+    const CText original("frames");
+    CText copy = original;
+    EXPECT_TRUE(copy.SharesBufferWith(original));
+    copy += " shown";
+    EXPECT_EQ(original, "frames");
+    EXPECT_EQ(copy, "frames shown");
+}
+
+TEST(Text, MayBeMadeOfItself)
+{
+    CText text("abc");
+    text += text;
+    EXPECT_EQ(text, "abcabc");
+    text = text.View().substr(4);
+    EXPECT_EQ(text, "bc");
+    CText& same = text;
+    text = same;
+    EXPECT_EQ(text, "bc");
+    CText taken = std::move(text);
+    text = taken;
+    EXPECT_EQ(text, "bc");
+}
+
+TEST(Text, ComparesByCharacterValue)
+{
+    EXPECT_LT(CText("a"), CText("b"));
+    EXPECT_LT(CText("z"), "\u00E9");
+    EXPECT_GT(CText("ab"), std::string("a"));
+    EXPECT_NE(CText("a"), CText("A"));
+}
+
+TEST(Text, TurnsUtf16IntoUtf8AndBack)
+{
+    const std::u16string units = u"a\u00E9\u2318\U0001F600";
+    EXPECT_EQ(CText::FromUtf16(units), "a\u00E9\u2318\U0001F600");
+    EXPECT_EQ(CText::FromUtf16(units).CharCount(), 4U);
+    EXPECT_EQ(CText::FromUtf16(units).Utf16(), units);
+    EXPECT_EQ(CText::FromUtf16(u"plain"), "plain");
+    EXPECT_TRUE(CText::FromUtf16(u"").IsEmpty());
+}
+
+TEST(Text, KeepsLoneSurrogates)
+{
+    const std::u16string units = {0xD800, u'a', 0xDC00, 0xDBFF};
+    EXPECT_EQ(CText::FromUtf16(units), "\xED\xA0\x80"
+                                       "a\xED\xB0\x80\xED\xAF\xBF");
+    EXPECT_EQ(CText::FromUtf16(units).Utf16(), units);
+}
+
+TEST(Text, WritesReplacementsForWhatUtf16CannotHold)
+{
+    EXPECT_EQ(CText("\xFC\x84\x80\x80\x80\x80").Utf16(), u"\uFFFD"); // 0x4000000
+    EXPECT_EQ(CText("\x80x").Utf16(), u"\uFFFDx");
+    EXPECT_EQ(CText("\xE2\x8C").Utf16(), u"\uFFFD\uFFFD"); // cut short
+    EXPECT_EQ(CText("\xC1\x81").Utf16(), u"\uFFFD\uFFFD"); // 'A' in two bytes
+}
+
+TEST(Text, MayCrossThreads)
+{
+    const CText original("shared between threads");
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([original] {
+            for (int round = 0; round < 2000; ++round) {
+                CText copy = original;
+                const CText longer = CText::Join({copy.View(), "!"});
+                copy = longer;
+                ASSERT_EQ(copy.ByteLength(), original.ByteLength() + 1);
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(original, "shared between threads");
+}
+
+TEST(CharacterEncoding, TakesOneToSixBytes)
+{
+    const struct {
+        std::uint32_t value;
+        std::string_view bytes;
+    } rows[] = {
+        {0x7F, "\x7F"},
+        {0x80, "\xC2\x80"},
+        {0x7FF, "\xDF\xBF"},
+        {0x800, "\xE0\xA0\x80"},
+        {0xFFFF, "\xEF\xBF\xBF"},
+        {0x10000, "\xF0\x90\x80\x80"},
+        {0x1FFFFF, "\xF7\xBF\xBF\xBF"},
+        {0x200000, "\xF8\x88\x80\x80\x80"},
+        {0x3FFFFFF, "\xFB\xBF\xBF\xBF\xBF"},
+        {0x4000000, "\xFC\x84\x80\x80\x80\x80"},
+        {0x7FFFFFFE, "\xFD\xBF\xBF\xBF\xBF\xBE"},
+    };
+    for (const auto& row : rows) {
+        std::string text;
+        AppendCharacter(text, row.value);
+        EXPECT_EQ(text, row.bytes) << std::hex << row.value;
+        std::string_view rest = text;
+        EXPECT_EQ(TakeCharacter(rest), row.value);
+        EXPECT_TRUE(rest.empty());
+    }
+}
+
+TEST(CharacterEncoding, ReplacesValuesAboveItsLimit)
+{
+    for (const std::uint32_t value : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+        std::string text;
+        AppendCharacter(text, value);
+        EXPECT_EQ(text, "\xEF\xBF\xBD");
+    }
+}

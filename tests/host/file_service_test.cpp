@@ -1,0 +1,203 @@
+// The host's file service through its exported functions, as a module and the host use them.
+#include "file_service/file_service_control.h"
+#include "host/test_folder.h"
+#include "lumograph/results.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <vector>
+
+namespace {
+
+std::string TextOf(const std::filesystem::path& path)
+{
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+// A record bound to a file of the folder, with a buffer of 16 bytes so that small files cross it.
+class FileServiceTest : public testing::Test {
+protected:
+    FileServiceTest() { FileServiceSetBuffer(16); }
+    ~FileServiceTest() override
+    {
+        FileServiceUnbind(&fRecord);
+        FileServiceSetBuffer(0);
+    }
+
+    HostFile Open(const char* name, int16_t mode)
+    {
+        FileServiceBind(&fRecord, TextOf(fFolder / name).c_str());
+        return FastOpen(&fRecord, mode);
+    }
+
+    // The bytes of one read; fewer than asked for at the end.
+    std::string Read(HostFile file, int64_t count)
+    {
+        std::string bytes(static_cast<size_t>(count), '?');
+        fResult = FastRead(file, &count, bytes.data());
+        bytes.resize(static_cast<size_t>(count));
+        return bytes;
+    }
+
+    static std::string Alphabet(size_t length)
+    {
+        std::string text(length, ' ');
+        for (size_t i = 0; i < length; ++i)
+            text[i] = static_cast<char>('a' + i % 26);
+        return text;
+    }
+
+    TestFolder fFolder;
+    HostFormatRecord fRecord = {};
+    int16_t fResult = 0;
+};
+
+TEST_F(FileServiceTest, ReadsInPiecesOfAnySizeAcrossTheBuffer)
+{
+    const std::string content = Alphabet(200);
+    fFolder.Put("in", content);
+    HostFile file = Open("in", kHostOpenToRead);
+    ASSERT_NE(file, nullptr);
+    std::string read;
+    for (const int64_t count : {1, 3, 2, 4, 15, 16, 17, 40, 1, 0, 33, 1}) {
+        EXPECT_EQ(FastGetPosition(file), static_cast<int64_t>(read.size()));
+        read += Read(file, count);
+        EXPECT_EQ(fResult, kHostNoError);
+    }
+    EXPECT_EQ(read, content.substr(0, read.size()));
+    EXPECT_EQ(FastClose(file), kHostNoError);
+}
+
+TEST_F(FileServiceTest, AShortReadDeliversTheRestAndIsAFailure)
+{
+    fFolder.Put("in", "0123456789");
+    HostFile file = Open("in", kHostOpenToRead);
+    EXPECT_EQ(Read(file, 8), "01234567");
+    EXPECT_EQ(Read(file, 5), "89");
+    EXPECT_EQ(fResult, kHostEndOfFile);
+    EXPECT_EQ(Read(file, 100), "");
+    EXPECT_EQ(fResult, kHostEndOfFile);
+    EXPECT_EQ(FastGetPosition(file), 10);
+    EXPECT_EQ(FileServiceInspect(&fRecord).ioResult, kHostEndOfFile);
+}
+
+TEST_F(FileServiceTest, SeeksWithinTheBufferAndBeyondIt)
+{
+    const std::string content = Alphabet(300);
+    fFolder.Put("in", content);
+    HostFile file = Open("in", kHostOpenToRead);
+    Read(file, 5);
+    const std::pair<int16_t, int64_t> moves[] = {{kHostSeekFromCurrent, 3},  {kHostSeekFromStart, 0},
+                                                 {kHostSeekFromStart, 250},  {kHostSeekFromCurrent, -200},
+                                                 {kHostSeekFromCurrent, -9}, {kHostSeekFromStart, 299}};
+    for (const auto& [mode, offset] : moves) {
+        const int64_t target = mode == kHostSeekFromStart ? offset : FastGetPosition(file) + offset;
+        EXPECT_EQ(FastSetPosition(file, mode, offset), kHostNoError);
+        EXPECT_EQ(FastGetPosition(file), target);
+        EXPECT_EQ(Read(file, 1), content.substr(static_cast<size_t>(target), 1));
+    }
+}
+
+TEST_F(FileServiceTest, RefusesPlacesBeforeTheStartAndCallsWithoutAFile)
+{
+    fFolder.Put("in", "0123456789");
+    HostFile file = Open("in", kHostOpenToRead);
+    Read(file, 4);
+    EXPECT_EQ(FastSetPosition(file, kHostSeekFromCurrent, -5), kHostBadParameter);
+    EXPECT_EQ(FastSetPosition(file, kHostSeekFromCurrent, std::numeric_limits<int64_t>::max()), kHostBadParameter);
+    EXPECT_EQ(FastSetPosition(file, 2, 0), kHostBadParameter);
+    EXPECT_EQ(FastGetPosition(file), 4);
+    int64_t count = -1;
+    char byte = 0;
+    EXPECT_EQ(FastRead(file, &count, &byte), kHostBadParameter);
+    EXPECT_EQ(FastWrite(file, 1, &byte), kHostOpenError);
+    EXPECT_EQ(FastRead(nullptr, &count, &byte), kHostBadParameter);
+    EXPECT_EQ(FastClose(file), kHostNoError);
+    EXPECT_EQ(FastClose(file), kHostBadParameter) << "it was closed before";
+    EXPECT_EQ(FastClose(nullptr), kHostBadParameter);
+}
+
+TEST_F(FileServiceTest, OpensOnlyWhatIsThereAndBound)
+{
+    EXPECT_EQ(Open("missing", kHostOpenToRead), nullptr);
+    EXPECT_EQ(FileServiceInspect(&fRecord).openResult, kHostFileNotFound);
+    std::filesystem::create_directory(fFolder / "folder");
+    EXPECT_EQ(Open("folder", kHostOpenToRead), nullptr);
+    EXPECT_EQ(Open("folder", kHostOpenToWrite), nullptr);
+    EXPECT_EQ(Open("no/such/folder", kHostOpenToWrite), nullptr);
+    FileServiceUnbind(&fRecord);
+    EXPECT_EQ(FastOpen(&fRecord, kHostOpenToRead), nullptr);
+}
+
+TEST_F(FileServiceTest, WritesInPiecesAndPatchesTheStart)
+{
+    HostFile file = Open("out", kHostOpenToWrite);
+    const std::string content = Alphabet(150);
+    size_t at = 0;
+    for (const size_t count : {1u, 4u, 3u, 16u, 2u, 90u, 15u, 19u}) {
+        EXPECT_EQ(FastWrite(file, static_cast<int64_t>(count), content.data() + at), kHostNoError);
+        at += count;
+        EXPECT_EQ(FastGetPosition(file), static_cast<int64_t>(at));
+    }
+    EXPECT_EQ(FastSetPosition(file, kHostSeekFromStart, 2), kHostNoError);
+    EXPECT_EQ(FastWrite(file, 3, "XYZ"), kHostNoError);
+    EXPECT_EQ(FastClose(file), kHostNoError);
+    EXPECT_EQ(FileServiceCommit(&fRecord), kHostNoError);
+    std::string expected = content;
+    expected.replace(2, 3, "XYZ");
+    EXPECT_EQ(fFolder.Get("out"), expected);
+}
+
+TEST_F(FileServiceTest, WhatIsNotCommittedLeavesTheTargetAlone)
+{
+    fFolder.Put("out", "old");
+    HostFile file = Open("out", kHostOpenToWrite);
+    FastWrite(file, 3, "new");
+    EXPECT_EQ(FileServiceCommit(&fRecord), kHostFileLocked) << "the file is still open";
+    EXPECT_EQ(FileServiceInspect(&fRecord).openFiles, 1);
+    EXPECT_EQ(FastClose(file), kHostNoError);
+    EXPECT_EQ(fFolder.Get("out"), "old");
+    FileServiceUnbind(&fRecord);
+    EXPECT_EQ(fFolder.Get("out"), "old");
+    EXPECT_EQ(fFolder.FileCount(), 1);
+}
+
+TEST_F(FileServiceTest, AFailureOfAnyCallKeepsTheOldFile)
+{
+    fFolder.Put("out", "old");
+    HostFile file = Open("out", kHostOpenToWrite);
+    FastWrite(file, 3, "new");
+    FastSetPosition(file, kHostSeekFromStart, -1);
+    FastClose(file);
+    EXPECT_EQ(FileServiceCommit(&fRecord), kHostBadParameter);
+    FileServiceUnbind(&fRecord);
+    EXPECT_EQ(fFolder.Get("out"), "old");
+}
+
+TEST_F(FileServiceTest, FindsFilesWithNamesOfAnyScript)
+{
+    const char8_t name[] = u8"h\u00e5vn \u6e2f.img";
+    const std::filesystem::path path = (fFolder / ".").parent_path() / name;
+    std::ofstream(path) << "ahoy";
+    FileServiceBind(&fRecord, TextOf(path).c_str());
+    HostFile file = FastOpen(&fRecord, kHostOpenToRead);
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(Read(file, 4), "ahoy");
+}
+
+TEST_F(FileServiceTest, TwoRecordsHaveFilesOfTheirOwn)
+{
+    fFolder.Put("one", "1111");
+    fFolder.Put("two", "2222");
+    HostFormatRecord other = {};
+    HostFile one = Open("one", kHostOpenToRead);
+    FileServiceBind(&other, TextOf(fFolder / "two").c_str());
+    HostFile two = FastOpen(&other, kHostOpenToRead);
+    EXPECT_EQ(Read(one, 2) + Read(two, 2), "1122");
+    FileServiceUnbind(&other);
+    EXPECT_EQ(Read(one, 2), "11");
+}
+
+} // namespace

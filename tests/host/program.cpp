@@ -1,0 +1,52 @@
+#include "host/program.h"
+
+#include <cstdlib>
+#include <sstream>
+
+namespace {
+
+constexpr bool kIsWindows = std::filesystem::path::preferred_separator == '\\';
+
+// Under Wine the build's own paths are those of the system below, which is its drive Z.
+std::filesystem::path Native(const std::string& path)
+{
+    return kIsWindows && path.front() == '/' ? "Z:" + path : path;
+}
+
+std::string Quoted(const std::string& text)
+{
+    return '"' + text + '"';
+}
+
+std::string TextFile(const std::filesystem::path& path)
+{
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf(); // in text mode: line ends are the same everywhere
+    return text.str();
+}
+
+} // namespace
+
+std::string Argument(const std::filesystem::path& path)
+{
+    std::filesystem::path native = path;
+    return native.make_preferred().string();
+}
+
+std::filesystem::path SourceFile(const std::string& name)
+{
+    return Native(SIDECAR_SOURCE_DIR) / name;
+}
+
+ProgramRun RunLumohost(const std::vector<std::string>& arguments)
+{
+    const TestFolder folder;
+    std::string command = Quoted(Argument(Native(LUMOHOST)));
+    for (const std::string& argument : arguments)
+        command += ' ' + Quoted(argument);
+    command += " >" + Quoted(Argument(folder / "output")) + " 2>" + Quoted(Argument(folder / "messages"));
+    if (kIsWindows)
+        command = Quoted(command); // the command processor takes one pair off
+    const int status = std::system(command.c_str());
+    return {kIsWindows ? status : status >> 8 & 0xFF, TextFile(folder / "output"), TextFile(folder / "messages")};
+}

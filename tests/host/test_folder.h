@@ -1,0 +1,48 @@
+// A folder of a test's own, gone when the test ends.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+
+class TestFolder {
+public:
+    TestFolder()
+        : fPath(std::filesystem::temp_directory_path() / ("lumohost test " + std::to_string(std::random_device{}())))
+    {
+        std::filesystem::create_directories(fPath);
+    }
+    ~TestFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(fPath, ignored);
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+
+    std::filesystem::path operator/(std::string_view name) const { return fPath / name; }
+
+    std::filesystem::path Put(std::string_view name, std::string_view bytes) const
+    {
+        std::ofstream(fPath / name, std::ios::binary) << bytes;
+        return fPath / name;
+    }
+
+    // The file's bytes, or "none".
+    std::string Get(std::string_view name) const
+    {
+        std::ifstream file(fPath / name, std::ios::binary);
+        return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "none";
+    }
+
+    std::ptrdiff_t FileCount() const
+    {
+        return std::distance(std::filesystem::directory_iterator(fPath), std::filesystem::directory_iterator());
+    }
+
+private:
+    std::filesystem::path fPath;
+};

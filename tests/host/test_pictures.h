@@ -1,0 +1,64 @@
+// Pictures made in memory, and picture files read back whole.
+#pragma once
+
+#include "pictures/picture_files.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+namespace Host {
+
+// A picture whose bytes come from a function of row and byte in the row.
+class MadePicture final : public PictureSource {
+public:
+    using Bytes = std::function<int(int32_t y, int32_t at)>;
+    MadePicture(PictureMode mode, int32_t width, int32_t height, int32_t planes, Bytes bytes) : fBytes(std::move(bytes))
+    {
+        fInfo = {mode, width, height, planes, Palette::Grays()};
+        fRow.resize(fInfo.RowBytes());
+    }
+
+    PictureInfo& Info() { return fInfo; }
+    const PictureInfo& Info() const override { return fInfo; }
+    const uint8_t* Row(int32_t y) override
+    {
+        for (size_t i = 0; i < fRow.size(); ++i)
+            fRow[i] = static_cast<uint8_t>(fBytes(y, static_cast<int32_t>(i)));
+        return fRow.data();
+    }
+
+private:
+    PictureInfo fInfo;
+    Bytes fBytes;
+    std::vector<uint8_t> fRow;
+};
+
+inline std::vector<uint8_t> AllPixels(PictureSource& picture)
+{
+    std::vector<uint8_t> pixels;
+    for (int32_t y = 0; y < picture.Info().height; ++y) {
+        const uint8_t* row = picture.Row(y);
+        pixels.insert(pixels.end(), row, row + picture.Info().RowBytes());
+    }
+    return pixels;
+}
+
+// Writes the picture as a file of the kind that the name tells.
+inline void WritePicture(PictureSource& picture, const std::filesystem::path& path, int compression = 1)
+{
+    const auto sink = CreatePicture(path, {compression});
+    sink->Begin(picture.Info());
+    for (int32_t y = 0; y < picture.Info().height; ++y)
+        sink->PutRows(picture.Row(y), picture.Info().RowBytes(), 1);
+    sink->Finish();
+}
+
+// Runs, edges and noise, the same each time.
+inline int Texture(int32_t y, int32_t at)
+{
+    return at % 40 < 20 ? y * 7 & 0xFF : (at * 31 + y * y * 17) >> 2 & 0xFF;
+}
+
+} // namespace Host

@@ -1,0 +1,164 @@
+// The arithmetic of tiles, over the real disk.
+#include "pixels/virtual_pixmap.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace {
+
+using Kesto::CVirtualHeap;
+using Kesto::CVirtualPixmap;
+using Kesto::TileGrid;
+using Kesto::TileShape;
+
+TEST(TileShape, FollowsTheClassAndTheDepth)
+{
+    struct Case {
+        std::uint8_t depth, code, sizeClass;
+        std::int32_t width, height;
+    };
+    for (const Case& one : {Case{0, 0, 0, 64, 32}, Case{3, 4, 4, 64, 64}, Case{5, 15, 15, 2048, 1024},
+                            Case{5, 0, 0, 8, 8}, Case{4, 3, 3, 32, 32}, Case{3, 0, 0, 16, 16}, Case{3, 5, 5, 128, 64},
+                            // squares of 64 << r pixels
+                            Case{0, 0x80, 1, 64, 64}, Case{3, 0x80, 4, 64, 64}, Case{5, 0x84, 14, 1024, 1024},
+                            Case{4, 0x81, 7, 128, 128}}) {
+        const TileShape shape = TileShape::FromCode(one.depth, one.code);
+        EXPECT_EQ(shape.fClass, one.sizeClass);
+        EXPECT_EQ(shape.fWidth, one.width) << int{one.depth} << " " << int{one.code};
+        EXPECT_EQ(shape.fHeight, one.height);
+    }
+}
+
+TEST(TileShape, AlwaysFillsItsClass)
+{
+    for (std::uint8_t depth = 0; depth <= 5; ++depth)
+        for (std::uint8_t code = 0; code < 16; ++code) {
+            const TileShape shape = TileShape::FromCode(depth, code);
+            EXPECT_EQ((std::int64_t{shape.fWidth} * shape.fHeight << depth) / 8, std::int64_t{256} << code);
+        }
+}
+
+TEST(TileShape, RefusesUnknownCodes)
+{
+    EXPECT_THROW(TileShape::FromCode(6, 0), std::logic_error);
+    EXPECT_THROW(TileShape::FromCode(3, 16), std::logic_error);
+    EXPECT_THROW(TileShape::FromCode(3, 0x85), std::logic_error);
+}
+
+TEST(TileGrid, CountsTilesAndStrides)
+{
+    const TileShape shape = TileShape::FromCode(3, 4); // 64 by 64
+    const TileGrid planar(shape, 129, 64, 3, false);
+    EXPECT_EQ(planar.fTilesAcross, 3);
+    EXPECT_EQ(planar.fTilesDown, 1);
+    EXPECT_EQ(planar.fCount, 9U);
+    EXPECT_EQ(planar.fColumnStride, 1);
+    EXPECT_EQ(planar.fRowStride, 3);
+    EXPECT_EQ(planar.fPlaneStride, 3);
+    const TileGrid interleaved(shape, 128, 65, 3, true);
+    EXPECT_EQ(interleaved.fTilesAcross, 2);
+    EXPECT_EQ(interleaved.fTilesDown, 2);
+    EXPECT_EQ(interleaved.fColumnStride, 3);
+    EXPECT_EQ(interleaved.fRowStride, 6);
+    EXPECT_EQ(interleaved.fPlaneStride, 1);
+    EXPECT_EQ(TileGrid(shape, 1, 64, 1, false).fTilesAcross, 1);
+    EXPECT_EQ(TileGrid(shape, 0, 64, 1, false).fCount, 0U);
+}
+
+TEST(TileGrid, RefusesMoreThan31BitsCanCount)
+{
+    const TileShape shape = TileShape::FromCode(5, 0); // 8 by 8
+    EXPECT_THROW(TileGrid(shape, 0x7fffffff, 0x7fffffff, 1, false), std::length_error);
+    EXPECT_THROW(TileGrid(shape, 0x40000, 0x40000, 4, false), std::length_error);
+    EXPECT_THROW(TileGrid(shape, -1, 5, 4, false), std::length_error);
+    EXPECT_EQ(TileGrid(shape, 0x40000, 0x40000, 1, true).fCount, 0x40000000U);
+}
+
+class VirtualPixmap : public ::testing::Test {
+protected:
+    CVirtualHeap heap;
+};
+
+TEST_F(VirtualPixmap, AddressesPixelsByTile)
+{
+    CVirtualPixmap pixmap(4, 300, 200, 2, 0x80, false, false, heap); // 64 by 64 pixels of 16 bits
+    pixmap.SetOrigin(-10, 1000);
+    EXPECT_EQ(pixmap.GetBounds(), (Kesto::Rect{-10, 1000, 290, 1200}));
+    EXPECT_EQ(pixmap.GetPixelBits(), 16);
+    EXPECT_EQ(pixmap.GetPixelBytes(), 2);
+    EXPECT_EQ(pixmap.GetRowBits(), 1024);
+    EXPECT_EQ(pixmap.GetRowBytes(), 128);
+    EXPECT_EQ(pixmap.GetTileLeft(2), 118);
+    EXPECT_EQ(pixmap.GetTileTop(3), 1192);
+    EXPECT_EQ(pixmap.GetTileColumn(117), 1);
+    EXPECT_EQ(pixmap.GetTileColumn(118), 2);
+    EXPECT_EQ(pixmap.GetOffsetInTileX(119), 1);
+    EXPECT_EQ(pixmap.GetTileColumn(-11), 0) << "rounds toward zero";
+    EXPECT_EQ(pixmap.GetOffsetInTileX(-11), -1);
+    EXPECT_EQ(pixmap.GetTileRow(1000 - 65), -1);
+    EXPECT_EQ(pixmap.GetOffsetInTileY(1000 - 65), -1);
+    EXPECT_EQ(pixmap.GetByteOffset(3, 2), 262);
+    EXPECT_EQ(pixmap.GetBitOffset(3, 2), 2096);
+    EXPECT_EQ(pixmap.GetTileIndex(4, 3, 1), 4U + 3 * 5 + 20);
+    EXPECT_EQ(CVirtualPixmap(2, 1, 1, 1, 0, false, false, heap).GetPixelBytes(), 0);
+}
+
+TEST_F(VirtualPixmap, MakesTilesAtTheFirstLockOrAtOnce)
+{
+    CVirtualPixmap lazy(3, 128, 64, 1, 4, false, false, heap);
+    EXPECT_EQ(lazy.GetTile(1, 0, 0), nullptr);
+    void* pointer = nullptr;
+    lazy.LockTile(1, 0, 0, pointer, false);
+    EXPECT_NE(pointer, nullptr);
+    lazy.UnlockTile(1, 0, 0, pointer, false, false);
+    EXPECT_EQ(pointer, nullptr);
+    EXPECT_EQ(lazy.GetTile(0, 0, 0), nullptr);
+    CVirtualPixmap eager(3, 128, 64, 1, 4, false, true, heap);
+    EXPECT_NE(eager.GetTile(0, 0, 0), nullptr);
+}
+
+TEST_F(VirtualPixmap, RealizesAllTilesWhenItsSizeChanges)
+{
+    CVirtualPixmap pixmap(3, 128, 64, 1, 4, false, false, heap);
+    pixmap.SetSize(128, 64);
+    EXPECT_EQ(pixmap.GetTile(0, 0, 0), nullptr) << "the same size changes nothing";
+    pixmap.SetSize(64, 192);
+    EXPECT_NE(pixmap.GetTile(0, 2, 0), nullptr);
+    EXPECT_EQ(pixmap.GetTileIndex(0, 2, 0), 2U);
+    pixmap.Clear();
+    EXPECT_TRUE(pixmap.GetBounds().IsEmpty());
+    EXPECT_THROW(pixmap.GetTileIndex(0, 0, 0), std::logic_error);
+}
+
+TEST_F(VirtualPixmap, ExchangesTilesWithAnother)
+{
+    CVirtualPixmap a(3, 64, 64, 1, 4, false, true, heap);
+    CVirtualPixmap b(3, 64, 64, 1, 4, false, true, heap);
+    Kesto::CVirtualTile* const tileOfA = a.GetTile(0, 0, 0);
+    Kesto::CVirtualTile* const tileOfB = b.SetTile(0, 0, 0, tileOfA);
+    EXPECT_EQ(a.SetTile(0, 0, 0, tileOfB), tileOfA);
+    EXPECT_EQ(b.GetTile(0, 0, 0), tileOfA);
+}
+
+TEST_F(VirtualPixmap, PagesToTheDiskAndBack)
+{
+    heap.SetBudget(3 << 14);
+    CVirtualPixmap pixmap(5, 1024, 256, 1, 0x80, true, false, heap); // 64 tiles of 16 KiB
+    for (int pass = 0; pass < 3; ++pass)
+        for (std::int32_t i = 0; i < 64; ++i) {
+            void* pointer = nullptr;
+            pixmap.LockTile(i % 16, i / 16, 0, pointer, false);
+            auto* const pixels = static_cast<std::int32_t*>(pointer);
+            if (pass > 0) {
+                ASSERT_EQ(pixels[0], i + pass - 1);
+                ASSERT_EQ(pixels[64 * 64 - 1], i - pass + 1);
+            }
+            pixels[0] = i + pass;
+            pixels[64 * 64 - 1] = i - pass;
+            pixmap.UnlockTile(i % 16, i / 16, 0, pointer, true, false);
+        }
+    EXPECT_LE(heap.AllocatedBytes(), 3U << 14);
+}
+
+} // namespace

@@ -1,0 +1,24 @@
+// Answers the alerts of a test in the user's place, and keeps them.
+#pragma once
+
+#include "foundation/alert.h"
+
+#include <vector>
+
+class AlertCapture final : public Kesto::CAlertHook {
+public:
+    explicit AlertCapture(Kesto::AlertButton answer = Kesto::AlertButton::kOK) : fAnswer(answer) {}
+
+    Kesto::AlertButton Show(const Kesto::AlertBox& box) override
+    {
+        boxes.push_back(box);
+        return fAnswer;
+    }
+    void Beep() override { ++beeps; }
+
+    std::vector<Kesto::AlertBox> boxes;
+    int beeps = 0;
+
+private:
+    Kesto::AlertButton fAnswer;
+};

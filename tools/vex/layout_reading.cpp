@@ -1,0 +1,68 @@
+#include "vex/layout_reading.h"
+
+#include "layout/generator.h"
+#include "layout/keywords.h"
+#include "layout/rapid_view_scope.h"
+
+#include <stdexcept>
+
+namespace Vex {
+
+namespace {
+
+class CRecordingGenerator : public Kesto::CGenerator {
+public:
+    explicit CRecordingGenerator(std::vector<ViewReading>& views) : fViews(views) {}
+
+    void Measure(std::string_view className, Kesto::CExpressionScope* properties, Kesto::CExpressionScope*) override
+    {
+        properties->ListVariables(fViews.emplace_back(ViewReading{std::string(className), {}, {}}).properties);
+    }
+
+    // Views are built in the order in which they were measured.
+    Kesto::CView* Build(std::string_view, Kesto::CExpressionScope* layoutScope, Kesto::CView*) override
+    {
+        layoutScope->ListVariables(fViews[fBuilt++].layout);
+        return nullptr;
+    }
+
+private:
+    std::vector<ViewReading>& fViews;
+    std::size_t fBuilt = 0;
+};
+
+class CReadingListener : public CTreeListener {
+public:
+    explicit CReadingListener(LayoutReading& reading) : fReading(reading) {}
+
+    void ScopeEnds(const Kesto::CExpressionScope& scope, const char* position) override
+    {
+        if (scope.Parent() != nullptr) // the root holds the constants
+            scope.ListVariables(fReading.blocks[position]);
+    }
+
+private:
+    LayoutReading& fReading;
+};
+
+} // namespace
+
+LayoutReading ReadLayout(const CSourceText& source)
+{
+    LayoutReading reading;
+    CRecordingGenerator generator(reading.views);
+    CReadingListener listener(reading);
+    const auto root = Kesto::CRapidViewScope::CreateRootScope(nullptr, &generator, nullptr, &listener, true);
+    for (const Kesto::VexConstant& constant : Kesto::ClassConstants())
+        root->AddConstant(constant.name, constant.value);
+    try {
+        root->Parse(source.Text().c_str());
+    } catch (const std::logic_error& error) {
+        reading.error = error.what();
+    }
+    reading.nodes = listener.Nodes();
+    reading.failure = listener.Failure();
+    return reading;
+}
+
+} // namespace Vex
