@@ -247,6 +247,7 @@ void Arithmetic(std::int32_t size)
 int main()
 {
     cv::setNumThreads(1);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     std::printf("%-28s %5s  %10s  %13s   %s\n", "kernel, 8 bits if not said", "size", "faster", "ours", "peer");
     for (const std::int32_t size : {512, 4096}) {
         Blends(size);
