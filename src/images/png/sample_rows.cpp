@@ -46,7 +46,7 @@ template <std::size_t N>
 inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const PlaneRows& planes, std::size_t at,
                          std::size_t count)
 {
-    for (std::size_t c = 0; c < channels; ++c)
+    for (std::size_t c = 0; c < N && c < channels; ++c)
         if (count == kVector)
             _mm_storeu_si128(reinterpret_cast<__m128i*>(planes[c] + at), vectors.at[c]);
         else

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <random>
 #include <stdexcept>
 
@@ -20,7 +21,7 @@ constexpr Lattice kAdam7[] = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4
 
 void Append(Bytes& out, const Bytes& more)
 {
-    out.insert(out.end(), more.begin(), more.end());
+    std::ranges::copy(more, std::back_inserter(out));
 }
 
 void Append32(Bytes& out, std::uint32_t value)
