@@ -53,8 +53,10 @@ inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const 
             std::memcpy(planes[c] + at, &vectors.at[c], count);
 }
 
+// Splits pixels of N channels into the first `channels` planes from pixel `start` on.
 template <std::size_t N>
-void SplitInto(const std::uint8_t* samples, std::size_t pixels, const PlaneRows& planes)
+void SplitInto(const std::uint8_t* samples, std::size_t pixels, std::size_t channels, const PlaneRows& planes,
+               std::size_t start = 0)
 {
     std::array<std::uint8_t, N * kVector> last{};
     for (std::size_t i = 0; i < pixels; i += kVector) {
@@ -64,7 +66,7 @@ void SplitInto(const std::uint8_t* samples, std::size_t pixels, const PlaneRows&
             from = static_cast<const std::uint8_t*>(std::memcpy(last.data(), from, count * N));
         auto vectors = LoadVectors<N>(from);
         SplitVectors(vectors);
-        StoreVectors(vectors, N, planes, i, count);
+        StoreVectors(vectors, channels, planes, start + i, count);
     }
 }
 
@@ -75,26 +77,25 @@ void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::
         std::memcpy(planes[0], samples, pixels);
         break;
     case 2:
-        SplitInto<2>(samples, pixels, planes);
+        SplitInto<2>(samples, pixels, 2, planes);
         break;
     case 3:
-        SplitInto<3>(samples, pixels, planes);
+        SplitInto<3>(samples, pixels, 3, planes);
         break;
     default:
-        SplitInto<4>(samples, pixels, planes);
+        SplitInto<4>(samples, pixels, 4, planes);
     }
 }
 
 void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::size_t pixels, const PlaneRows& planes)
 {
-    for (std::size_t i = 0; i < pixels; i += kVector) {
-        const std::size_t count = std::min(kVector, pixels - i);
-        alignas(kVector) std::array<std::uint32_t, kVector> found{};
+    // Colours are found piece by piece: read back at once as vectors, they would have to wait for their writing.
+    std::array<std::uint32_t, 256> found;
+    for (std::size_t i = 0; i < pixels; i += found.size()) {
+        const std::size_t count = std::min(found.size(), pixels - i);
         for (std::size_t k = 0; k < count; ++k)
             found[k] = format.palette[indices[i + k]];
-        auto vectors = LoadVectors<4>(reinterpret_cast<const std::uint8_t*>(found.data()));
-        SplitVectors(vectors);
-        StoreVectors(vectors, format.planes, planes, i, count);
+        SplitInto<4>(reinterpret_cast<const std::uint8_t*>(found.data()), count, format.planes, planes, i);
     }
 }
 
