@@ -43,6 +43,24 @@ TestPNG::Picture PhotoLike(std::int32_t side, std::uint8_t colorType)
     });
 }
 
+TestPNG::Picture DitheredPhotoLike(std::int32_t side)
+{
+    const TestPNG::Picture photo = PhotoLike(side, 2);
+    const std::uint8_t* color = photo.samples.data();
+    std::minstd_rand random(2);
+    TestPNG::Picture picture = Painted(side, 3, [&](auto, auto, std::uint8_t* sample) {
+        *sample = 0;
+        for (int c = 0; c < 3; ++c) {
+            const int level = static_cast<int>((*color++ + (random() >> 8) % 51) / 51);
+            *sample = static_cast<std::uint8_t>(*sample * 6 + std::min(level, 5));
+        }
+    });
+    for (int i = 0; i < 216; ++i)
+        for (const int level : {i / 36, i / 6 % 6, i % 6})
+            picture.palette.push_back(static_cast<std::uint8_t>(level * 51));
+    return picture;
+}
+
 TestPNG::Picture DrawingLike(std::int32_t side)
 {
     TestPNG::Picture picture = Painted(side, 3, [](auto x, auto y, std::uint8_t* sample) {

@@ -16,19 +16,21 @@ struct Vectors {
     __m128i at[N];
 };
 
-// Sixteen pixels of N channels, N vectors of their samples in the file's order, become one vector for each channel.
+// Sixteen pixels of N channels, N vectors of their samples in the file's order, become one vector for each channel. Of
+// the 2N halves the first N are interleaved with the last N; four such shuffles bring 16 pixels into order.
 template <std::size_t N>
 inline void SplitVectors(Vectors<N>& vectors)
 {
-    // As 2N halves, the first N are interleaved with the last N; four such shuffles bring 16 pixels into order.
     for (int stage = 0; stage < 4; ++stage) {
-        Vectors<2 * N> halves;
+        const Vectors<N> old = vectors;
         for (std::size_t i = 0; i < N; ++i) {
-            halves.at[2 * i] = vectors.at[i];
-            halves.at[2 * i + 1] = _mm_unpackhi_epi64(vectors.at[i], vectors.at[i]);
+            const __m128i first = old.at[i / 2], last = old.at[(i + N) / 2];
+            if constexpr (N % 2 == 0)
+                vectors.at[i] = i % 2 == 0 ? _mm_unpacklo_epi8(first, last) : _mm_unpackhi_epi8(first, last);
+            else // one half is the lower one of its vector, and the other the upper
+                vectors.at[i] = i % 2 == 0 ? _mm_unpacklo_epi8(first, _mm_unpackhi_epi64(last, last))
+                                           : _mm_unpacklo_epi8(_mm_unpackhi_epi64(first, first), last);
         }
-        for (std::size_t i = 0; i < N; ++i)
-            vectors.at[i] = _mm_unpacklo_epi8(halves.at[i], halves.at[i + N]);
     }
 }
 
@@ -93,7 +95,11 @@ void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::
     std::array<std::uint32_t, 256> found;
     for (std::size_t i = 0; i < pixels; i += found.size()) {
         const std::size_t count = std::min(found.size(), pixels - i);
-        for (std::size_t k = 0; k < count; ++k)
+        std::size_t k = 0;
+        for (; k + 8 <= count; k += 8)
+            for (std::size_t each = k; each < k + 8; ++each)
+                found[each] = format.palette[indices[i + each]];
+        for (; k < count; ++k)
             found[k] = format.palette[indices[i + k]];
         SplitInto<4>(reinterpret_cast<const std::uint8_t*>(found.data()), count, format.planes, planes, i);
     }
