@@ -58,7 +58,7 @@ template <int kPixelBytes, bool kInside>
 inline void StoreRun(const Row& row, std::ptrdiff_t at, __m128i run)
 {
     constexpr std::ptrdiff_t kRun = Lanes<kPixelBytes>::kRun;
-    if (kInside) {
+    if (kInside || (at >= 0 && at + kRun <= row.count)) {
         std::memcpy(row.bytes + at, &run, kRun);
         return;
     }

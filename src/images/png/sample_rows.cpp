@@ -55,21 +55,26 @@ inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const 
             std::memcpy(planes[c] + at, &vectors.at[c], count);
 }
 
-// Splits pixels of N channels into the first `channels` planes from pixel `start` on.
+// Splits the pixels from `start` on, of N channels, into the first `channels` planes.
 template <std::size_t N>
 void SplitInto(const std::uint8_t* samples, std::size_t pixels, std::size_t channels, const PlaneRows& planes,
                std::size_t start = 0)
 {
-    std::array<std::uint8_t, N * kVector> last{};
-    for (std::size_t i = 0; i < pixels; i += kVector) {
-        const std::size_t count = std::min(kVector, pixels - i);
-        const std::uint8_t* from = samples + i * N;
-        if (count < kVector)
-            from = static_cast<const std::uint8_t*>(std::memcpy(last.data(), from, count * N));
+    const auto split = [&](const std::uint8_t* from, std::size_t at, std::size_t count) {
         auto vectors = LoadVectors<N>(from);
         SplitVectors(vectors);
-        StoreVectors(vectors, channels, planes, start + i, count);
+        StoreVectors(vectors, channels, planes, start + at, count);
+    };
+    if (pixels < kVector) {
+        std::array<std::uint8_t, N * kVector> few{};
+        std::memcpy(few.data(), samples, pixels * N);
+        split(few.data(), 0, pixels);
+        return;
     }
+    for (std::size_t i = 0; i + kVector < pixels; i += kVector)
+        split(samples + i * N, i, kVector);
+    const std::size_t last = pixels - kVector; // some of these pixels may be done already
+    split(samples + last * N, last, kVector);
 }
 
 void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels, const PlaneRows& planes)
