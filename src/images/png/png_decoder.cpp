@@ -133,8 +133,8 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::DecodeStream(CContainer& stream)
     std::unique_ptr<CMemoryPixmap> pixmap;
     if (PlaneCount() != 0) {
         pixmap = std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kRowAlignment, 0);
-        if (IsInterlaced())
-            pixmap->Erase();
+        if (IsInterlaced() && fColorType == PNGColor::kRGBA)
+            pixmap->Erase(); // packed passes don't reach every pixel
         TransferTo(*pixmap, data);
     }
     Reset();

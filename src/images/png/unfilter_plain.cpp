@@ -1,11 +1,22 @@
-#include "images/png/paeth.h"
 #include "images/png/unfilter.h"
 
 #include <cstddef>
+#include <cstdlib>
 
 namespace Kesto {
 
 namespace {
+
+// Of the three neighbours the one nearest to left + up - upperLeft; of several the first in this order.
+std::uint8_t Paeth(std::uint8_t left, std::uint8_t up, std::uint8_t upperLeft)
+{
+    const int toLeft = std::abs(up - upperLeft);
+    const int toUp = std::abs(left - upperLeft);
+    const int toUpperLeft = std::abs(left + up - 2 * upperLeft);
+    if (toLeft <= toUp && toLeft <= toUpperLeft)
+        return left;
+    return toUp <= toUpperLeft ? up : upperLeft;
+}
 
 std::uint8_t Predict(std::uint8_t filter, std::uint8_t left, std::uint8_t up, std::uint8_t upperLeft)
 {
