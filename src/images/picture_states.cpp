@@ -27,8 +27,7 @@ bool CPictureStates::LoadPictures(const CResourceName& name, std::int32_t theme)
 {
     const bool dark = theme == kTheme_MediumDark || theme == kTheme_Dark;
     CDualPicture& normal = fPictures[kPicture_Normal];
-    const bool found =
-        (dark && normal.LoadPicture(MakeTag("PIND"), name)) || normal.LoadPicture(MakeTag("PICn"), name);
+    const bool found = (dark && normal.LoadPicture(MakeTag("PIND"), name)) || normal.LoadPicture(MakeTag("PICn"), name);
     for (const StateRow& row : kStates) {
         CDualPicture& picture = fPictures[row.fState];
         if (picture.LoadPicture(row.fTag, name))

@@ -38,8 +38,9 @@ struct Window {
     std::vector<EStateSlot> fSlots;
 };
 
-const Window kWindows[] = {{0xF0F0F0, {kStateSlot_Normal, kStateSlot_Rollover, kStateSlot_Pressed, kStateSlot_Inactive}},
-                           {0x323232, {kStateSlot_Dark, kStateSlot_Pressed, kStateSlot_Inactive}}};
+const Window kWindows[] = {
+    {0xF0F0F0, {kStateSlot_Normal, kStateSlot_Rollover, kStateSlot_Pressed, kStateSlot_Inactive}},
+    {0x323232, {kStateSlot_Dark, kStateSlot_Pressed, kStateSlot_Inactive}}};
 
 constexpr std::int32_t kSheetWidth = 1600;
 constexpr std::int32_t kGap = 8; // pixels around all that is laid out
