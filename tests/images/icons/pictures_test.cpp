@@ -137,7 +137,6 @@ TEST(DualPicture, SharesItsPixmapsUntilOneIsChanged)
 TEST(PictureStates, FillWhatIsMissing)
 {
     CPictureStates states;
-    EXPECT_TRUE(states.LoadPictures("LowOnly", kTheme_Light));
     EXPECT_FALSE(states.LoadPictures("Nothing", kTheme_Dark));
     EXPECT_EQ(states.Get(kPicture_Extra).GetWidth(), 0);
 
