@@ -76,7 +76,10 @@ def read_row(folder, row):
         raise Mistake(f"'{name}' must be up to 47 letters, digits and underscores, a letter first")
     body, width, height = read_drawing(folder / (options.get("drawing", name) + ".svg"))
     if "part" in options:
-        left, top, width, height = numbers(options["part"], 4)
+        left, top, *size = numbers(options["part"], 4)
+        if left + size[0] > width or top + size[1] > height or 0 in size:
+            raise Mistake(f"part={options['part']} must lie in the drawing, which is {width} by {height}")
+        width, height = size
         body = f'<g transform="translate({-left} {-top})">{body}</g>'
     for turn in filter(None, options.get("turn", "").split(",")):
         if turn not in TURNS:
@@ -89,7 +92,10 @@ def read_row(folder, row):
     for state in states:
         if state not in SLOTS:
             raise Mistake(f"'{state}' is no state; they are {', '.join(SLOTS)}")
-    return Icon(name, width, height, body, states, numbers(options.get("hot", "0,0"), 2))
+    hot = numbers(options.get("hot", "0,0"), 2)
+    if hot[0] >= width or hot[1] >= height:
+        raise Mistake(f"hot={options['hot']} must lie in the picture, which is {width} by {height}")
+    return Icon(name, width, height, body, states, hot)
 
 
 def read_table(table):
