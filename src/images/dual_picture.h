@@ -42,9 +42,9 @@ private:
 
 class CDualPicture {
 public:
-    // Loads both densities of a picture by a tag of either, and its hot spot; what was there is dropped. Returns whether
-    // there is a low pixmap: a missing picture is no error and leaves an empty value. Throws the decoder's CError for a
-    // picture that is corrupt, and std::bad_alloc.
+    // Loads both densities of a picture by a tag of either, and its hot spot; what was there is dropped. Returns
+    // whether there is a low pixmap: a missing picture is no error and leaves an empty value. Throws the decoder's
+    // CError for a picture that is corrupt, std::logic_error for a store that is, and std::bad_alloc.
     bool LoadPicture(Tag tag, const CResourceName& name);
     bool LoadPicture(const CResourceName& name) { return LoadPicture(MakeTag("PNGf"), name); }
 
@@ -62,8 +62,8 @@ public:
     // Puts a representation in the place of one density's. Other pictures keep theirs.
     void SetPixmap(CSharedPixmap pixmap, EDensity density) { fPixmaps[density] = std::move(pixmap); }
 
-    // Makes the picture paler: multiplies the alpha of both densities by `opacity`, which counts as 1 above that and as 0
-    // below 0. Pixmaps without alpha stay as they are.
+    // Makes the picture paler: multiplies the alpha of both densities by `opacity`, which counts as 1 above that and as
+    // 0 below 0 or when it is not a number. Pixmaps without alpha stay as they are.
     void Fade(double opacity);
 
 private:

@@ -12,8 +12,8 @@
 
 namespace Kesto {
 
-// Where a module's resources are found: the bytes for a type and a name, or nothing. A number reads "#number". The bytes
-// stay valid as long as the module is loaded.
+// Where a module's resources are found: the bytes for a type and a name, or nothing. A number reads "#number". The
+// bytes stay valid as long as the module is loaded.
 using ResourceModule =
     std::function<std::optional<std::span<const std::byte>>(std::string_view type, std::string_view name)>;
 
