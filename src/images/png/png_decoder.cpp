@@ -24,7 +24,7 @@ constexpr std::int32_t kRowAlignment = 4;
 
 // No deflated byte stands for more than this many. Up to the plausible size a header is believed whatever data follows.
 constexpr std::int32_t kMostExpansion = 1032;
-constexpr std::int32_t kPlausibleSize = 16 << 20;
+constexpr std::int32_t kPlausibleSize = 1 << 20;
 
 [[noreturn]] void ThrowInvalidHeader()
 {

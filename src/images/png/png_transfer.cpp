@@ -60,7 +60,7 @@ SampleFormat CPNGDecoder::Samples() const
 void CPNGDecoder::TransferTo(CBasicPixmap& pixmap, std::span<const std::uint8_t> data) const
 {
     const SampleFormat format = Samples();
-    if (fBitDepth != 8 || format.planes == 0)
+    if (fBitDepth != 8 || format.planes == 0 || fTotalSize == 0)
         return;
     CPixView view;
     pixmap.GetView(view);

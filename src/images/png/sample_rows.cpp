@@ -16,19 +16,21 @@ struct Vectors {
     __m128i at[N];
 };
 
-// Sixteen pixels of N channels, N vectors of their samples in the file's order, become one vector for each channel.
+// Sixteen pixels of N channels, N vectors of their samples in the file's order, become one vector for each channel. Of
+// the 2N halves the first N are interleaved with the last N; four such shuffles bring 16 pixels into order.
 template <std::size_t N>
 inline void SplitVectors(Vectors<N>& vectors)
 {
-    // As 2N halves, the first N are interleaved with the last N; four such shuffles bring 16 pixels into order.
     for (int stage = 0; stage < 4; ++stage) {
-        Vectors<2 * N> halves;
+        const Vectors<N> old = vectors;
         for (std::size_t i = 0; i < N; ++i) {
-            halves.at[2 * i] = vectors.at[i];
-            halves.at[2 * i + 1] = _mm_unpackhi_epi64(vectors.at[i], vectors.at[i]);
+            const __m128i first = old.at[i / 2], last = old.at[(i + N) / 2];
+            if constexpr (N % 2 == 0)
+                vectors.at[i] = i % 2 == 0 ? _mm_unpacklo_epi8(first, last) : _mm_unpackhi_epi8(first, last);
+            else // one half is the lower one of its vector, and the other the upper
+                vectors.at[i] = i % 2 == 0 ? _mm_unpacklo_epi8(first, _mm_unpackhi_epi64(last, last))
+                                           : _mm_unpacklo_epi8(_mm_unpackhi_epi64(first, first), last);
         }
-        for (std::size_t i = 0; i < N; ++i)
-            vectors.at[i] = _mm_unpacklo_epi8(halves.at[i], halves.at[i + N]);
     }
 }
 
@@ -46,15 +48,17 @@ template <std::size_t N>
 inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const PlaneRows& planes, std::size_t at,
                          std::size_t count)
 {
-    for (std::size_t c = 0; c < channels; ++c)
+    for (std::size_t c = 0; c < N && c < channels; ++c)
         if (count == kVector)
             _mm_storeu_si128(reinterpret_cast<__m128i*>(planes[c] + at), vectors.at[c]);
         else
             std::memcpy(planes[c] + at, &vectors.at[c], count);
 }
 
+// Splits pixels of N channels into the first `channels` planes from pixel `start` on.
 template <std::size_t N>
-void SplitInto(const std::uint8_t* samples, std::size_t pixels, const PlaneRows& planes)
+void SplitInto(const std::uint8_t* samples, std::size_t pixels, std::size_t channels, const PlaneRows& planes,
+               std::size_t start = 0)
 {
     std::array<std::uint8_t, N * kVector> last{};
     for (std::size_t i = 0; i < pixels; i += kVector) {
@@ -64,7 +68,7 @@ void SplitInto(const std::uint8_t* samples, std::size_t pixels, const PlaneRows&
             from = static_cast<const std::uint8_t*>(std::memcpy(last.data(), from, count * N));
         auto vectors = LoadVectors<N>(from);
         SplitVectors(vectors);
-        StoreVectors(vectors, N, planes, i, count);
+        StoreVectors(vectors, channels, planes, start + i, count);
     }
 }
 
@@ -75,26 +79,29 @@ void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::
         std::memcpy(planes[0], samples, pixels);
         break;
     case 2:
-        SplitInto<2>(samples, pixels, planes);
+        SplitInto<2>(samples, pixels, 2, planes);
         break;
     case 3:
-        SplitInto<3>(samples, pixels, planes);
+        SplitInto<3>(samples, pixels, 3, planes);
         break;
     default:
-        SplitInto<4>(samples, pixels, planes);
+        SplitInto<4>(samples, pixels, 4, planes);
     }
 }
 
 void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::size_t pixels, const PlaneRows& planes)
 {
-    for (std::size_t i = 0; i < pixels; i += kVector) {
-        const std::size_t count = std::min(kVector, pixels - i);
-        alignas(kVector) std::array<std::uint32_t, kVector> found{};
-        for (std::size_t k = 0; k < count; ++k)
+    // Colours are found piece by piece: read back at once as vectors, they would have to wait for their writing.
+    std::array<std::uint32_t, 256> found;
+    for (std::size_t i = 0; i < pixels; i += found.size()) {
+        const std::size_t count = std::min(found.size(), pixels - i);
+        std::size_t k = 0;
+        for (; k + 8 <= count; k += 8)
+            for (std::size_t each = k; each < k + 8; ++each)
+                found[each] = format.palette[indices[i + each]];
+        for (; k < count; ++k)
             found[k] = format.palette[indices[i + k]];
-        auto vectors = LoadVectors<4>(reinterpret_cast<const std::uint8_t*>(found.data()));
-        SplitVectors(vectors);
-        StoreVectors(vectors, format.planes, planes, i, count);
+        SplitInto<4>(reinterpret_cast<const std::uint8_t*>(found.data()), count, format.planes, planes, i);
     }
 }
 

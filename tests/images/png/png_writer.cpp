@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <random>
 #include <stdexcept>
 
@@ -20,7 +21,7 @@ constexpr Lattice kAdam7[] = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4
 
 void Append(Bytes& out, const Bytes& more)
 {
-    out.insert(out.end(), more.begin(), more.end());
+    std::ranges::copy(more, std::back_inserter(out));
 }
 
 void Append32(Bytes& out, std::uint32_t value)
@@ -68,7 +69,7 @@ Bytes FilteredRows(const Picture& picture, const Bytes& filters)
     const std::int32_t channels = static_cast<std::int32_t>(picture.Channels());
     const Lattice* lattice = picture.interlaced ? kAdam7 : kWhole;
     for (const Lattice* end = lattice + (picture.interlaced ? 7 : 1); lattice != end; ++lattice) {
-        const auto [x0, y0, dx, dy] = *lattice;
+        const std::int32_t x0 = lattice->x0, y0 = lattice->y0, dx = lattice->dx, dy = lattice->dy;
         if (x0 >= picture.width)
             continue;
         const auto sample = [&](std::int32_t x, std::int32_t y, std::int32_t c) -> int {
