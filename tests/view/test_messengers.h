@@ -1,0 +1,95 @@
+// Messengers that write down what is asked of them, and a process that only queues.
+#pragma once
+
+#include "view/messenger.h"
+#include "view/process_link.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+// A node with a letter for a name. What it is asked and told goes to one log: "a?" the surrender question, "a+T" became
+// target, "a-B" lost bullseye and so on.
+class Node : public Kesto::CMessenger {
+public:
+    static constexpr std::uint32_t kBoth = kCanTarget | kCanBullseye;
+
+    explicit Node(const char* name, CMessenger* parent = nullptr, std::uint32_t abilities = kBoth)
+        : CMessenger(parent, Kesto::CObjID(name), abilities), fName(name)
+    {
+    }
+
+    static inline std::string gLog;
+    static std::string TakeLog() { return std::exchange(gLog, {}); }
+
+    bool CanSurrender(bool) override
+    {
+        Note("?");
+        return !fRefuses;
+    }
+    void OnBecameTarget() override { Note("+T"); }
+    void OnLostTarget() override { Note("-T"); }
+    void TargetChanged() override { Note("+B"); }
+    void BullseyeLost() override
+    {
+        Note("-B");
+        if (const auto whenLost = fWhenLost) // the node may be gone before it is done
+            whenLost();
+    }
+    void OnTargetEnable() override { Note("t"); }
+    void OnTargetDisable() override { Note("!t"); }
+    void OnBullseyeEnable() override { Note("b"); }
+    void OnBullseyeDisable() override { Note("!b"); }
+    void OnUpdateOwn() override { Note("o"); }
+    void OnUpdateChain() override { Note("c"); }
+    void OnBroadcast(void*, bool flag) override { Note(flag ? "*" : "."); }
+
+    bool HandleCommand(Kesto::CCommandMessage& message) override { return Handle("cmd", message); }
+    bool HandleValue(Kesto::CValueMessage& message) override { return Handle("val", message); }
+    bool HandleKey(Kesto::CKeyboardMessage& message) override { return Handle("key", message); }
+    bool HandleMenu(Kesto::CMenuMessage& message) override { return Handle("menu", message); }
+    bool HandleOther(Kesto::CMessage& message) override { return Handle("other", message); }
+
+    bool fRefuses = false;
+    std::function<void()> fWhenLost;
+    std::function<bool(Kesto::CMessage&)> fHandler; // none: not eaten
+
+private:
+    void Note(const char* what) { gLog += fName + what + ' '; }
+    bool Handle(const char* family, Kesto::CMessage& message)
+    {
+        Note(family);
+        const auto handler = fHandler; // here too
+        return handler && handler(message);
+    }
+
+    std::string fName;
+};
+
+class QueueingProcess : public Node, public Kesto::CProcessLink {
+public:
+    QueueingProcess() : Node("P"), fBefore(SetCurrent(this)) {}
+    ~QueueingProcess() override { SetCurrent(fBefore); }
+
+    CMessenger& ProcessMessenger() override { return *this; }
+    void PostEvent(std::unique_ptr<Kesto::CProcessEvent> event) override { fEvents.push_back(std::move(event)); }
+    void ForgetMessenger(CMessenger* messenger) override
+    {
+        std::erase_if(fEvents, [messenger](const auto& event) {
+            event->MessengerGone(messenger);
+            return !event->IsAlive();
+        });
+    }
+
+    void DispatchAll()
+    {
+        for (const auto& event : std::exchange(fEvents, {}))
+            event->Dispatch();
+    }
+
+    std::vector<std::unique_ptr<Kesto::CProcessEvent>> fEvents;
+
+private:
+    CProcessLink* fBefore;
+};
