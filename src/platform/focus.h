@@ -3,10 +3,9 @@
 // A system without native windows keeps the one that was set last, and calls it the active one as well.
 #pragma once
 
-namespace Platform {
+#include "platform/native_window.h"
 
-// A native window; null is none.
-using NativeWindow = void*;
+namespace Platform {
 
 // The window of this thread that gets the keys, or null.
 NativeWindow FocusedWindow();

@@ -7,16 +7,15 @@
 // All calls but PostToQueue are for the thread that owns the queue.
 #pragma once
 
+#include "platform/native_window.h"
+
 #include <cstdint>
 #include <optional>
 
 namespace Platform {
 
-// A native window; null is none. Then the message is for the thread.
-using NativeWindow = void*;
-
 struct QueuedMessage {
-    NativeWindow window = nullptr;
+    NativeWindow window = nullptr; // null: for the thread
     std::uint32_t number = 0;
     std::uintptr_t first = 0; // two parameters, whose meaning the number gives
     std::intptr_t second = 0;

@@ -4,11 +4,13 @@
 // concrete class is a CMessageOf, which brings the clone and, through its base, the family that it belongs to.
 #pragma once
 
+#include "platform/keyboard.h"
 #include "view/object_id.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <type_traits>
 
 namespace Kesto {
 
@@ -16,6 +18,9 @@ class CMenu;
 class CMenuItem;
 class CMessenger;
 
+using Platform::KeyMoment;
+
+// The constructors read which modifiers are down, at the moment that `keys` names, and the time.
 class CMessage {
 public:
     // Bits of fModifiers.
@@ -29,9 +34,6 @@ public:
     // Bits of fFlags.
     static constexpr std::uint32_t kMessage_Posted = 1U << 0; // set on the clone of a posted message
 
-    // Which moment the modifiers are read at: that of the platform's message in hand, or right now.
-    enum class KeyState : std::uint8_t { kAtMessage, kNow };
-
     virtual ~CMessage() = default;
 
     // A copy in memory of its own.
@@ -40,8 +42,8 @@ public:
     // Hands the message to the operation of `receiver` for its family, and returns whether it was eaten.
     virtual bool SendTo(CMessenger& receiver);
 
-    // Appends a few words for the recorder's line: the class, and what it carries.
-    virtual void Describe(std::string& line) const = 0;
+    // Appends what the message carries, a blank before each word, to the recorder's line. The base appends nothing.
+    virtual void Describe(std::string& line) const;
 
     CMessenger* fSource; // who sent it; null for nobody, and once that messenger is gone
     std::uint32_t fModifiers;
@@ -50,7 +52,7 @@ public:
     std::uint32_t fFlags = 0;
 
 protected:
-    CMessage(CMessenger* source, CObjID id, KeyState keys);
+    CMessage(CMessenger* source, CObjID id, KeyMoment keys);
     CMessage(const CMessage&) = default;
     CMessage& operator=(const CMessage&) = default;
 };
@@ -73,7 +75,7 @@ public:
     // `id` is one of the eight key ids. `repeat` is the platform's count, 1 for a key that goes up; `wasDown` says that
     // the key was down already.
     CKeyboardMessage(CMessenger* source, CObjID id, std::uint32_t keyCode, std::uint32_t character,
-                     std::uint32_t repeat = 1, bool wasDown = false, KeyState keys = KeyState::kAtMessage);
+                     std::uint32_t repeat = 1, bool wasDown = false, KeyMoment keys = KeyMoment::kLastMessage);
 
     bool SendTo(CMessenger& receiver) override;
     void Describe(std::string& line) const override;
@@ -88,7 +90,7 @@ public:
 class CMenuMessage : public CMessageOf<CMenuMessage> {
 public:
     CMenuMessage(CMessenger* source, CObjID id, CMenu* menu, CMenuItem* item, std::uint32_t index, bool enable,
-                 KeyState keys = KeyState::kAtMessage);
+                 KeyMoment keys = KeyMoment::kLastMessage);
 
     bool SendTo(CMessenger& receiver) override;
     void Describe(std::string& line) const override;
@@ -102,17 +104,14 @@ public:
 // A command without a value: a button pressed, an item chosen.
 class CCommandMessage : public CMessageOf<CCommandMessage> {
 public:
-    explicit CCommandMessage(CMessenger* source, CObjID id, KeyState keys = KeyState::kAtMessage);
+    explicit CCommandMessage(CMessenger* source, CObjID id, KeyMoment keys = KeyMoment::kLastMessage);
 
     bool SendTo(CMessenger& receiver) override;
-    void Describe(std::string& line) const override;
 };
 
 class CMenuCommand : public CMessageOf<CMenuCommand, CCommandMessage> {
 public:
-    CMenuCommand(CMessenger* source, CObjID id, CMenuItem* item, KeyState keys = KeyState::kAtMessage);
-
-    void Describe(std::string& line) const override;
+    CMenuCommand(CMessenger* source, CObjID id, CMenuItem* item, KeyMoment keys = KeyMoment::kLastMessage);
 
     CMenuItem* fItem; // the chosen one
 };
@@ -125,12 +124,16 @@ public:
     static constexpr std::uint32_t kPhase_Final = 1;
 
     CValueMessage(CMessenger* source, CObjID id, std::uint32_t phase = kPhase_Final,
-                  KeyState keys = KeyState::kAtMessage);
+                  KeyMoment keys = KeyMoment::kLastMessage);
 
     bool SendTo(CMessenger& receiver) override;
     void Describe(std::string& line) const override;
 
     std::uint32_t fPhase;
+
+protected:
+    static void DescribeChange(std::string& line, double oldValue, double value);
+    static void DescribeChange(std::string& line, CObjID oldValue, CObjID value);
 };
 
 // A value with its type: CObjID of a radio group, unsigned of a list, EButtonValue of a button.
@@ -138,9 +141,18 @@ template <class T>
 class CValMsg : public CMessageOf<CValMsg<T>, CValueMessage> {
 public:
     CValMsg(CMessenger* source, CObjID id, T value, T oldValue, std::uint32_t phase = CValueMessage::kPhase_Final,
-            CMessage::KeyState keys = CMessage::KeyState::kAtMessage)
+            KeyMoment keys = KeyMoment::kLastMessage)
         : CMessageOf<CValMsg<T>, CValueMessage>(source, id, phase, keys), fValue(value), fOldValue(oldValue)
     {
+    }
+
+    void Describe(std::string& line) const override
+    {
+        CValueMessage::Describe(line);
+        if constexpr (std::is_same_v<T, CObjID>)
+            this->DescribeChange(line, fOldValue, fValue);
+        else
+            this->DescribeChange(line, static_cast<double>(fOldValue), static_cast<double>(fValue));
     }
 
     T fValue;
@@ -154,7 +166,7 @@ template <>
 class CValMsg<CNumber> : public CMessageOf<CValMsg<CNumber>, CValueMessage> {
 public:
     CValMsg(CMessenger* source, CObjID id, double value, double oldValue, double startValue,
-            std::uint32_t phase = kPhase_Final, KeyState keys = KeyState::kAtMessage);
+            std::uint32_t phase = kPhase_Final, KeyMoment keys = KeyMoment::kLastMessage);
 
     void Describe(std::string& line) const override;
 
@@ -167,7 +179,7 @@ public:
 class CScrollMessage : public CMessageOf<CScrollMessage> {
 public:
     CScrollMessage(CMessenger* source, CObjID id, double delta, std::uint32_t part,
-                   KeyState keys = KeyState::kAtMessage);
+                   KeyMoment keys = KeyMoment::kLastMessage);
 
     void Describe(std::string& line) const override;
 

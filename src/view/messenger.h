@@ -9,9 +9,8 @@
 // refusal leaves all above it as it was; with `force` the question is asked and the answer passed over.
 //
 // A messenger may die at any time, in a handler or hook of its own too: a climb goes on at the parent that it had, and a
-// move of the focus in which it had a part ends with false. A parent that dies before its children is no parent of
-// theirs any more (SetParentMessenger). All on one thread; a virtual base, so that what is a view and an executable
-// is one messenger.
+// move of the focus that leads to it ends with false. A parent outlives its children, or they are moved away before.
+// All on one thread; a virtual base, so that what is a view and an executable is one messenger.
 #pragma once
 
 #include "platform/focus.h"
@@ -21,8 +20,6 @@
 #include <cstdint>
 
 namespace Kesto {
-
-class CMessengerWatch;
 
 class CMessenger {
 public:
@@ -168,10 +165,12 @@ public:
     void SetParentMessenger(CMessenger* parent);
 
 private:
-    friend class CMessengerWatch;
-
     template <class Message, bool (CMessenger::*handle)(Message&), bool (CMessenger::*send)(Message&)>
     bool Climb(Message& message);
+    template <class Witness, class Message, bool (CMessenger::*handle)(Message&), bool (CMessenger::*send)(Message&)>
+    bool ClimbBefore(Message& message);
+
+    void LeaveParentTarget();
 
     bool Has(std::uint32_t flag) const { return (fFlags & flag) != 0; }
     void Set(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
