@@ -9,11 +9,20 @@
 namespace Kesto {
 namespace {
 
-using Platform::IsKeyDown;
-using Platform::Key;
+template <class... Words>
+void AppendWords(std::string& line, const Words&... words)
+{
+    std::ostringstream text;
+    (text << ... << words);
+    line += text.str();
+}
+
+} // namespace
 
 std::uint32_t ReadModifiers(KeyMoment keys)
 {
+    using Platform::IsKeyDown;
+    using Platform::Key;
     std::uint32_t modifiers = 0;
     if (IsKeyDown(Key::kControl, keys))
         modifiers |= CMessage::kModifier_Control | CMessage::kModifier_Command;
@@ -27,16 +36,6 @@ std::uint32_t ReadModifiers(KeyMoment keys)
         modifiers |= CMessage::kModifier_Space;
     return modifiers;
 }
-
-template <class... Words>
-void AppendWords(std::string& line, const Words&... words)
-{
-    std::ostringstream text;
-    (text << ... << words);
-    line += text.str();
-}
-
-} // namespace
 
 CMessage::CMessage(CMessenger* source, CObjID id, KeyMoment keys)
     : fSource(source), fModifiers(ReadModifiers(keys)), fTime(Platform::TickCount() / 1000.0), fID(id)

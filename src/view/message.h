@@ -21,6 +21,9 @@ class CMessenger;
 using Platform::KeyMoment;
 
 // The constructors read which modifiers are down, at the moment that `keys` names, and the time.
+// The modifiers of the keyboard at a moment, as bits of CMessage::fModifiers.
+std::uint32_t ReadModifiers(KeyMoment moment);
+
 class CMessage {
 public:
     // Bits of fModifiers.

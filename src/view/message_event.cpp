@@ -9,13 +9,11 @@ namespace Kesto {
 
 const CMessageEvent* CMessageEvent::Post(const CMessage& message, CMessenger* to, Routing routing, std::int8_t priority)
 {
-    CProcessLink* const process = CProcessLink::Current();
-    if (process == nullptr || (routing == Routing::kMessenger && to == nullptr))
+    if (routing == Routing::kMessenger && to == nullptr)
         return nullptr;
     auto event = std::make_unique<CMessageEvent>(message.Clone(), to, routing, priority);
     const CMessageEvent* const posted = event.get();
-    process->PostEvent(std::move(event));
-    return posted;
+    return CProcessLink::Post(std::move(event)) ? posted : nullptr;
 }
 
 CMessageEvent::CMessageEvent(std::unique_ptr<CMessage> message, CMessenger* to, Routing routing, std::int8_t priority)

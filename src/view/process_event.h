@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 namespace Kesto {
 
@@ -28,7 +29,10 @@ public:
     std::int8_t Priority() const { return fPriority; }
 
 private:
-    double fTime; // seconds of the tick count at creation
+    friend class CEventList;
+
+    std::unique_ptr<CProcessEvent> fNext; // the one that was posted next with the same priority, while this one waits
+    double fTime;                         // seconds of the tick count at creation
     std::int8_t fPriority;
 };
 

@@ -1,22 +1,35 @@
 #include "view/process_link.h"
 
-#include <atomic>
+#include <mutex>
+#include <utility>
 
 namespace Kesto {
 namespace {
 
-std::atomic<CProcessLink*> gCurrent = nullptr;
+std::mutex gMutex;
+CProcessLink* gCurrent = nullptr;
 
-}
+} // namespace
 
 CProcessLink* CProcessLink::Current()
 {
-    return gCurrent.load(std::memory_order_acquire);
+    const std::lock_guard lock(gMutex);
+    return gCurrent;
 }
 
 CProcessLink* CProcessLink::SetCurrent(CProcessLink* process)
 {
-    return gCurrent.exchange(process, std::memory_order_acq_rel);
+    const std::lock_guard lock(gMutex);
+    return std::exchange(gCurrent, process);
+}
+
+bool CProcessLink::Post(std::unique_ptr<CProcessEvent> event)
+{
+    const std::lock_guard lock(gMutex);
+    if (gCurrent == nullptr)
+        return false;
+    gCurrent->PostEvent(std::move(event));
+    return true;
 }
 
 } // namespace Kesto

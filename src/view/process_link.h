@@ -1,4 +1,7 @@
 // What messengers ask of the process above them. The process class derives from this and makes itself current.
+//
+// A lock guards the pointer to the current process. Post keeps it for as long as it takes to queue the event, so that a
+// process that goes on its own thread doesn't go meanwhile.
 #pragma once
 
 #include "view/process_event.h"
@@ -18,6 +21,9 @@ public:
 
     // Makes `process` current, which its maker keeps alive; null for none. Returns the former one or null.
     static CProcessLink* SetCurrent(CProcessLink* process);
+
+    // Queues an event with the current process; false, and the event is gone, without one. May be called from any thread.
+    static bool Post(std::unique_ptr<CProcessEvent> event);
 
     // The process as the messenger at the top of all chains.
     virtual CMessenger& ProcessMessenger() = 0;

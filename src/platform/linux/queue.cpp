@@ -36,8 +36,8 @@ bool Has(MessageRange range, std::uint32_t number)
 std::pair<std::size_t, bool> KeyOf(const QueuedMessage& message)
 {
     using namespace Number;
-    const std::size_t extra = (message.first >> 16) == 1 ? std::size_t(Key::kBackwardButton)
-                                                         : std::size_t(Key::kForwardButton);
+    const std::size_t extra =
+        (message.first >> 16) == 1 ? std::size_t(Key::kBackwardButton) : std::size_t(Key::kForwardButton);
     switch (message.number) {
     case kKeyDown:
     case kSysKeyDown:
@@ -126,8 +126,8 @@ void Queue::AddInput(const QueuedMessage& message, std::u16string text)
     const std::lock_guard lock(fMutex);
     fKeysNow.Follow(message);
     fCursor = {message.x, message.y};
-    if (message.number == Number::kMouseMove && !fInput.empty() &&
-        fInput.back().message.number == Number::kMouseMove && fInput.back().message.window == message.window)
+    if (message.number == Number::kMouseMove && !fInput.empty() && fInput.back().message.number == Number::kMouseMove &&
+        fInput.back().message.window == message.window)
         fInput.back().message = message;
     else
         fInput.push_back({message, std::move(text)});
@@ -201,8 +201,8 @@ std::optional<QueuedMessage> Queue::TakePaint(MessageRange range) const
 
 std::optional<QueuedMessage> Queue::TakeTimer(Peek peek, MessageRange range)
 {
-    const auto first = std::min_element(fTimers.begin(), fTimers.end(),
-                                        [](const Timer& a, const Timer& b) { return a.due < b.due; });
+    const auto first =
+        std::min_element(fTimers.begin(), fTimers.end(), [](const Timer& a, const Timer& b) { return a.due < b.due; });
     const std::uint64_t now = Now();
     if (first == fTimers.end() || first->due > now || !Has(range, Number::kTimer))
         return std::nullopt;

@@ -112,7 +112,8 @@ bool TranslateCommandKeys(NativeWindow window, void* table, const QueuedMessage&
 
 std::uintptr_t ArmTimer(NativeWindow window, std::uintptr_t number, std::uint32_t milliseconds)
 {
-    return SetTimer(static_cast<HWND>(window), number, milliseconds, nullptr);
+    const std::uintptr_t given = SetTimer(static_cast<HWND>(window), number, milliseconds, nullptr);
+    return given != 0 && window != nullptr ? number : given; // for a window the system only says that it went well
 }
 
 void DisarmTimer(NativeWindow window, std::uintptr_t number)
