@@ -242,7 +242,8 @@ std::optional<std::uint64_t> Queue::NextDue() const
 
 void Queue::Wait(std::optional<std::uint32_t> milliseconds)
 {
-    std::optional<std::uint64_t> wait = milliseconds;
+    constexpr std::uint64_t kForever = ~std::uint64_t{0};
+    std::uint64_t wait = milliseconds ? *milliseconds : kForever;
     std::function<void()> read;
     std::array<pollfd, 2> descriptors{};
     {
@@ -252,12 +253,13 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds)
         else if (const auto due = NextDue()) {
             const std::uint64_t now = Now();
             const std::uint64_t left = *due > now ? *due - now : 0;
-            wait = std::min(wait.value_or(left), left);
+            wait = std::min(wait, left);
         }
         descriptors = {pollfd{fBell, POLLIN, 0}, pollfd{fSource, POLLIN, 0}};
         read = fReadSource;
     }
-    poll(descriptors.data(), descriptors.size(), wait ? static_cast<int>(std::min<std::uint64_t>(*wait, 60000)) : -1);
+    poll(descriptors.data(), descriptors.size(),
+         wait != kForever ? static_cast<int>(std::min<std::uint64_t>(wait, 60000)) : -1);
     std::uint64_t rung = 0;
     [[maybe_unused]] const ssize_t got = ::read(fBell, &rung, sizeof rung);
     if (descriptors[1].revents != 0 && read)
