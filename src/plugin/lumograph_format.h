@@ -89,7 +89,7 @@ private:
     // The shapes of the handlers.
     void BeginSelector(int16_t selector, HostFormatRecord* record, intptr_t* data);
     int16_t Prepare(int16_t selector, HostFormatRecord* record, intptr_t* data, Question operation);
-    int16_t Start(int16_t selector, HostFormatRecord* record, intptr_t* data, Question operation);
+    int16_t StartPhase(int16_t selector, HostFormatRecord* record, intptr_t* data, Question operation);
     int16_t Ask(int16_t selector, HostFormatRecord* record, intptr_t* data, Question operation);
     int16_t Tell(int16_t selector, HostFormatRecord* record, intptr_t* data, Command operation);
 };

@@ -26,7 +26,7 @@ int16_t CLumographFormat::Prepare(int16_t selector, HostFormatRecord* record, in
     return RunInFrame([&] { return ResultOf(WithRequiredMemory() && (this->*operation)()); });
 }
 
-int16_t CLumographFormat::Start(int16_t selector, HostFormatRecord* record, intptr_t* data, Question operation)
+int16_t CLumographFormat::StartPhase(int16_t selector, HostFormatRecord* record, intptr_t* data, Question operation)
 {
     BeginSelector(selector, record, data);
     return RunInFrame([&] {
@@ -108,7 +108,7 @@ int16_t CLumographFormat::HandleReadPrepare(HostFormatRecord* record, intptr_t* 
 
 int16_t CLumographFormat::HandleReadStart(HostFormatRecord* record, intptr_t* data)
 {
-    return Start(kFormatReadStart, record, data, &CLumographFormat::DoReadStart);
+    return StartPhase(kFormatReadStart, record, data, &CLumographFormat::DoReadStart);
 }
 
 int16_t CLumographFormat::HandleReadContinue(HostFormatRecord* record, intptr_t* data)
@@ -143,7 +143,7 @@ int16_t CLumographFormat::HandleOptionsPrepare(HostFormatRecord* record, intptr_
 
 int16_t CLumographFormat::HandleOptionsStart(HostFormatRecord* record, intptr_t* data)
 {
-    return Start(kFormatOptionsStart, record, data, &CLumographFormat::DoOptionsStart);
+    return StartPhase(kFormatOptionsStart, record, data, &CLumographFormat::DoOptionsStart);
 }
 
 int16_t CLumographFormat::HandleOptionsContinue(HostFormatRecord* record, intptr_t* data)
@@ -163,7 +163,7 @@ int16_t CLumographFormat::HandleEstimatePrepare(HostFormatRecord* record, intptr
 
 int16_t CLumographFormat::HandleEstimateStart(HostFormatRecord* record, intptr_t* data)
 {
-    return Start(kFormatEstimateStart, record, data, &CLumographFormat::DoEstimateStart);
+    return StartPhase(kFormatEstimateStart, record, data, &CLumographFormat::DoEstimateStart);
 }
 
 int16_t CLumographFormat::HandleEstimateContinue(HostFormatRecord* record, intptr_t* data)
@@ -183,7 +183,7 @@ int16_t CLumographFormat::HandleWritePrepare(HostFormatRecord* record, intptr_t*
 
 int16_t CLumographFormat::HandleWriteStart(HostFormatRecord* record, intptr_t* data)
 {
-    return Start(kFormatWriteStart, record, data, &CLumographFormat::DoWriteStart);
+    return StartPhase(kFormatWriteStart, record, data, &CLumographFormat::DoWriteStart);
 }
 
 int16_t CLumographFormat::HandleWriteContinue(HostFormatRecord* record, intptr_t* data)

@@ -1,6 +1,8 @@
 #include "plugin/process_setup.h"
 
+#include "foundation/service.h"
 #include "platform/process.h"
+#include "view/desktop.h"
 #include "view/process.h"
 
 namespace Kesto {
@@ -10,6 +12,7 @@ void SetUpProcess()
     Platform::MakeProcessDpiAware();
     Platform::ReadyCommonControls();
     CProcess::NoteMainThread();
+    CServiceT<CDesktop>::Get();
 }
 
 } // namespace Kesto

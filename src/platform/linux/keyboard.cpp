@@ -1,5 +1,7 @@
 #include "platform/keyboard.h"
 
+#include "platform/linux/queue.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdlib>
@@ -32,6 +34,16 @@ ModifierKeys HeldModifierKeys()
         return {};
     return {(reply->mask & XCB_KEY_BUT_MASK_CONTROL) != 0, (reply->mask & XCB_KEY_BUT_MASK_MOD_1) != 0,
             (reply->mask & XCB_KEY_BUT_MASK_SHIFT) != 0};
+}
+
+bool IsKeyDown(Key key, KeyMoment moment)
+{
+    return Queue::Get().IsKeyDown(key, moment);
+}
+
+bool IsKeyOn(Key key)
+{
+    return Queue::Get().IsKeyOn(key);
 }
 
 } // namespace Platform

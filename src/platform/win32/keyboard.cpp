@@ -3,18 +3,22 @@
 #include <windows.h>
 
 namespace Platform {
-namespace {
 
-bool IsDown(int key)
+bool IsKeyDown(Key key, KeyMoment moment)
 {
-    return GetAsyncKeyState(key) < 0;
+    const int number = static_cast<int>(key);
+    return (moment == KeyMoment::kNow ? GetAsyncKeyState(number) : GetKeyState(number)) < 0;
 }
 
-} // namespace
+bool IsKeyOn(Key key)
+{
+    return (GetKeyState(static_cast<int>(key)) & 1) != 0;
+}
 
 ModifierKeys HeldModifierKeys()
 {
-    return {IsDown(VK_CONTROL), IsDown(VK_MENU), IsDown(VK_SHIFT)};
+    return {IsKeyDown(Key::kControl, KeyMoment::kNow), IsKeyDown(Key::kAlt, KeyMoment::kNow),
+            IsKeyDown(Key::kShift, KeyMoment::kNow)};
 }
 
 } // namespace Platform

@@ -1,6 +1,6 @@
 #include "platform/process.h"
 
-#include <windows.h>
+#include "platform/win32/late_function.h"
 
 #include <commctrl.h>
 
@@ -9,11 +9,8 @@ namespace Platform {
 // Looked up by name, since systems before version 6 don't have the function.
 void MakeProcessDpiAware()
 {
-    using Function = BOOL(WINAPI*)();
-    const HMODULE user = GetModuleHandleW(L"user32.dll");
-    const auto function = user != nullptr ? GetProcAddress(user, "SetProcessDPIAware") : nullptr;
-    if (function != nullptr)
-        reinterpret_cast<Function>(reinterpret_cast<void*>(function))();
+    if (const auto set = FindUserFunction<BOOL WINAPI()>("SetProcessDPIAware"))
+        set();
 }
 
 void ReadyCommonControls()

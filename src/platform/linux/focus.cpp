@@ -1,0 +1,25 @@
+#include "platform/focus.h"
+
+namespace Platform {
+namespace {
+
+NativeWindow gFocused = nullptr;
+
+}
+
+NativeWindow FocusedWindow()
+{
+    return gFocused;
+}
+
+void FocusWindow(NativeWindow window)
+{
+    gFocused = window;
+}
+
+NativeWindow FrontmostWindow()
+{
+    return gFocused;
+}
+
+} // namespace Platform

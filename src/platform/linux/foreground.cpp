@@ -1,0 +1,10 @@
+#include "platform/foreground.h"
+
+namespace Platform {
+
+bool IsProcessForeground()
+{
+    return true;
+}
+
+} // namespace Platform

@@ -1,0 +1,54 @@
+#include "platform/linux/input.h"
+#include "platform/message_numbers.h"
+#include "test_messengers.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class Windowed : public Node {
+public:
+    Windowed(const char* name, CMessenger* parent) : CMessenger(parent, Kesto::CObjID(name), kBoth), Node(name) {}
+    Platform::NativeWindow GetSystemWindow() override { return this; }
+};
+
+// Linux takes any address for a native window.
+TEST(NativeFocusTest, FollowsTheBullseye)
+{
+    NotingProcess process;
+    Windowed window("w", &process);
+    Node field("f", &window);
+    EXPECT_TRUE(field.BecomeBullseyeAndNotify(false));
+    EXPECT_EQ(Platform::FocusedWindow(), &window);
+    EXPECT_EQ(field.GetParentSystemWindow(), &window);
+    EXPECT_TRUE(process.BecomeBullseye(false));
+    EXPECT_EQ(Platform::FocusedWindow(), &window) << "one without a window takes it from none";
+    Platform::FocusWindow(nullptr);
+}
+
+TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
+{
+    using Kesto::CCommandMessage;
+    using Kesto::KeyMoment;
+    const auto modifiers = [](KeyMoment moment) { return CCommandMessage(nullptr, {}, moment).fModifiers; };
+    const std::pair<Platform::Key, std::uint32_t> cases[] = {
+        {Platform::Key::kControl, CCommandMessage::kModifier_Control | CCommandMessage::kModifier_Command},
+        {Platform::Key::kAlt, CCommandMessage::kModifier_Alt},
+        {Platform::Key::kShift, CCommandMessage::kModifier_Shift},
+        {Platform::Key::kSpace, CCommandMessage::kModifier_Space}};
+    for (const auto& [key, bits] : cases) {
+        Platform::QueuedMessage input;
+        for (const std::uint32_t number : {Platform::Number::kKeyDown, Platform::Number::kKeyUp}) {
+            const bool down = number == Platform::Number::kKeyDown;
+            input.number = number;
+            input.first = static_cast<std::uintptr_t>(key);
+            Platform::InjectInput(input);
+            EXPECT_EQ(modifiers(KeyMoment::kNow), down ? bits : 0);
+            EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? 0 : bits);
+            EXPECT_TRUE(Platform::PeekQueue(Platform::Peek::kRemove).has_value());
+            EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? bits : 0);
+        }
+    }
+}
+
+} // namespace

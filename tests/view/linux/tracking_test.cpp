@@ -1,0 +1,298 @@
+// What the pump does with the input of the mouse, the pen and the keyboard.
+#include "test_pump.h"
+#include "test_window.h"
+
+#include "foundation/service.h"
+#include "platform/keyboard.h"
+#include "platform/linux/input.h"
+#include "view/desktop.h"
+#include "view/message_ids.h"
+#include "view/mouse_history.h"
+#include "view/tracker.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+#include <string>
+
+namespace {
+
+using namespace Platform::Number;
+using Kesto::CDesktop;
+using Kesto::CMouseEvent;
+using Kesto::CTracker;
+using testing::ElementsAre;
+
+class Follow : public CTracker {
+public:
+    explicit Follow(std::uint32_t options = 0) : CTracker(Kesto::kMouseButton_Primary, options) {}
+
+    bool Track(const CMouseEvent& event) override
+    {
+        xs.push_back(event.fPoint.x);
+        return takes;
+    }
+    void Idle(double) override { ++idles; }
+
+    void Hold() { fState |= kState_Running; }
+
+    bool takes = false;
+    int idles = 0;
+    std::vector<int> xs;
+};
+
+class Input : public testing::Test {
+protected:
+    PumpedProcess process;
+    TestWindow window;
+
+    ~Input() override { Kesto::CServiceT<CDesktop>::Holder().Destroy(); }
+
+    void Inject(std::uint32_t number, std::uint32_t time, std::int32_t x = 0, std::uintptr_t first = 0)
+    {
+        Platform::InjectInput({window.Handle(), number, first, 0, time, x, 0});
+    }
+    void PumpQuiet()
+    {
+        while (process.GetNextEvent(Kesto::CProcess::kEvent_Poll)) {
+        }
+    }
+    void Release()
+    {
+        Inject(kLeftUp, 100);
+        PumpQuiet();
+    }
+};
+
+TEST_F(Input, ATrackerEndsWithItsButton)
+{
+    Follow tracker;
+    tracker.Hold();
+    EXPECT_TRUE(process.PumpTracker(tracker)) << "the button isn't down at all";
+    EXPECT_FALSE(tracker.IsRunning());
+    Inject(kLeftDown, 1);
+    Inject(kLeftUp, 2);
+    Inject(kLeftDown, 3); // pressed anew before the release was looked at
+    PumpQuiet();
+    tracker.Hold();
+    Inject(kLeftUp, 4);
+    Inject(kLeftDown, 5);
+    EXPECT_TRUE(process.PumpTracker(tracker));
+    EXPECT_FALSE(tracker.IsRunning());
+    EXPECT_THAT(tracker.xs, ElementsAre()) << "the release is for the window";
+    Release();
+}
+
+TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
+{
+    Follow tracker(CTracker::kOption_Idle);
+    tracker.Hold();
+    Inject(kLeftDown, 1);
+    PumpQuiet();
+    window.received.clear();
+    Inject(kKeyDown, std::numeric_limits<std::uint32_t>::max()); // the clock starts over between the two
+    Inject(kMouseMove, 3, 50);
+    Platform::PostToQueue(window.Handle(), kUser);
+    process.PostMark(0, 1);
+    for (int turn = 0; turn < 2; ++turn)
+        EXPECT_TRUE(process.PumpTracker(tracker));
+    EXPECT_THAT(window.received, ElementsAre(kKeyDown, kMouseMove));
+    EXPECT_EQ(tracker.idles, 0);
+    EXPECT_FALSE(process.PumpTracker(tracker));
+    EXPECT_EQ(tracker.idles, 1);
+    EXPECT_THAT(process.log, ElementsAre(1));
+    tracker.takes = true;
+    EXPECT_FALSE(process.PumpTracker(tracker));
+    EXPECT_EQ(tracker.idles, 1) << "the event was taken";
+    EXPECT_THAT(tracker.xs, ElementsAre(50, 50, 50, 50)) << "where the cursor is, not where it was";
+    Release();
+}
+
+TEST_F(Input, TheHistoryBringsEachPlaceOnce)
+{
+    Follow tracker;
+    tracker.Hold();
+    Kesto::CMouseHistory& history = Kesto::CMouseHistory::Get();
+    history.SetOn(true);
+    Platform::InjectPen(9, {{1, 0, 5, 100}, {2, 0, 6, 200}});
+    Inject(kLeftDown, 1, 7);
+    Inject(kPenMoved, 2, 8, 9);
+    PumpQuiet();
+    EXPECT_FLOAT_EQ(process.Pressure(), 0.2F);
+    tracker.takes = true;
+    Inject(kMouseMove, 3, 9);
+    for (int turn = 0; turn < 4; ++turn)
+        process.PumpTracker(tracker);
+    EXPECT_THAT(tracker.xs, ElementsAre(1, 2, 9));
+    history.SetOn(false);
+    Release();
+}
+
+TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
+{
+    EXPECT_EQ(process.Pressure(), -2.0F);
+    const std::pair<std::uint32_t, float> cases[] = {{0, -1.0F}, {500, 0.5F}, {5000, 1.0F}, {0, -1.0F}};
+    for (const auto& [raw, pressure] : cases) {
+        Platform::InjectPen(3, {{0, 0, 1, raw}});
+        Inject(kPenMoved, 1, 0, 3);
+        PumpQuiet();
+        EXPECT_FLOAT_EQ(process.Pressure(), pressure);
+    }
+    Inject(kPenMoved, 1, 0, 4);
+    PumpQuiet();
+    EXPECT_EQ(process.Pressure(), -1.0F) << "a finger is no pen";
+}
+
+class Place : public Kesto::CDesktopWindow, public Platform::MessageReceiver {
+public:
+    Place(std::string name, std::int32_t left, std::int32_t right, std::vector<std::string>& log)
+        : fName(std::move(name)), fLeft(left), fRight(right), fLog(log)
+    {
+        Kesto::CServiceT<CDesktop>::Get()->Add(*this);
+    }
+
+    Platform::NativeWindow NativeHandle() const override { return const_cast<Place*>(this)->Handle(); }
+    bool Covers(Platform::ScreenPoint point) const override { return point.x >= fLeft && point.x < fRight; }
+    std::intptr_t Receive(std::uint32_t number, std::uintptr_t, std::intptr_t) override
+    {
+        if (number == kLeftDown || number == kRightDown)
+            fLog.push_back(fName + " clicked");
+        return 0;
+    }
+    bool IsFloat() const override { return isFloat; }
+    bool IsPopup() const override { return isPopup; }
+    bool TakesClicks() const override { return takesClicks; }
+    void UpdateNow() override { fLog.push_back(fName + " updated"); }
+    void ActivateFloat(bool on) override { fLog.push_back(fName + (on ? " on" : " off")); }
+    void ClosePopup() override
+    {
+        isPopup = false;
+        fLog.push_back(fName + " closed");
+    }
+    void MouseOver(const CMouseEvent& event) override { fOver = event.fPoint.x; }
+    void MouseGone() override { fOver = -1; }
+    int Over() const { return fOver; }
+
+    bool isFloat = false;
+    bool isPopup = false;
+    bool takesClicks = true;
+
+private:
+    std::string fName;
+    std::int32_t fLeft;
+    std::int32_t fRight;
+    std::vector<std::string>& fLog;
+    int fOver = -1;
+};
+
+class Desktop : public Input {
+protected:
+    std::vector<std::string> log;
+    Place left{"left", 0, 100, log};
+    Place right{"right", 100, 200, log};
+    CDesktop& desktop = *Kesto::CServiceT<CDesktop>::Get();
+
+    void Press(Place* at, std::int32_t x, std::uint32_t number = kLeftDown)
+    {
+        Platform::InjectInput({at != nullptr ? at->Handle() : nullptr, number, 0, 0, 1, x, 0});
+        PumpQuiet();
+    }
+};
+
+TEST_F(Desktop, AClickOutsideClosesPopupsAndGoesOn)
+{
+    struct Case {
+        bool modal;
+        bool leftTakesClicks;
+        Place* at;
+        std::int32_t x;
+        std::vector<std::string> log;
+    };
+    const Case cases[] = {
+        {false, true, &left, 10, {"right closed", "left clicked"}},
+        {false, true, &right, 150, {"right clicked"}},
+        {false, true, nullptr, 900, {"right closed"}},
+        {true, true, &left, 10, {"right closed", "left clicked"}},
+        {true, false, &left, 10, {"right closed"}},
+    };
+    for (const Case& one : cases) {
+        right.isPopup = true;
+        left.takesClicks = one.leftTakesClicks;
+        if (one.modal)
+            desktop.BeginModal();
+        log.clear();
+        Press(one.at, one.x);
+        EXPECT_EQ(log, one.log);
+        desktop.EndModal();
+    }
+    right.isPopup = true;
+    for (const std::uint32_t number : {kMouseMove, kLeftUp, kWheel, kFrameMouseFirst + 2})
+        Press(&left, 10, number);
+    EXPECT_TRUE(right.isPopup) << "none of these is a press";
+    Press(&left, 10, kFrameMouseFirst + 4);
+    EXPECT_FALSE(right.isPopup);
+    Release();
+}
+
+TEST_F(Desktop, ModalWindowsCountAndFloatsStepBack)
+{
+    left.isFloat = true;
+    desktop.BeginModal();
+    desktop.BeginModal();
+    EXPECT_EQ(desktop.ModalCount(), 2U);
+    desktop.EndModal();
+    EXPECT_THAT(log, ElementsAre("left off", "right updated", "left updated"));
+    desktop.EndModal();
+    desktop.EndModal();
+    EXPECT_EQ(desktop.ModalCount(), 0U);
+    EXPECT_EQ(log.back(), "left on");
+    desktop.BringToFront(left);
+    EXPECT_EQ(desktop.FrontWindow(), &left);
+    EXPECT_EQ(process.AlertParent(), left.Handle());
+}
+
+TEST_F(Desktop, TheWindowUnderTheMouseFollowsIt)
+{
+    Press(&left, 10, kMouseMove);
+    EXPECT_EQ(left.Over(), 10);
+    Press(&right, 110, kMouseMove);
+    EXPECT_EQ(left.Over(), -1);
+    EXPECT_EQ(right.Over(), 110);
+    process.GetNextEvent(Kesto::CProcess::kEvent_Poll | Kesto::CProcess::kEvent_NoMouse);
+    EXPECT_EQ(right.Over(), -1);
+}
+
+TEST_F(Input, KeysAreOfferedToTheMenuBarBeforeTheirWindow)
+{
+    struct Bar : Kesto::CMenuBar {
+        void Update() override { ++updates; }
+        bool HandleKey(Kesto::CKeyboardMessage& key) override
+        {
+            EXPECT_EQ(key.fRepeated, 0U);
+            return key.fKeyCode == 'Q' && key.fChar == 'Q' && key.fID == Kesto::kMessage_KeyDown;
+        }
+        int updates = 0;
+    };
+    struct WithBar : PumpedProcess {
+        std::unique_ptr<Kesto::CMenuBar> MakeMenuBar() override
+        {
+            ++made;
+            auto owned = std::make_unique<Bar>();
+            bar = owned.get();
+            return owned;
+        }
+        Bar* bar = nullptr;
+        int made = 0;
+    } menus;
+    Inject(kKeyDown, 1, 0, 'Q');
+    Inject(kKeyUp, 2, 0, 'Q');
+    Inject(kKeyDown, 3, 0, 'R');
+    Inject(kKeyUp, 4, 0, 'R');
+    while (menus.GetNextEvent(Kesto::CProcess::kEvent_Poll)) {
+    }
+    EXPECT_THAT(window.received, ElementsAre(kKeyUp, kKeyDown, kKeyUp));
+    EXPECT_EQ(menus.made, 1);
+    EXPECT_EQ(menus.bar->updates, 2);
+}
+
+} // namespace

@@ -1,0 +1,171 @@
+#include "test_messengers.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Kesto;
+
+namespace {
+
+// The process P, a window w, and below it the path a, b, c with the bullseye c, and beside it x with y.
+class FocusTest : public testing::Test {
+protected:
+    FocusTest()
+    {
+        c->BecomeBullseye(false);
+        Node::TakeLog();
+    }
+
+    // The path from the top down, as the links and flags have it; "|" stands before what isn't on it any more.
+    std::string Path() const
+    {
+        std::string path;
+        for (const CMessenger* at = &process; at != nullptr; at = at->TargetMessenger())
+            path += (at->IsTarget() ? "" : "|") + at->GetID().Name() + (at->IsBullseye() ? "!" : "");
+        return path;
+    }
+
+    NotingProcess process;
+    Node w{"w", &process};
+    std::unique_ptr<Node> a = std::make_unique<Node>("a", &w);
+    std::unique_ptr<Node> b = std::make_unique<Node>("b", a.get());
+    std::unique_ptr<Node> c = std::make_unique<Node>("c", b.get());
+    Node x{"x", &w};
+    Node y{"y", &x};
+};
+
+TEST_F(FocusTest, ARefusalAtAnyDepthStopsTheMoveUnlessItIsForced)
+{
+    struct Case {
+        Node* refuses;
+        bool force;
+        const char* asked;
+        const char* path;
+    };
+    const std::string moved = "b-T a-T x+T y+T y+B yo yc xo xc wo wc Po Pc ";
+    const Case cases[] = {
+        {a.get(), false, "a? ", "Pwabc!"},
+        {b.get(), false, "a? b? ", "Pwabc!"},
+        {c.get(), false, "a? b? c? ", "Pwabc!"},
+        {nullptr, false, "a? b? c? c-B c-T ", "Pwxy!"},
+        {a.get(), true, "a? b? c? c-B c-T ", "Pwxy!"},
+        {b.get(), true, "a? b? c? c-B c-T ", "Pwxy!"},
+        {c.get(), true, "a? b? c? c-B c-T ", "Pwxy!"},
+    };
+    for (const Case& row : cases) {
+        c->BecomeBullseye(true);
+        for (Node* const node : {a.get(), b.get(), c.get()})
+            node->fRefuses = node == row.refuses;
+        Node::TakeLog();
+        const bool moves = y.BecomeBullseye(row.force);
+        EXPECT_EQ(moves, row.force || row.refuses == nullptr);
+        EXPECT_EQ(Node::TakeLog(), row.asked + (moves ? moved : ""));
+        EXPECT_EQ(Path(), row.path);
+        EXPECT_EQ(CMessenger::GetBullseye(), moves ? &y : c.get());
+        EXPECT_EQ(a->IsTarget(), !moves);
+    }
+}
+
+TEST_F(FocusTest, WhatHasResignedBeforeARefusalFurtherUpStaysResigned)
+{
+    Node deaf("d", nullptr, Node::kCanBullseye);
+    w.SetParentMessenger(&deaf);
+    EXPECT_FALSE(w.BecomeBullseye(false));
+    EXPECT_EQ(Node::TakeLog(), "a? b? c? c-B c-T b-T a-T ");
+    EXPECT_TRUE(w.IsTarget());
+    EXPECT_FALSE(w.IsBullseye());
+    EXPECT_EQ(w.TargetMessenger(), a.get());
+    EXPECT_EQ(CMessenger::GetBullseye(), &process);
+    w.SetParentMessenger(&process);
+}
+
+TEST_F(FocusTest, AContainerLeadsBackToItsLastBullseye)
+{
+    ASSERT_TRUE(y.BecomeBullseye(false));
+    EXPECT_EQ(a->FindBullseye(), c.get());
+    EXPECT_TRUE(a->BecomeBullseyeIfPossible(false));
+    EXPECT_EQ(Path(), "Pwabc!");
+    EXPECT_TRUE(a->BecomeBullseyeIfPossible(false)); // on the path already
+    EXPECT_EQ(Path(), "Pwabc!");
+    x.SetCanBullseye(false);
+    EXPECT_TRUE(x.BecomeBullseye(false));
+    Node::TakeLog();
+    EXPECT_TRUE(x.BecomeBullseye(false));
+    EXPECT_EQ(Path(), "Pwxy!");
+    EXPECT_EQ(Node::TakeLog(), "") << "it leads the keyboard already";
+}
+
+TEST_F(FocusTest, OneThatMayNotBeTheBullseyeIsPassedOverOnTheWayUp)
+{
+    b->SetCanBullseye(false);
+    c->fRefuses = true;
+    Node::TakeLog();
+    EXPECT_FALSE(c->ResignBullseye(false));
+    EXPECT_EQ(Path(), "Pwabc!");
+    c->SetCanTarget(false); // by force
+    EXPECT_EQ(Path(), "Pwa!");
+    EXPECT_EQ(Node::TakeLog(), "b? c? b? c? c-B c-T b-T a+B ao ac wo wc Po Pc c!b c!t ");
+    c->SetCanTarget(true);
+    EXPECT_EQ(Node::TakeLog(), "ct cb ");
+}
+
+TEST_F(FocusTest, TheProcessIsTheLastResort)
+{
+    for (Node* const node : {&w, a.get(), b.get(), c.get()})
+        node->SetCanBullseye(false);
+    EXPECT_EQ(CMessenger::GetBullseye(), &process);
+    EXPECT_EQ(Path(), "P!");
+    EXPECT_FALSE(c->BecomeBullseyeIfPossible(true));
+    EXPECT_EQ(x.GetOwnerWindowOrActive(), Platform::FrontmostWindow());
+}
+
+TEST_F(FocusTest, SurrenderAsksTheBullseyeAlone)
+{
+    c->fRefuses = true;
+    EXPECT_FALSE(CMessenger::Surrender(false));
+    EXPECT_EQ(Node::TakeLog(), "c? ");
+    c.reset();
+    EXPECT_TRUE(CMessenger::Surrender(false));
+    EXPECT_EQ(b->TargetMessenger(), nullptr);
+    EXPECT_EQ(CMessenger::GetBullseye(), &process);
+}
+
+TEST_F(FocusTest, WhoeverDiesInAHookEndsTheMoveThatLedToIt)
+{
+    auto target = std::make_unique<Node>("t", &x);
+    c->fWhenLost = [&target] { target.reset(); };
+    EXPECT_FALSE(target->BecomeBullseye(false));
+    EXPECT_EQ(Path(), "Pw|x");
+
+    auto parent = std::make_unique<Node>("p", &w);
+    auto child = std::make_unique<Node>("q", parent.get());
+    ASSERT_TRUE(child->BecomeBullseye(false));
+    child->fWhenLost = [&] {
+        child.reset();
+        parent.reset();
+    };
+    EXPECT_TRUE(y.BecomeBullseye(false));
+    EXPECT_EQ(Path(), "Pwxy!");
+}
+
+TEST(ObjectIDTest, EqualTextsHaveEqualIdsAndRangesStayApart)
+{
+    EXPECT_TRUE(CObjID(nullptr).IsNone());
+    EXPECT_TRUE(CObjID("").IsNone());
+    EXPECT_EQ(CObjID(std::string("kesto/default/ok").c_str()), CObjID("kesto/default/ok"));
+    EXPECT_NE(CObjID("kesto/default/ok"), CObjID("Kesto/default/ok"));
+
+    const CObjID third("Test/Items", 10, 3);
+    EXPECT_EQ(third.Name(), "Test/Items+3");
+    EXPECT_EQ(CObjID("Test/Items", 1, 4).Value(), third.Value() + 1);
+    EXPECT_EQ(CObjID("Test/Behind").Value(), CObjID("Test/Items").Value() + 10);
+    const CObjID separate("Test/Separate", 0x7FFFFFFF, 0, CObjID::Family::kSeparate);
+    EXPECT_EQ(separate.Value(), 0x80000000);
+    EXPECT_EQ(CObjID("Test/Last", 1, 0, CObjID::Family::kSeparate).Value(), 0xFFFFFFFF);
+    EXPECT_THROW(CObjID("Test/NoMore", 1, 0, CObjID::Family::kSeparate), std::length_error);
+    EXPECT_THROW(CObjID("Test/TooMany", 0x7FFFFFFF, 0), std::length_error);
+    EXPECT_EQ(CObjID("Test/NoMore").Value(), CObjID("Test/Behind").Value() + 1);
+}
+
+} // namespace
