@@ -25,18 +25,18 @@ std::size_t gAllocations = 0;
 
 }
 
-void* operator new(std::size_t size)
+[[gnu::noinline]] void* operator new(std::size_t size)
 {
     ++gAllocations;
     if (void* const memory = std::malloc(size != 0 ? size : 1))
         return memory;
     throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept
+[[gnu::noinline]] void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }

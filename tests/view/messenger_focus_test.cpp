@@ -26,7 +26,7 @@ protected:
         return path;
     }
 
-    QueueingProcess process;
+    NotingProcess process;
     Node w{"w", &process};
     std::unique_ptr<Node> a = std::make_unique<Node>("a", &w);
     std::unique_ptr<Node> b = std::make_unique<Node>("b", a.get());

@@ -1,17 +1,16 @@
-// Messengers that write down what is asked of them, and a process that only queues.
+// Messengers that write down what is asked of them, and a process that does so too.
 #pragma once
 
 #include "view/messenger.h"
-#include "view/process_link.h"
+#include "view/process.h"
 
 #include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 // A node with a letter for a name. What it is asked and told goes to one log: "a?" the surrender question, "a+T" became
 // target, "a-B" lost bullseye and so on.
-class Node : public Kesto::CMessenger {
+class Node : public virtual Kesto::CMessenger {
 public:
     static constexpr std::uint32_t kBoth = kCanTarget | kCanBullseye;
 
@@ -67,29 +66,16 @@ private:
     std::string fName;
 };
 
-class QueueingProcess : public Node, public Kesto::CProcessLink {
+// The process "P", which writes down what a node does.
+class NotingProcess : public Kesto::CProcess, public Node {
 public:
-    QueueingProcess() : Node("P"), fBefore(SetCurrent(this)) {}
-    ~QueueingProcess() override { SetCurrent(fBefore); }
+    NotingProcess() : CMessenger(nullptr, Kesto::CObjID("P")), Node("P") {}
 
-    CMessenger& ProcessMessenger() override { return *this; }
-    void PostEvent(std::unique_ptr<Kesto::CProcessEvent> event) override { fEvents.push_back(std::move(event)); }
-    void ForgetMessenger(CMessenger* messenger) override
-    {
-        std::erase_if(fEvents, [messenger](const auto& event) {
-            event->MessengerGone(messenger);
-            return !event->IsAlive();
-        });
-    }
+    void OnUpdateChain() override { Node::OnUpdateChain(); }
 
     void DispatchAll()
     {
-        for (const auto& event : std::exchange(fEvents, {}))
-            event->Dispatch();
+        while (TopEvent() != nullptr)
+            DispatchTopEvent();
     }
-
-    std::vector<std::unique_ptr<Kesto::CProcessEvent>> fEvents;
-
-private:
-    CProcessLink* fBefore;
 };

@@ -6,14 +6,14 @@ namespace {
 
 class Windowed : public Node {
 public:
-    using Node::Node;
+    Windowed(const char* name, CMessenger* parent) : CMessenger(parent, Kesto::CObjID(name), kBoth), Node(name) {}
     Platform::NativeWindow GetSystemWindow() override { return this; }
 };
 
 // Linux takes any address for a native window.
 TEST(NativeFocusTest, FollowsTheBullseye)
 {
-    QueueingProcess process;
+    NotingProcess process;
     Windowed window("w", &process);
     Node field("f", &window);
     EXPECT_TRUE(field.BecomeBullseyeAndNotify(false));
