@@ -1,5 +1,6 @@
 #include "view/message_recorder.h"
 
+#include "foundation/system_checks.h"
 #include "view/messenger.h"
 
 #include <cxxabi.h>
@@ -40,26 +41,6 @@ std::string Title(const CMessenger& messenger)
     return Title(typeid(messenger), messenger.GetID());
 }
 
-// The sink that the environment asks for.
-void StartAsAsked()
-{
-    const char* const path = std::getenv("KESTO_MESSAGE_LOG");
-    if (path == nullptr || *path == '\0')
-        return;
-    const bool toErrors = std::string_view(path) == "-";
-    const std::shared_ptr<std::FILE> file(toErrors ? stderr : std::fopen(path, "a"), [toErrors](std::FILE* log) {
-        if (log != nullptr && !toErrors)
-            std::fclose(log);
-    });
-    if (file != nullptr)
-        CMessageRecorder::Start([file](const std::string& line) {
-            std::fprintf(file.get(), "%s\n", line.c_str());
-            std::fflush(file.get());
-        });
-}
-
-[[maybe_unused]] const bool gAsked = (StartAsAsked(), true);
-
 } // namespace
 
 CMessageRecorder::Step* CMessageRecorder::Step::gClimb = nullptr;
@@ -68,6 +49,19 @@ void CMessageRecorder::Start(Sink sink)
 {
     gSink = std::move(sink);
     gIsOn = gSink != nullptr;
+}
+
+void CMessageRecorder::StartFile(const char* path)
+{
+    const std::shared_ptr<std::FILE> file(std::fopen(path, "a"), [](std::FILE* log) {
+        if (log != nullptr)
+            std::fclose(log);
+    });
+    OSThrowLastNull(file.get());
+    Start([file](const std::string& line) {
+        std::fprintf(file.get(), "%s\n", line.c_str());
+        std::fflush(file.get());
+    });
 }
 
 void CMessageRecorder::Stop()

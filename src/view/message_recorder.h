@@ -4,8 +4,7 @@
 //
 // A line names the message's class and id, what it carries, whom it was sent to, and who ate it after how many levels
 // up. What a handler sends itself stands before the line of its cause, two blanks further in. Off, it costs a test of
-// one flag for each level. The environment variable KESTO_MESSAGE_LOG turns it on from the start: it names the file
-// that the lines are added to, or "-" for standard error.
+// one flag for each level.
 #pragma once
 
 #include <functional>
@@ -22,6 +21,8 @@ public:
 
     // Hands each line to `sink` from now on, which replaces the former one. It sends no messages.
     static void Start(Sink sink);
+    // Adds the lines to the file, each as soon as it is told. Throws CSystemError if it can't be opened.
+    static void StartFile(const char* path);
     static void Stop();
 
     static bool IsOn() { return gIsOn; }

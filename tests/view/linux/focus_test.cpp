@@ -1,3 +1,5 @@
+#include "platform/linux/input.h"
+#include "platform/message_numbers.h"
 #include "test_messengers.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +24,31 @@ TEST(NativeFocusTest, FollowsTheBullseye)
     EXPECT_TRUE(process.BecomeBullseye(false));
     EXPECT_EQ(Platform::FocusedWindow(), &window) << "one without a window takes it from none";
     Platform::FocusWindow(nullptr);
+}
+
+TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
+{
+    using Kesto::CCommandMessage;
+    using Kesto::KeyMoment;
+    const auto modifiers = [](KeyMoment moment) { return CCommandMessage(nullptr, {}, moment).fModifiers; };
+    const std::pair<Platform::Key, std::uint32_t> cases[] = {
+        {Platform::Key::kControl, CCommandMessage::kModifier_Control | CCommandMessage::kModifier_Command},
+        {Platform::Key::kAlt, CCommandMessage::kModifier_Alt},
+        {Platform::Key::kShift, CCommandMessage::kModifier_Shift},
+        {Platform::Key::kSpace, CCommandMessage::kModifier_Space}};
+    for (const auto& [key, bits] : cases) {
+        Platform::QueuedMessage input;
+        for (const std::uint32_t number : {Platform::Number::kKeyDown, Platform::Number::kKeyUp}) {
+            const bool down = number == Platform::Number::kKeyDown;
+            input.number = number;
+            input.first = static_cast<std::uintptr_t>(key);
+            Platform::InjectInput(input);
+            EXPECT_EQ(modifiers(KeyMoment::kNow), down ? bits : 0);
+            EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? 0 : bits);
+            EXPECT_TRUE(Platform::PeekQueue(Platform::Peek::kRemove).has_value());
+            EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? bits : 0);
+        }
+    }
 }
 
 } // namespace
