@@ -167,7 +167,7 @@ CText CProcess::WindowClassName(std::uint32_t /*kind*/)
     return DefaultClassName();
 }
 
-CFileSpec CProcess::GetTempPath()
+CFileSpec CProcess::GetTemporaryFolder()
 {
     return CFileSpec(CText(Platform::TemporaryFolder()));
 }

@@ -75,7 +75,7 @@ public:
     virtual CFileSpec GetResourceFolder();
     virtual CFileSpec GetPreferencesFolder(); // made where it is missing; throws CSystemError
     virtual CText WindowClassName(std::uint32_t kind);
-    virtual CFileSpec GetTempPath();
+    virtual CFileSpec GetTemporaryFolder();
     virtual CFileSpec GetModulePath();
     virtual CText ModalClassName();
     virtual CText DefaultClassName();
@@ -112,6 +112,9 @@ public:
 
     // Whether mouse moves are followed while messages are pending.
     void SetMouseTracking(bool on);
+
+    // The message that the pump handed over last.
+    const Platform::QueuedMessage& LastMessage() const { return fMessage; }
 
     // How hard the pen was pressed last, in [-1, 1]; kNoPen until one has reported.
     float Pressure() const { return fPressure; }
@@ -168,7 +171,7 @@ private:
     Lazy<CDocumentBar> fDocumentBar;
     Lazy<CClipboard> fClipboard;
     std::optional<bool> fIsHostActive; // as far as it is known
-    Platform::QueuedMessage fMessage;  // the last that went to its window
+    Platform::QueuedMessage fMessage;
     float fPenScale = 0.001F;
     float fPressure = kNoPen;
     std::optional<int> fQuit; // met, and not yet given back

@@ -2,10 +2,12 @@
 #include "test_pump.h"
 
 #include "view/executable.h"
+#include "view/gesture.h"
 
 #include <gmock/gmock.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -137,6 +139,15 @@ TEST(Session, OpensOnceWithTheProcess)
     process.Stop();
     process.Stop();
     EXPECT_THAT(process.log, ElementsAre(1, 2, 3));
+}
+
+TEST(Gestures, TheDirectionOfASwipeIsInItsSigns)
+{
+    const std::tuple<float, float, int> cases[] = {{1.0F, 2.0F, 5},  {1.0F, -2.0F, 6},  {1.0F, 0.0F, 2},
+                                                   {-1.0F, 2.0F, 4}, {-1.0F, -2.0F, 7}, {-1.0F, 0.0F, 0},
+                                                   {0.0F, 2.0F, 1},  {0.0F, -2.0F, 3},  {0.0F, 0.0F, 3}};
+    for (const auto& [x, y, direction] : cases)
+        EXPECT_EQ(Kesto::CSwipeGesture(x, y).Direction(), direction) << x << ", " << y;
 }
 
 } // namespace

@@ -108,6 +108,22 @@ TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
     Release();
 }
 
+TEST_F(Input, ATrackerRunsUntilTheRelease)
+{
+    Follow tracker;
+    Inject(kLeftDown, 1, 5);
+    PumpQuiet();
+    process.PostCall(0, [&] {
+        EXPECT_EQ(CTracker::Active(), &tracker);
+        Inject(kLeftUp, 2, 6);
+    });
+    tracker.Run(process);
+    EXPECT_FALSE(tracker.IsRunning());
+    EXPECT_EQ(CTracker::Active(), nullptr);
+    EXPECT_THAT(tracker.xs, ElementsAre(5));
+    PumpQuiet();
+}
+
 TEST_F(Input, TheHistoryBringsEachPlaceOnce)
 {
     Follow tracker;
@@ -260,6 +276,14 @@ TEST_F(Desktop, TheWindowUnderTheMouseFollowsIt)
     EXPECT_EQ(right.Over(), 110);
     process.GetNextEvent(Kesto::CProcess::kEvent_Poll | Kesto::CProcess::kEvent_NoMouse);
     EXPECT_EQ(right.Over(), -1);
+    for (const bool follows : {false, true}) {
+        process.SetMouseTracking(follows);
+        process.PostMark(1, 1);
+        Platform::InjectInput({left.Handle(), kMouseMove, 0, 0, 1, 20, 0});
+        process.GetNextEvent(Kesto::CProcess::kEvent_Poll);
+        EXPECT_EQ(left.Over(), follows ? 20 : -1) << "while the event goes first and the move is pending";
+    }
+    PumpQuiet();
 }
 
 TEST_F(Input, KeysAreOfferedToTheMenuBarBeforeTheirWindow)
