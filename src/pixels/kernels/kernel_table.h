@@ -44,11 +44,13 @@ struct KernelTable {
     void (*embossRow)(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
                       std::int32_t constant, std::uint8_t* out, std::size_t n);
     // rows[1] is the centre row; all three reach one pixel beyond both ends.
-    void (*sharpenRow)(const std::uint8_t* const rows[3], const std::int32_t* table, std::uint8_t* out, std::size_t n);
     void (*neighbourMeanRow)(const std::uint8_t* const rows[3], std::int32_t weight, std::uint8_t* out, std::size_t n);
     std::uint32_t (*sum)(const std::uint8_t* source, std::size_t n);
 
-    // Planes. `scratch` has ScratchBytes(shape, width) bytes.
+    // Planes. The source is one pixel larger on every side; `table` is the entry of a difference of 0.
+    void (*sharpen)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, const std::int32_t* table);
+
+    // `scratch` has ScratchBytes(shape, width) bytes.
     void (*boxMean)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, bool round,
                     std::byte* scratch);
     void (*boxMaximum)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, std::byte* scratch);

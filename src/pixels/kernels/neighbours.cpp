@@ -106,11 +106,14 @@ void Emboss(const CPixView& out, const CPixView& source, std::span<const std::in
 
 void Sharpen(const CPixView& out, const CPixView& source, std::span<const std::int32_t, kSharpenLevels> table)
 {
-    const auto sharpen = ActiveKernels().sharpenRow;
+    const Extent extent = InnerExtent(out, source);
     const std::int32_t* middle = table.data() + kSharpenLevels / 2;
-    ForEachRow(InnerExtent(out, source), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        sharpen(RowsAround(source, plane, y).data(), middle, RowOf<std::uint8_t>(out, plane, y), n);
-    });
+    for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {
+        Plane<std::uint8_t> target = PlaneOf<std::uint8_t>(out, plane);
+        target.fWidth = extent.fWidth;
+        target.fHeight = extent.fHeight;
+        ActiveKernels().sharpen(PlaneOf<std::uint8_t>(source, plane), target, middle);
+    }
 }
 
 void NeighbourMean(const CPixView& out, const CPixView& source, std::int32_t weight)

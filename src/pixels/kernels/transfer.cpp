@@ -10,13 +10,24 @@ namespace Kesto::Kernels {
 
 namespace {
 
-// The extent of two views of one pixel size, in bytes across.
+// In bytes across; rows that follow each other without a gap in every view count as one long row.
+Extent InBytes(Extent extent, std::int32_t pixelBytes, std::initializer_list<const CPixView*> views)
+{
+    extent.fWidth *= pixelBytes;
+    if (std::all_of(views.begin(), views.end(),
+                    [&](const CPixView* view) { return view->rowBytes == extent.fWidth; })) {
+        extent.fWidth *= extent.fHeight;
+        extent.fHeight = std::min(extent.fHeight, 1);
+    }
+    return extent;
+}
+
+// The extent of two views of one pixel size, in bytes.
 Extent ByteExtent(const CPixView& a, const CPixView& b)
 {
     Extent extent;
     WithPixelType(a.pixelBits, [&]<class T>() {
-        extent = CommonExtent(a.pixelBits, {&a, &b});
-        extent.fWidth *= static_cast<std::int32_t>(sizeof(T));
+        extent = InBytes(CommonExtent(a.pixelBits, {&a, &b}), sizeof(T), {&a, &b});
     });
     return extent;
 }
@@ -50,11 +61,11 @@ void Copy(const CPixView& out, const CPixView& source)
 template <class T>
 void Fill(const CPixView& view, std::span<const T> values)
 {
-    Extent extent = CommonExtent(8 * sizeof(T), {&view});
+    Extent extent = InBytes(CommonExtent(8 * sizeof(T), {&view}), sizeof(T), {&view});
     extent.fPlanes = std::min(extent.fPlanes, static_cast<std::int32_t>(values.size()));
     const auto fill = ActiveKernels().fill;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        fill(Pattern(values[static_cast<std::size_t>(plane)]), RowOf<std::uint8_t>(view, plane, y), n * sizeof(T));
+        fill(Pattern(values[static_cast<std::size_t>(plane)]), RowOf<std::uint8_t>(view, plane, y), n);
     });
 }
 

@@ -116,10 +116,11 @@ void SharpenByTable(const Byte* const rows[3], const std::int32_t* table, Byte* 
     }
 }
 
-void SharpenRow(const Byte* const rows[3], const std::int32_t* table, Byte* out, std::size_t n)
+// As many pixels of a row as whole vectors hold; the number of them.
+std::size_t SharpenStart(const Byte* const rows[3], const std::int32_t* table, const Gain& gain, Byte* out,
+                         std::size_t n)
 {
     std::size_t i = 0;
-    const Gain gain = n >= 64 ? Gain::Of(table) : Gain{Gain::Kind::kNone, 0};
     const __m256i amount = _mm256_set1_epi16(static_cast<short>(gain.fAmount * 8));
     // edge * 32 fits in 16 bits, and the high half of (edge * 32) * (amount * 8) is edge * amount / 256, rounded down.
     const auto times = [amount](__m256i edges) { return _mm256_mulhi_epi16(_mm256_slli_epi16(edges, 5), amount); };
@@ -132,8 +133,23 @@ void SharpenRow(const Byte* const rows[3], const std::int32_t* table, Byte* out,
                        [&](__m256i edges) { return _mm256_sign_epi16(times(_mm256_abs_epi16(edges)), edges); });
     else
         SharpenByTable(rows, table, out, n, i);
-    const Byte* const rest[3] = {rows[0] + i, rows[1] + i, rows[2] + i};
-    PlainKernels().sharpenRow(rest, table, out + i, n - i);
+    return i;
+}
+
+void Sharpen(Plane<const Byte> source, Plane<Byte> out, const std::int32_t* table)
+{
+    const std::size_t n = static_cast<std::size_t>(out.fWidth);
+    const Gain gain = Gain::Of(table);
+    std::size_t done = 0;
+    for (std::int32_t y = 0; y < out.fHeight; ++y) {
+        const Byte* const rows[3] = {source.Row(y) + 1, source.Row(y + 1) + 1, source.Row(y + 2) + 1};
+        done = SharpenStart(rows, table, gain, out.Row(y), n);
+    }
+    // The columns that are left.
+    source.fPixels += done;
+    out.fPixels += done;
+    out.fWidth -= static_cast<std::int32_t>(done);
+    PlainKernels().sharpen(source, out, table);
 }
 
 void NeighbourMeanRow(const Byte* const rows[3], std::int32_t weight, Byte* out, std::size_t n)
@@ -160,7 +176,7 @@ void NeighbourMeanRow(const Byte* const rows[3], std::int32_t weight, Byte* out,
 void AddNeighbours(KernelTable& table)
 {
     table.embossRow = EmbossRow;
-    table.sharpenRow = SharpenRow;
+    table.sharpen = Sharpen;
     table.neighbourMeanRow = NeighbourMeanRow;
 }
 

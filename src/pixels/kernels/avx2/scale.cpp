@@ -26,6 +26,18 @@ __m256d Doubles(const std::uint32_t* from)
     return _mm256_sub_pd(_mm256_castsi256_pd(_mm256_or_si256(wide, _mm256_castpd_si256(bias))), bias);
 }
 
+// Four pixels from anywhere.
+__m256d FourDoubles(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t d)
+{
+    const std::uint32_t pixels[4] = {a, b, c, d};
+    return Doubles(pixels);
+}
+template <class T>
+__m256d FourDoubles(T a, T b, T c, T d)
+{
+    return _mm256_cvtepi32_pd(_mm_setr_epi32(a, b, c, d));
+}
+
 // Four results, truncated. All are within their type but for a 32-bit white, which is held to its value.
 void StoreTruncated(std::uint8_t* to, __m256d values)
 {
@@ -110,14 +122,13 @@ template <class T>
 void EnlargeRow(const T* source, std::int32_t sourceWidth, std::int32_t start, const ScaleEntry* entries, std::size_t n,
                 T* out)
 {
-    alignas(kVector) T first[4];
-    alignas(kVector) T last[4];
     std::size_t i = 0;
     for (; i + 4 <= n; i += 4) {
-        for (std::size_t k = 0; k < 4; ++k) {
-            first[k] = source[entries[i + k].fFirst - start];
-            last[k] = source[entries[i + k].fLast - start];
-        }
+        const ScaleEntry* four = entries + i;
+        const auto at = [=](std::int32_t index) { return source[index - start]; };
+        const __m256d first =
+            FourDoubles(at(four[0].fFirst), at(four[1].fFirst), at(four[2].fFirst), at(four[3].fFirst));
+        const __m256d last = FourDoubles(at(four[0].fLast), at(four[1].fLast), at(four[2].fLast), at(four[3].fLast));
         // The weights lie in the first halves of the four entries.
         const __m256 lower = _mm256_castsi256_ps(Load(entries + i));
         const __m256 upper = _mm256_castsi256_ps(Load(entries + i + 2));
@@ -126,7 +137,7 @@ void EnlargeRow(const T* source, std::int32_t sourceWidth, std::int32_t start, c
         const __m128 low = _mm256_castps256_ps128(weights), high = _mm256_extractf128_ps(weights, 1);
         const __m256d firstWeights = _mm256_cvtps_pd(_mm_shuffle_ps(low, high, 0x88));
         const __m256d lastWeights = _mm256_cvtps_pd(_mm_shuffle_ps(low, high, 0xDD));
-        StoreTruncated(out + i, Weighted(Doubles(first), Doubles(last), firstWeights, lastWeights));
+        StoreTruncated(out + i, Weighted(first, last, firstWeights, lastWeights));
     }
     PlainRows(T()).enlarge(source, sourceWidth, start, entries + i, n - i, out + i);
 }
