@@ -8,6 +8,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <thread>
 #include <unordered_map>
 #include <vector>
 
@@ -163,6 +164,7 @@ void MeasureStringFile()
 
 int main()
 {
+    std::thread([] {}).join(); // as in a host: until a thread was made, the library counts without atomics
     MeasureLocalize(300);
     MeasureLocalize(50000);
     MeasureCopies();

@@ -83,7 +83,7 @@ private:
     TileGrid fGrid;
     std::int32_t fTileRowBits;
     std::int32_t fTileRowBytes;
-    std::uint8_t fDepthLog2;
+    [[maybe_unused]] std::uint8_t fDepthLog2;
     bool fInterleaved;
 };
 

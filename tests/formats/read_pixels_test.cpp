@@ -2,6 +2,7 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
+#include <cmath>
 #include <limits>
 
 namespace Testing {
@@ -186,6 +187,9 @@ TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
     EXPECT_THAT(host.CallsOf(Kind::kSeek), ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 6 + 32 + 12}));
     frame.pixels = FloatBytes({5, 5, kInfinity, 5, 5, 5});
     EXPECT_EQ(Samples(frame), (Bytes{0, 0, 255, 0, 0, 0})) << "equal values: a scale of 1";
+    const float above = std::nextafter(5.0F, 6.0F);
+    frame.pixels = FloatBytes({5, above, 5, above, 5, 5});
+    EXPECT_EQ(Samples(frame), Bytes(6, 0)) << "nearly equal values too";
     frame.pixels = FloatBytes({kInfinity, kInfinity, kInfinity, kInfinity, kInfinity, kInfinity});
     EXPECT_EQ(Samples(frame), Bytes(6, 255));
     frame.packing = 1;

@@ -4,6 +4,7 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
+#include <cmath>
 #include <limits>
 
 namespace Testing {

@@ -49,6 +49,22 @@ Bytes Join(std::initializer_list<Bytes> parts)
     return out;
 }
 
+// What the plain encoder makes of a picture; this host's buffers hold 0xCD behind a row.
+Bytes PlainPackets(const Picture& picture)
+{
+    Bytes packets;
+    const size_t unit = static_cast<size_t>(picture.planes), rowBytes = unit * static_cast<size_t>(picture.width);
+    for (size_t at = 0; at < picture.samples.size(); at += rowBytes) {
+        Bytes row(picture.samples.begin() + static_cast<ptrdiff_t>(at),
+                  picture.samples.begin() + static_cast<ptrdiff_t>(at + rowBytes));
+        for (size_t pixel = 0; unit == 4 && pixel < row.size(); pixel += 4) // alpha comes first in the file
+            std::rotate(&row[pixel], &row[pixel] + 3, &row[pixel] + 4);
+        const Bytes encoded = EncodeRow(row, unit, 0xCD);
+        packets.insert(packets.end(), encoded.begin(), encoded.end());
+    }
+    return packets;
+}
+
 class WriteFile : public ModuleTest {
 protected:
     // The packets of a saved picture.
@@ -320,6 +336,9 @@ TEST_F(WriteFile, RandomDocumentsComeBack)
         const Picture picture = WithLut(Picture(mode, width, height, planes, RandomRows(like, width, height, random)));
         ScriptableHost each;
         ASSERT_EQ(each.Save(picture), Outcome{}) << round;
+        ASSERT_EQ(Bytes(each.file.begin() + static_cast<ptrdiff_t>(kHeads + (planes == 1 ? 768 : 3)), each.file.end()),
+                  PlainPackets(picture))
+            << round;
         ASSERT_EQ(each.Open(Bytes(each.file)), Outcome{}) << round;
         Picture expected = picture;
         if (planes == 1)

@@ -114,14 +114,14 @@ TEST(BuiltModule, AnswersThroughEveryEntry)
         entry(-1, nullptr, nullptr, &result);
         EXPECT_EQ(result, 0) << name;
     }
-    EXPECT_TRUE(module.FindResource("JSON", "NO_SUCH_THING").empty());
-    EXPECT_TRUE(module.FindResource("HTML", "JSON_TAGL").empty());
+    EXPECT_TRUE(module.ResourceBytes("JSON", "NO_SUCH_THING").empty());
+    EXPECT_TRUE(module.ResourceBytes("HTML", "JSON_TAGL").empty());
 }
 
 TEST(BuiltModule, DeclaresTheFormatInItsPropertyList)
 {
     const Host::ModuleLibrary module(SIDECAR_MODULE);
-    const auto bytes = module.FindResource(kHostPropertyListType, kHostPropertyListName);
+    const auto bytes = module.ResourceBytes(kHostPropertyListType, kHostPropertyListName);
     const auto* const text = reinterpret_cast<const char*>(bytes.data());
     const Json list = Json::parse(text, text + bytes.size());
     ASSERT_EQ(list.size(), 1U);

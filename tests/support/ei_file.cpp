@@ -191,6 +191,30 @@ std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit,
     return out;
 }
 
+Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind)
+{
+    Bytes pixels(row.begin(), row.end());
+    pixels.resize(row.size() + unit, behind);
+    const size_t end = row.size() / unit;
+    const auto equal = [&](size_t a, size_t b) {
+        return std::equal(&pixels[a * unit], &pixels[a * unit] + unit, &pixels[b * unit]);
+    };
+    Bytes packets;
+    for (size_t at = 0; at < end;) {
+        const bool run = at + 1 < end && equal(at, at + 1);
+        size_t count = 1;
+        while (at + count < end && (run ? equal(at, at + count) : !equal(at + count, at + count + 1)))
+            ++count;
+        for (size_t length; count > 0; count -= length, at += length) {
+            length = std::min<size_t>(count, 128);
+            packets.push_back(static_cast<uint8_t>(length - 1 + (run ? 0 : 0x80)));
+            const auto* const first = &pixels[at * unit];
+            packets.insert(packets.end(), first, first + (run ? 1 : length) * unit);
+        }
+    }
+    return packets;
+}
+
 Picture PictureOf(const EIFrame& frame, std::span<const uint8_t> rows)
 {
     Picture picture(frame.layout.mode, frame.width, frame.height, frame.layout.planes);

@@ -76,6 +76,10 @@ Bytes RandomPackets(const Bytes& units, size_t unit, Random& random, size_t spil
 // stream ends before.
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size);
 
+// The packets that a writer makes of a row, found one pixel at a time. `behind` is the byte that fills what lies behind
+// the row, where the last pixel finds a neighbour to be compared with.
+Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind);
+
 // The picture that raw rows of a frame stand for.
 Picture PictureOf(const EIFrame& frame, std::span<const uint8_t> rows);
 
