@@ -1,15 +1,12 @@
-// Enlarging. A pixel between a and b is a + (b - a) * w, nearly: the exact result is the truncated sum of two rounded
-// products. Bytes are computed in whole numbers and 16-bit pixels in floats; both know by how much they may be wrong, and
-// pixels that come closer than that to the edge between two results are left to the doubles.
+// Enlarging. The weights of two pixels are rounded shares of 1, and their sum of products is truncated. Bytes and 16-bit
+// pixels are computed in whole numbers that may be wrong by a known little; groups with a pixel that comes closer than that
+// to the edge between two results are left to the doubles, and so is the rare group that a piece of source doesn't cover.
 #include "pixels/kernels/avx2/doubles.h"
 #include "pixels/kernels/avx2/tables.h"
 
 namespace Kesto::Kernels::Avx2 {
 
 namespace {
-
-// Target pixels that are computed together.
-constexpr std::size_t kGroup = 16;
 
 // --- In doubles ----------------------------------------------------------------------------------------------------
 
@@ -61,278 +58,318 @@ bool AreShares(float weightA, float weightB)
     return weightB >= 0 && weightB < 1 && excess <= 0x1p-24 && excess >= -0x1p-24;
 }
 
-// --- Bytes ---------------------------------------------------------------------------------------------------------
-
-// The second weight in whole numbers. A product with a difference of bytes is wrong by at most 128 units for the rounding
-// of the weight and by 64 for weights whose sum is not quite 1.
-constexpr int kFractionBits = 22;
-constexpr std::int32_t kUnits = 1 << kFractionBits;
-constexpr std::int32_t kDoubt = 256;
-
-// A weight as the two factors of (d * 128, d), whose sum of products is d * weight.
-struct Factors {
-    std::int16_t fHigh, fLow;
-};
-
-Factors FactorsOf(float weight)
+// True for weights that nothing was rounded of and of at most 2^-bits, so that no sum comes near to an edge unless it lies
+// on it.
+bool AreCoarse(float weightA, float weightB, int bits)
 {
-    const std::int32_t units = static_cast<std::int32_t>(weight * static_cast<float>(kUnits) + 0.5f);
-    const std::int32_t most = units < kUnits ? units : kUnits - 1;
-    return {static_cast<std::int16_t>(most >> 7), static_cast<std::int16_t>(most & 127)};
-}
-
-// True for weights without any rounding and of so few bits that no product comes near to an edge unless it lies on it.
-bool IsCoarse(float weightA, float weightB)
-{
-    const float steps = weightB * static_cast<float>(kUnits / (4 * kDoubt));
+    const float steps = weightB * static_cast<float>(1 << bits);
     return steps == static_cast<float>(static_cast<std::int32_t>(steps)) && weightA == 1 - weightB;
 }
 
-// Added to a product before it is truncated: a half, and the width of doubt, so that doubtful fractions are those below
-// twice that. Products on an edge that are right are lifted out of doubt.
-std::int32_t Lift(bool isCoarse)
+// Rows are cut into groups of kCount target pixels; the last one overlaps the one before.
+template <std::size_t kCount, class Function>
+void ForEachGroup(std::size_t n, const Function& group)
 {
-    return kUnits / 2 + (isCoarse ? 2 * kDoubt : kDoubt);
+    for (std::size_t i = 0; i < n && n >= kCount; i += kCount)
+        group(i / kCount, i + kCount <= n ? i : n - kCount);
 }
 
-// Sixteen pixels in words. The factors of each half of the lanes, as the words unpack; `least` collects the fractions.
-__m256i Between(__m256i a, __m256i b, __m256i lowFactors, __m256i highFactors, __m256i lift, __m256i& least)
+template <class Group>
+Group* GroupsOf(const ScaleColumns& columns)
 {
-    const __m256i difference = _mm256_sub_epi16(b, a);
-    const __m256i shifted = _mm256_slli_epi16(difference, 7);
-    const auto product = [&](__m256i pairs, __m256i factors) {
-        const __m256i sum = _mm256_add_epi32(_mm256_madd_epi16(pairs, factors), lift);
-        least = _mm256_min_epu32(least, _mm256_slli_epi32(sum, 32 - kFractionBits));
-        return _mm256_srai_epi32(sum, kFractionBits);
-    };
-    const __m256i low = product(_mm256_unpacklo_epi16(shifted, difference), lowFactors);
-    const __m256i high = product(_mm256_unpackhi_epi16(shifted, difference), highFactors);
-    return _mm256_add_epi16(a, _mm256_packs_epi32(low, high));
+    return static_cast<Group*>(static_cast<void*>(columns.fPlan));
+}
+
+// A piece of 16 bytes of the source row, from the first pixel of some entries on or from further left; or -1.
+template <class T>
+std::int32_t PieceOf(const ScaleEntry& entry, const ScaleColumns& columns)
+{
+    constexpr std::int32_t kPixels = 16 / sizeof(T);
+    const std::int32_t first = entry.fFirst - columns.fStart;
+    return columns.fSourceWidth < kPixels
+               ? -1
+               : (first + kPixels <= columns.fSourceWidth ? first : columns.fSourceWidth - kPixels);
+}
+
+// The places of an entry's pixels in a piece of `pixels` pixels; returns false if it doesn't cover them.
+bool FindPlaces(std::int32_t (&places)[2], const ScaleEntry& entry, const ScaleColumns& columns, std::int32_t piece,
+                std::int32_t pixels)
+{
+    places[0] = entry.fFirst - columns.fStart - piece;
+    places[1] = entry.fLast - columns.fStart - piece;
+    return piece >= 0 && places[0] >= 0 && places[1] >= places[0] && places[1] < pixels &&
+           AreShares(entry.fFirstWeight, entry.fLastWeight);
+}
+
+// --- Bytes ---------------------------------------------------------------------------------------------------------
+
+// A pixel is the nearer of the two and a part of the difference to the other. The part is at most a half, in units of
+// 2^-16: a whole factor, and what is left of it in 256ths. A product is wrong by at most a unit, and by another one since
+// the sum of the weights may not quite be 1.
+struct Factor {
+    Factor(float weightA, float weightB)
+    {
+        const float near = weightA < weightB ? weightB : weightA;
+        const float far = weightA < weightB ? weightA : weightB;
+        const float units = far * 65536;
+        const std::int32_t nearest = static_cast<std::int32_t>(units + 0.5f);
+        const std::int32_t whole = nearest < 32767 ? nearest : 32767;
+        fWhole = static_cast<std::int16_t>(whole);
+        const float rest = (units - static_cast<float>(whole)) * 256;
+        fRest = static_cast<std::int16_t>(rest + (rest < 0 ? -0.5f : 0.5f));
+        fLift = AreCoarse(near, far, 12) ? kLift : 0;
+    }
+
+    // Results closer to an edge than this are doubtful; those that are right even on it are lifted beyond.
+    static constexpr std::int16_t kDoubt = 4;
+    static constexpr std::int16_t kLift = 2 * kDoubt;
+
+    std::int16_t fWhole, fRest, fLift;
+};
+
+struct Factors {
+    __m256i fWhole, fRest, fLift;
+};
+
+// Sixteen pixels in words; `least` collects the distances from the edges.
+__m256i Between(__m256i near, __m256i far, const Factors& factors, __m256i& least)
+{
+    const __m256i difference = _mm256_sub_epi16(far, near);
+    const __m256i whole = _mm256_mulhi_epi16(difference, factors.fWhole);
+    const __m256i fraction = _mm256_mullo_epi16(difference, factors.fWhole);
+    const __m256i rest = _mm256_mulhrs_epi16(_mm256_slli_epi16(difference, 7), factors.fRest);
+    // Half a unit less the fraction, which is negative where the result is rounded up.
+    const __m256i toHalf = _mm256_subs_epi16(_mm256_xor_si256(fraction, _mm256_set1_epi16(32767)), rest);
+    const __m256i toEdge = _mm256_subs_epi16(toHalf, factors.fLift);
+    least = _mm256_min_epu16(least, _mm256_abs_epi16(toEdge));
+    return _mm256_sub_epi16(_mm256_add_epi16(near, whole), _mm256_srai_epi16(toEdge, 15));
 }
 
 bool AreDoubtful(__m256i least)
 {
-    const __m256i whole = _mm256_srli_epi32(least, 32 - kFractionBits);
-    return _mm256_movemask_epi8(_mm256_cmpgt_epi32(_mm256_set1_epi32(2 * kDoubt), whole)) != 0;
+    const __m256i below = _mm256_subs_epu16(_mm256_set1_epi16(Factor::kDoubt), least);
+    return _mm256_testz_si256(below, below) == 0;
 }
 
-// Sixteen target pixels of a row. Each eight lie between pixels of one piece of 16 bytes.
+// Target pixels of a row. Each eight lie between pixels of one piece.
 struct ByteGroup {
-    std::int32_t fPieces[2];        // where these start, or negative for a group that doubles have to do
-    Byte fPlaces[2][2][kGroup / 2]; // of the eight first and the eight second pixels in each
-    Factors fFactors[kGroup];       // in the order of the unpacked words
-    std::int32_t fLift;
+    static constexpr std::size_t kCount = 32;
+
+    bool Lay(const ScaleEntry* entries, const ScaleColumns& columns)
+    {
+        for (std::size_t i = 0; i < kCount; ++i) {
+            const ScaleEntry& entry = entries[i];
+            if (i % 8 == 0)
+                fPieces[i / 8] = PieceOf<Byte>(entry, columns);
+            std::int32_t places[2];
+            if (!FindPlaces(places, entry, columns, fPieces[i / 8], 16))
+                return false;
+            const std::size_t near = entry.fLastWeight > entry.fFirstWeight ? 1 : 0;
+            fPlaces[i / 8][0][i % 8] = static_cast<Byte>(places[near]);
+            fPlaces[i / 8][1][i % 8] = static_cast<Byte>(places[1 - near]);
+            const Factor factor(entry.fFirstWeight, entry.fLastWeight);
+            fWhole[i] = factor.fWhole;
+            fRest[i] = factor.fRest;
+            fLift[i] = factor.fLift;
+        }
+        return true;
+    }
+
+    std::int32_t fPieces[kCount / 8]; // where they start, the first negative for a group that doubles have to do
+    Byte fPlaces[kCount / 8][2][8];   // of the near and the far pixels in each
+    std::int16_t fWhole[kCount], fRest[kCount], fLift[kCount];
 };
 
-// Lays out half a group; returns false if it doesn't fit.
-bool Lay(ByteGroup& group, std::size_t half, const ScaleEntry* entries, const ScaleColumns& columns)
+// The half of a group that starts at the given pixel, in words.
+__m256i HalfOfGroup(const Byte* source, const ByteGroup& group, std::size_t i, __m256i& least)
 {
-    const std::int32_t first = entries[0].fFirst - columns.fStart;
-    const std::int32_t piece = first + 16 <= columns.fSourceWidth ? first : columns.fSourceWidth - 16;
-    if (piece < 0)
-        return false;
-    group.fPieces[half] = piece;
-    for (std::size_t i = 0; i < kGroup / 2; ++i) {
-        const ScaleEntry& entry = entries[i];
-        const std::int32_t place = entry.fFirst - columns.fStart - piece;
-        const std::int32_t next = entry.fLast - columns.fStart - piece;
-        if (place < 0 || next < place || next > 15 || !AreShares(entry.fFirstWeight, entry.fLastWeight))
-            return false;
-        group.fPlaces[half][0][i] = static_cast<Byte>(place);
-        group.fPlaces[half][1][i] = static_cast<Byte>(next);
-        group.fFactors[i / 4 * 8 + half * 4 + i % 4] = FactorsOf(entry.fLastWeight);
-    }
-    return true;
+    const __m256i pieces = LoadHalves(source + group.fPieces[i / 8], source + group.fPieces[i / 8 + 1]);
+    const __m256i pixels = _mm256_shuffle_epi8(pieces, Load(group.fPlaces[i / 8]));
+    const Factors factors{Load(group.fWhole + i), Load(group.fRest + i), Load(group.fLift + i)};
+    return Between(_mm256_unpacklo_epi8(pixels, _mm256_setzero_si256()),
+                   _mm256_unpackhi_epi8(pixels, _mm256_setzero_si256()), factors, least);
 }
 
-void PlanBytes(const ScaleColumns& columns)
+bool EnlargeGroup(const Byte* source, const ByteGroup& group, Byte* out)
 {
-    ByteGroup* group = static_cast<ByteGroup*>(static_cast<void*>(columns.fPlan));
-    for (std::size_t i = 0; i + kGroup <= columns.fCount; i += kGroup, ++group) {
-        const ScaleEntry* entries = columns.fEntries + i;
-        bool isCoarse = true;
-        for (std::size_t k = 0; k < kGroup && isCoarse; ++k)
-            isCoarse = IsCoarse(entries[k].fFirstWeight, entries[k].fLastWeight);
-        group->fLift = Lift(isCoarse);
-        if (!Lay(*group, 0, entries, columns) || !Lay(*group, 1, entries + kGroup / 2, columns))
-            group->fPieces[0] = -1;
-    }
-}
-
-void EnlargeBytes(const Byte* source, const ScaleColumns& columns, Byte* out)
-{
-    const ByteGroup* groups = static_cast<const ByteGroup*>(static_cast<const void*>(columns.fPlan));
-    const __m256i zero = _mm256_setzero_si256();
-    std::size_t i = 0;
-    for (; i + kGroup <= columns.fCount; i += kGroup) {
-        const ByteGroup& group = groups[i / kGroup];
-        __m256i least = _mm256_set1_epi32(-1);
-        if (group.fPieces[0] >= 0) {
-            const __m256i pieces = LoadHalves(source + group.fPieces[0], source + group.fPieces[1]);
-            const __m256i pixels = _mm256_shuffle_epi8(pieces, Load(group.fPlaces));
-            const __m256i words =
-                Between(_mm256_unpacklo_epi8(pixels, zero), _mm256_unpackhi_epi8(pixels, zero), Load(group.fFactors),
-                        Load(group.fFactors + 8), _mm256_set1_epi32(group.fLift), least);
-            const __m256i bytes = _mm256_permute4x64_epi64(_mm256_packus_epi16(words, words), 0x08);
-            _mm_storeu_si128(static_cast<__m128i*>(static_cast<void*>(out + i)), _mm256_castsi256_si128(bytes));
-        }
-        if (group.fPieces[0] < 0 || AreDoubtful(least))
-            ExactRow(source, Part(columns, i, kGroup), out + i);
-    }
-    ExactRow(source, Rest(columns, i), out + i);
+    __m256i least = _mm256_set1_epi16(-1);
+    const __m256i low = HalfOfGroup(source, group, 0, least);
+    Store(out, Packed(low, HalfOfGroup(source, group, 16, least)));
+    return !AreDoubtful(least);
 }
 
 void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, Byte* out, std::size_t n)
 {
     std::size_t i = 0;
-    if (AreShares(weightA, weightB)) {
-        const Factors factors = FactorsOf(weightB);
-        const __m256i both = _mm256_set1_epi32(factors.fHigh | factors.fLow << 16);
-        const __m256i lift = _mm256_set1_epi32(Lift(IsCoarse(weightA, weightB)));
-        const __m256i zero = _mm256_setzero_si256();
-        for (; i + kVector <= n; i += kVector) {
-            __m256i least = _mm256_set1_epi32(-1);
-            const __m256i first = Load(a + i), second = Load(b + i);
-            const __m256i low =
-                Between(_mm256_unpacklo_epi8(first, zero), _mm256_unpacklo_epi8(second, zero), both, both, lift, least);
-            const __m256i high =
-                Between(_mm256_unpackhi_epi8(first, zero), _mm256_unpackhi_epi8(second, zero), both, both, lift, least);
-            Store(out + i, _mm256_packus_epi16(low, high));
-            if (AreDoubtful(least))
-                ExactCombine(a + i, b + i, weightA, weightB, out + i, kVector);
-        }
+    const __m256i zero = _mm256_setzero_si256();
+    const bool isNear = weightA >= weightB;
+    const Byte *near = isNear ? a : b, *far = isNear ? b : a;
+    const Factor factor(weightA, weightB);
+    const Factors factors{_mm256_set1_epi16(factor.fWhole), _mm256_set1_epi16(factor.fRest),
+                          _mm256_set1_epi16(factor.fLift)};
+    const bool areShares = AreShares(weightA, weightB);
+    for (; i + kVector <= n && areShares; i += kVector) {
+        __m256i least = _mm256_set1_epi16(-1);
+        const __m256i ours = Load(near + i), theirs = Load(far + i);
+        const __m256i low =
+            Between(_mm256_unpacklo_epi8(ours, zero), _mm256_unpacklo_epi8(theirs, zero), factors, least);
+        const __m256i high =
+            Between(_mm256_unpackhi_epi8(ours, zero), _mm256_unpackhi_epi8(theirs, zero), factors, least);
+        Store(out + i, _mm256_packus_epi16(low, high));
+        if (AreDoubtful(least))
+            ExactCombine(a + i, b + i, weightA, weightB, out + i, kVector);
     }
     ExactCombine(a + i, b + i, weightA, weightB, out + i, n - i);
 }
 
 // --- Words ---------------------------------------------------------------------------------------------------------
 
-// A product of a difference of words is wrong by at most 2^-9 for the rounding of floats and 2^-8 for weights whose sum is
-// not quite 1.
-constexpr float kMostCertain = 0.5f - 0.00586f;
+// Sums of the products of pixels less 32768, in units of 2^-14. Weights are of 29 bits, in two factors: the products with
+// the lower ones count less 15 bits. A sum is wrong by less than 3 units; fractions below twice the doubt are doubtful,
+// since all sums are lifted by it, and those that are right even on an edge by twice as much.
+constexpr int kWordBits = 14;
+constexpr std::int32_t kWordDoubt = 4;
 
-// Eight pixels in 32 bits; `most` collects the distances of the products from the nearest whole number.
-__m256i Between(__m256i a, __m256i b, __m256 weights, __m256& most)
-{
-    const __m256 product = _mm256_mul_ps(_mm256_cvtepi32_ps(_mm256_sub_epi32(b, a)), weights);
-    const __m256i whole = _mm256_cvtps_epi32(product);
-    const __m256 rest = _mm256_sub_ps(product, _mm256_cvtepi32_ps(whole));
-    most = _mm256_max_ps(most, _mm256_andnot_ps(_mm256_set1_ps(-0.0f), rest));
-    return _mm256_add_epi32(a, whole);
-}
+struct WordFactors {
+    WordFactors(float weightA, float weightB)
+    {
+        const std::int32_t a = static_cast<std::int32_t>(weightA * 0x1p29f + 0.5f);
+        const std::int32_t b = static_cast<std::int32_t>(weightB * 0x1p29f + 0.5f);
+        fHigh[0] = static_cast<std::int16_t>(a >> 15);
+        fHigh[1] = static_cast<std::int16_t>(b >> 15);
+        fLow[0] = static_cast<std::int16_t>(a & 32767);
+        fLow[1] = static_cast<std::int16_t>(b & 32767);
+        // The sum of the weights may not quite be 1, which is due to 32768 of each pixel.
+        fLift = a + b - (1 << 29) + (1 << kWordBits) / 2 + (AreCoarse(weightA, weightB, 10) ? 2 : 1) * kWordDoubt;
+    }
 
-bool AreDoubtful(__m256 most)
-{
-    return _mm256_movemask_ps(_mm256_cmp_ps(most, _mm256_set1_ps(kMostCertain), _CMP_GT_OQ)) != 0;
-}
-
-// Sixteen pixels from twice eight in 32 bits.
-void StoreWords(std::uint16_t* out, __m256i low, __m256i high)
-{
-    Store(out, _mm256_permute4x64_epi64(_mm256_packus_epi32(low, high), 0xD8));
-}
-
-// Sixteen target pixels of a row. Each four lie between pixels of one piece of 16 bytes.
-struct WordGroup {
-    std::int32_t fPieces[4]; // as in ByteGroup
-    Byte fFirsts[4][4][4];   // where the bytes of 32-bit numbers are in each, or kNoByte
-    Byte fLasts[4][4][4];
-    float fWeights[kGroup];
+    std::int16_t fHigh[2], fLow[2];
+    std::int32_t fLift;
 };
-constexpr Byte kNoByte = 0x80;
 
-bool Lay(WordGroup& group, std::size_t quarter, const ScaleEntry* entries, const ScaleColumns& columns)
+// Eight pixels less 32768, in 32 bits, from eight pairs of them; `least` collects the fractions.
+__m256i PairSums(__m256i pairs, __m256i high, __m256i low, __m256i lift, __m256i& least)
 {
-    const std::int32_t first = entries[0].fFirst - columns.fStart;
-    const std::int32_t piece = first + 8 <= columns.fSourceWidth ? first : columns.fSourceWidth - 8;
-    if (piece < 0)
-        return false;
-    group.fPieces[quarter] = piece;
-    const auto put = [](Byte* bytes, std::int32_t place) {
-        bytes[0] = static_cast<Byte>(2 * place);
-        bytes[1] = static_cast<Byte>(2 * place + 1);
-        bytes[2] = bytes[3] = kNoByte;
-    };
-    for (std::size_t i = 0; i < 4; ++i) {
-        const ScaleEntry& entry = entries[i];
-        const std::int32_t place = entry.fFirst - columns.fStart - piece;
-        const std::int32_t next = entry.fLast - columns.fStart - piece;
-        if (place < 0 || next < place || next > 7 || !AreShares(entry.fFirstWeight, entry.fLastWeight))
-            return false;
-        put(group.fFirsts[quarter][i], place);
-        put(group.fLasts[quarter][i], next);
-        group.fWeights[4 * quarter + i] = entry.fLastWeight;
-    }
-    return true;
+    const __m256i small = _mm256_srai_epi32(_mm256_madd_epi16(pairs, low), 15);
+    const __m256i sums = _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(pairs, high), lift), small);
+    least = _mm256_min_epu32(least, _mm256_slli_epi32(sums, 32 - kWordBits));
+    return _mm256_srai_epi32(sums, kWordBits);
 }
 
-void PlanWords(const ScaleColumns& columns)
+bool AreDoubtfulFractions(__m256i least)
 {
-    WordGroup* groups = static_cast<WordGroup*>(static_cast<void*>(columns.fPlan));
-    for (std::size_t i = 0; i + kGroup <= columns.fCount; i += kGroup) {
-        WordGroup& group = groups[i / kGroup];
-        bool fits = true;
-        for (std::size_t quarter = 0; quarter < 4 && fits; ++quarter)
-            fits = Lay(group, quarter, columns.fEntries + i + 4 * quarter, columns);
-        if (!fits)
-            group.fPieces[0] = -1;
-    }
+    const __m256i whole = _mm256_srli_epi32(least, 32 - kWordBits);
+    return _mm256_movemask_epi8(_mm256_cmpgt_epi32(_mm256_set1_epi32(2 * kWordDoubt), whole)) != 0;
 }
 
-// The half of a group that starts with the given quarter.
-__m256i EightWords(const std::uint16_t* source, const WordGroup& group, std::size_t quarter, __m256& most)
+__m256i Centred(__m256i words)
 {
-    const __m256i pieces = LoadHalves(source + group.fPieces[quarter], source + group.fPieces[quarter + 1]);
-    return Between(_mm256_shuffle_epi8(pieces, Load(group.fFirsts[quarter])),
-                   _mm256_shuffle_epi8(pieces, Load(group.fLasts[quarter])),
-                   _mm256_loadu_ps(group.fWeights + 4 * quarter), most);
+    return _mm256_xor_si256(words, _mm256_set1_epi16(-32768));
 }
 
-void EnlargeWords(const std::uint16_t* source, const ScaleColumns& columns, std::uint16_t* out)
-{
-    const WordGroup* groups = static_cast<const WordGroup*>(static_cast<const void*>(columns.fPlan));
-    std::size_t i = 0;
-    for (; i + kGroup <= columns.fCount; i += kGroup) {
-        const WordGroup& group = groups[i / kGroup];
-        __m256 most = _mm256_setzero_ps();
-        if (group.fPieces[0] >= 0) {
-            const __m256i low = EightWords(source, group, 0, most);
-            StoreWords(out + i, low, EightWords(source, group, 2, most));
+// Target pixels of a row. Each four lie between pixels of one piece.
+struct WordGroup {
+    static constexpr std::size_t kCount = 16;
+
+    bool Lay(const ScaleEntry* entries, const ScaleColumns& columns)
+    {
+        for (std::size_t i = 0; i < kCount; ++i) {
+            const ScaleEntry& entry = entries[i];
+            if (i % 4 == 0)
+                fPieces[i / 4] = PieceOf<std::uint16_t>(entry, columns);
+            std::int32_t places[2];
+            if (!FindPlaces(places, entry, columns, fPieces[i / 4], 8))
+                return false;
+            const WordFactors factors(entry.fFirstWeight, entry.fLastWeight);
+            for (std::size_t k = 0; k < 2; ++k) {
+                fPlaces[i][k][0] = static_cast<Byte>(2 * places[k]);
+                fPlaces[i][k][1] = static_cast<Byte>(2 * places[k] + 1);
+                fHigh[i][k] = factors.fHigh[k];
+                fLow[i][k] = factors.fLow[k];
+            }
+            fLifts[i] = factors.fLift;
         }
-        if (group.fPieces[0] < 0 || AreDoubtful(most))
-            ExactRow(source, Part(columns, i, kGroup), out + i);
+        return true;
     }
-    ExactRow(source, Rest(columns, i), out + i);
+
+    std::int32_t fPieces[kCount / 4]; // as in ByteGroup
+    Byte fPlaces[kCount][2][2];       // of the bytes of each pair of pixels in its piece
+    std::int16_t fHigh[kCount][2], fLow[kCount][2];
+    std::int32_t fLifts[kCount];
+};
+
+// The half of a group that starts at the given pixel.
+__m256i HalfOfGroup(const std::uint16_t* source, const WordGroup& group, std::size_t i, __m256i& least)
+{
+    const __m256i pieces = LoadHalves(source + group.fPieces[i / 4], source + group.fPieces[i / 4 + 1]);
+    const __m256i pairs = Centred(_mm256_shuffle_epi8(pieces, Load(group.fPlaces + i)));
+    return PairSums(pairs, Load(group.fHigh + i), Load(group.fLow + i), Load(group.fLifts + i), least);
+}
+
+bool EnlargeGroup(const std::uint16_t* source, const WordGroup& group, std::uint16_t* out)
+{
+    __m256i least = _mm256_set1_epi32(-1);
+    const __m256i low = HalfOfGroup(source, group, 0, least);
+    const __m256i words = _mm256_packs_epi32(low, HalfOfGroup(source, group, 8, least));
+    Store(out, Centred(_mm256_permute4x64_epi64(words, 0xD8)));
+    return !AreDoubtfulFractions(least);
 }
 
 void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA, float weightB, std::uint16_t* out,
                   std::size_t n)
 {
     std::size_t i = 0;
-    const __m256 weights = _mm256_set1_ps(weightB);
-    for (; i + kGroup <= n && AreShares(weightA, weightB); i += kGroup) {
-        __m256 most = _mm256_setzero_ps();
-        const auto eight = [&](std::size_t at) {
-            return Between(_mm256_cvtepu16_epi32(Load128(a + at)), _mm256_cvtepu16_epi32(Load128(b + at)), weights,
-                           most);
-        };
-        const __m256i low = eight(i);
-        StoreWords(out + i, low, eight(i + 8));
-        if (AreDoubtful(most))
-            ExactCombine(a + i, b + i, weightA, weightB, out + i, kGroup);
+    if (AreShares(weightA, weightB)) {
+        const WordFactors factors(weightA, weightB);
+        const __m256i high = _mm256_set1_epi32(factors.fHigh[0] | factors.fHigh[1] << 16);
+        const __m256i low = _mm256_set1_epi32(factors.fLow[0] | factors.fLow[1] << 16);
+        const __m256i lift = _mm256_set1_epi32(factors.fLift);
+        for (; i + WordGroup::kCount <= n; i += WordGroup::kCount) {
+            __m256i least = _mm256_set1_epi32(-1);
+            const __m256i first = Centred(Load(a + i)), second = Centred(Load(b + i));
+            const __m256i left = PairSums(_mm256_unpacklo_epi16(first, second), high, low, lift, least);
+            const __m256i right = PairSums(_mm256_unpackhi_epi16(first, second), high, low, lift, least);
+            Store(out + i, Centred(_mm256_packs_epi32(left, right)));
+            if (AreDoubtfulFractions(least))
+                ExactCombine(a + i, b + i, weightA, weightB, out + i, WordGroup::kCount);
+        }
     }
     ExactCombine(a + i, b + i, weightA, weightB, out + i, n - i);
+}
+
+// --- Rows of groups ------------------------------------------------------------------------------------------------
+
+template <class Group>
+void PlanGroups(const ScaleColumns& columns)
+{
+    Group* groups = GroupsOf<Group>(columns);
+    ForEachGroup<Group::kCount>(columns.fCount, [&](std::size_t index, std::size_t i) {
+        if (!groups[index].Lay(columns.fEntries + i, columns))
+            groups[index].fPieces[0] = -1;
+    });
+}
+
+template <class Group, class T>
+void EnlargeGroups(const T* source, const ScaleColumns& columns, T* out)
+{
+    const Group* groups = GroupsOf<Group>(columns);
+    if (columns.fCount < Group::kCount)
+        return ExactRow(source, columns, out);
+    ForEachGroup<Group::kCount>(columns.fCount, [&](std::size_t index, std::size_t i) {
+        if (groups[index].fPieces[0] < 0 || !EnlargeGroup(source, groups[index], out + i))
+            ExactRow(source, Part(columns, i, Group::kCount), out + i);
+    });
 }
 
 } // namespace
 
 void AddEnlarging(KernelTable& table)
 {
-    table.scale8.planEnlarge = PlanBytes;
-    table.scale8.enlarge = EnlargeBytes;
+    table.scale8.planEnlarge = PlanGroups<ByteGroup>;
+    table.scale8.enlarge = EnlargeGroups<ByteGroup, Byte>;
     table.scale8.combine = CombineBytes;
-    table.scale16.planEnlarge = PlanWords;
-    table.scale16.enlarge = EnlargeWords;
+    table.scale16.planEnlarge = PlanGroups<WordGroup>;
+    table.scale16.enlarge = EnlargeGroups<WordGroup, std::uint16_t>;
     table.scale16.combine = CombineWords;
     table.scale32.enlarge = ExactRow<std::uint32_t>;
     table.scale32.combine = ExactCombine<std::uint32_t>;
