@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace Kesto::Kernels {
 
@@ -45,12 +46,17 @@ struct KernelTable {
                       std::int32_t constant, std::uint8_t* out, std::size_t n);
     // rows[1] is the centre row; all three reach one pixel beyond both ends.
     void (*neighbourMeanRow)(const std::uint8_t* const rows[3], std::int32_t weight, std::uint8_t* out, std::size_t n);
-    std::uint32_t (*sum)(const std::uint8_t* source, std::size_t n);
 
     // Planes. The source is one pixel larger on every side; `table` is the entry of a difference of 0.
     void (*sharpen)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, const std::int32_t* table);
 
-    // `scratch` has ScratchBytes(shape, width) bytes.
+    // A row of mosaic cells, see plain/mosaic.h. `sums` has room for a number for each column.
+    void (*mosaicBand)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, std::int32_t cellWidth, bool round,
+                       std::uint32_t* sums);
+
+    // Boxes. `scratch` has shape.ScratchBytes(columns of the source) bytes. `counts` is the rank's histogram to work in.
+    void (*rank)(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape, std::int32_t rank,
+                 std::span<std::int32_t> counts, std::byte* scratch);
     void (*boxMean)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, bool round,
                     std::byte* scratch);
     void (*boxMaximum)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, std::byte* scratch);

@@ -17,17 +17,6 @@ struct Smaller {
     Byte operator()(Byte a, Byte b) const { return a < b ? a : b; }
 };
 
-// out = pick(a, b), of rows of which `a` is a source row that must not be read beyond its end.
-template <class Pick>
-void PickRows(const Byte* a, const Byte* b, Byte* out, std::size_t n)
-{
-    std::size_t i = 0;
-    for (; i + kVector <= n; i += kVector)
-        Store(out + i, Pick()(Load(a + i), Load(b + i)));
-    for (; i < n; ++i)
-        out[i] = Pick()(a[i], b[i]);
-}
-
 // The extremes of the columns of one row of boxes after the other, at three operations a pixel for any height: a block of
 // rows as high as the box gets its extremes from each row to the block's end; the rows below it add theirs as they come.
 template <class Pick>
@@ -48,11 +37,7 @@ public:
             return ToEnd(0);
         }
         const Byte* entering = fSource.Row(y + fHeight - 1);
-        if (place == 1)
-            std::memcpy(fBelow, entering, fColumns);
-        else
-            PickRows<Pick>(entering, fBelow, fBelow, fColumns);
-        PickRows<Pick>(ToEnd(place), fBelow, fResult, fColumns);
+        Enter(entering, place == 1 ? entering : fBelow, ToEnd(place));
         return fResult;
     }
 
@@ -61,9 +46,34 @@ private:
 
     void StartBlock(std::int32_t y)
     {
-        std::memcpy(ToEnd(fHeight - 1), fSource.Row(y + fHeight - 1), fColumns);
-        for (std::int32_t place = fHeight - 2; place >= 0; --place)
-            PickRows<Pick>(fSource.Row(y + place), ToEnd(place + 1), ToEnd(place), fColumns);
+        std::size_t i = 0;
+        for (; i + kVector <= fColumns; i += kVector) {
+            __m256i extreme = Load(fSource.Row(y + fHeight - 1) + i);
+            Store(ToEnd(fHeight - 1) + i, extreme);
+            for (std::int32_t place = fHeight - 2; place >= 0; --place) {
+                extreme = Pick()(extreme, Load(fSource.Row(y + place) + i));
+                Store(ToEnd(place) + i, extreme);
+            }
+        }
+        for (; i < fColumns; ++i) {
+            Byte extreme = ToEnd(fHeight - 1)[i] = fSource.Row(y + fHeight - 1)[i];
+            for (std::int32_t place = fHeight - 2; place >= 0; --place)
+                ToEnd(place)[i] = extreme = Pick()(extreme, fSource.Row(y + place)[i]);
+        }
+    }
+
+    void Enter(const Byte* entering, const Byte* below, const Byte* toEnd)
+    {
+        std::size_t i = 0;
+        for (; i + kVector <= fColumns; i += kVector) {
+            const __m256i extreme = Pick()(Load(entering + i), Load(below + i));
+            Store(fBelow + i, extreme);
+            Store(fResult + i, Pick()(extreme, Load(toEnd + i)));
+        }
+        for (; i < fColumns; ++i) {
+            fBelow[i] = Pick()(entering[i], below[i]);
+            fResult[i] = Pick()(fBelow[i], toEnd[i]);
+        }
     }
 
     Plane<const Byte> fSource;
@@ -101,7 +111,7 @@ void AlongRow(const Byte* in, Byte* out, std::size_t n, std::size_t width)
 }
 
 template <class Pick>
-void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::byte* scratch)
+void BoxExtremeOfStrip(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::byte* scratch)
 {
     const std::size_t n = static_cast<std::size_t>(out.fWidth);
     const std::size_t width = static_cast<std::size_t>(shape.fWidth);
@@ -112,6 +122,19 @@ void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
         AlongRow<Pick>(extremes.Row(y), result, n, width);
         std::memcpy(out.Row(y), result, n);
+    }
+}
+
+// Strips of a plane, narrow enough that a block of rows stays in the nearest cache.
+template <class Pick>
+void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::byte* scratch)
+{
+    constexpr std::int32_t kStrip = 1024;
+    const std::int32_t strip = shape.fWidth < kStrip ? kStrip : out.fWidth;
+    for (std::int32_t x = 0; x < out.fWidth; x += strip) {
+        const std::int32_t width = out.fWidth - x < strip ? out.fWidth - x : strip;
+        BoxExtremeOfStrip<Pick>({source.fPixels + x, source.fRowBytes, source.fWidth - x, source.fHeight},
+                                {out.fPixels + x, out.fRowBytes, width, out.fHeight}, shape, scratch);
     }
 }
 
