@@ -14,6 +14,9 @@
 
 namespace Kesto::Kernels {
 
+// Six of these, and a pixel, add up in 16 bits.
+inline constexpr std::int32_t kEmbossLimit = 4096;
+
 struct KernelTable {
     using Unary8 = void (*)(const std::uint8_t* source, std::uint8_t* out, std::size_t n);
     using Binary8 = void (*)(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* out, std::size_t n);
@@ -41,8 +44,9 @@ struct KernelTable {
                   std::uint32_t& seed);
     void (*hueToRGB)(const std::uint8_t* const hsv[3], std::uint8_t* const rgb[3], std::size_t n);
 
-    // The sums of three neighbours on either side; rows hold table values and reach one entry beyond both ends.
-    void (*embossRow)(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
+    // The sums of three neighbours on either side; rows hold table values and reach one entry beyond both ends. With
+    // values and a constant within kEmbossLimit of 0.
+    void (*embossRow)(const std::int16_t* const near[3], const std::int16_t* const far[3], const std::uint8_t* base,
                       std::int32_t constant, std::uint8_t* out, std::size_t n);
     // rows[1] is the centre row; all three reach one pixel beyond both ends.
     void (*neighbourMeanRow)(const std::uint8_t* const rows[3], std::int32_t weight, std::uint8_t* out, std::size_t n);

@@ -78,11 +78,11 @@ Plane<T> PlaneOf(const CPixView& view, std::int32_t plane)
 }
 
 // Calls row(plane, y, pixels) for every row, all planes of a row before the next. Short rows without gaps are taken as few
-// long ones, short enough that a mask is still in the nearest cache when the next plane wants it.
+// long ones, short enough that a mask is still in a near cache when the next plane wants it.
 template <class Function>
 void ForEachRow(const Extent& extent, const Function& row)
 {
-    constexpr std::int32_t kLongRow = 8192;
+    constexpr std::int32_t kLongRow = 131072;
     const std::int32_t rows = std::clamp(kLongRow / std::max(extent.fWidth, 1), 1, extent.fRun);
     for (std::int32_t y = 0; y < extent.fHeight; y += rows)
         for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane)

@@ -5,47 +5,24 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-__m256i LoadWords(const std::int32_t* from)
+__m256i SumOfThree(const std::int16_t* const rows[3], std::size_t i)
 {
-    return Load(from);
+    return _mm256_add_epi16(_mm256_add_epi16(Load(rows[0] + i), Load(rows[1] + i)), Load(rows[2] + i));
 }
 
-// Table values may be any 32-bit numbers; those beyond this bound on either side are left to the plain loop, so that six of
-// them and a base add up without leaving 32 bits.
-constexpr std::int32_t kBound = 1 << 27;
-
-__m256i Sum(const std::int32_t* const rows[3], std::size_t i, __m256i& extremes)
-{
-    __m256i sum = _mm256_setzero_si256();
-    for (std::size_t k = 0; k < 3; ++k) {
-        const __m256i values = LoadWords(rows[k] + i);
-        sum = _mm256_add_epi32(sum, values);
-        extremes = _mm256_or_si256(extremes, _mm256_abs_epi32(values));
-    }
-    return sum;
-}
-
-void EmbossRow(const std::int32_t* const near[3], const std::int32_t* const far[3], const Byte* base,
+void EmbossRow(const std::int16_t* const near[3], const std::int16_t* const far[3], const Byte* base,
                std::int32_t constant, Byte* out, std::size_t n)
 {
-    const bool wild = constant > kBound || constant < -kBound;
+    const __m256i level = _mm256_set1_epi16(static_cast<short>(constant));
+    const auto pixels = [&](std::size_t i) {
+        const __m256i relief = _mm256_sub_epi16(SumOfThree(near, i), SumOfThree(far, i));
+        return _mm256_add_epi16(relief, base != nullptr ? Load16(base + i) : level);
+    };
     std::size_t i = 0;
-    for (; i + 8 <= n && !wild; i += 8) {
-        __m256i extremes = _mm256_setzero_si256();
-        const __m256i relief = _mm256_sub_epi32(Sum(near, i, extremes), Sum(far, i, extremes));
-        if (!_mm256_testz_si256(extremes, _mm256_set1_epi32(-kBound)))
-            break;
-        const __m256i pixels =
-            _mm256_add_epi32(relief, base != nullptr ? Load32(base + i) : _mm256_set1_epi32(constant));
-        const __m256i words = _mm256_packs_epi32(pixels, pixels);
-        const __m256i bytes = _mm256_packus_epi16(words, words);
-        const std::uint32_t low = static_cast<std::uint32_t>(_mm256_extract_epi32(bytes, 0));
-        const std::uint32_t high = static_cast<std::uint32_t>(_mm256_extract_epi32(bytes, 4));
-        std::memcpy(out + i, &low, 4);
-        std::memcpy(out + i + 4, &high, 4);
-    }
-    const std::int32_t* const nearRest[3] = {near[0] + i, near[1] + i, near[2] + i};
-    const std::int32_t* const farRest[3] = {far[0] + i, far[1] + i, far[2] + i};
+    for (; i + kVector <= n; i += kVector)
+        Store(out + i, Packed(pixels(i), pixels(i + 16)));
+    const std::int16_t* const nearRest[3] = {near[0] + i, near[1] + i, near[2] + i};
+    const std::int16_t* const farRest[3] = {far[0] + i, far[1] + i, far[2] + i};
     PlainKernels().embossRow(nearRest, farRest, base != nullptr ? base + i : nullptr, constant, out + i, n - i);
 }
 

@@ -6,8 +6,9 @@
 
 namespace Kesto::Kernels::Plain {
 
-inline void EmbossRow(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
-                      std::int32_t constant, std::uint8_t* out, std::size_t n)
+template <class Value>
+void EmbossRow(const Value* const near[3], const Value* const far[3], const std::uint8_t* base, std::int32_t constant,
+               std::uint8_t* out, std::size_t n)
 {
     for (std::size_t i = 0; i < n; ++i) {
         const std::int64_t light = std::int64_t{near[0][i]} + near[1][i] + near[2][i];

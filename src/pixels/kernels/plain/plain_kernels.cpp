@@ -33,7 +33,7 @@ const KernelTable& PlainKernels()
         .mapTable = Plain::MapTable,
         .noise = Noise,
         .hueToRGB = HueRowToRGB<std::uint8_t>,
-        .embossRow = EmbossRow,
+        .embossRow = EmbossRow<std::int16_t>,
         .neighbourMeanRow = NeighbourMeanRow,
         .sharpen = Plain::Sharpen,
         .mosaicBand = MosaicBand,
