@@ -275,23 +275,74 @@ void AveragePairs(const Byte* a, const Byte* b, Byte* out, std::size_t n)
         out[i] = static_cast<Byte>(((a[2 * i] + a[2 * i + 1] + 1) / 2 + (b[2 * i] + b[2 * i + 1] + 1) / 2 + 1) / 2);
 }
 
-// --- 16 and 32 bits ------------------------------------------------------------------------------------------------
+// --- 16 bits -------------------------------------------------------------------------------------------------------
 
-template <class T>
-struct WideGroup {
+struct WordGroup {
+    std::int32_t fPieces[kGroup];         // where the entries start
+    Byte fOuter[kGroup][2][8];            // where the first and the last pixel are, as bytes of 64-bit numbers
+    std::uint64_t fUnits[kGroup][2];      // their weights in units of kUnit
+    std::uint16_t fInner[kGroup][kPiece]; // all bits for the pixels between
+};
+
+void PlanWords(const ScaleColumns& columns)
+{
+    HeadOf(columns) = {0, 0};
+    LayGroups<WordGroup>(columns, [&](WordGroup& group, const ScaleEntry* entries) {
+        std::memset(group.fOuter, 0x80, sizeof group.fOuter); // none
+        for (std::size_t i = 0; i < kGroup; ++i) {
+            const std::int32_t steps = entries[i].fLast - entries[i].fFirst;
+            group.fPieces[i] = entries[i].fFirst - columns.fStart;
+            group.fOuter[i][0][0] = 0;
+            group.fOuter[i][0][1] = 1;
+            group.fOuter[i][1][0] = static_cast<Byte>(2 * steps);
+            group.fOuter[i][1][1] = static_cast<Byte>(2 * steps + 1);
+            group.fUnits[i][0] = UnitsOf(entries[i].fFirstWeight);
+            group.fUnits[i][1] = steps > 0 ? UnitsOf(entries[i].fLastWeight) : 0;
+            for (std::int32_t k = 0; k < kPiece; ++k)
+                group.fInner[i][k] = k > 0 && k < steps ? 0xFFFF : 0;
+        }
+    });
+}
+
+// The sums of two entries in units of kUnit, each in two parts.
+__m256i TwoSums(const std::uint16_t* source, const WordGroup& group, std::size_t i)
+{
+    const __m256i pieces = LoadHalves(source + group.fPieces[i], source + group.fPieces[i + 1]);
+    const __m256i outer = _mm256_mul_epu32(_mm256_shuffle_epi8(pieces, Load(group.fOuter[i])), Load(group.fUnits[i]));
+    const __m256i inner = _mm256_and_si256(pieces, Load(group.fInner[i]));
+    const __m256i low = _mm256_sad_epu8(_mm256_and_si256(inner, _mm256_set1_epi16(255)), _mm256_setzero_si256());
+    const __m256i high = _mm256_sad_epu8(_mm256_srli_epi16(inner, 8), _mm256_setzero_si256());
+    const __m256i sums = _mm256_add_epi64(low, _mm256_slli_epi64(high, 8));
+    return _mm256_add_epi64(outer, _mm256_slli_epi64(sums, 23));
+}
+
+void ReduceWords(const std::uint16_t* source, const ScaleColumns& columns, std::uint16_t* out)
+{
+    const __m256d scale = _mm256_set1_pd(static_cast<double>(columns.fScale) * kUnit);
+    const WordGroup* group = GroupsOf<WordGroup>(columns);
+    std::size_t i = 0;
+    for (const std::size_t end = kGroup * HeadOf(columns).fGroups; i < end; i += kGroup, ++group) {
+        const __m256i low = TwoSums(source, *group, 0), high = TwoSums(source, *group, 2);
+        const __m256i sums = _mm256_add_epi64(_mm256_unpacklo_epi64(low, high), _mm256_unpackhi_epi64(low, high));
+        StoreScaled(out + i, Doubles(_mm256_permute4x64_epi64(sums, 0xD8)), scale);
+    }
+    PlainRows<std::uint16_t>().reduce(source, Rest(columns, i), out + i);
+}
+
+// --- 32 bits -------------------------------------------------------------------------------------------------------
+
+struct LongGroup {
     std::int32_t fFirsts[kGroup]; // places in the source row
     std::int32_t fLasts[kGroup];
     double fFirstWeights[kGroup];
     double fLastWeights[kGroup];
-    T fInner[kGroup][kPiece];  // all bits for the pixels of a piece between first and last
-    double fInnerBias[kGroup]; // what the inner pixels lack, as 16-bit numbers with a sign
+    std::uint32_t fInner[kGroup][kPiece]; // all bits for the pixels of a piece between first and last
 };
 
-template <class T>
-void PlanWide(const ScaleColumns& columns)
+void PlanLongs(const ScaleColumns& columns)
 {
     HeadOf(columns) = {0, 0};
-    LayGroups<WideGroup<T>>(columns, [&](WideGroup<T>& group, const ScaleEntry* entries) {
+    LayGroups<LongGroup>(columns, [&](LongGroup& group, const ScaleEntry* entries) {
         for (std::size_t i = 0; i < kGroup; ++i) {
             const std::int32_t steps = entries[i].fLast - entries[i].fFirst;
             group.fFirsts[i] = entries[i].fFirst - columns.fStart;
@@ -299,28 +350,13 @@ void PlanWide(const ScaleColumns& columns)
             group.fFirstWeights[i] = static_cast<double>(entries[i].fFirstWeight);
             group.fLastWeights[i] = steps > 0 ? static_cast<double>(entries[i].fLastWeight) : 0;
             for (std::int32_t k = 0; k < kPiece; ++k)
-                group.fInner[i][k] = k > 0 && k < steps ? static_cast<T>(-1) : T{0};
-            group.fInnerBias[i] = steps > 1 ? 32768.0 * (steps - 1) : 0;
+                group.fInner[i][k] = k > 0 && k < steps ? 0xFFFFFFFF : 0;
         }
     });
 }
 
 // The sums of the inner pixels of four entries.
-__m256d InnerSums(const std::uint16_t* source, const WideGroup<std::uint16_t>& group)
-{
-    // Less 32768 they are numbers with a sign, of which pairs are added.
-    const auto pairs = [&](std::size_t i) {
-        const __m256i pieces = LoadHalves(source + group.fFirsts[i], source + group.fFirsts[i + 2]);
-        const __m256i masks = LoadHalves(group.fInner[i], group.fInner[i + 2]);
-        const __m256i inner = _mm256_and_si256(_mm256_xor_si256(pieces, _mm256_set1_epi16(-32768)), masks);
-        return _mm256_madd_epi16(inner, _mm256_set1_epi16(1));
-    };
-    const __m256i fours = _mm256_hadd_epi32(pairs(0), pairs(1));
-    const __m256i sums = _mm256_hadd_epi32(fours, fours); // 0, 1 in the low half; 2, 3 in the high one
-    const __m128i four = _mm_unpacklo_epi64(_mm256_castsi256_si128(sums), _mm256_extracti128_si256(sums, 1));
-    return _mm256_add_pd(_mm256_cvtepi32_pd(four), _mm256_loadu_pd(group.fInnerBias));
-}
-__m256d InnerSums(const std::uint32_t* source, const WideGroup<std::uint32_t>& group)
+__m256d InnerSums(const std::uint32_t* source, const LongGroup& group)
 {
     const auto pairs = [&](std::size_t i) {
         const __m256i inner = _mm256_and_si256(Load(source + group.fFirsts[i]), Load(group.fInner[i]));
@@ -334,24 +370,20 @@ __m256d InnerSums(const std::uint32_t* source, const WideGroup<std::uint32_t>& g
         _mm256_add_epi64(_mm256_permute2x128_si256(low, high, 0x20), _mm256_permute2x128_si256(low, high, 0x31)));
 }
 
-template <class T>
-__m256d FourAt(const T* source, const std::int32_t* places)
-{
-    return FourDoubles(source[places[0]], source[places[1]], source[places[2]], source[places[3]]);
-}
-
-template <class T>
-void ReduceWide(const T* source, const ScaleColumns& columns, T* out)
+void ReduceLongs(const std::uint32_t* source, const ScaleColumns& columns, std::uint32_t* out)
 {
     const __m256d scale = _mm256_set1_pd(static_cast<double>(columns.fScale));
-    const WideGroup<T>* group = GroupsOf<WideGroup<T>>(columns);
+    const LongGroup* group = GroupsOf<LongGroup>(columns);
     std::size_t i = 0;
-    for (; i < kGroup * HeadOf(columns).fGroups; i += kGroup, ++group) {
-        const __m256d first = _mm256_mul_pd(FourAt(source, group->fFirsts), _mm256_loadu_pd(group->fFirstWeights));
-        const __m256d last = _mm256_mul_pd(FourAt(source, group->fLasts), _mm256_loadu_pd(group->fLastWeights));
+    for (const std::size_t end = kGroup * HeadOf(columns).fGroups; i < end; i += kGroup, ++group) {
+        const auto four = [source](const std::int32_t* places) {
+            return FourDoubles(source[places[0]], source[places[1]], source[places[2]], source[places[3]]);
+        };
+        const __m256d first = _mm256_mul_pd(four(group->fFirsts), _mm256_loadu_pd(group->fFirstWeights));
+        const __m256d last = _mm256_mul_pd(four(group->fLasts), _mm256_loadu_pd(group->fLastWeights));
         StoreScaled(out + i, _mm256_add_pd(_mm256_add_pd(first, InnerSums(source, *group)), last), scale);
     }
-    PlainRows<T>().reduce(source, Rest(columns, i), out + i);
+    PlainRows<std::uint32_t>().reduce(source, Rest(columns, i), out + i);
 }
 
 } // namespace
@@ -362,10 +394,10 @@ void AddReducing(KernelTable& table)
     table.scale8.reduce = ReduceBytes;
     table.scale8.average = Average;
     table.scale8.averagePairs = AveragePairs;
-    table.scale16.planReduce = PlanWide<std::uint16_t>;
-    table.scale16.reduce = ReduceWide<std::uint16_t>;
-    table.scale32.planReduce = PlanWide<std::uint32_t>;
-    table.scale32.reduce = ReduceWide<std::uint32_t>;
+    table.scale16.planReduce = PlanWords;
+    table.scale16.reduce = ReduceWords;
+    table.scale32.planReduce = PlanLongs;
+    table.scale32.reduce = ReduceLongs;
 }
 
 } // namespace Kesto::Kernels::Avx2
