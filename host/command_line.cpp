@@ -43,7 +43,7 @@ int RunLumohost(std::vector<std::string> arguments)
 {
     CommonOptions common;
     CLI::App app("Opens and saves pictures through a Lumograph file format module.", "lumohost");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1); // no more; with none the help tells of them
     app.set_help_all_flag("--help-all", "Show the help of all commands");
     app.footer("\nlumohost COMMAND --help tells more, with examples.");
 
@@ -64,6 +64,10 @@ int RunLumohost(std::vector<std::string> arguments)
         return app.exit(error) == 0 ? 0 : kMisused;
     }
     const auto named = std::ranges::find_if(commands, [](const auto& entry) { return entry.first->parsed(); });
+    if (named == std::end(commands)) {
+        std::fputs(app.help().c_str(), stderr);
+        return kMisused;
+    }
     return Run(named->second);
 }
 

@@ -4,6 +4,14 @@
 
 namespace Kesto {
 
+void CMemoryContainer::Fill(CStream& source, std::size_t size)
+{
+    fBlock.SetSize(size);
+    fSize = size;
+    fPosition = 0;
+    source.Read(fBlock.Data(), size);
+}
+
 void CMemoryContainer::SetLength(std::uint64_t size)
 {
     ResizeBlock(fBlock, size);

@@ -16,6 +16,10 @@ public:
     // All bytes; valid until the container grows.
     std::span<const std::byte> Bytes() const { return fBlock.Bytes(); }
 
+    // Replaces all bytes by the next `size` of `source`, and goes to the first. When the source throws, the bytes are
+    // undefined.
+    void Fill(CStream& source, std::size_t size);
+
     void SetLength(std::uint64_t size) override;
     void SetPosition(std::uint64_t) override {}
     void ReadBytes(void* buffer, std::size_t size) override;

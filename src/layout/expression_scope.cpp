@@ -171,9 +171,9 @@ void CExpressionScope::AddVariable(std::string_view name, std::string_view text)
     AddVariable(name, {VexUndefined, fPool->InternString(text)});
 }
 
-void CExpressionScope::AddConstant(const VexName& name, std::int32_t integer)
+void CExpressionScope::AddUncopied(const VexName& name, const VexContent& content)
 {
-    Define(name, {integer, kVexNoText}, false);
+    Define(name, content, false);
 }
 
 bool CExpressionScope::GetIntVariable(std::string_view name, std::int32_t* out) const

@@ -57,8 +57,9 @@ public:
     void AddVariable(std::string_view name, std::string_view text);
     void AddVariable(std::string_view name, const char* text) { AddVariable(name, std::string_view(text)); }
 
-    // Like AddVariable, for a name whose characters outlive the scope and have a zero behind them: it isn't copied.
-    void AddConstant(const VexName& name, std::int32_t integer);
+    // Like AddVariable, for a name whose characters outlive the scope: it isn't copied.
+    void AddUncopied(const VexName& name, const VexContent& content);
+    void AddConstant(const VexName& name, std::int32_t integer) { AddUncopied(name, {integer, kVexNoText}); }
 
     // Each returns whether the name is defined in the chain, and stores the value only then. A null `out` throws
     // std::logic_error "Warning! (value != NULL)".
@@ -142,7 +143,7 @@ protected:
     ParseListener* Listener() const { return fListener; }
 
 private:
-    static constexpr std::size_t kBucketCount = 127;
+    static constexpr std::uint32_t kBucketCount = 127;
     // A scope of fewer variables keeps them in one chain. Most scopes do, and cost no table.
     static constexpr int kFewVariables = 24;
     using Buckets = std::array<VexValue*, kBucketCount>;

@@ -147,7 +147,7 @@ bool CRapidViewScope::MatchProperty(const char*& cursor)
     VexContent value;
     if (!MatchName(at, name) || !MatchLiteral(at, ":") || !ParseValue(at, ",)", value))
         return false;
-    AddVariable(name, value);
+    AddUncopied(name, value); // the scope is cleared before the text ends
     Matched(VexRule::kProperty, cursor, at);
     cursor = at;
     return true;

@@ -18,8 +18,8 @@ struct VexContent {
     const char* text = kVexNoText;
 };
 
-// One variable of a scope. It lies in the scope's string pool and so does its name, unless the name is a constant of the
-// program; both are zero-terminated. Its text may lie in the pool of an enclosing scope.
+// One variable of a scope. It lies in the scope's string pool and so does its name, unless the name outlives the scope.
+// Its text may lie in the pool of an enclosing scope, and ends with a zero.
 struct VexValue {
     VexValue* next; // in the bucket
     const char* name;

@@ -35,7 +35,8 @@ protected:
 
 TEST_F(FailuresTest, MistakesOnTheCommandLineHaveAStatusOfTheirOwn)
 {
-    ExpectFailure({}, 2, {"subcommand is required"});
+    ExpectFailure({}, 2, {"assemble", "lumohost COMMAND --help"});
+    ExpectFailure({"opne", Sample("harbour.img")}, 2, {"not expected", "opne"});
     ExpectFailure({"open"}, 2, {"file is required"});
     ExpectFailure({"open", Sample("harbour.img"), "--compression", "12"}, 2, {"--compression"});
     const ProgramRun help = RunLumohost({"assemble", "--help"});

@@ -1,5 +1,6 @@
 // Makes a contact sheet of the pixel kernels: each one applied to a sample picture, with its name below.
 // Usage: pixdemo [OUT.png]
+#include "contact_sheet/contact_sheet.h"
 #include "pixels/kernels/arithmetic.h"
 #include "pixels/kernels/blend.h"
 #include "pixels/kernels/box.h"
@@ -11,8 +12,6 @@
 #include "pixels/kernels/view_access.h"
 #include "pixels/memory_pixmap.h"
 #include "pixels/pixmap_scaler.h"
-
-#include <cairo.h>
 
 #include <array>
 #include <cmath>
@@ -140,50 +139,23 @@ std::vector<Sample> Samples()
     };
 }
 
-using Surface = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
-
-// The sample as a surface that shares nothing with it.
-Surface MakeSurface(const Picture& picture)
-{
-    Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, kSize, kSize), cairo_surface_destroy);
-    CPixView view;
-    view.SetPlanes(0, 1);
-    view.planePointers[0] = cairo_image_surface_get_data(surface.get());
-    view.width = kSize;
-    view.height = kSize;
-    view.SetRowBytes(cairo_image_surface_get_stride(surface.get()));
-    view.SetPixelBits(32);
-    MergePlanes(view, picture.fSample, kOrder_BGRConstant, 255);
-    cairo_surface_mark_dirty(surface.get());
-    return surface;
-}
-
 bool WriteSheet(const std::string& path)
 {
     const std::vector<Sample> samples = Samples();
     const std::int32_t rows = (static_cast<std::int32_t>(samples.size()) + kColumns - 1) / kColumns;
-    const Surface sheet(
-        cairo_image_surface_create(CAIRO_FORMAT_RGB24, kColumns * (kSize + 10) + 10, rows * (kSize + kLabel) + 10),
-        cairo_surface_destroy);
-    const std::unique_ptr<cairo_t, void (*)(cairo_t*)> context(cairo_create(sheet.get()), cairo_destroy);
-    cairo_set_source_rgb(context.get(), 1, 1, 1);
-    cairo_paint(context.get());
-    cairo_set_font_size(context.get(), 13);
+    ContactSheet sheet(kColumns * (kSize + 10) + 10, rows * (kSize + kLabel) + 10, 0xFFFFFF);
     const Picture source;
     Paint(source);
-    for (std::size_t i = 0; i < samples.size(); ++i) {
+    for (std::int32_t i = 0; const Sample& sample : samples) {
         const Picture out;
-        samples[i].fApply(out, source);
-        const double x = 10 + static_cast<double>(i % kColumns) * (kSize + 10);
-        const double y = 10 + static_cast<double>(i / kColumns) * (kSize + kLabel);
-        const Surface picture = MakeSurface(out);
-        cairo_set_source_surface(context.get(), picture.get(), x, y);
-        cairo_paint(context.get());
-        cairo_set_source_rgb(context.get(), 0, 0, 0);
-        cairo_move_to(context.get(), x, y + kSize + 15);
-        cairo_show_text(context.get(), samples[i].fName);
+        sample.fApply(out, source);
+        const std::int32_t x = 10 + i % kColumns * (kSize + 10);
+        const std::int32_t y = 10 + i / kColumns * (kSize + kLabel);
+        sheet.Draw(out.fSample, x, y);
+        sheet.Label(sample.fName, x, y + kSize + 15);
+        ++i;
     }
-    return cairo_surface_write_to_png(sheet.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+    return sheet.Write(path);
 }
 
 } // namespace

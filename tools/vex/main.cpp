@@ -104,7 +104,7 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Checks, formats and shows layout texts (.vex files).", "vex"};
     app.footer(kLanguage);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);           // no more; with none the help tells of them
     app.allow_windows_style_options(false); // an absolute path is no option, on any system
     Options options;
 
@@ -133,6 +133,10 @@ int main(int argc, char** argv)
 
     try {
         app.parse(argc, argv);
+        if (app.get_subcommands().empty()) {
+            std::cerr << app.help();
+            return kExit_Trouble;
+        }
         return check->parsed() ? Check(options) : format->parsed() ? Format(options) : Dump(options);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kExit_Well : kExit_Trouble;

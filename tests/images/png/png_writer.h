@@ -1,0 +1,42 @@
+// Writes PNG files for tests, benchmarks and seeds: sound ones of every kind, and chunks of which to make bad ones.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace TestPNG {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// One image. Samples follow each other pixel by pixel, row by row, 8 bits each.
+struct Picture {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::uint8_t colorType = 0;
+    bool interlaced = false;
+    Bytes samples;
+    Bytes palette;      // red, green, blue of each entry; the chunk is left out when this is empty
+    Bytes transparency; // the chunk's payload, likewise
+
+    std::size_t Channels() const;
+};
+
+// A picture of random samples, each as likely to repeat the one before it as not; palettes have 256 colours.
+Picture RandomPicture(std::int32_t width, std::int32_t height, std::uint8_t colorType, std::uint32_t seed);
+
+// The rows as they are compressed, row i behind filter byte filters[i % size] and filtered so; 5 and up filter nothing.
+Bytes FilteredRows(const Picture& picture, const Bytes& filters);
+
+Bytes Signature();
+Bytes Header(std::uint32_t width, std::uint32_t height, std::uint8_t depth, std::uint8_t colorType,
+             std::uint8_t filterMethod = 0, std::uint8_t interlaceMethod = 0); // the payload of the header chunk
+Bytes Chunk(std::string_view type, const Bytes& payload);
+Bytes Deflated(const Bytes& data, int level = 6);
+Bytes Joined(const std::vector<Bytes>& parts);
+
+// A whole file, its image data in chunks of `pieceBytes`.
+Bytes Encoded(const Picture& picture, const Bytes& filters, std::size_t pieceBytes = 8192, int level = 6);
+
+} // namespace TestPNG
