@@ -71,7 +71,7 @@ private:
     // Asks for a row that will be wanted soon: the processor by itself looks no further than the memory page.
     void FetchAhead(std::int32_t y) const
     {
-        constexpr std::int32_t kAhead = 2;
+        constexpr std::int32_t kAhead = 4;
         if (y >= fSource.fHeight - kAhead)
             return;
         const T* row = fSource.Row(y + kAhead);

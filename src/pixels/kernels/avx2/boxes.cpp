@@ -23,6 +23,7 @@ struct ColumnRow {
     // Those of 32 columns, which there have to be.
     __m256i At(std::size_t i) const
     {
+        FetchAhead(fEntering, i);
         const __m256i below = Pick()(Load(fEntering + i), Load(fBelow + i));
         Store(fNewBelow + i, below);
         return Pick()(below, Load(fBlock + i));
@@ -295,8 +296,10 @@ void MoveDown(Sum* sums, const Byte* entering, const Byte* leaving, std::size_t 
             sums[i] = static_cast<Sum>(sums[i] + entering[i]);
         return;
     }
-    for (; i + 16 <= n; i += 16)
+    for (; i + 16 <= n; i += 16) {
+        FetchAhead(entering, i);
         Store(sums + i, _mm256_add_epi16(Load(sums + i), _mm256_sub_epi16(Load16(entering + i), Load16(leaving + i))));
+    }
     for (; i < n; ++i)
         sums[i] = static_cast<Sum>(sums[i] + entering[i] - leaving[i]);
 }
