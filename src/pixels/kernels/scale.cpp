@@ -68,22 +68,9 @@ public:
     }
 
 private:
-    // Asks for a row that will be wanted soon: the processor by itself looks no further than the memory page.
-    void FetchAhead(std::int32_t y) const
-    {
-        constexpr std::int32_t kAhead = 4;
-        if (y >= fSource.fHeight - kAhead)
-            return;
-        const T* row = fSource.Row(y + kAhead);
-        constexpr std::int32_t kLine = 64 / sizeof(T);
-        for (std::int32_t x = 0; x < fSource.fWidth; x += kLine)
-            __builtin_prefetch(row + x);
-    }
-
     // One source row, scaled along the row.
     void ScaleRow(std::int32_t y, T* out)
     {
-        FetchAhead(y);
         const T* row = fSource.Row(y);
         if (fColumnMode == ScaleMode::kReduce)
             fOperations.reduce(row, fColumns, out);
@@ -116,8 +103,6 @@ private:
             const std::int32_t first = entry.fFirst - fRows.fStart;
             const std::int32_t last = entry.fLast - fRows.fStart;
             if (fHalvesBoth) {
-                FetchAhead(first);
-                FetchAhead(last);
                 const std::ptrdiff_t left = fColumns.fEntries[0].fFirst - fColumns.fStart;
                 fOperations.averagePairs(fSource.Row(first) + left, fSource.Row(last) + left, fOut.Row(y), fWidth);
                 continue;

@@ -210,8 +210,11 @@ template <std::int32_t kPixels, __m128i (*kMeans)(const Byte*)>
 void FoldRow(const Byte* source, Byte* out, std::size_t n)
 {
     std::size_t i = 0;
-    for (; i + 16 <= n; i += 16)
+    for (; i + 16 <= n; i += 16) {
+        for (std::size_t k = 0; k < 16 * kPixels; k += 64)
+            FetchAhead(source, kPixels * i + k);
         _mm_storeu_si128(static_cast<__m128i*>(static_cast<void*>(out + i)), kMeans(source + kPixels * i));
+    }
     for (; i < n; ++i) {
         std::int32_t sum = kPixels / 2;
         for (std::size_t k = 0; k < kPixels; ++k)
@@ -240,7 +243,7 @@ void ReduceBytes(const Byte* source, const ScaleColumns& columns, Byte* out)
     const __m256d scale = _mm256_set1_pd(static_cast<double>(columns.fScale) * kUnit);
     const ByteGroup* groups = GroupsOf<ByteGroup>(columns);
     std::size_t i = 0;
-    for (; i < kGroup * head.fGroups; i += kGroup)
+    for (const std::size_t end = kGroup * head.fGroups; i < end; i += kGroup)
         StoreScaled(out + i, Doubles(SumsOf(source, groups[i / kGroup])), scale);
     // A sum of this many pixels could leave 52 bits; and where first and last are one, only one of them counts.
     const bool isLong =
@@ -266,8 +269,12 @@ void AveragePairs(const Byte* a, const Byte* b, Byte* out, std::size_t n)
     const auto means = [](const Byte* from) {
         return _mm256_avg_epu16(_mm256_maddubs_epi16(Load(from), _mm256_set1_epi8(1)), _mm256_setzero_si256());
     };
+    // Where the next two rows are likely to be.
+    const std::size_t nextRows = 2 * static_cast<std::size_t>(b - a);
     std::size_t i = 0;
     for (; i + kVector <= n; i += kVector) {
+        FetchAhead(a, 2 * i + nextRows);
+        FetchAhead(b, 2 * i + nextRows);
         const auto both = [&](std::size_t at) { return _mm256_avg_epu16(means(a + at), means(b + at)); };
         Store(out + i, Packed(both(2 * i), both(2 * i + kVector)));
     }
