@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -23,17 +24,29 @@ struct Contender {
     std::function<void()> cleanUp = [] {};
 };
 
+// Seconds since some moment: of time, or of the processor's work for this process, which is what counts for contenders
+// that only compute, since it leaves out the time that other processes take away.
+inline double WallSeconds()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+inline double ProcessorSeconds()
+{
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
 // Seconds that one run of each contender takes, median of `rounds`, after one round that isn't counted.
-inline std::vector<double> MedianSeconds(std::size_t rounds, const std::vector<Contender>& contenders)
+inline std::vector<double> MedianSeconds(std::size_t rounds, const std::vector<Contender>& contenders,
+                                         double (*now)() = WallSeconds)
 {
     std::vector<std::vector<double>> seconds(contenders.size());
     for (std::size_t round = 0; round <= rounds; ++round)
         for (std::size_t i = 0; i < contenders.size(); ++i) {
-            const auto start = std::chrono::steady_clock::now();
+            const double start = now();
             contenders[i].run();
-            const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+            const double elapsed = now() - start;
             if (round > 0)
-                seconds[i].push_back(elapsed.count());
+                seconds[i].push_back(elapsed);
             contenders[i].cleanUp();
         }
     std::vector<double> medians;

@@ -3,7 +3,6 @@
 #include "foundation/block.h"
 #include "pixels/kernels/kernel_table.h"
 #include "pixels/kernels/plain/box.h"
-#include "pixels/kernels/plain/rank.h"
 #include "pixels/kernels/view_access.h"
 
 namespace Kesto::Kernels {
@@ -83,9 +82,12 @@ void Rank(const CPixView& out, const CPixView& source, const BoxShape& shape, st
         return;
     BoxShape upright = shape;
     upright.fLean = 0;
-    ForEachPlane<std::uint32_t>(out, source, upright,
-                                [&](Plane<const std::uint32_t> pixels, Plane<std::uint32_t> target,
-                                    const BoxShape& box) { Plain::Rank(pixels, target, box, rank, counts); });
+    ForEachPlane<std::uint32_t>(
+        out, source, upright, [&](Plane<const std::uint32_t> pixels, Plane<std::uint32_t> target, const BoxShape& box) {
+            CMemoryBlock scratch;
+            scratch.SetSize(box.ScratchBytes(source.width));
+            ActiveKernels().rank(pixels, target, box, rank, counts, scratch.Data());
+        });
 }
 
 } // namespace Kesto::Kernels

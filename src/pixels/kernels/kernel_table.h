@@ -10,8 +10,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace Kesto::Kernels {
+
+// Six of these, and a pixel, add up in 16 bits.
+inline constexpr std::int32_t kEmbossLimit = 4096;
 
 struct KernelTable {
     using Unary8 = void (*)(const std::uint8_t* source, std::uint8_t* out, std::size_t n);
@@ -40,15 +44,23 @@ struct KernelTable {
                   std::uint32_t& seed);
     void (*hueToRGB)(const std::uint8_t* const hsv[3], std::uint8_t* const rgb[3], std::size_t n);
 
-    // The sums of three neighbours on either side; rows hold table values and reach one entry beyond both ends.
-    void (*embossRow)(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
+    // The sums of three neighbours on either side; rows hold table values and reach one entry beyond both ends. With
+    // values and a constant within kEmbossLimit of 0.
+    void (*embossRow)(const std::int16_t* const near[3], const std::int16_t* const far[3], const std::uint8_t* base,
                       std::int32_t constant, std::uint8_t* out, std::size_t n);
     // rows[1] is the centre row; all three reach one pixel beyond both ends.
-    void (*sharpenRow)(const std::uint8_t* const rows[3], const std::int32_t* table, std::uint8_t* out, std::size_t n);
     void (*neighbourMeanRow)(const std::uint8_t* const rows[3], std::int32_t weight, std::uint8_t* out, std::size_t n);
-    std::uint32_t (*sum)(const std::uint8_t* source, std::size_t n);
 
-    // Planes. `scratch` has ScratchBytes(shape, width) bytes.
+    // Planes. The source is one pixel larger on every side; `table` is the entry of a difference of 0.
+    void (*sharpen)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, const std::int32_t* table);
+
+    // A row of mosaic cells, see plain/mosaic.h. `sums` has room for a number for each column.
+    void (*mosaicBand)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, std::int32_t cellWidth, bool round,
+                       std::uint32_t* sums);
+
+    // Boxes. `scratch` has shape.ScratchBytes(columns of the source) bytes. `counts` is the rank's histogram to work in.
+    void (*rank)(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape, std::int32_t rank,
+                 std::span<std::int32_t> counts, std::byte* scratch);
     void (*boxMean)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, bool round,
                     std::byte* scratch);
     void (*boxMaximum)(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, BoxShape shape, std::byte* scratch);

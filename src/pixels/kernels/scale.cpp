@@ -35,14 +35,23 @@ class CPlaneScaler {
 public:
     CPlaneScaler(Plane<const T> source, Plane<T> out, const ScaleAxis& columns, const ScaleAxis& rows,
                  std::byte* scratch)
-        : fSource(source), fOut(out), fColumns(columns), fRows(rows), fWidth(static_cast<std::size_t>(out.fWidth)),
-          fSums(static_cast<double*>(static_cast<void*>(scratch))), fScaled{static_cast<T*>(
-                                                                                static_cast<void*>(fSums + fWidth)),
-                                                                            nullptr}
+        : fSource(source), fOut(out), fColumnMode(columns.fMode), fRows(rows),
+          fWidth(static_cast<std::size_t>(out.fWidth)),
+          fSums(static_cast<double*>(static_cast<void*>(scratch))), fColumns{columns.fEntries.data(),
+                                                                             fWidth,
+                                                                             columns.fStart,
+                                                                             source.fWidth,
+                                                                             columns.fScale,
+                                                                             scratch + fWidth * sizeof(double)}
     {
+        fScaled[0] = static_cast<T*>(static_cast<void*>(fColumns.fPlan + ScaleColumns::PlanBytes(fWidth)));
         fScaled[1] = fScaled[0] + fWidth;
-        fHalvesColumns = fOperations.halve != nullptr && ArePairs(columns);
         fHalvesRows = fOperations.average != nullptr && ArePairs(rows);
+        fHalvesBoth = fHalvesRows && ArePairs(columns);
+        if (fColumnMode == ScaleMode::kReduce && fOperations.planReduce != nullptr)
+            fOperations.planReduce(fColumns);
+        else if (fColumnMode == ScaleMode::kEnlarge && fOperations.planEnlarge != nullptr)
+            fOperations.planEnlarge(fColumns);
     }
 
     void Run()
@@ -63,13 +72,10 @@ private:
     void ScaleRow(std::int32_t y, T* out)
     {
         const T* row = fSource.Row(y);
-        if (fHalvesColumns)
-            fOperations.halve(row + (fColumns.fEntries[0].fFirst - fColumns.fStart), out, fWidth);
-        else if (fColumns.fMode == ScaleMode::kReduce)
-            fOperations.reduce(row, fSource.fWidth, fColumns.fStart, fColumns.fEntries.data(), fWidth, fColumns.fScale,
-                               out);
-        else if (fColumns.fMode == ScaleMode::kEnlarge)
-            fOperations.enlarge(row, fSource.fWidth, fColumns.fStart, fColumns.fEntries.data(), fWidth, out);
+        if (fColumnMode == ScaleMode::kReduce)
+            fOperations.reduce(row, fColumns, out);
+        else if (fColumnMode == ScaleMode::kEnlarge)
+            fOperations.enlarge(row, fColumns, out);
         else
             std::memcpy(out, row, fWidth * sizeof(T));
     }
@@ -96,6 +102,11 @@ private:
             const ScaleEntry& entry = fRows.fEntries[static_cast<std::size_t>(y)];
             const std::int32_t first = entry.fFirst - fRows.fStart;
             const std::int32_t last = entry.fLast - fRows.fStart;
+            if (fHalvesBoth) {
+                const std::ptrdiff_t left = fColumns.fEntries[0].fFirst - fColumns.fStart;
+                fOperations.averagePairs(fSource.Row(first) + left, fSource.Row(last) + left, fOut.Row(y), fWidth);
+                continue;
+            }
             if (fHalvesRows) {
                 const T* upper = ScaledRow(first);
                 fOperations.average(upper, ScaledRow(last), fOut.Row(y), fWidth);
@@ -126,15 +137,16 @@ private:
     const ScaleRows<T>& fOperations = ActiveRows<T>();
     Plane<const T> fSource;
     Plane<T> fOut;
-    const ScaleAxis& fColumns;
+    ScaleMode fColumnMode;
     const ScaleAxis& fRows;
     std::size_t fWidth;
     double* fSums;
+    ScaleColumns fColumns;
     T* fScaled[2];
     std::int32_t fKept[2] = {-1, -1}; // the source rows in fScaled
     std::size_t fNewest = 0;
-    bool fHalvesColumns;
     bool fHalvesRows;
+    bool fHalvesBoth;
 };
 
 } // namespace

@@ -20,7 +20,8 @@ struct ScaleAxis {
 template <class T>
 std::size_t ScaleScratchBytes(std::int32_t width)
 {
-    return static_cast<std::size_t>(width) * (sizeof(double) + 2 * sizeof(T));
+    const std::size_t count = static_cast<std::size_t>(width);
+    return count * (sizeof(double) + 2 * sizeof(T)) + ScaleColumns::PlanBytes(count);
 }
 
 // Fills `out` from `source`, which holds at least the pixels that the axes name; of the same size where an axis keeps its

@@ -33,23 +33,36 @@ ScaleTable MakeEnlargeTable(std::int32_t targetSize, std::int32_t sourceSize, st
 
 namespace Kernels {
 
-// The row operations for pixels of type T. Entries index the source row from `start`, the index of its first pixel;
-// `sourceWidth` pixels may be read.
+// How the columns of a row are scaled.
+struct ScaleColumns {
+    const ScaleEntry* fEntries;
+    std::size_t fCount;
+    std::int32_t fStart;       // the index that the entries have for the source row's first pixel
+    std::int32_t fSourceWidth; // pixels that may be read
+    float fScale;              // for reduction
+    std::byte* fPlan; // room for PlanBytes(fCount), aligned for doubles: what fast rows lay out once for all rows
+
+    static constexpr std::size_t PlanBytes(std::size_t count) { return 64 * count + 1024; }
+};
+
+// The row operations for pixels of type T.
 template <class T>
 struct ScaleRows {
-    void (*reduce)(const T* source, std::int32_t sourceWidth, std::int32_t start, const ScaleEntry* entries,
-                   std::size_t n, float scale, T* out);
-    void (*enlarge)(const T* source, std::int32_t sourceWidth, std::int32_t start, const ScaleEntry* entries,
-                    std::size_t n, T* out);
+    // Fill in the plan, before the first row of a plane; or null.
+    void (*planReduce)(const ScaleColumns& columns);
+    void (*planEnlarge)(const ScaleColumns& columns);
+    void (*reduce)(const T* source, const ScaleColumns& columns, T* out);
+    void (*enlarge)(const T* source, const ScaleColumns& columns, T* out);
     // sum += row * weight; a weight of 1 or more adds plainly.
     void (*addRow)(const T* row, float weight, double* sum, std::size_t n);
     // out = sum * scale, and the sums become 0.
     void (*takeSums)(double* sum, float scale, T* out, std::size_t n);
     // out = a * weightA + b * weightB.
     void (*combine)(const T* a, const T* b, float weightA, float weightB, T* out, std::size_t n);
-    // Short cuts for a reduction to exactly half, or null: the mean of each two pixels, and that of two rows, rounded up.
-    void (*halve)(const T* source, T* out, std::size_t n);
+    // Short cuts for a reduction to exactly half, or null: the mean of two rows, rounded up; the same of two rows whose
+    // pairs of pixels were averaged so before, for n target pixels.
     void (*average)(const T* a, const T* b, T* out, std::size_t n);
+    void (*averagePairs)(const T* a, const T* b, T* out, std::size_t n);
 };
 
 } // namespace Kernels

@@ -10,7 +10,7 @@ namespace Kesto::Kernels {
 
 namespace {
 
-// The extent of two views of one pixel size, in bytes across.
+// The extent of two views of one pixel size, in bytes.
 Extent ByteExtent(const CPixView& a, const CPixView& b)
 {
     Extent extent;
@@ -39,10 +39,10 @@ void Copy(const CPixView& out, const CPixView& source)
     for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {
         // Bottom up where the target lies after the source, so that no row is overwritten before it is read.
         const bool up = std::greater<>()(RowOf<std::uint8_t>(out, plane, 0), RowOf<std::uint8_t>(source, plane, 0));
-        for (std::int32_t i = 0; i < extent.fHeight; ++i) {
-            const std::int32_t y = up ? extent.fHeight - 1 - i : i;
+        for (std::int32_t i = 0; i < extent.fHeight; i += extent.fRun) {
+            const std::int32_t y = up ? extent.fHeight - extent.fRun - i : i;
             std::memmove(RowOf<std::uint8_t>(out, plane, y), RowOf<std::uint8_t>(source, plane, y),
-                         static_cast<std::size_t>(extent.fWidth));
+                         extent.RunPixels(y, extent.fRun));
         }
     }
 }
@@ -50,12 +50,13 @@ void Copy(const CPixView& out, const CPixView& source)
 template <class T>
 void Fill(const CPixView& view, std::span<const T> values)
 {
-    Extent extent = CommonExtent(8 * sizeof(T), {&view});
-    extent.fPlanes = std::min(extent.fPlanes, static_cast<std::int32_t>(values.size()));
+    const Extent extent = CommonExtent(8 * sizeof(T), {&view});
     const auto fill = ActiveKernels().fill;
-    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        fill(Pattern(values[static_cast<std::size_t>(plane)]), RowOf<std::uint8_t>(view, plane, y), n * sizeof(T));
-    });
+    const std::int32_t planes = std::min(extent.fPlanes, static_cast<std::int32_t>(values.size()));
+    for (std::int32_t plane = 0; plane < planes; ++plane)
+        for (std::int32_t y = 0; y < extent.fHeight; y += extent.fRun)
+            fill(Pattern(values[static_cast<std::size_t>(plane)]), RowOf<std::uint8_t>(view, plane, y),
+                 sizeof(T) * extent.RunPixels(y, extent.fRun));
 }
 
 template <class T>

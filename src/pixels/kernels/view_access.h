@@ -14,6 +14,13 @@ struct Extent {
     std::int32_t fWidth = 0;
     std::int32_t fHeight = 0;
     std::int32_t fPlanes = 0;
+    std::int32_t fRun = 1; // rows that follow each other without a gap in every view: all of them or 1
+
+    // Pixels of the run of rows that starts at row y, of `rows` rows or what is left.
+    std::size_t RunPixels(std::int32_t y, std::int32_t rows) const
+    {
+        return static_cast<std::size_t>(fWidth) * static_cast<std::size_t>(std::min(rows, fHeight - y));
+    }
 };
 
 // True for a view with planes of `bits` bits a pixel.
@@ -34,7 +41,14 @@ inline Extent CommonExtent(std::int32_t bits, std::initializer_list<const CPixVi
         extent.fHeight = std::min(extent.fHeight, view->height);
         extent.fPlanes = std::min(extent.fPlanes, view->planeCount);
     }
-    return extent.fWidth > 0 && extent.fHeight > 0 ? extent : Extent{};
+    if (extent.fWidth <= 0 || extent.fHeight <= 0)
+        return {};
+    const auto isGapless = [&](const CPixView* view) {
+        return view->rowBytes == std::int64_t{extent.fWidth} * (bits / 8);
+    };
+    if (std::all_of(views.begin(), views.end(), isGapless))
+        extent.fRun = extent.fHeight;
+    return extent;
 }
 
 // The same for views of `planes` planes and one mask of a single plane.
@@ -46,6 +60,7 @@ inline Extent CommonExtent(std::initializer_list<const CPixView*> views, const C
         return {};
     extent.fWidth = std::min(extent.fWidth, masked.fWidth);
     extent.fHeight = std::min(extent.fHeight, masked.fHeight);
+    extent.fRun = extent.fRun > 1 && masked.fRun > 1 ? extent.fHeight : 1;
     return extent;
 }
 
@@ -62,13 +77,16 @@ Plane<T> PlaneOf(const CPixView& view, std::int32_t plane)
     return {RowOf<T>(view, plane, 0), view.rowBytes, view.width, view.height};
 }
 
-// Calls row(plane, y, pixels in a row) for every row, all planes of a row before the next.
+// Calls row(plane, y, pixels) for every row, all planes of a row before the next. Short rows without gaps are taken as few
+// long ones, short enough that a mask is still in a near cache when the next plane wants it.
 template <class Function>
 void ForEachRow(const Extent& extent, const Function& row)
 {
-    for (std::int32_t y = 0; y < extent.fHeight; ++y)
+    constexpr std::int32_t kLongRow = 131072;
+    const std::int32_t rows = std::clamp(kLongRow / std::max(extent.fWidth, 1), 1, extent.fRun);
+    for (std::int32_t y = 0; y < extent.fHeight; y += rows)
         for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane)
-            row(plane, y, static_cast<std::size_t>(extent.fWidth));
+            row(plane, y, extent.RunPixels(y, rows));
 }
 
 // Calls function.template operator()<T>() with the pixel type of a size of 8, 16 or 32 bits, and not at all otherwise.

@@ -30,7 +30,7 @@ CPicture ScaledAtOnce(const CPicture& source, std::int32_t width, std::int32_t h
     const auto mode = [](std::int32_t to, std::int32_t size) {
         return to < size ? ScaleMode::kReduce : to > size ? ScaleMode::kEnlarge : ScaleMode::kSame;
     };
-    std::vector<double> scratch(static_cast<std::size_t>(width) * 2 + 8);
+    std::vector<double> scratch(Kernels::ScaleScratchBytes<std::uint8_t>(width) / sizeof(double) + 1);
     Kernels::ScalePlane<std::uint8_t>(
         Kernels::PlaneOf<std::uint8_t>(from, 0), Kernels::PlaneOf<std::uint8_t>(target.View(), 0),
         {mode(width, from.width), columns, 0, columnScale}, {mode(height, from.height), rows, 0, rowScale},

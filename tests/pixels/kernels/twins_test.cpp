@@ -131,6 +131,7 @@ TEST(Twins, PixelKernelsOfOddSizes)
         expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
         expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
         expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
+        expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
         expectTwins([&](const CPixView& out) {
             std::uint32_t seed = 12345;
             AddNoise(out, a, 40, seed);
@@ -144,6 +145,39 @@ TEST(Twins, PixelKernelsOfOddSizes)
         ExpectTwins(16, width, 5, 1,
                     [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
     }
+}
+
+// Rows that follow each other without a gap are worked on as longer ones, the last run shorter than the others.
+TEST(Twins, PlanesWithoutGaps)
+{
+    for (const std::int32_t width : {64, 40000}) {
+        const CPicture source(8, width, 7, 3, 2), mask(8, width, 7, 1, 4);
+        const auto blended = [&](CpuLevel level, std::int32_t rows) {
+            const CUseLevel use(level);
+            const CPicture out(8, width, 7, 3, 5);
+            for (std::int32_t y = 0; y < 7; y += rows) {
+                const auto part = [&](const CPicture& picture) {
+                    CPixView view = picture.View();
+                    view.MoveTo({0, y, width, std::min(y + rows, 7)});
+                    return view;
+                };
+                Blend(part(out), part(source), part(out), part(mask));
+                Invert(part(out), part(out));
+            }
+            return out.Copied();
+        };
+        const std::vector<std::uint8_t> rowByRow = blended(CpuLevel::kBase, 1);
+        EXPECT_EQ(blended(CpuLevel::kBase, 7), rowByRow);
+        EXPECT_EQ(blended(BestCpuLevel(), 7), rowByRow);
+    }
+}
+
+TEST(Twins, MosaicOfTallCells)
+{
+    const CPicture white(8, 50, 600, 1);
+    std::fill(white.Bytes().begin(), white.Bytes().end(), std::uint8_t{255});
+    for (const std::int32_t height : {257, 258, 600})
+        ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) { Mosaic(out, white.View(), {20, height}, true); });
 }
 
 TEST(Twins, OverlappingRows)
@@ -182,6 +216,10 @@ TEST(Twins, BoxesOfManyShapes)
                                  {2, 3},
                                  {3, 1},
                                  {9, 9},
+                                 {4, 9},
+                                 {6, 2},
+                                 {7, 5},
+                                 {8, 3},
                                  {10, 4},
                                  {16, 16},
                                  {31, 40},
@@ -238,6 +276,9 @@ TEST(Twins, Neighbours)
     std::array<std::int32_t, 256> huge;
     huge.fill(0x7FFFFFFF);
     huge[3] = -0x7FFFFFFF;
+    std::array<std::int32_t, 256> steep; // as much as 16 bits bear
+    for (std::size_t i = 0; i < steep.size(); ++i)
+        steep[i] = i % 2 == 0 ? 4096 : -4096;
     for (const std::int32_t width : kWidths) {
         const CPicture source(8, width + 2, 7, 2, 6);
         const CPicture base(8, width, 5, 2, 8);
@@ -247,6 +288,7 @@ TEST(Twins, Neighbours)
             ExpectTwins(8, width, 5, 2,
                         [&](const CPixView& out) { Emboss(out, from, relief, direction, base.View()); });
             ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, huge, direction, -5); });
+            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, steep, direction, 4096); });
         }
         for (const std::int32_t weight : {0, 1, 2, 4, 5, 12, 13, 100, 253, 254, 4000, -1, -3, -9})
             ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { NeighbourMean(out, from, weight); });

@@ -99,17 +99,6 @@ void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
     MapVectors(out, n, look, source);
 }
 
-std::uint32_t Sum(const Byte* source, std::size_t n)
-{
-    __m256i sums = _mm256_setzero_si256();
-    std::size_t i = 0;
-    for (; i + kVector <= n; i += kVector)
-        sums = _mm256_add_epi64(sums, _mm256_sad_epu8(Load(source + i), _mm256_setzero_si256()));
-    const __m128i halves = _mm_add_epi64(_mm256_castsi256_si128(sums), _mm256_extracti128_si256(sums, 1));
-    const __m128i all = _mm_add_epi64(halves, _mm_unpackhi_epi64(halves, halves));
-    return static_cast<std::uint32_t>(_mm_cvtsi128_si64(all)) + PlainKernels().sum(source + i, n - i);
-}
-
 } // namespace
 
 void AddArithmetic(KernelTable& table)
@@ -123,7 +112,6 @@ void AddArithmetic(KernelTable& table)
     table.fill = Fill;
     table.exchange = Exchange;
     table.mapTable = MapTable;
-    table.sum = Sum;
 }
 
 } // namespace Kesto::Kernels::Avx2

@@ -10,7 +10,9 @@ const KernelTable& Avx2Kernels()
         Avx2::AddBlending(fast);
         Avx2::AddBoxes(fast);
         Avx2::AddColour(fast);
+        Avx2::AddMosaic(fast);
         Avx2::AddNeighbours(fast);
+        Avx2::AddRank(fast);
         Avx2::AddScaling(fast);
         return fast;
     }();

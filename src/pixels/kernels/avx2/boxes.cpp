@@ -17,59 +17,91 @@ struct Smaller {
     Byte operator()(Byte a, Byte b) const { return a < b ? a : b; }
 };
 
-// out = pick(a, b), of rows of which `a` is a source row that must not be read beyond its end.
+// The extremes of the columns of one row of boxes, of three rows of bytes.
 template <class Pick>
-void PickRows(const Byte* a, const Byte* b, Byte* out, std::size_t n)
-{
-    std::size_t i = 0;
-    for (; i + kVector <= n; i += kVector)
-        Store(out + i, Pick()(Load(a + i), Load(b + i)));
-    for (; i < n; ++i)
-        out[i] = Pick()(a[i], b[i]);
-}
+struct ColumnRow {
+    // Those of 32 columns, which there have to be.
+    __m256i At(std::size_t i) const
+    {
+        FetchAhead(fEntering, i);
+        const __m256i below = Pick()(Load(fEntering + i), Load(fBelow + i));
+        Store(fNewBelow + i, below);
+        return Pick()(below, Load(fBlock + i));
+    }
 
-// The extremes of the columns of one row of boxes after the other, at three operations a pixel for any height: a block of
-// rows as high as the box gets its extremes from each row to the block's end; the rows below it add theirs as they come.
+    // All of them, to `out`, which is returned.
+    const Byte* All(Byte* out, std::size_t columns) const
+    {
+        std::size_t i = 0;
+        for (; i + kVector <= columns; i += kVector)
+            Store(out + i, At(i));
+        for (; i < columns; ++i) {
+            fNewBelow[i] = Pick()(fEntering[i], fBelow[i]);
+            out[i] = Pick()(fNewBelow[i], fBlock[i]);
+        }
+        return out;
+    }
+
+    const Byte* fEntering; // the lowest row of the boxes
+    const Byte* fBelow;    // the extremes of the rows below the block so far
+    const Byte* fBlock;    // those of the rows in the block
+    Byte* fNewBelow;       // will be those with the entering row
+};
+
+// One row of boxes after the other, at three operations a pixel for any height: a block of rows as high as the box gets its
+// extremes from each row to the block's end; the rows below it add theirs as they come.
 template <class Pick>
 class CColumns {
 public:
     CColumns(Plane<const Byte> source, std::size_t columns, std::int32_t height, Byte* scratch)
-        : fSource(source), fColumns(columns), fHeight(height), fStride(columns + kSlack), fToEnd(scratch),
-          fBelow(scratch + fStride * static_cast<std::size_t>(height)), fResult(fBelow + fStride)
+        : fSource(source), fColumns(columns), fHeight(height), fStride(static_cast<std::ptrdiff_t>(columns + kSlack)),
+          fToEnd(scratch), fBelow(scratch + fStride * height), fResult(fBelow + fStride)
     {
     }
 
     // Rows come in order from 0.
-    const Byte* Row(std::int32_t y)
+    ColumnRow<Pick> Row(std::int32_t y)
     {
         const std::int32_t place = y % fHeight;
+        const Byte* const block = fToEnd + fStride * place;
         if (place == 0) {
             StartBlock(y);
-            return ToEnd(0);
+            return {block, block, block, fBelow}; // complete
         }
-        const Byte* entering = fSource.Row(y + fHeight - 1);
-        if (place == 1)
-            std::memcpy(fBelow, entering, fColumns);
-        else
-            PickRows<Pick>(entering, fBelow, fBelow, fColumns);
-        PickRows<Pick>(ToEnd(place), fBelow, fResult, fColumns);
-        return fResult;
+        const Byte* const entering = fSource.Row(y + fHeight - 1);
+        return {entering, place == 1 ? entering : fBelow, block, fBelow};
     }
 
-private:
-    Byte* ToEnd(std::int32_t place) { return fToEnd + fStride * static_cast<std::size_t>(place); }
+    // The same as a row of bytes.
+    const Byte* BytesOfRow(std::int32_t y) { return Row(y).All(fResult, fColumns); }
 
+private:
     void StartBlock(std::int32_t y)
     {
-        std::memcpy(ToEnd(fHeight - 1), fSource.Row(y + fHeight - 1), fColumns);
-        for (std::int32_t place = fHeight - 2; place >= 0; --place)
-            PickRows<Pick>(fSource.Row(y + place), ToEnd(place + 1), ToEnd(place), fColumns);
+        const Byte* const source = fSource.Row(y + fHeight - 1);
+        Byte* const toEnd = fToEnd + fStride * (fHeight - 1);
+        std::size_t i = 0;
+        for (; i + kVector <= fColumns; i += kVector) {
+            const Byte* from = source + i;
+            Byte* to = toEnd + i;
+            __m256i extreme = Load(from);
+            Store(to, extreme);
+            for (std::int32_t rows = fHeight - 1; rows > 0; --rows) {
+                extreme = Pick()(extreme, Load(from -= fSource.fRowBytes));
+                Store(to -= fStride, extreme);
+            }
+        }
+        for (; i < fColumns; ++i) {
+            Byte extreme = toEnd[i] = source[i];
+            for (std::ptrdiff_t row = 1; row < fHeight; ++row)
+                (toEnd + i)[-row * fStride] = extreme = Pick()(extreme, (source + i)[-row * fSource.fRowBytes]);
+        }
     }
 
     Plane<const Byte> fSource;
     std::size_t fColumns;
     std::int32_t fHeight;
-    std::size_t fStride;
+    std::ptrdiff_t fStride;
     Byte* fToEnd; // a block of rows
     Byte* fBelow;
     Byte* fResult;
@@ -100,18 +132,103 @@ void AlongRow(const Byte* in, Byte* out, std::size_t n, std::size_t width)
     Widen<Pick>(in, out, n, part, width);
 }
 
+// 32 bytes from the k-th on of two vectors.
+template <int k>
+__m256i Shifted(__m256i low, __m256i high)
+{
+    const __m256i middle = _mm256_permute2x128_si256(low, high, 0x21);
+    if constexpr (k < 16)
+        return _mm256_alignr_epi8(middle, low, k);
+    else
+        return _mm256_alignr_epi8(high, middle, k - 16);
+}
+
+// The same as Widen in registers.
+template <class Pick, int part, int width>
+__m256i Widened(__m256i low, __m256i high)
+{
+    constexpr int last = width - part, middle = part < last ? part : last;
+    if constexpr (last == 0)
+        return low;
+    else
+        return Pick()(Pick()(low, Shifted<middle>(low, high)), Shifted<last>(low, high));
+}
+
+// Extremes of boxes up to nine pixels wide, without a stop in memory between the columns and the row: whole vectors from
+// pixel `i` to the row's end, at least two.
+template <class Pick, int width>
+void NarrowVectors(ColumnRow<Pick> columns, Byte* out, std::size_t i, std::size_t n)
+{
+    static_assert(width >= 1 && width <= 9);
+    constexpr int part = (width + 2) / 3;
+    const auto partsOf = [](__m256i low, __m256i high) { return Widened<Pick, 1, part>(low, high); };
+    __m256i next = columns.At(i + kVector);
+    __m256i parts = partsOf(columns.At(i), next);
+    const auto take = [&](__m256i newest) {
+        const __m256i nextParts = partsOf(next, newest);
+        Store(out + i, Widened<Pick, part, width>(parts, nextParts));
+        parts = nextParts;
+        next = newest;
+        i += kVector;
+    };
+    while (i + 2 * kVector < n)
+        take(columns.At(i + 2 * kVector));
+    // Behind the row's end there are width - 1 columns, the last of these 32.
+    const __m256i lastColumns = columns.At(n + width - 1 - kVector);
+    const __m256i behind = Shifted<33 - width>(lastColumns, lastColumns);
+    take(behind);
+    take(behind);
+}
+
+// A row of three vectors or more.
+template <class Pick, int width>
+void NarrowRow(ColumnRow<Pick> columns, Byte* out, std::size_t n)
+{
+    const std::size_t odd = n % kVector;
+    if (odd > 0) { // the first vector overlaps the others
+        const __m256i first = columns.At(0), second = columns.At(kVector);
+        constexpr int part = (width + 2) / 3;
+        const __m256i parts = Widened<Pick, 1, part>(first, second);
+        const __m256i nextParts = Widened<Pick, 1, part>(second, columns.At(2 * kVector));
+        Store(out, Widened<Pick, part, width>(parts, nextParts));
+    }
+    NarrowVectors<Pick, width>(columns, out, odd, n);
+}
+
+template <class Pick>
+auto NarrowRowFor(std::size_t width)
+{
+    using Function = void (*)(ColumnRow<Pick>, Byte*, std::size_t);
+    constexpr Function kRows[] = {nullptr,
+                                  NarrowRow<Pick, 1>,
+                                  NarrowRow<Pick, 2>,
+                                  NarrowRow<Pick, 3>,
+                                  NarrowRow<Pick, 4>,
+                                  NarrowRow<Pick, 5>,
+                                  NarrowRow<Pick, 6>,
+                                  NarrowRow<Pick, 7>,
+                                  NarrowRow<Pick, 8>,
+                                  NarrowRow<Pick, 9>};
+    return width < sizeof kRows / sizeof *kRows ? kRows[width] : nullptr;
+}
+
 template <class Pick>
 void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::byte* scratch)
 {
     const std::size_t n = static_cast<std::size_t>(out.fWidth);
     const std::size_t width = static_cast<std::size_t>(shape.fWidth);
-    const std::size_t columns = n + width - 1;
+    const std::size_t count = n + width - 1;
     Byte* rows = static_cast<Byte*>(static_cast<void*>(scratch));
-    CColumns<Pick> extremes(source, columns, shape.fHeight, rows);
-    Byte* result = rows + (columns + kSlack) * (static_cast<std::size_t>(shape.fHeight) + 2);
+    CColumns<Pick> columns(source, count, shape.fHeight, rows);
+    Byte* rest = rows + (count + kSlack) * (static_cast<std::size_t>(shape.fHeight) + 2);
+    const auto narrowRow = n >= 3 * kVector ? NarrowRowFor<Pick>(width) : nullptr;
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
-        AlongRow<Pick>(extremes.Row(y), result, n, width);
-        std::memcpy(out.Row(y), result, n);
+        if (narrowRow != nullptr) {
+            narrowRow(columns.Row(y), out.Row(y), n);
+            continue;
+        }
+        AlongRow<Pick>(columns.BytesOfRow(y), rest, n, width);
+        std::memcpy(out.Row(y), rest, n);
     }
 }
 
@@ -128,8 +245,8 @@ void BoxRange(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::by
     Byte* large = rows + 2 * stride * rowsEach;
     Byte* small = large + stride;
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
-        AlongRow<Larger>(largest.Row(y), large, n, width);
-        AlongRow<Smaller>(smallest.Row(y), small, n, width);
+        AlongRow<Larger>(largest.BytesOfRow(y), large, n, width);
+        AlongRow<Smaller>(smallest.BytesOfRow(y), small, n, width);
         const Byte *a = large, *b = small;
         MapVectors(
             out.Row(y), n, [](__m256i high, __m256i low) { return _mm256_sub_epi8(high, low); }, a, b);
@@ -179,8 +296,10 @@ void MoveDown(Sum* sums, const Byte* entering, const Byte* leaving, std::size_t 
             sums[i] = static_cast<Sum>(sums[i] + entering[i]);
         return;
     }
-    for (; i + 16 <= n; i += 16)
+    for (; i + 16 <= n; i += 16) {
+        FetchAhead(entering, i);
         Store(sums + i, _mm256_add_epi16(Load(sums + i), _mm256_sub_epi16(Load16(entering + i), Load16(leaving + i))));
+    }
     for (; i < n; ++i)
         sums[i] = static_cast<Sum>(sums[i] + entering[i] - leaving[i]);
 }

@@ -5,47 +5,24 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-__m256i LoadWords(const std::int32_t* from)
+__m256i SumOfThree(const std::int16_t* const rows[3], std::size_t i)
 {
-    return Load(from);
+    return _mm256_add_epi16(_mm256_add_epi16(Load(rows[0] + i), Load(rows[1] + i)), Load(rows[2] + i));
 }
 
-// Table values may be any 32-bit numbers; those beyond this bound on either side are left to the plain loop, so that six of
-// them and a base add up without leaving 32 bits.
-constexpr std::int32_t kBound = 1 << 27;
-
-__m256i Sum(const std::int32_t* const rows[3], std::size_t i, __m256i& extremes)
-{
-    __m256i sum = _mm256_setzero_si256();
-    for (std::size_t k = 0; k < 3; ++k) {
-        const __m256i values = LoadWords(rows[k] + i);
-        sum = _mm256_add_epi32(sum, values);
-        extremes = _mm256_or_si256(extremes, _mm256_abs_epi32(values));
-    }
-    return sum;
-}
-
-void EmbossRow(const std::int32_t* const near[3], const std::int32_t* const far[3], const Byte* base,
+void EmbossRow(const std::int16_t* const near[3], const std::int16_t* const far[3], const Byte* base,
                std::int32_t constant, Byte* out, std::size_t n)
 {
-    const bool wild = constant > kBound || constant < -kBound;
+    const __m256i level = _mm256_set1_epi16(static_cast<short>(constant));
+    const auto pixels = [&](std::size_t i) {
+        const __m256i relief = _mm256_sub_epi16(SumOfThree(near, i), SumOfThree(far, i));
+        return _mm256_add_epi16(relief, base != nullptr ? Load16(base + i) : level);
+    };
     std::size_t i = 0;
-    for (; i + 8 <= n && !wild; i += 8) {
-        __m256i extremes = _mm256_setzero_si256();
-        const __m256i relief = _mm256_sub_epi32(Sum(near, i, extremes), Sum(far, i, extremes));
-        if (!_mm256_testz_si256(extremes, _mm256_set1_epi32(-kBound)))
-            break;
-        const __m256i pixels =
-            _mm256_add_epi32(relief, base != nullptr ? Load32(base + i) : _mm256_set1_epi32(constant));
-        const __m256i words = _mm256_packs_epi32(pixels, pixels);
-        const __m256i bytes = _mm256_packus_epi16(words, words);
-        const std::uint32_t low = static_cast<std::uint32_t>(_mm256_extract_epi32(bytes, 0));
-        const std::uint32_t high = static_cast<std::uint32_t>(_mm256_extract_epi32(bytes, 4));
-        std::memcpy(out + i, &low, 4);
-        std::memcpy(out + i + 4, &high, 4);
-    }
-    const std::int32_t* const nearRest[3] = {near[0] + i, near[1] + i, near[2] + i};
-    const std::int32_t* const farRest[3] = {far[0] + i, far[1] + i, far[2] + i};
+    for (; i + kVector <= n; i += kVector)
+        Store(out + i, Packed(pixels(i), pixels(i + 16)));
+    const std::int16_t* const nearRest[3] = {near[0] + i, near[1] + i, near[2] + i};
+    const std::int16_t* const farRest[3] = {far[0] + i, far[1] + i, far[2] + i};
     PlainKernels().embossRow(nearRest, farRest, base != nullptr ? base + i : nullptr, constant, out + i, n - i);
 }
 
@@ -116,10 +93,11 @@ void SharpenByTable(const Byte* const rows[3], const std::int32_t* table, Byte* 
     }
 }
 
-void SharpenRow(const Byte* const rows[3], const std::int32_t* table, Byte* out, std::size_t n)
+// As many pixels of a row as whole vectors hold; the number of them.
+std::size_t SharpenStart(const Byte* const rows[3], const std::int32_t* table, const Gain& gain, Byte* out,
+                         std::size_t n)
 {
     std::size_t i = 0;
-    const Gain gain = n >= 64 ? Gain::Of(table) : Gain{Gain::Kind::kNone, 0};
     const __m256i amount = _mm256_set1_epi16(static_cast<short>(gain.fAmount * 8));
     // edge * 32 fits in 16 bits, and the high half of (edge * 32) * (amount * 8) is edge * amount / 256, rounded down.
     const auto times = [amount](__m256i edges) { return _mm256_mulhi_epi16(_mm256_slli_epi16(edges, 5), amount); };
@@ -132,8 +110,23 @@ void SharpenRow(const Byte* const rows[3], const std::int32_t* table, Byte* out,
                        [&](__m256i edges) { return _mm256_sign_epi16(times(_mm256_abs_epi16(edges)), edges); });
     else
         SharpenByTable(rows, table, out, n, i);
-    const Byte* const rest[3] = {rows[0] + i, rows[1] + i, rows[2] + i};
-    PlainKernels().sharpenRow(rest, table, out + i, n - i);
+    return i;
+}
+
+void Sharpen(Plane<const Byte> source, Plane<Byte> out, const std::int32_t* table)
+{
+    const std::size_t n = static_cast<std::size_t>(out.fWidth);
+    const Gain gain = Gain::Of(table);
+    std::size_t done = 0;
+    for (std::int32_t y = 0; y < out.fHeight; ++y) {
+        const Byte* const rows[3] = {source.Row(y) + 1, source.Row(y + 1) + 1, source.Row(y + 2) + 1};
+        done = SharpenStart(rows, table, gain, out.Row(y), n);
+    }
+    // The columns that are left.
+    source.fPixels += done;
+    out.fPixels += done;
+    out.fWidth -= static_cast<std::int32_t>(done);
+    PlainKernels().sharpen(source, out, table);
 }
 
 void NeighbourMeanRow(const Byte* const rows[3], std::int32_t weight, Byte* out, std::size_t n)
@@ -160,7 +153,7 @@ void NeighbourMeanRow(const Byte* const rows[3], std::int32_t weight, Byte* out,
 void AddNeighbours(KernelTable& table)
 {
     table.embossRow = EmbossRow;
-    table.sharpenRow = SharpenRow;
+    table.sharpen = Sharpen;
     table.neighbourMeanRow = NeighbourMeanRow;
 }
 

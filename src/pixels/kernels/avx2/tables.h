@@ -9,7 +9,11 @@ void AddArithmetic(KernelTable& table);
 void AddBlending(KernelTable& table);
 void AddBoxes(KernelTable& table);
 void AddColour(KernelTable& table);
+void AddMosaic(KernelTable& table);
 void AddNeighbours(KernelTable& table);
-void AddScaling(KernelTable& table);
+void AddRank(KernelTable& table);
+void AddEnlarging(KernelTable& table);
+void AddReducing(KernelTable& table);
+void AddScaling(KernelTable& table); // with the two before
 
 } // namespace Kesto::Kernels::Avx2

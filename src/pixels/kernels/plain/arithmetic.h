@@ -65,12 +65,4 @@ inline void MapTable(const std::uint8_t* source, const std::uint8_t* table, std:
         out[i] = table[source[i]];
 }
 
-inline std::uint32_t Sum(const std::uint8_t* source, std::size_t n)
-{
-    std::uint32_t sum = 0;
-    for (std::size_t i = 0; i < n; ++i)
-        sum += source[i];
-    return sum;
-}
-
 } // namespace Kesto::Kernels::Plain

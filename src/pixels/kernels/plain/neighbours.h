@@ -2,11 +2,13 @@
 #pragma once
 
 #include "pixels/kernels/plain/arithmetic.h"
+#include "pixels/kernels/plane.h"
 
 namespace Kesto::Kernels::Plain {
 
-inline void EmbossRow(const std::int32_t* const near[3], const std::int32_t* const far[3], const std::uint8_t* base,
-                      std::int32_t constant, std::uint8_t* out, std::size_t n)
+template <class Value>
+void EmbossRow(const Value* const near[3], const Value* const far[3], const std::uint8_t* base, std::int32_t constant,
+               std::uint8_t* out, std::size_t n)
 {
     for (std::size_t i = 0; i < n; ++i) {
         const std::int64_t light = std::int64_t{near[0][i]} + near[1][i] + near[2][i];
@@ -21,6 +23,14 @@ inline void SharpenRow(const std::uint8_t* const rows[3], const std::int32_t* ta
     for (std::size_t i = 0; i < n; ++i) {
         const std::int32_t edge = centre[i] * 4 - centre[i - 1] - centre[i + 1] - rows[0][i] - rows[2][i];
         out[i] = Clamped(std::int64_t{centre[i]} + table[edge]);
+    }
+}
+
+inline void Sharpen(Plane<const std::uint8_t> source, Plane<std::uint8_t> out, const std::int32_t* table)
+{
+    for (std::int32_t y = 0; y < out.fHeight; ++y) {
+        const std::uint8_t* const rows[3] = {source.Row(y) + 1, source.Row(y + 1) + 1, source.Row(y + 2) + 1};
+        SharpenRow(rows, table, out.Row(y), static_cast<std::size_t>(out.fWidth));
     }
 }
 

@@ -3,8 +3,10 @@
 #include "pixels/kernels/plain/blend.h"
 #include "pixels/kernels/plain/box.h"
 #include "pixels/kernels/plain/colour.h"
+#include "pixels/kernels/plain/mosaic.h"
 #include "pixels/kernels/plain/neighbours.h"
 #include "pixels/kernels/plain/noise.h"
+#include "pixels/kernels/plain/rank.h"
 #include "pixels/kernels/plain/scale.h"
 
 namespace Kesto::Kernels {
@@ -31,10 +33,11 @@ const KernelTable& PlainKernels()
         .mapTable = Plain::MapTable,
         .noise = Noise,
         .hueToRGB = HueRowToRGB<std::uint8_t>,
-        .embossRow = EmbossRow,
-        .sharpenRow = SharpenRow,
+        .embossRow = EmbossRow<std::int16_t>,
         .neighbourMeanRow = NeighbourMeanRow,
-        .sum = Sum,
+        .sharpen = Plain::Sharpen,
+        .mosaicBand = MosaicBand,
+        .rank = Plain::Rank,
         .boxMean = Plain::BoxMean<std::uint8_t>,
         .boxMaximum = BoxExtreme<Larger, std::uint8_t>,
         .boxMinimum = BoxExtreme<Smaller, std::uint8_t>,

@@ -38,7 +38,7 @@ struct RankHistogram {
 };
 
 inline void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape, std::int32_t rank,
-                 std::span<std::int32_t> counts)
+                 std::span<std::int32_t> counts, std::byte*)
 {
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
         std::fill(counts.begin(), counts.end(), 0);

@@ -46,17 +46,17 @@ double SumOf(const T* first, const T* end)
 }
 
 template <class T>
-void ReduceRow(const T* source, std::int32_t, std::int32_t start, const ScaleEntry* entries, std::size_t n, float scale,
-               T* out)
+void ReduceRow(const T* source, const ScaleColumns& columns, T* out)
 {
-    for (std::size_t i = 0; i < n; ++i) {
-        const ScaleEntry& entry = entries[i];
-        const T* first = source + (entry.fFirst - start);
-        const T* last = source + (entry.fLast - start);
+    const double scale = static_cast<double>(columns.fScale);
+    for (std::size_t i = 0; i < columns.fCount; ++i) {
+        const ScaleEntry& entry = columns.fEntries[i];
+        const T* first = source + (entry.fFirst - columns.fStart);
+        const T* last = source + (entry.fLast - columns.fStart);
         double sum = AsDouble(*first) * static_cast<double>(entry.fFirstWeight);
         if (first != last)
             sum = sum + SumOf(first + 1, last) + AsDouble(*last) * static_cast<double>(entry.fLastWeight);
-        out[i] = Truncated<T>(sum * static_cast<double>(scale) + 0.5);
+        out[i] = Truncated<T>(sum * scale + 0.5);
     }
 }
 
@@ -67,13 +67,13 @@ T Between(T a, T b, double weightA, double weightB)
 }
 
 template <class T>
-void EnlargeRow(const T* source, std::int32_t, std::int32_t start, const ScaleEntry* entries, std::size_t n, T* out)
+void EnlargeRow(const T* source, const ScaleColumns& columns, T* out)
 {
-    for (std::size_t i = 0; i < n; ++i) {
-        const ScaleEntry& entry = entries[i];
-        const T first = source[entry.fFirst - start];
+    for (std::size_t i = 0; i < columns.fCount; ++i) {
+        const ScaleEntry& entry = columns.fEntries[i];
+        const T first = source[entry.fFirst - columns.fStart];
         out[i] = entry.fLastWeight > 0
-                     ? Between(first, source[entry.fLast - start], entry.fFirstWeight, entry.fLastWeight)
+                     ? Between(first, source[entry.fLast - columns.fStart], entry.fFirstWeight, entry.fLastWeight)
                      : first;
     }
 }
@@ -106,6 +106,14 @@ void Combine(const T* a, const T* b, float weightA, float weightB, T* out, std::
 }
 
 template <class T>
-constexpr ScaleRows<T> kScaleRows = {ReduceRow<T>, EnlargeRow<T>, AddRow<T>, TakeSums<T>, Combine<T>, nullptr, nullptr};
+constexpr ScaleRows<T> kScaleRows = {.planReduce = nullptr,
+                                     .planEnlarge = nullptr,
+                                     .reduce = ReduceRow<T>,
+                                     .enlarge = EnlargeRow<T>,
+                                     .addRow = AddRow<T>,
+                                     .takeSums = TakeSums<T>,
+                                     .combine = Combine<T>,
+                                     .average = nullptr,
+                                     .averagePairs = nullptr};
 
 } // namespace Kesto::Kernels::Plain
