@@ -1,59 +1,56 @@
 // Opens any bytes as a file, from load to unload, under hosts of many tempers. Whatever the bytes say, the run ends with
 // a code that is in the list, and the host has nothing to complain about.
-#include "formats/electricimage/choose_frame.h"
-#include "plugin/format_dialog.h"
-#include "support/alert_recorder.h"
+//
+//   0   1  four bits: silent, quiet, resident, without handles; above them, how far the host's space of 16 bytes is
+//          shifted left
+//   1   1  the frame that the user chooses; 255 cancels
+//   2   1  0, or the number of the call that fails, from 1
+//   3      the file
+#include "formats/frame_answer.h"
+#include "support/alert_capture.h"
 #include "support/ei_file.h"
-
-#include "inputs.h"
+#include "support/scriptable_host.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace Testing {
 namespace {
 
-uint8_t gChoice = 0;
+constexpr size_t kHead = 3;
 
-class ChoiceDialog : public Kesto::CFormatDialog {
-public:
-    bool RunModal() override
-    {
-        *Project::gFrameResult = gChoice;
-        return gChoice != 255;
-    }
-};
-
-std::unique_ptr<Kesto::CFormatDialog> MakeChoice()
+// Ends the run when something is not as it must be.
+void Require(bool condition)
 {
-    return std::make_unique<ChoiceDialog>();
+    if (!condition)
+        std::abort();
 }
 
-void OpenUnder(const OpenInput& input, std::span<const uint8_t> file)
+void OpenUnder(uint8_t temper, uint8_t fault, std::span<const uint8_t> file)
 {
     ScriptableHost host;
     host.noting = false;
     host.documentLimit = 1 << 20;
-    host.memoryLimit = int64_t{16} << (input.flags >> 4);
-    host.playback.playMode = (input.flags & OpenInput::kSilent) != 0 ? kHostPlaySilent : 0;
-    host.record.quietOpen = (input.flags & OpenInput::kQuiet) != 0;
-    if ((input.flags & OpenInput::kNoHandles) != 0) {
+    host.memoryLimit = int64_t{16} << (temper >> 4);
+    host.playback.playMode = (temper & 1) != 0 ? kHostPlaySilent : 0;
+    host.record.quietOpen = (temper & 2) != 0;
+    if ((temper & 8) != 0) {
         static intptr_t word = 0; // the module keeps the block; one is enough
         host.record.handleSuite = nullptr;
         host.data = word;
         host.Call(kFormatOptionsStart);
         word = host.data;
     }
-    if ((input.flags & OpenInput::kResident) != 0)
+    if ((temper & 4) != 0)
         host.Call(kFormatLoad);
-    if (input.fault != 0)
-        host.fault = Fault{.at = input.fault - 1};
-    gChoice = input.frame;
+    if (fault != 0)
+        host.fault = Fault{.at = fault - 1};
     const Outcome outcome = host.Open(file);
     constexpr int16_t kCodes[] = {
         0, kHostFailed, kHostIoError, kHostMemoryFull, kHostUserCanceled, kHostBadMode, kHostCannotRead};
     Require(std::ranges::find(kCodes, outcome.code) != std::end(kCodes));
-    Require(outcome.code == 0 || input.fault != 0 || outcome.code != kHostIoError);
-    Require(outcome.code != 0 || host.RowsExchanged() == host.record.rowCount || input.fault != 0);
+    Require(outcome.code != kHostIoError || fault != 0);
+    Require(outcome.code != 0 || host.RowsExchanged() == host.record.rowCount || fault != 0);
     Require(host.LockedBuffers() == 0 && host.Buffers() <= 1);
     host.fault.reset();
     host.Call(kFormatUnload);
@@ -77,11 +74,11 @@ void OpenASoundOne()
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace Testing;
-    if (size < OpenInput::kHead)
+    if (size < kHead)
         return 0;
-    AlertRecorder alerts;
-    Project::SetFrameDialogMaker(MakeChoice);
-    OpenUnder({data[0], data[1], data[2]}, std::span(data, size).subspan(OpenInput::kHead));
+    AlertCapture alerts;
+    const FrameAnswer answer(data[1] == 255 ? std::nullopt : std::optional<uint32_t>(data[1]));
+    OpenUnder(data[0], data[2], std::span(data, size).subspan(kHead));
     OpenASoundOne();
     return 0;
 }

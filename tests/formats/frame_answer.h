@@ -11,39 +11,35 @@ namespace Testing {
 class FrameAnswer {
 public:
     // A frame number to accept, or nothing to cancel.
-    explicit FrameAnswer(std::optional<uint32_t> frame) : fBefore(Project::SetFrameDialogMaker(Make))
+    explicit FrameAnswer(std::optional<uint32_t> frame) : fBefore(Project::SetFrameDialogMaker(Make)), fFrame(frame)
     {
-        gFrame = frame;
-        gAsked = 0;
-        gOffered = gRange = 0;
+        gAnswer = this;
     }
     ~FrameAnswer() { Project::SetFrameDialogMaker(fBefore); }
     FrameAnswer(const FrameAnswer&) = delete;
     FrameAnswer& operator=(const FrameAnswer&) = delete;
 
-    int Asked() const { return gAsked; }
-    uint32_t Offered() const { return gOffered; } // the frame that the dialog began with
-    uint32_t Range() const { return gRange; }     // and how many there were
+    int asked = 0;
+    uint32_t offered = 0; // the frame that the dialog began with
+    uint32_t range = 0;   // and how many there were
 
 private:
     class Dialog : public Kesto::CFormatDialog {
     public:
         bool RunModal() override
         {
-            ++gAsked;
-            gRange = Project::gFrameCount;
-            gOffered = *Project::gFrameResult;
-            *Project::gFrameResult = gFrame.value_or(gOffered);
-            return gFrame.has_value();
+            ++gAnswer->asked;
+            gAnswer->range = Project::gFrameCount;
+            gAnswer->offered = *Project::gFrameResult;
+            *Project::gFrameResult = gAnswer->fFrame.value_or(gAnswer->offered);
+            return gAnswer->fFrame.has_value();
         }
     };
     static std::unique_ptr<Kesto::CFormatDialog> Make() { return std::make_unique<Dialog>(); }
 
-    static inline std::optional<uint32_t> gFrame;
-    static inline int gAsked = 0;
-    static inline uint32_t gOffered = 0;
-    static inline uint32_t gRange = 0;
+    static inline FrameAnswer* gAnswer = nullptr;
     Project::FrameDialogMaker fBefore;
+    std::optional<uint32_t> fFrame;
 };
 
 } // namespace Testing

@@ -11,14 +11,13 @@ using namespace Kesto;
 
 TEST(PreferenceNames, AreThoseOfEachEdition)
 {
-    CText path;
-    CText file;
-    GetElectricImagePrefsNames(Edition::kLumograph, path, file);
-    EXPECT_EQ(Localize(path), "Software\\Orlen\\Electric Image Format\\2025\\Lumograph");
-    EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
-    GetElectricImagePrefsNames(Edition::kQuartets, path, file);
-    EXPECT_EQ(Localize(path), "Software\\Orlen\\Electric Image Format\\Quartets");
-    EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
+    for (const auto& [edition, key] :
+         {std::pair{Edition::kLumograph, "2025\\Lumograph"}, {Edition::kQuartets, "Quartets"}}) {
+        CText path, file;
+        GetElectricImagePrefsNames(edition, path, file);
+        EXPECT_EQ(Localize(path), std::string("Software\\Orlen\\Electric Image Format\\") + key);
+        EXPECT_EQ(Localize(file), "Electric Image Format Prefs.lgp");
+    }
 }
 
 } // namespace

@@ -18,47 +18,68 @@ EIFrame Frame(const char* layout, int width, int height, Bytes pixels, uint8_t p
         .layout = Layout(layout), .width = width, .height = height, .packing = packing, .pixels = std::move(pixels)};
 }
 
-std::vector<int64_t> Amounts(const ScriptableHost& host, Kind kind)
-{
-    std::vector<int64_t> amounts;
-    for (const HostCall& call : host.CallsOf(kind))
-        amounts.push_back(call.a);
-    return amounts;
-}
-
 class ReadPixels : public ModuleTest {
 protected:
+    // The samples that the host is given.
     Bytes Samples(const EIFrame& frame)
     {
         host.ForgetCalls();
         EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{}) << frame.layout.name;
         return host.document.samples;
     }
-
-    // What was read for the pixels, one number for each read.
-    std::vector<int64_t> PixelReads(const EIFrame& frame)
-    {
-        Samples(frame);
-        const auto reads = Amounts(host, Kind::kRead);
-        const ptrdiff_t before = 2 + static_cast<ptrdiff_t>(frame.lut.size() / 3) + (frame.layout.frameType == 2);
-        return {reads.begin() + before, reads.end()};
-    }
 };
 
-TEST_F(ReadPixels, LayoutsComeAsTheHostHasThem)
+// One after the other on one host, so that a packet left open by one frame would show in the next.
+TEST_F(ReadPixels, EachLayoutAndPacketHasItsReadsAndSamples)
 {
-    EXPECT_EQ(Samples(Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF})),
-              (Bytes{1, 0, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0}));
-    EXPECT_EQ(Samples(Frame("indexed2", 5, 1, {0x1B, 0xC0})), (Bytes{0, 1, 2, 3, 3}));
-    EXPECT_EQ(Samples(Frame("indexed4", 3, 1, {0xA5, 0xF0})), (Bytes{10, 5, 15}));
-    EXPECT_EQ(Samples(Frame("indexed8", 3, 1, {0, 200, 255})), (Bytes{0, 200, 255}));
-    EXPECT_EQ(Samples(Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84})),
-              (Bytes{255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8}));
-    EXPECT_EQ(Samples(Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6})), (Bytes{1, 2, 3, 4, 5, 6}));
-    EXPECT_EQ(Samples(Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6})), (Bytes{1, 2, 3, 9, 4, 5, 6, 8}));
-    EXPECT_EQ(Samples(Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3})), (Bytes{1, 2, 3, 9}));
-    EXPECT_EQ(Samples(Frame("depth32", 8, 1, FloatBytes({0, 0.5F, 1, kInfinity, -1, 2, -kInfinity, std::nanf("")}))),
-              (Bytes{0, 128, 255, 255, 0, 255, 0, 0}));
+    const Bytes depths = FloatBytes({0, 0.5F, 1, kInfinity, -1, 2, -kInfinity, std::nanf("")});
+    struct {
+        EIFrame frame;
+        std::vector<int64_t> reads; // of the pixels
+        Bytes samples;
+    } const kRows[] = {{Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF}), {2, 2}, {1, 0, 1, 1, 0, 0, 1, 1, 0, 1,
+                                                                                     0, 0, 0, 0, 0, 0, 0, 1, 1, 0}},
+                       {Frame("indexed2", 5, 1, {0x1B, 0xC0}), {2}, {0, 1, 2, 3, 3}},
+                       {Frame("indexed4", 3, 1, {0xA5, 0xF0}), {2}, {10, 5, 15}},
+                       {Frame("indexed8", 3, 1, {0, 200, 255}), {3}, {0, 200, 255}},
+                       {Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84}),
+                        {8},
+                        {255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8}},
+                       {Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6}), {6}, {1, 2, 3, 4, 5, 6}},
+                       {Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6}), {8}, {1, 2, 3, 9, 4, 5, 6, 8}},
+                       {Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3}), {4}, {1, 2, 3, 9}},
+                       {Frame("depth32", 8, 1, depths), {32}, {0, 128, 255, 255, 0, 255, 0, 0}},
+                       {Frame("rgb24", 4, 1, {0x03, 1, 2, 3}, 1), {1, 3}, {1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}},
+                       {Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1), {1, 6}, {1, 2, 3, 4, 5, 6}},
+                       // A run of 7 over rows of 3, then a literal of 5 whose last two are never wanted.
+                       {Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE}, 1),
+                        {1, 1, 1, 2, 3},
+                        {9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5}},
+                       {Frame("indexed8", 1, 1, {0x7F, 9}, 1), {1, 1}, {9}},
+                       {Frame("indexed8", 2, 1, {0x01, 5}, 1), {1, 1}, {5, 5}},
+                       {Frame("indexed8", 1, 1, {0xFF, 7}, 1), {1, 1}, {7}},
+                       {Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1), {1, 1, 1, 1}, {3, 4}}};
+    for (const auto& [frame, reads, samples] : kRows) {
+        EXPECT_EQ(Samples(frame), samples) << frame.layout.name;
+        const auto all = host.Amounts(Kind::kRead);
+        const ptrdiff_t heads = frame.layout.frameType == 2 ? 3 : 2;
+        EXPECT_EQ(std::vector(all.begin() + heads, all.end()), reads) << frame.layout.name;
+    }
+}
+
+TEST_F(ReadPixels, TheLongestPacketsReachOverManyRows)
+{
+    Bytes packed = {0x7F, 42, 0xFF};
+    Bytes pixels(128, 42);
+    for (uint8_t i = 0; i < 128; ++i) {
+        packed.push_back(i);
+        pixels.push_back(i);
+    }
+    for (const int width : {1, 50, 256}) {
+        const int height = 256 / width;
+        EXPECT_EQ(Samples(Frame("indexed8", width, height, packed, 1)),
+                  Bytes(pixels.begin(), pixels.begin() + width * height));
+    }
 }
 
 TEST_F(ReadPixels, DepthFramesOfOtherLengths)
@@ -80,49 +101,6 @@ TEST_F(ReadPixels, DepthFramesOfOtherLengths)
     }
 }
 
-TEST_F(ReadPixels, ARawRowIsOneRead)
-{
-    EXPECT_THAT(PixelReads(Frame("indexed8", 5, 3, Bytes(15))), ElementsAre(5, 5, 5));
-    EXPECT_THAT(PixelReads(Frame("indexed1", 17, 2, Bytes(6))), ElementsAre(3, 3));
-    EXPECT_THAT(PixelReads(Frame("depth32", 3, 1, Bytes(12))), ElementsAre(12));
-}
-
-TEST_F(ReadPixels, APacketIsAControlByteAndItsUnits)
-{
-    const EIFrame run = Frame("rgb24", 4, 1, {0x03, 1, 2, 3}, 1);
-    EXPECT_THAT(PixelReads(run), ElementsAre(1, 3));
-    EXPECT_EQ(host.document.samples, (Bytes{1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}));
-    const EIFrame literal = Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1);
-    EXPECT_THAT(PixelReads(literal), ElementsAre(1, 6));
-    EXPECT_EQ(host.document.samples, (Bytes{1, 2, 3, 4, 5, 6}));
-}
-
-TEST_F(ReadPixels, PacketsStretchOverRowEnds)
-{
-    // A run of 7 over rows of 3, then a literal of 5 whose last two are never wanted.
-    const EIFrame frame = Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE, 0xEE}, 1);
-    EXPECT_THAT(PixelReads(frame), ElementsAre(1, 1, 1, 2, 3));
-    EXPECT_EQ(host.document.samples, (Bytes{9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5}));
-    // A longest run and a longest literal over rows of one pixel.
-    Bytes packed = {0x7F, 42, 0xFF};
-    Bytes pixels(128, 42);
-    for (int i = 0; i < 128; ++i) {
-        packed.push_back(static_cast<uint8_t>(i));
-        pixels.push_back(static_cast<uint8_t>(i));
-    }
-    EXPECT_EQ(Samples(Frame("indexed8", 1, 256, packed, 1)), pixels);
-    EXPECT_EQ(Samples(Frame("indexed8", 256, 1, packed, 1)), pixels);
-    EXPECT_EQ(Samples(Frame("indexed8", 50, 5, packed, 1)), (Bytes{pixels.begin(), pixels.begin() + 250}));
-}
-
-TEST_F(ReadPixels, AnOpenPacketDoesNotReachTheNextFile)
-{
-    EXPECT_EQ(Samples(Frame("indexed8", 1, 1, {0x7F, 9}, 1)), (Bytes{9}));
-    EXPECT_EQ(Samples(Frame("indexed8", 2, 1, {0x01, 5}, 1)), (Bytes{5, 5}));
-    EXPECT_EQ(Samples(Frame("indexed8", 1, 1, {0xFF, 7}, 1)), (Bytes{7}));
-    EXPECT_EQ(Samples(Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1)), (Bytes{3, 4}));
-}
-
 TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
 {
     const EIFrame frame = Frame("rgb24", 10, 7, Bytes(210));
@@ -131,13 +109,13 @@ TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
     EXPECT_THAT(
         host.CallsOf(Kind::kExchange),
         ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6}, HostCall{Kind::kExchange, 6, 7}));
-    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(90, 60));
+    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(90, 60));
     host.memoryLimit = 1 << 20;
     Samples(frame);
     EXPECT_THAT(host.CallsOf(Kind::kExchange), ElementsAre(HostCall{Kind::kExchange, 0, 7}));
-    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(210, 60));
+    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(210, 60));
     Samples(Frame("depth32", 10, 7, Bytes(280)));
-    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(70, 50));
+    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(70, 50));
 }
 
 TEST_F(ReadPixels, ARefusedRowBufferIsAskedForWithOneRowLess)
@@ -145,21 +123,17 @@ TEST_F(ReadPixels, ARefusedRowBufferIsAskedForWithOneRowLess)
     const EIFrame frame = Frame("indexed8", 10, 6, Bytes(60));
     host.fault = Fault{Kind::kAllocate, 0};
     Samples(frame);
-    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60, 50, 20));
+    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(60, 50, 20));
     EXPECT_EQ(host.Count(Kind::kExchange), 2);
     host.ForgetCalls();
     host.fault = Fault{Kind::kAllocate, 0, kHostDiskFull, true};
     EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostMemoryFull, kFormatReadContinue}));
-    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60, 50, 40, 30, 20, 10));
-    ExpectClean(host);
-}
-
-TEST_F(ReadPixels, WithoutSpaceForARowNoneIsAskedFor)
-{
-    host.memoryLimit = 29;
-    EXPECT_EQ(host.Open(OneFrameFile(Frame("rgb24", 10, 2, Bytes(60)))),
-              (Outcome{kHostMemoryFull, kFormatReadContinue}));
-    EXPECT_THAT(Amounts(host, Kind::kAllocate), ElementsAre(60)); // the scratch
+    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(60, 50, 40, 30, 20, 10));
+    host.fault.reset();
+    host.ForgetCalls();
+    host.memoryLimit = 9; // no row, so that only the scratch is asked for
+    EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostMemoryFull, kFormatReadContinue}));
+    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(20));
     ExpectClean(host);
 }
 
@@ -178,23 +152,27 @@ TEST_F(ReadPixels, AbortAndProgressComeBeforeEachRow)
 
 TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
 {
-    EIFrame frame = Frame("depth32", 2, 3, FloatBytes({-1, 3, kInfinity, 1, 7, 2}));
+    EIFrame frame = Frame("depth32", 2, 3, {});
     frame.low = frame.high = 0;
     host.memoryLimit = 4;
-    EXPECT_EQ(Samples(frame), (Bytes{0, 128, 255, 64, 255, 96}));
-    EXPECT_EQ(host.Count(Kind::kExchange), 2) << "the first pass is for the module alone";
-    EXPECT_EQ(host.Count(Kind::kAbort), 6);
-    EXPECT_THAT(host.CallsOf(Kind::kSeek), ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 6 + 32 + 12}));
-    frame.pixels = FloatBytes({5, 5, kInfinity, 5, 5, 5});
-    EXPECT_EQ(Samples(frame), (Bytes{0, 0, 255, 0, 0, 0})) << "equal values: a scale of 1";
     const float above = std::nextafter(5.0F, 6.0F);
-    frame.pixels = FloatBytes({5, above, 5, above, 5, 5});
-    EXPECT_EQ(Samples(frame), Bytes(6, 0)) << "nearly equal values too";
-    frame.pixels = FloatBytes({kInfinity, kInfinity, kInfinity, kInfinity, kInfinity, kInfinity});
-    EXPECT_EQ(Samples(frame), Bytes(6, 255));
-    frame.packing = 1;
-    frame.pixels = Bytes{0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0, 0x00, 0x40, 0, 0, 0x40, 0x40, 0, 0, 0x80, 0x40};
-    EXPECT_EQ(Samples(frame), (Bytes{0, 0, 0, 85, 170, 255}));
+    const Bytes packets = {0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0, 0, 0x40, 0, 0, 0x40, 0x40, 0, 0, 0x80, 0x40};
+    struct {
+        const char* name;
+        Bytes pixels, samples;
+    } const kRows[] = {{"a range and an infinity", FloatBytes({-1, 3, kInfinity, 1, 7, 2}), {0, 128, 255, 64, 255, 96}},
+                       {"equal values: a scale of 1", FloatBytes({5, 5, kInfinity, 5, 5, 5}), {0, 0, 255, 0, 0, 0}},
+                       {"nearly equal values too", FloatBytes({5, above, 5, above, 5, 5}), Bytes(6, 0)},
+                       {"infinities alone", FloatBytes(std::vector(6, kInfinity)), Bytes(6, 255)},
+                       {"packets", packets, {0, 0, 0, 85, 170, 255}}};
+    for (const auto& [name, pixels, samples] : kRows) {
+        frame.pixels = pixels;
+        frame.packing = pixels.size() < 24;
+        EXPECT_EQ(Samples(frame), samples) << name;
+        EXPECT_EQ(host.Count(Kind::kExchange), 2) << "the first pass is for the module alone";
+        EXPECT_EQ(host.Count(Kind::kAbort), 6);
+        EXPECT_THAT(host.CallsOf(Kind::kSeek), ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 6 + 32 + 12}));
+    }
 }
 
 TEST_F(ReadPixels, EveryPrefixOfAFileIsRefused)
@@ -208,7 +186,7 @@ TEST_F(ReadPixels, EveryPrefixOfAFileIsRefused)
                                 .height = 3,
                                 .packing = packing,
                                 .lut = {1, 2, 3},
-                                .pixels = packing ? RandomPackets(rows, layout.Unit(), random) : rows};
+                                .pixels = packing ? EncodeRow(rows, layout.Unit()) : rows};
             const Bytes file = OneFrameFile(frame);
             for (size_t size = 0; size < file.size(); ++size) {
                 ScriptableHost each;
@@ -229,8 +207,7 @@ TEST_F(ReadPixels, RandomPicturesOfEveryLayoutComeBack)
             frame.packing = static_cast<uint8_t>(round % 3 != 0);
             frame.lut = RandomLut(layout.frameType == 2 ? 0 : upTo(30), random);
             const Bytes rows = RandomRows(layout, frame.width, frame.height, random);
-            const auto spill = static_cast<size_t>(round % 5);
-            frame.pixels = frame.packing ? RandomPackets(rows, layout.Unit(), random, spill) : rows;
+            frame.pixels = frame.packing ? EncodeRow(rows, layout.Unit()) : rows;
             ScriptableHost each;
             each.memoryLimit = int64_t{layout.planes} * frame.width * upTo(frame.height + 2);
             ASSERT_EQ(each.Open(OneFrameFile(frame)), Outcome{}) << layout.name << " round " << round;

@@ -3,6 +3,7 @@
 
 #include "foundation/alert.h"
 
+#include <string>
 #include <vector>
 
 class AlertCapture final : public Kesto::CAlertHook {
@@ -12,11 +13,13 @@ public:
     Kesto::AlertButton Show(const Kesto::AlertBox& box) override
     {
         boxes.push_back(box);
+        texts.emplace_back(box.text.View());
         return fAnswer;
     }
     void Beep() override { ++beeps; }
 
     std::vector<Kesto::AlertBox> boxes;
+    std::vector<std::string> texts; // of the boxes
     int beeps = 0;
 
 private:

@@ -89,31 +89,25 @@ const EILayout& Layout(const std::string& name)
     return *std::ranges::find(kLayouts, name, &EILayout::name);
 }
 
-EIFileBuilder& EIFileBuilder::Add(EIFrame frame)
-{
-    fFrames.push_back(std::move(frame));
-    return *this;
-}
-
-Bytes EIFileBuilder::Build() const
+Bytes FileOf(const std::vector<EIFrame>& frames, uint16_t version, std::optional<uint32_t> frameCount)
 {
     Bytes out;
-    Append(out, fHead.version, 2);
-    Append(out, fHead.frameCount.value_or(static_cast<uint32_t>(fFrames.size())), 4);
-    for (const EIFrame& frame : fFrames)
+    Append(out, version, 2);
+    Append(out, frameCount.value_or(static_cast<uint32_t>(frames.size())), 4);
+    for (const EIFrame& frame : frames)
         AppendFrame(out, frame);
     return out;
 }
 
 Bytes OneFrameFile(const EIFrame& frame)
 {
-    return EIFileBuilder().Add(frame).Build();
+    return FileOf({frame});
 }
 
-Bytes FloatBytes(std::initializer_list<float> values)
+Bytes FloatBytes(const std::vector<float>& values)
 {
     Bytes bytes(values.size() * sizeof(float));
-    std::memcpy(bytes.data(), std::data(values), bytes.size());
+    std::memcpy(bytes.data(), values.data(), bytes.size());
     return bytes;
 }
 
@@ -143,32 +137,6 @@ Bytes RandomLut(int entries, Random& random)
     Bytes lut(static_cast<size_t>(entries) * 3);
     std::ranges::generate(lut, [&] { return static_cast<uint8_t>(Between(0, 255, random)); });
     return lut;
-}
-
-Bytes RandomPackets(const Bytes& units, size_t unit, Random& random, size_t spill)
-{
-    Bytes packed;
-    size_t at = 0;
-    const auto copy = [&](size_t count) {
-        for (size_t i = 0; i < count * unit; ++i)
-            packed.push_back(at + i < units.size() ? units[at + i] : uint8_t{0xEE});
-    };
-    while (at < units.size()) {
-        size_t same = 1;
-        while (same < 128 && at + (same + 1) * unit <= units.size() &&
-               std::equal(&units[at], &units[at] + unit, &units[at + same * unit]))
-            ++same;
-        const bool run = Between(0, 2, random) != 0;
-        const size_t left = (units.size() - at) / unit;
-        size_t count =
-            static_cast<size_t>(Between(1, static_cast<int>(run ? same : std::min<size_t>(left, 128)), random));
-        if (count == left)
-            count = std::min<size_t>(128, count + spill);
-        packed.push_back(static_cast<uint8_t>(count - 1 + (run ? 0 : 0x80)));
-        copy(run ? 1 : count);
-        at += count * unit;
-    }
-    return packed;
 }
 
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size)

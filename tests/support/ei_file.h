@@ -45,40 +45,22 @@ struct EIFrame {
     std::optional<uint32_t> dataSize{};
 };
 
-struct EIFileHead {
-    uint16_t version = 5;
-    std::optional<uint32_t> frameCount{};
-};
-
-class EIFileBuilder {
-public:
-    explicit EIFileBuilder(EIFileHead head = {}) : fHead(head) {}
-    EIFileBuilder& Add(EIFrame frame);
-    Bytes Build() const;
-
-private:
-    EIFileHead fHead;
-    std::vector<EIFrame> fFrames;
-};
-
+// A file of frames; its header can be made to lie.
+Bytes FileOf(const std::vector<EIFrame>& frames, uint16_t version = 5, std::optional<uint32_t> frameCount = {});
 Bytes OneFrameFile(const EIFrame& frame);
-Bytes FloatBytes(std::initializer_list<float> values);
+Bytes FloatBytes(const std::vector<float>& values);
 
 // Raw rows of a layout with runs, noise and, for depth, values in and out of 0 to 1 and infinities.
 Bytes RandomRows(const EILayout& layout, int width, int height, Random& random);
 Bytes RandomLut(int entries, Random& random);
-
-// Cuts units into runs and literals of random length without regard to rows; the last packet promises up to `spill`
-// units more than there are.
-Bytes RandomPackets(const Bytes& units, size_t unit, Random& random, size_t spill = 0);
 
 // The plain decoder that the module is held against: the first `size` bytes of a packet stream, or nothing when the
 // stream ends before.
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size);
 
 // The packets that a writer makes of a row, found one pixel at a time. `behind` is the byte that fills what lies behind
-// the row, where the last pixel finds a neighbour to be compared with.
-Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind);
+// the row, where the last pixel finds a neighbour to be compared with. All rows at once give packets over row ends.
+Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind = 0);
 
 // The picture that raw rows of a frame stand for.
 Picture PictureOf(const EIFrame& frame, std::span<const uint8_t> rows);

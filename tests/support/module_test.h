@@ -1,7 +1,7 @@
 // What the tests of the module share: a host of their own, alerts that are caught, and an end that leaves nothing behind.
 #pragma once
 
-#include "support/alert_recorder.h"
+#include "support/alert_capture.h"
 #include "support/scriptable_host.h"
 
 #include <gmock/gmock.h>
@@ -30,7 +30,7 @@ inline void* RowsAddress(const ScriptableHost& host)
 
 class ModuleTest : public ::testing::Test {
 protected:
-    AlertRecorder alerts;
+    AlertCapture alerts;
     ScriptableHost host;
 
     void TearDown() override

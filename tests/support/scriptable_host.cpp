@@ -34,7 +34,6 @@ struct HostCallbacks {
             return kHostMemoryFull;
         *buffer = host.Make<HostBuffer>(host.fBuffers, size);
         host.fUsed += size;
-        host.fPeak = std::max(host.fPeak, host.fUsed);
         return kHostNoError;
     }
     static void* Lock(HostBuffer buffer, uint8_t) { return Host().LockBlock(Host().fBuffers, Kind::kLock, buffer); }
@@ -42,7 +41,7 @@ struct HostCallbacks {
     static void Free(HostBuffer buffer)
     {
         if (const auto found = Host().fBuffers.find(buffer); found != Host().fBuffers.end())
-            Host().fUsed -= found->second->size;
+            Host().fUsed -= std::ssize(found->second->bytes);
         Host().EndBlock(Host().fBuffers, Kind::kFree, buffer);
     }
     static int32_t Space()
@@ -53,9 +52,7 @@ struct HostCallbacks {
 
     static HostHandle HandleNew(int32_t size)
     {
-        if (Host().Fails(Kind::kHandleNew, size))
-            return nullptr;
-        return Host().Make<HostHandle>(Host().fHandles, size);
+        return Host().Fails(Kind::kHandleNew, size) ? nullptr : Host().Make<HostHandle>(Host().fHandles, size);
     }
     static void HandleDispose(HostHandle handle) { Host().EndBlock(Host().fHandles, Kind::kHandleDispose, handle); }
     static void* HandleLock(HostHandle handle, uint8_t)
@@ -66,7 +63,7 @@ struct HostCallbacks {
     static int32_t HandleSize(HostHandle handle)
     {
         const auto* block = Host().Find(Host().fHandles, handle, "a size asked");
-        return block ? block->size : 0;
+        return block ? static_cast<int32_t>(block->bytes.size()) : 0;
     }
 
     static int32_t AcquireSuite(const char* name, int32_t version, const void** suite)
@@ -96,86 +93,6 @@ struct HostCallbacks {
             *value = found->second;
         return kHostNoError;
     }
-
-    static HostFile Open(HostFormatRecord* record, int16_t mode)
-    {
-        ScriptableHost& host = Host();
-        if (record != &host.record)
-            host.Blame("a file opened for a record that is not the host's");
-        if (host.Fails(Kind::kOpen, mode))
-            return nullptr;
-        host.fMode = mode;
-        if (mode == kHostOpenToWrite)
-            host.file.clear();
-        auto file = std::make_unique<ScriptableHost::File>(ScriptableHost::File{mode, 0});
-        const auto handle = reinterpret_cast<HostFile>(file.get());
-        host.fFiles.emplace(handle, std::move(file));
-        return handle;
-    }
-    static int16_t Read(HostFile handle, int64_t* count, void* buffer)
-    {
-        ScriptableHost& host = Host();
-        auto* file = host.Find(handle);
-        const int64_t wanted = *count;
-        const bool fails = host.Fails(Kind::kRead, wanted);
-        const auto size = static_cast<int64_t>(host.file.size());
-        *count = file == nullptr ? 0 : std::clamp<int64_t>(size - file->position, 0, std::max<int64_t>(wanted, 0));
-        if (fails)
-            *count = std::min(*count, host.fault->delivered);
-        if (*count > 0) {
-            std::memcpy(buffer, host.file.data() + file->position, static_cast<size_t>(*count));
-            file->position += *count;
-        }
-        if (fails)
-            return host.fault->code;
-        return *count == wanted ? kHostNoError : kHostEndOfFile;
-    }
-    static int16_t Write(HostFile handle, int64_t count, const void* buffer)
-    {
-        ScriptableHost& host = Host();
-        auto* file = host.Find(handle);
-        if (host.Fails(Kind::kWrite, count))
-            return host.fault->code;
-        if (file == nullptr || count < 0 || file->mode != kHostOpenToWrite) {
-            host.Blame("a write that can't be");
-            return kHostWriteError;
-        }
-        const auto* bytes = static_cast<const uint8_t*>(buffer);
-        const auto begin = static_cast<size_t>(file->position), end = begin + static_cast<size_t>(count);
-        if (begin == host.file.size()) {
-            host.file.insert(host.file.end(), bytes, bytes + count);
-        } else {
-            host.file.resize(std::max(host.file.size(), end));
-            std::copy_n(bytes, count, host.file.begin() + file->position);
-        }
-        file->position += count;
-        return kHostNoError;
-    }
-    static int64_t Position(HostFile handle)
-    {
-        if (Host().Fails(Kind::kPosition))
-            return -1;
-        const auto* file = Host().Find(handle);
-        return file ? file->position : -1;
-    }
-    static int16_t Seek(HostFile handle, int16_t mode, int64_t offset)
-    {
-        auto* file = Host().Find(handle);
-        if (Host().Fails(Kind::kSeek, mode, offset))
-            return Host().fault->code;
-        const int64_t target = offset + (mode == kHostSeekFromCurrent && file ? file->position : 0);
-        if (file == nullptr || target < 0)
-            return kHostIoError;
-        file->position = target;
-        return kHostNoError;
-    }
-    static int16_t Close(HostFile handle)
-    {
-        const bool fails = Host().Fails(Kind::kClose);
-        if (Host().Find(handle) != nullptr)
-            Host().fFiles.erase(handle);
-        return fails ? Host().fault->code : int16_t{kHostNoError};
-    }
 };
 
 ScriptableHost::ScriptableHost()
@@ -195,22 +112,6 @@ ScriptableHost::ScriptableHost()
     static constexpr HostSuiteTable kSuites = {HostCallbacks::AcquireSuite, HostCallbacks::ReleaseSuite};
     fBasicSuite = {nullptr, &kSuites};
     gCurrent = this;
-    ResetRecord();
-}
-
-ScriptableHost::~ScriptableHost()
-{
-    gCurrent = fPrevious;
-}
-
-ScriptableHost& ScriptableHost::Current()
-{
-    return *gCurrent;
-}
-
-void ScriptableHost::ResetRecord()
-{
-    record = {};
     record.abortCheck = HostCallbacks::AbortCheck;
     record.progressReport = HostCallbacks::Progress;
     record.exchangeRows = HostCallbacks::Exchange;
@@ -220,13 +121,9 @@ void ScriptableHost::ResetRecord()
     record.playbackBlock = &playback;
 }
 
-// What a host sets anew for each operation.
-void ScriptableHost::BeginOperation()
+ScriptableHost::~ScriptableHost()
 {
-    for (int16_t i = 0; i < 4; ++i)
-        record.planeOrder[i] = i;
-    record.rowsAddress = nullptr;
-    record.exchangeRect = {};
+    gCurrent = fPrevious;
 }
 
 int16_t ScriptableHost::Call(int16_t selector)
@@ -239,30 +136,50 @@ int16_t ScriptableHost::Call(int16_t selector)
     return result;
 }
 
+Outcome ScriptableHost::Operate(int16_t prepare)
+{
+    for (int16_t i = 0; i < 4; ++i)
+        record.planeOrder[i] = i;
+    record.rowsAddress = nullptr;
+    record.exchangeRect = {};
+    Outcome outcome;
+    const auto succeeds = [&](int phase) {
+        const auto selector = static_cast<int16_t>(prepare + phase);
+        const int16_t code = Call(selector);
+        if (outcome.code == 0 && code != 0)
+            outcome = {code, selector};
+        return code == 0;
+    };
+    if (!succeeds(0) || !succeeds(1))
+        return outcome;
+    if (prepare == kFormatReadPrepare)
+        MakeDocument();
+    succeeds(2);
+    succeeds(3);
+    return outcome;
+}
+
+// The document that a read start has told of.
+void ScriptableHost::MakeDocument()
+{
+    fDiscarding = int64_t{record.rowCount} * record.columnCount * record.planeCount > documentLimit;
+    if (record.rowCount > 0 && record.columnCount > 0 && !fDiscarding)
+        document = Picture(record.colorMode, record.columnCount, record.rowCount, record.planeCount);
+    std::ranges::copy(record.redLut, document.lut[0].begin());
+    std::ranges::copy(record.greenLut, document.lut[1].begin());
+    std::ranges::copy(record.blueLut, document.lut[2].begin());
+}
+
 Outcome ScriptableHost::Open(std::span<const uint8_t> bytes)
 {
     file.assign(bytes.begin(), bytes.end());
     document = {};
-    BeginOperation();
-    for (const int16_t selector : {kFormatReadPrepare, kFormatReadStart})
-        if (const int16_t code = Call(selector))
-            return {code, selector};
-    discarding = discarding || int64_t{record.rowCount} * record.columnCount * record.planeCount > documentLimit;
-    if (record.rowCount > 0 && record.columnCount > 0 && !discarding)
-        document = Picture(record.colorMode, record.columnCount, record.rowCount, record.planeCount);
-    std::copy_n(record.redLut, 256, document.lut[0].begin());
-    std::copy_n(record.greenLut, 256, document.lut[1].begin());
-    std::copy_n(record.blueLut, 256, document.lut[2].begin());
-    const int16_t code = Call(kFormatReadContinue);
-    const int16_t last = Call(kFormatReadFinish);
-    return code ? Outcome{code, kFormatReadContinue}
-                : Outcome{last, static_cast<int16_t>(last ? kFormatReadFinish : 0)};
+    return Operate(kFormatReadPrepare);
 }
 
 Outcome ScriptableHost::Save(const Picture& picture)
 {
     document = picture;
-    BeginOperation();
     record.colorMode = static_cast<int16_t>(picture.mode);
     record.columnCount = static_cast<int16_t>(picture.width);
     record.rowCount = static_cast<int16_t>(picture.height);
@@ -271,13 +188,7 @@ Outcome ScriptableHost::Save(const Picture& picture)
     std::ranges::copy(picture.lut[0], record.redLut);
     std::ranges::copy(picture.lut[1], record.greenLut);
     std::ranges::copy(picture.lut[2], record.blueLut);
-    for (const int16_t selector : {kFormatWritePrepare, kFormatWriteStart})
-        if (const int16_t code = Call(selector))
-            return {code, selector};
-    const int16_t code = Call(kFormatWriteContinue);
-    const int16_t last = Call(kFormatWriteFinish);
-    return code ? Outcome{code, kFormatWriteContinue}
-                : Outcome{last, static_cast<int16_t>(last ? kFormatWriteFinish : 0)};
+    return Operate(kFormatWritePrepare);
 }
 
 std::vector<HostCall> ScriptableHost::CallsOf(Kind kind) const
@@ -287,13 +198,19 @@ std::vector<HostCall> ScriptableHost::CallsOf(Kind kind) const
     return chosen;
 }
 
+std::vector<int64_t> ScriptableHost::Amounts(Kind kind) const
+{
+    std::vector<int64_t> amounts;
+    std::ranges::transform(CallsOf(kind), std::back_inserter(amounts), &HostCall::a);
+    return amounts;
+}
+
 void ScriptableHost::ForgetCalls()
 {
     fCalls.clear();
     std::ranges::fill(fCounts, 0);
     fSeen = 0;
     fFaultReached = false;
-    fPeak = fUsed;
     fRowsExchanged = 0;
 }
 
@@ -322,11 +239,6 @@ bool ScriptableHost::Fails(Kind kind, int64_t a, int64_t b)
     return fails;
 }
 
-void ScriptableHost::Blame(const std::string& what)
-{
-    fMisuse += what + "\n";
-}
-
 ScriptableHost::File* ScriptableHost::Find(HostFile handle)
 {
     const auto found = fFiles.find(handle);
@@ -349,10 +261,7 @@ ScriptableHost::Block* ScriptableHost::Find(Blocks& blocks, const void* handle, 
 template <class Handle>
 Handle ScriptableHost::Make(Blocks& blocks, int32_t size)
 {
-    auto block = std::make_unique<Block>();
-    block->size = size;
-    block->bytes.reset(new uint8_t[static_cast<size_t>(size)]);
-    std::memset(block->bytes.get(), 0xCD, static_cast<size_t>(size));
+    auto block = std::make_unique<Block>(Block{Bytes(static_cast<size_t>(size), 0xCD)});
     const auto handle = reinterpret_cast<Handle>(block.get());
     blocks.emplace(handle, std::move(block));
     return handle;
@@ -360,13 +269,11 @@ Handle ScriptableHost::Make(Blocks& blocks, int32_t size)
 
 void* ScriptableHost::LockBlock(Blocks& blocks, Kind kind, const void* handle)
 {
-    if (Fails(kind))
-        return nullptr;
-    Block* block = Find(blocks, handle, "a lock");
+    Block* block = Fails(kind) ? nullptr : Find(blocks, handle, "a lock");
     if (block == nullptr)
         return nullptr;
     ++block->locks;
-    return block->bytes.get();
+    return block->bytes.data();
 }
 
 void ScriptableHost::UnlockBlock(Blocks& blocks, Kind kind, const void* handle)
@@ -386,8 +293,8 @@ void ScriptableHost::EndBlock(Blocks& blocks, Kind kind, const void* handle)
 bool ScriptableHost::InLockedBuffer(const uint8_t* begin, int64_t size) const
 {
     return std::ranges::any_of(fBuffers, [&](const auto& entryOf) {
-        const Block& block = *entryOf.second;
-        return block.locks > 0 && begin >= block.bytes.get() && begin + size <= block.bytes.get() + block.size;
+        const auto& [bytes, locks] = *entryOf.second;
+        return locks > 0 && begin >= bytes.data() && begin + size <= bytes.data() + bytes.size();
     });
 }
 
@@ -407,14 +314,14 @@ int16_t ScriptableHost::ExchangeRows()
         wrong = "an exchange of a rectangle or of planes that are not in the picture";
     else if (!InLockedBuffer(begin, reach))
         wrong = "an exchange of rows that are not in a locked buffer";
-    else if (!discarding && (rect.bottom > document.height || rect.right > document.width))
+    else if (!fDiscarding && (rect.bottom > document.height || rect.right > document.width))
         wrong = "an exchange outside the document";
     if (wrong != nullptr) {
         Blame(wrong);
         return kHostBadParameter;
     }
     fRowsExchanged += rows;
-    for (int y = 0; y < rows && !discarding; ++y)
+    for (int y = 0; y < rows && !fDiscarding; ++y)
         MoveRow(begin + int64_t{y} * record.rowStride, rect.top + y);
     return kHostNoError;
 }
@@ -439,32 +346,86 @@ void ScriptableHost::MoveRow(uint8_t* row, int y)
 } // namespace Testing
 
 // The host's file service, which the module imports.
+using Testing::HostCallbacks;
+using Testing::Kind;
+using Testing::ScriptableHost;
+
 HostFile FastOpen(HostFormatRecord* record, int16_t mode)
 {
-    return Testing::HostCallbacks::Open(record, mode);
+    ScriptableHost& host = HostCallbacks::Host();
+    if (record != &host.record)
+        host.Blame("a file opened for a record that is not the host's");
+    if (host.Fails(Kind::kOpen, mode))
+        return nullptr;
+    host.fMode = mode;
+    if (mode == kHostOpenToWrite)
+        host.file.clear();
+    auto file = std::make_unique<ScriptableHost::File>(ScriptableHost::File{mode, 0});
+    const auto handle = reinterpret_cast<HostFile>(file.get());
+    host.fFiles.emplace(handle, std::move(file));
+    return handle;
 }
 
-int16_t FastRead(HostFile file, int64_t* count, void* buffer)
+int16_t FastRead(HostFile handle, int64_t* count, void* buffer)
 {
-    return Testing::HostCallbacks::Read(file, count, buffer);
+    ScriptableHost& host = HostCallbacks::Host();
+    auto* file = host.Find(handle);
+    const int64_t wanted = *count, size = std::ssize(host.file);
+    const bool fails = host.Fails(Kind::kRead, wanted);
+    *count = file == nullptr ? 0 : std::clamp<int64_t>(size - file->position, 0, std::max<int64_t>(wanted, 0));
+    if (fails)
+        *count = std::min(*count, host.fault->delivered);
+    if (*count > 0) {
+        std::memcpy(buffer, host.file.data() + file->position, static_cast<size_t>(*count));
+        file->position += *count;
+    }
+    if (fails)
+        return host.fault->code;
+    return *count == wanted ? kHostNoError : kHostEndOfFile;
 }
 
-int16_t FastWrite(HostFile file, int64_t count, const void* buffer)
+int16_t FastWrite(HostFile handle, int64_t count, const void* buffer)
 {
-    return Testing::HostCallbacks::Write(file, count, buffer);
+    ScriptableHost& host = HostCallbacks::Host();
+    auto* file = host.Find(handle);
+    if (host.Fails(Kind::kWrite, count))
+        return host.fault->code;
+    if (file == nullptr || count < 0 || file->mode != kHostOpenToWrite) {
+        host.Blame("a write that can't be");
+        return kHostWriteError;
+    }
+    if (file->position + count > std::ssize(host.file))
+        host.file.resize(static_cast<size_t>(file->position + count));
+    std::copy_n(static_cast<const uint8_t*>(buffer), count, host.file.begin() + file->position);
+    file->position += count;
+    return kHostNoError;
 }
 
-int64_t FastGetPosition(HostFile file)
+int64_t FastGetPosition(HostFile handle)
 {
-    return Testing::HostCallbacks::Position(file);
+    ScriptableHost& host = HostCallbacks::Host();
+    const auto* file = host.Fails(Kind::kPosition) ? nullptr : host.Find(handle);
+    return file ? file->position : -1;
 }
 
-int16_t FastSetPosition(HostFile file, int16_t mode, int64_t offset)
+int16_t FastSetPosition(HostFile handle, int16_t mode, int64_t offset)
 {
-    return Testing::HostCallbacks::Seek(file, mode, offset);
+    ScriptableHost& host = HostCallbacks::Host();
+    auto* file = host.Find(handle);
+    if (host.Fails(Kind::kSeek, mode, offset))
+        return host.fault->code;
+    const int64_t target = offset + (mode == kHostSeekFromCurrent && file ? file->position : 0);
+    if (file == nullptr || target < 0)
+        return kHostIoError;
+    file->position = target;
+    return kHostNoError;
 }
 
-int16_t FastClose(HostFile file)
+int16_t FastClose(HostFile handle)
 {
-    return Testing::HostCallbacks::Close(file);
+    ScriptableHost& host = HostCallbacks::Host();
+    const bool fails = host.Fails(Kind::kClose);
+    if (host.Find(handle) != nullptr)
+        host.fFiles.erase(handle);
+    return fails ? host.fault->code : int16_t{kHostNoError};
 }

@@ -74,7 +74,6 @@ public:
     ~ScriptableHost();
     ScriptableHost(const ScriptableHost&) = delete;
     ScriptableHost& operator=(const ScriptableHost&) = delete;
-    static ScriptableHost& Current();
 
     // What a test may set at any time.
     HostFormatRecord record{};
@@ -87,24 +86,22 @@ public:
     std::optional<Fault> fault;
     std::map<uint32_t, intptr_t> properties; // a key that is not here can't be read
     bool noting = true;                      // keep Calls()
-    bool discarding = false;                 // rows are checked and counted, but not kept
-    int64_t documentLimit = INT64_MAX;       // in bytes; rows of larger documents are discarded
+    int64_t documentLimit = INT64_MAX;       // in bytes; rows of larger ones are checked and counted, but not kept
     HostBufferSuite buffers;
     HostHandleSuite handles;
     HostPlaybackBlock playback{};
 
     // One selector through the entry. The result word holds rubbish before.
     int16_t Call(int16_t selector);
-    // Prepare to finish, as a host does it: a failed prepare or start ends the operation, finish follows any continue.
+    // Prepare to finish: a failed prepare or start ends the operation, finish follows any continue.
     Outcome Open(std::span<const uint8_t> bytes);
     Outcome Save(const Picture& picture);
-    // The record as it is before an operation.
-    void ResetRecord();
     // Sends unload, which ends the entry's object whatever its state.
     int16_t Unload() { return Call(kFormatUnload); }
 
     const std::vector<HostCall>& Calls() const { return fCalls; }
     std::vector<HostCall> CallsOf(Kind kind) const;
+    std::vector<int64_t> Amounts(Kind kind) const; // `a` of each of them
     int Count(Kind kind) const { return fCounts[static_cast<size_t>(kind)]; }
     void ForgetCalls();
     bool FaultReached() const { return fFaultReached; }
@@ -113,26 +110,30 @@ public:
     size_t LockedBuffers() const;
     size_t Handles() const { return fHandles.size(); }
     int SuitesHeld() const { return fSuitesHeld; }
-    int64_t PeakBytes() const { return fPeak; }
     int64_t RowsExchanged() const { return fRowsExchanged; }
     const std::string& Misuse() const { return fMisuse; }
 
 private:
     friend struct HostCallbacks;
+    friend HostFile(::FastOpen)(HostFormatRecord*, int16_t);
+    friend int16_t(::FastRead)(HostFile, int64_t*, void*);
+    friend int16_t(::FastWrite)(HostFile, int64_t, const void*);
+    friend int64_t(::FastGetPosition)(HostFile);
+    friend int16_t(::FastSetPosition)(HostFile, int16_t, int64_t);
+    friend int16_t(::FastClose)(HostFile);
     struct File {
         int16_t mode;
         int64_t position;
     };
     struct Block {
-        std::unique_ptr<uint8_t[]> bytes;
-        int32_t size;
-        int locks;
+        Bytes bytes;
+        int locks = 0;
     };
     using Blocks = std::map<const void*, std::unique_ptr<Block>>;
 
     bool Fails(Kind kind, int64_t a = 0, int64_t b = 0);
     void Note(Kind kind, int64_t a, int64_t b);
-    void Blame(const std::string& what);
+    void Blame(const std::string& what) { fMisuse += what + "\n"; }
     File* Find(HostFile handle);
     Block* Find(Blocks& blocks, const void* handle, const char* what);
     template <class Handle>
@@ -140,7 +141,8 @@ private:
     void* LockBlock(Blocks& blocks, Kind kind, const void* handle);
     void UnlockBlock(Blocks& blocks, Kind kind, const void* handle);
     void EndBlock(Blocks& blocks, Kind kind, const void* handle);
-    void BeginOperation();
+    Outcome Operate(int16_t prepare);
+    void MakeDocument();
     int16_t ExchangeRows();
     void MoveRow(uint8_t* row, int y);
     bool InLockedBuffer(const uint8_t* begin, int64_t size) const;
@@ -155,7 +157,7 @@ private:
     Blocks fBuffers;
     Blocks fHandles;
     int64_t fUsed = 0;
-    int64_t fPeak = 0;
+    bool fDiscarding = false;
     int64_t fRowsExchanged = 0;
     int16_t fMode = kHostOpenToRead; // of the file opened last: which way rows travel
     int fSuitesHeld = 0;
