@@ -12,17 +12,9 @@ using namespace Kesto;
 
 namespace {
 
-// Adds up the bytes, so that each is read.
-unsigned Sum(std::span<const std::byte> bytes)
-{
-    unsigned sum = 0;
-    for (const std::byte byte : bytes)
-        sum += static_cast<unsigned>(byte);
-    return sum;
-}
-
 void LookUpAll(CResourceDataProvider& store, const std::string& name)
 {
+    CMemoryBlock block;
     std::int32_t x, y;
     for (std::uint32_t resolution = 0; resolution <= kResolutionCount; ++resolution)
         for (std::uint32_t slot = 0; slot <= kStateSlotCount; ++slot) {
@@ -33,13 +25,11 @@ void LookUpAll(CResourceDataProvider& store, const std::string& name)
             if (store.GetPicture(name, density, state, size, data)) {
                 if (size == 0 || resolution == kResolutionCount || slot == kStateSlotCount)
                     std::abort();
-                volatile unsigned sum = Sum({data, size});
-                static_cast<void>(sum);
+                CopyToBlock(block, {data, size}); // reads each byte
             }
             if (store.GetPictureSize(name, density, state, x, y) && (x <= 0 || y <= 0))
                 std::abort();
         }
-    CMemoryBlock block;
     store.GetPicture(MakeTag("HICp"), name, block);
     store.GetHotSpot(MakeTag("PNGf"), name, x, y);
 }

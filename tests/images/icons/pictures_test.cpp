@@ -14,24 +14,23 @@ namespace {
 using testing::ElementsAre;
 using testing::IsSupersetOf;
 
-// The bytes of one plane; none for a pixmap that isn't there.
+// The bytes of one plane, counted from the last one if below 0; none for a pixmap that isn't there.
 std::vector<int> Plane(const CMemoryPixmap* pixmap, std::int32_t plane)
 {
     std::vector<int> bytes;
     if (pixmap == nullptr)
         return bytes;
     CPixView view;
-    pixmap->GetView(view);
+    pixmap->GetView(view, 0, 0, 0, 0, plane < 0 ? pixmap->GetPlaneCount() + plane : plane, 1);
     for (std::int32_t y = 0; y < view.height; ++y)
-        for (std::int32_t x = 0; x < view.width; ++x)
-            bytes.push_back(view.planePointers[plane][y * view.rowBytes + x]);
+        bytes.insert(bytes.end(), view.planePointers[0] + y * view.rowBytes,
+                     view.planePointers[0] + y * view.rowBytes + view.width);
     return bytes;
 }
 
 std::vector<int> Alpha(const CDualPicture& picture, EDensity density = kDensity_Low)
 {
-    const CMemoryPixmap* pixmap = picture.GetPixmap(density);
-    return Plane(pixmap, pixmap == nullptr ? 0 : pixmap->GetPlaneCount() - 1);
+    return Plane(picture.GetPixmap(density), -1);
 }
 
 // The first plane of both densities.

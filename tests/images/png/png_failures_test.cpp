@@ -11,8 +11,8 @@ using namespace TestPNG;
 
 namespace {
 
-constexpr const char* kSignatureText = "$$$/Kesto/PNGDecoder/Error/InvalidSig=This is not valid PNG data. It does not "
-                                       "begin with a proper signature.";
+constexpr const char* kSignatureText =
+    "$$$/Kesto/PNGDecoder/Error/InvalidSig=This is not valid PNG data. It does not begin with a proper signature.";
 constexpr const char* kHeaderText = "$$$/Kesto/PNGDecoder/Error/InvalidHeader=The PNG header data is not valid.";
 constexpr const char* kMemoryText = "$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.";
 constexpr const char* kDepthText = "$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.";
@@ -31,7 +31,7 @@ std::string ErrorOf(const Bytes& file)
 
 Bytes File(const Bytes& header, const Bytes& imageData)
 {
-    return Joined({Signature(), Chunk("IHDR", header), Chunk("IDAT", imageData), Chunk("IEND", {})});
+    return FileOf(header, {Chunk("IDAT", imageData)});
 }
 
 Bytes Cut(Bytes bytes, std::size_t size)
@@ -42,8 +42,7 @@ Bytes Cut(Bytes bytes, std::size_t size)
 
 TEST(PNGFailures, HaveTheirMessages)
 {
-    const Bytes good = File(Header(2, 1, 8, 0), Deflated({0, 1, 2}));
-    const Bytes header = Chunk("IHDR", Header(2, 1, 8, 0));
+    const Bytes grey = Header(2, 1, 8, 0), header = Chunk("IHDR", grey), good = File(grey, Deflated({0, 1, 2}));
     Bytes lying = good;
     lying[33] = 0xFF; // the length of the chunk behind the header
     struct {
@@ -55,7 +54,7 @@ TEST(PNGFailures, HaveTheirMessages)
         {"an empty file", {}, kEndText},
         {"another signature", Joined({{138}, good}), kSignatureText},
         {"another first chunk", Joined({Signature(), Chunk("IDAT", Bytes(13)), header}), kHeaderText},
-        {"a short header", File(Cut(Header(2, 1, 8, 0), 12), {}), kHeaderText},
+        {"a short header", File(Cut(grey, 12), {}), kHeaderText},
         {"a width below 0", File(Header(0x80000000, 1, 8, 0), {}), kHeaderText},
         {"a height below 0", File(Header(1, 0xFFFFFFFF, 8, 0), {}), kHeaderText},
         {"a row beyond 31 bits", File(Header(0x7FFFFFFF, 1, 8, 6), {}), kHeaderText},
@@ -65,10 +64,10 @@ TEST(PNGFailures, HaveTheirMessages)
         {"a pass beyond 31 bits", File(Header(0x7000, 0xFFFF, 255, 0, 0, 1), {}), kHeaderText},
         {"passes beyond 31 bits together", File(Header(1, 0x1FFFFFFF, 24, 0, 0, 1), {}), kHeaderText},
         {"more pixels than the data could fill", File(Header(20000, 20000, 8, 6), Deflated({0})), kHeaderText},
-        {"no image data", File(Header(2, 1, 8, 0), {}), kMemoryText},
-        {"image data that isn't deflated", File(Header(2, 1, 8, 0), {1, 2, 3, 4, 5, 6, 7}), kMemoryText},
-        {"image data that is cut", File(Header(2, 1, 8, 0), Cut(Deflated({0, 1, 2}), 9)), kMemoryText},
-        {"image data for more rows", File(Header(2, 1, 8, 0), Deflated(Bytes(6))), kMemoryText},
+        {"no image data", File(grey, {}), kMemoryText},
+        {"image data that isn't deflated", File(grey, {1, 2, 3, 4, 5, 6, 7}), kMemoryText},
+        {"image data that is cut", File(grey, Cut(Deflated({0, 1, 2}), 9)), kMemoryText},
+        {"image data for more rows", File(grey, Deflated(Bytes(6))), kMemoryText},
         {"a depth of 0", File(Header(2, 1, 0, 0), Deflated({0})), kDepthText},
         {"a depth of 1", File(Header(2, 1, 1, 0), Deflated({0, 1})), kDepthText},
         {"a depth of 2", File(Header(9, 1, 2, 3), Deflated({4, 1, 2, 3})), kDepthText},

@@ -49,18 +49,33 @@ std::size_t Picture::Channels() const
     return kChannels[colorType];
 }
 
-Picture RandomPicture(std::int32_t width, std::int32_t height, std::uint8_t colorType, std::uint32_t seed)
+std::vector<Picture> EveryKind(std::int32_t width, std::int32_t height, std::uint32_t seed)
 {
     std::minstd_rand random(seed + 1);
-    Picture picture{width, height, colorType, false, {}, {}, {}};
-    picture.samples.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * picture.Channels());
-    std::uint8_t last = 0;
-    for (std::uint8_t& sample : picture.samples)
-        sample = last = (random() >> 8 & 1) != 0 ? last : static_cast<std::uint8_t>(random() >> 8);
-    if (colorType == 3)
-        for (int i = 0; i < 768; ++i)
-            picture.palette.push_back(static_cast<std::uint8_t>(random() >> 8));
-    return picture;
+    const auto byte = [&] { return static_cast<std::uint8_t>(random() >> 8); };
+    std::vector<Picture> kinds;
+    for (const std::uint8_t colorType : {0, 2, 3, 4, 6}) {
+        Picture picture{width, height, colorType, false, {}, {}, {}};
+        picture.samples.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * picture.Channels());
+        std::uint8_t last = 0;
+        for (std::uint8_t& sample : picture.samples)
+            sample = last = byte() % 2 != 0 ? last : byte();
+        picture.palette.resize(colorType == 3 ? 768 : 0);
+        std::ranges::generate(picture.palette, byte);
+        Picture transparent = picture;
+        for (std::uint8_t i = 0; i < 100 && colorType == 3; ++i)
+            transparent.transparency.push_back(2 * i);
+        for (std::size_t c = 0; c < picture.Channels() && colorType != 3; ++c)
+            transparent.transparency.insert(transparent.transparency.end(), {0, picture.samples[c]});
+        for (const bool interlaced : {false, true}) {
+            picture.interlaced = transparent.interlaced = interlaced;
+            if (colorType != 6 || !interlaced)
+                kinds.push_back(picture);
+            if (colorType < 4)
+                kinds.push_back(transparent);
+        }
+    }
+    return kinds;
 }
 
 Bytes FilteredRows(const Picture& picture, const Bytes& filters)
@@ -133,24 +148,27 @@ Bytes Joined(const std::vector<Bytes>& parts)
     return all;
 }
 
+Bytes FileOf(const Bytes& header, const std::vector<Bytes>& chunks)
+{
+    return Joined({Signature(), Chunk("IHDR", header), Joined(chunks), Chunk("IEND", {})});
+}
+
 Bytes Encoded(const Picture& picture, const Bytes& filters, std::size_t pieceBytes, int level)
 {
-    Bytes file = Signature();
-    Append(file,
-           Chunk("IHDR", Header(static_cast<std::uint32_t>(picture.width), static_cast<std::uint32_t>(picture.height),
-                                8, picture.colorType, 0, picture.interlaced ? 1 : 0)));
+    std::vector<Bytes> chunks;
     if (!picture.palette.empty())
-        Append(file, Chunk("PLTE", picture.palette));
+        chunks.push_back(Chunk("PLTE", picture.palette));
     if (!picture.transparency.empty())
-        Append(file, Chunk("tRNS", picture.transparency));
+        chunks.push_back(Chunk("tRNS", picture.transparency));
     const Bytes data = Deflated(FilteredRows(picture, filters), level);
-    for (std::size_t at = 0; at < data.size(); at += pieceBytes) {
-        const std::size_t end = std::min(data.size(), at + pieceBytes);
-        Append(file, Chunk("IDAT", Bytes(data.begin() + static_cast<std::ptrdiff_t>(at),
-                                         data.begin() + static_cast<std::ptrdiff_t>(end))));
+    for (auto from = data.begin(); from != data.end();) {
+        const auto end = from + std::min(data.end() - from, static_cast<std::ptrdiff_t>(pieceBytes));
+        chunks.push_back(Chunk("IDAT", Bytes(from, end)));
+        from = end;
     }
-    Append(file, Chunk("IEND", {}));
-    return file;
+    return FileOf(Header(static_cast<std::uint32_t>(picture.width), static_cast<std::uint32_t>(picture.height), 8,
+                         picture.colorType, 0, picture.interlaced ? 1 : 0),
+                  chunks);
 }
 
 } // namespace TestPNG

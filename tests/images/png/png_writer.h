@@ -23,8 +23,10 @@ struct Picture {
     std::size_t Channels() const;
 };
 
-// A picture of random samples, each as likely to repeat the one before it as not; palettes have 256 colours.
-Picture RandomPicture(std::int32_t width, std::int32_t height, std::uint8_t colorType, std::uint32_t seed);
+// Random pictures, one of each colour type, plain and interlaced, without and with transparency (but no interlaced RGBA).
+// A sample is as likely to repeat the one before it as not; palettes have 256 colours, the first 100 of them transparent
+// by degrees; the other transparent pictures have the first pixel's colour for a key.
+std::vector<Picture> EveryKind(std::int32_t width, std::int32_t height, std::uint32_t seed);
 
 // The rows as they are compressed, row i behind filter byte filters[i % size] and filtered so; 5 and up filter nothing.
 Bytes FilteredRows(const Picture& picture, const Bytes& filters);
@@ -35,6 +37,9 @@ Bytes Header(std::uint32_t width, std::uint32_t height, std::uint8_t depth, std:
 Bytes Chunk(std::string_view type, const Bytes& payload);
 Bytes Deflated(const Bytes& data, int level = 6);
 Bytes Joined(const std::vector<Bytes>& parts);
+
+// A file of a header's payload, the chunks behind it and the end chunk.
+Bytes FileOf(const Bytes& header, const std::vector<Bytes>& chunks);
 
 // A whole file, its image data in chunks of `pieceBytes`.
 Bytes Encoded(const Picture& picture, const Bytes& filters, std::size_t pieceBytes = 8192, int level = 6);

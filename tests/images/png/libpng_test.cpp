@@ -1,0 +1,33 @@
+// Another decoder finds the same samples in the same files.
+#include "images/png/decoding.h"
+
+#include <gtest/gtest.h>
+#include <png.h>
+
+using namespace TestPNG;
+
+namespace {
+
+Bytes ReferenceSamples(const Bytes& file)
+{
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    EXPECT_NE(png_image_begin_read_from_memory(&image, file.data(), file.size()), 0) << image.message;
+    image.format &=
+        ~static_cast<png_uint_32>(PNG_FORMAT_FLAG_COLORMAP); // colours for indices, alpha where there is any
+    Bytes samples(PNG_IMAGE_SIZE(image));
+    EXPECT_NE(png_image_finish_read(&image, nullptr, samples.data(), 0, nullptr), 0) << image.message;
+    return samples;
+}
+
+TEST(PNGPictures, DecodeAsAnotherDecoderHasThem)
+{
+    for (const std::int32_t size : {1, 2, 3, 5, 9, 16, 33, 150})
+        for (const Picture& picture : EveryKind(size, 1 + size * 7 % 40, 8)) {
+            const Bytes file = Encoded(picture, {4, 3, 1, 2, 0, 3, 4});
+            EXPECT_TRUE(SamplesOf(*Decode(file)) == ReferenceSamples(file))
+                << "colour type " << int{picture.colorType} << ", size " << size;
+        }
+}
+
+} // namespace
