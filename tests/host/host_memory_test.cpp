@@ -37,7 +37,7 @@ TEST_F(HostMemoryTest, SpaceTellsTheLimitAndTheHeadRoomLiesBeyondIt)
     EXPECT_EQ(Memory().peak, 1100);
 }
 
-TEST_F(HostMemoryTest, CountsWhatIsNotGivenBack)
+TEST_F(HostMemoryTest, CountsWhatIsNotGivenBackAndMisuse)
 {
     fSuite.Allocate(10, &fBuffer);
     EXPECT_NE(fSuite.Lock(fBuffer, 0), nullptr);
@@ -49,10 +49,7 @@ TEST_F(HostMemoryTest, CountsWhatIsNotGivenBack)
     EXPECT_EQ(Memory().locked, 0);
     EXPECT_EQ(Memory().buffers, 0);
     EXPECT_EQ(Memory().faults, 0);
-}
 
-TEST_F(HostMemoryTest, MisuseIsCountedAndHarmless)
-{
     fSuite.Allocate(10, &fBuffer);
     fSuite.Unlock(fBuffer);
     fSuite.Free(fBuffer);

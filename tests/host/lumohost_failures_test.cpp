@@ -2,14 +2,10 @@
 #include "host/program.h"
 #include "host/test_pictures.h"
 
-#include <gtest/gtest.h>
-
 namespace Host {
 namespace {
 
-using testing::Test;
-
-class FailuresTest : public Test {
+class FailuresTest : public LumohostTest {
 protected:
     FailuresTest()
     {
@@ -17,105 +13,86 @@ protected:
         WritePicture(picture, fFolder / "p.ppm");
     }
 
-    // Expects that the run fails with the status and says each of the words.
-    void ExpectFailure(const std::vector<std::string>& arguments, int status,
-                       const std::vector<std::string>& words) const
+    // Expects that the run fails with the status and says each of the words, and that it leaves no file behind.
+    void ExpectFailure(int status, const std::vector<std::string>& arguments, const std::vector<std::string>& words)
     {
-        const ProgramRun run = RunLumohost(arguments);
-        EXPECT_EQ(run.status, status) << run.output << run.messages;
+        const auto files = fFolder.FileCount();
+        const std::string messages = RunLumohost(arguments, status).messages;
         for (const std::string& word : words)
-            EXPECT_NE(run.messages.find(word), std::string::npos) << "\"" << word << "\" in: " << run.messages;
+            EXPECT_NE(messages.find(word), std::string::npos) << "\"" << word << "\" in: " << messages;
+        EXPECT_EQ(fFolder.FileCount(), files) << messages;
     }
 
-    std::string Path(const char* name) const { return Argument(fFolder / name); }
-    std::string Sample(const char* name) const { return Argument(SourceFile(std::string("samples/") + name)); }
-
-    TestFolder fFolder;
+    const std::string fPicture = Path("p.ppm"), fImage = Path("o.img"), fPng = Path("o.png"), fFrames = Path("o.ei");
+    const std::string fSample = Argument(SourceFile("samples/rgb-24.ei"));
 };
 
 TEST_F(FailuresTest, MistakesOnTheCommandLineHaveAStatusOfTheirOwn)
 {
-    ExpectFailure({}, 2, {"assemble", "lumohost COMMAND --help"});
-    ExpectFailure({"opne", Sample("harbour.img")}, 2, {"not expected", "opne"});
-    ExpectFailure({"open"}, 2, {"file is required"});
-    ExpectFailure({"open", Sample("harbour.img"), "--compression", "12"}, 2, {"--compression"});
-    const ProgramRun help = RunLumohost({"assemble", "--help"});
-    EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.output.find("Examples:"), std::string::npos);
+    ExpectFailure(2, {}, {"assemble", "lumohost COMMAND --help"});
+    ExpectFailure(2, {"opne", fSample}, {"not expected", "opne"});
+    ExpectFailure(2, {"open"}, {"file is required"});
+    ExpectFailure(2, {"open", fSample, "--compression", "12"}, {"--compression"});
+    EXPECT_NE(RunLumohost({"assemble", "--help"}).output.find("Examples:"), std::string::npos);
 }
 
 TEST_F(FailuresTest, ThePropertyListRefusesBeforeTheModuleIsAsked)
 {
     fFolder.Put("picture.gif", "GIF89a");
-    ExpectFailure({"open", Path("picture.gif"), "-o", Path("o.png")}, 1, {"\".gif\"", ".IMG, .EI, .EIZ, .EIZZ"});
-    ExpectFailure({"save", Path("p.ppm"), "-o", Path("o.ei")}, 1, {"\".ei\"", "It takes .IMG;"});
+    ExpectFailure(1, {"open", Path("picture.gif"), "-o", fPng}, {"\".gif\"", ".IMG, .EI, .EIZ, .EIZZ"});
+    ExpectFailure(1, {"save", fPicture, "-o", fFrames}, {"\".ei\"", "It takes .IMG;"});
     MadePicture wide(PictureMode::kGrayscale, 30001, 1, 1, Texture);
     WritePicture(wide, fFolder / "wide.pgm");
-    const ProgramRun run = RunLumohost({"save", Path("wide.pgm"), "-o", Path("o.img"), "--verbose"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.messages.find("30001 x 1, the limit is 30000 x 30000"), std::string::npos) << run.messages;
-    EXPECT_EQ(run.messages.find("write prepare"), std::string::npos);
-    EXPECT_EQ(fFolder.FileCount(), 3);
+    const std::vector<std::string> save = {"save", Path("wide.pgm"), "-o", fImage, "--verbose"};
+    ExpectFailure(1, save, {"30001 x 1, the limit is 30000 x 30000"});
+    EXPECT_EQ(RunLumohost(save, 1).messages.find("write prepare"), std::string::npos);
 }
 
 TEST_F(FailuresTest, CodesComeWithTheirTextAndAWayOut)
 {
-    ExpectFailure({"open", Path("missing.img"), "-o", Path("o.png")}, 1,
+    const std::string text = Argument(fFolder.Put("text.img", "no picture at all, though long enough for the headers"));
+    const std::string five = Argument(SourceFile("samples/five-frames.ei"));
+    ExpectFailure(1, {"open", Path("missing.img"), "-o", fPng},
                   {"The file or directory could not be found. (-43)", "Check the spelling"});
-    fFolder.Put("text.img", "this is no picture at all, though it is long enough for headers");
-    ExpectFailure({"open", Path("text.img"), "-o", Path("o.png")}, 1,
-                  {"isn't in the format. (-30501)", "lumohost info"});
-    ExpectFailure({"info", Path("text.img")}, 1, {"is not an ElectricImage file"});
-    ExpectFailure({"open", Sample("rgb-24.ei"), "-o", Path("o.png"), "--memory-limit", "100"}, 1,
+    ExpectFailure(1, {"open", text, "-o", fPng}, {"isn't in the format. (-30501)", "lumohost info"});
+    ExpectFailure(1, {"info", text}, {"is not an ElectricImage file"});
+    ExpectFailure(1, {"open", fSample, "-o", fPng, "--memory-limit", "100"},
                   {"There is not enough memory. (-108)", "--memory-limit"});
-    ExpectFailure({"open", Sample("rgb-24.ei"), "-o", Path("o.png"), "--memory-limit", "lots"}, 1, {"is no size"});
-    ExpectFailure({"open", Sample("rgb-24.ei"), "-o", Path("no/folder/o.png")}, 1, {"(-43)"});
-    ExpectFailure({"selectors", "--module", Path("missing.so")}, 1, {"can't be loaded", "--module PATH"});
-    ExpectFailure({"open", Sample("five-frames.ei"), "-o", Path("o.png"), "--frame", "2"}, 1,
-                  {"frame 2 can't be chosen", "Leave --frame out"});
-    EXPECT_EQ(fFolder.FileCount(), 2) << "no picture was left behind";
+    ExpectFailure(1, {"open", fSample, "-o", fPng, "--memory-limit", "lots"}, {"is no size"});
+    ExpectFailure(1, {"open", fSample, "-o", Path("no/folder/o.png")}, {"(-43)"});
+    ExpectFailure(1, {"selectors", "--module", Path("missing.so")}, {"can't be loaded", "--module PATH"});
+    ExpectFailure(1, {"open", five, "-o", fPng, "--frame", "2"}, {"frame 2 can't be chosen", "Leave --frame out"});
 }
 
-TEST_F(FailuresTest, AStoppedSaveLeavesTheOldFile)
+TEST_F(FailuresTest, AStoppedOrBrokenRunLeavesTheOldFile)
 {
-    fFolder.Put("old.img", "old");
-    ExpectFailure({"save", Path("p.ppm"), "-o", Path("old.img"), "--abort-at", "20"}, 130, {"canceled. (-128)"});
-    EXPECT_EQ(fFolder.Get("old.img"), "old");
-    ExpectFailure({"save", Path("p.ppm"), "-o", Path("new.img"), "--abort-at", "1"}, 130, {});
-    EXPECT_EQ(fFolder.FileCount(), 2);
-}
-
-TEST_F(FailuresTest, AStoppedOrBrokenOpenLeavesTheOldPicture)
-{
-    fFolder.Put("o.png", "old");
-    ExpectFailure({"open", Sample("rgb-24.eiz"), "-o", Path("o.png"), "--abort-at", "100"}, 130, {"canceled. (-128)"});
     const std::filesystem::path whole = SourceFile("samples/rgb-24.eiz");
     std::filesystem::copy_file(whole, fFolder / "cut.eiz");
     std::filesystem::resize_file(fFolder / "cut.eiz", std::filesystem::file_size(whole) / 2);
-    ExpectFailure({"open", Path("cut.eiz"), "-o", Path("o.png")}, 1, {"(-30501)"});
-    ExpectFailure({"info", Path("cut.eiz")}, 1, {"frames with faults"});
-    EXPECT_EQ(fFolder.Get("o.png"), "old");
-    EXPECT_EQ(fFolder.FileCount(), 3);
+    fFolder.Put("o.png", "old");
+    fFolder.Put("o.img", "old");
+    ExpectFailure(130, {"save", fPicture, "-o", fImage, "--abort-at", "20"}, {"canceled. (-128)"});
+    ExpectFailure(130, {"save", fPicture, "-o", Path("new.img"), "--abort-at", "1"}, {});
+    ExpectFailure(130, {"open", Argument(whole), "-o", fPng, "--abort-at", "100"}, {"canceled. (-128)"});
+    ExpectFailure(1, {"open", Path("cut.eiz"), "-o", fPng}, {"(-30501)"});
+    ExpectFailure(1, {"info", Path("cut.eiz")}, {"frames with faults"});
+    EXPECT_EQ(fFolder.Get("o.img") + fFolder.Get("o.png"), "oldold");
 }
 
-TEST_F(FailuresTest, APictureThatCantBeReadSavesNothing)
+TEST_F(FailuresTest, APictureThatCantBeReadOrDoesNotFitSavesNothing)
 {
-    const std::string whole = fFolder.Get("p.ppm");
-    fFolder.Put("cut.ppm", whole.substr(0, whole.size() / 2));
-    ExpectFailure({"save", Path("cut.ppm"), "-o", Path("o.img")}, 1, {"prematurely reached. (-39)"});
+    fFolder.Put("cut.ppm", fFolder.Get("p.ppm").substr(0, 2000));
     fFolder.Put("cut.png", "\x89PNG\r\n\x1a\n");
-    ExpectFailure({"save", Path("cut.png"), "-o", Path("o.img")}, 1, {"cut.png"});
-    EXPECT_EQ(fFolder.FileCount(), 3);
-}
-
-TEST_F(FailuresTest, AssembleSaysWhatDoesNotFit)
-{
-    ExpectFailure({"assemble", Path("p.ppm"), "-o", Path("o.ei"), "--bits", "4"}, 1, {"4 bits hold 16", "--reduce"});
-    ExpectFailure({"assemble", Path("p.ppm"), "-o", Path("o.ei"), "--bits", "5"}, 1, {"\"5\" is no layout"});
-    ExpectFailure({"assemble", Path("p.ppm"), "-o", Path("o.ei"), "--depth", "0:1"}, 1, {"is made of a grey picture"});
-    ExpectFailure({"assemble", Path("p.ppm"), "-o", Path("o.ei"), "--depth", "4:1"}, 1, {"MIN must be below MAX"});
-    ExpectFailure({"assemble", Path("p.ppm"), "-o", Path("o.ei"), "--bits", "8,8"}, 1, {"2 layouts for 1 pictures"});
-    EXPECT_EQ(fFolder.FileCount(), 1);
+    ExpectFailure(1, {"save", Path("cut.ppm"), "-o", fImage}, {"prematurely reached. (-39)"});
+    ExpectFailure(1, {"save", Path("cut.png"), "-o", fImage}, {"cut.png"});
+    const std::pair<std::vector<std::string>, std::vector<std::string>> kOptions[] = {
+        {{"--bits", "4"}, {"4 bits hold 16", "--reduce"}},
+        {{"--bits", "5"}, {"\"5\" is no layout"}},
+        {{"--depth", "0:1"}, {"is made of a grey picture"}},
+        {{"--depth", "4:1"}, {"MIN must be below MAX"}},
+        {{"--bits", "8,8"}, {"2 layouts for 1 pictures"}}};
+    for (const auto& [options, words] : kOptions)
+        ExpectFailure(1, {"assemble", fPicture, "-o", fFrames, options[0], options[1]}, words);
 }
 
 } // namespace

@@ -2,15 +2,16 @@
 #include "host/program.h"
 #include "host/test_pictures.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <sstream>
 
 namespace Host {
 namespace {
+
+using Golden = LumohostTest;
 
 // Compares with the expected file, or replaces it when the tests run in order to make it.
 void ExpectGolden(const std::string& name, const std::string& text)
@@ -23,98 +24,73 @@ void ExpectGolden(const std::string& name, const std::string& text)
     EXPECT_EQ(text, expected.str()) << "If that is right now, run tests/host/golden/make.";
 }
 
-std::vector<std::string> SampleNames()
+// The samples as arguments, by name.
+std::map<std::string, std::string> Samples()
 {
-    std::vector<std::string> names;
+    std::map<std::string, std::string> samples;
     for (const auto& entry : std::filesystem::directory_iterator(SourceFile("samples")))
         if (const std::string name = entry.path().filename().string(); name != "make" && name.find(".md") == name.npos)
-            names.push_back(name);
-    std::ranges::sort(names);
-    return names;
+            samples[name] = Argument(entry.path());
+    return samples;
 }
 
-// A number that stands for the pixels (FNV-1a).
-uint64_t Fingerprint(const std::vector<uint8_t>& bytes)
+// "201 x 126 indexed 0123456789abcdef": the number stands for the pixels (FNV-1a).
+std::string Describe(PictureSource& picture)
 {
+    const PictureInfo& info = picture.Info();
+    Bytes bytes = AllPixels(picture);
+    for (const auto* channel : {&info.palette.red, &info.palette.green, &info.palette.blue})
+        bytes.insert(bytes.end(), channel->begin(), channel->end());
     uint64_t hash = 0xCBF29CE484222325u;
     for (const uint8_t byte : bytes)
         hash = (hash ^ byte) * 0x100000001B3u;
-    return hash;
-}
-
-// "201 x 126 indexed 0123456789abcdef" for what opening the sample gives.
-std::string Describe(const std::string& sample, const TestFolder& folder)
-{
-    const ProgramRun run =
-        RunLumohost({"open", Argument(SourceFile("samples/" + sample)), "-o", Argument(folder / "p.png")});
-    EXPECT_EQ(run.status, 0) << sample << ": " << run.messages;
-    const auto picture = OpenPicture(folder / "p.png");
-    const PictureInfo& info = picture->Info();
-    std::vector<uint8_t> bytes = AllPixels(*picture);
-    for (const auto* channel : {&info.palette.red, &info.palette.green, &info.palette.blue})
-        bytes.insert(bytes.end(), channel->begin(), channel->end());
     std::ostringstream text;
-    text << info.width << " x " << info.height << ' ' << KindOf(info) << ' ' << std::hex << Fingerprint(bytes);
+    text << info.width << " x " << info.height << ' ' << KindOf(info) << ' ' << std::hex << hash;
     return text.str();
 }
 
-TEST(Golden, InfoOfTheSamples)
+TEST_F(Golden, InfoOfTheSamples)
 {
     std::string text;
-    for (const std::string& name : SampleNames()) {
-        const ProgramRun run = RunLumohost({"info", Argument(SourceFile("samples/" + name))});
-        EXPECT_EQ(run.status, 0) << run.messages;
-        text += name + run.output.substr(run.output.find(": version"));
+    for (const auto& [name, path] : Samples()) {
+        const std::string info = RunLumohost({"info", path}).output;
+        text += name + info.substr(info.find(": version"));
     }
     ExpectGolden("info.txt", text);
 }
 
-TEST(Golden, PicturesOfTheSamples)
+TEST_F(Golden, PicturesOfTheSamples)
 {
-    const TestFolder folder;
     std::string text;
-    for (const std::string& name : SampleNames())
-        text += name + ": " + Describe(name, folder) + "\n";
+    std::map<std::string, std::string> pictures;
+    int pairs = 0;
+    for (const auto& [name, path] : Samples()) {
+        RunLumohost({"open", path, "-o", Path("p.png")});
+        const std::string& picture = pictures[name] = Describe(*OpenPicture(fFolder / "p.png"));
+        text += name + ": " + picture + "\n";
+        if (const auto raw = pictures.find(name.substr(0, name.size() - 1)); raw != pictures.end()) {
+            EXPECT_EQ(picture, raw->second) << name << " is the same packed";
+            ++pairs;
+        }
+    }
+    EXPECT_EQ(pairs, 9);
     ExpectGolden("pictures.txt", text);
 }
 
-TEST(Golden, AnswersToTheSelectors)
+TEST_F(Golden, AnswersToTheSelectors)
 {
-    const ProgramRun run = RunLumohost({"selectors"});
-    EXPECT_EQ(run.status, 0) << run.messages;
-    ExpectGolden("selectors.txt", run.output);
+    ExpectGolden("selectors.txt", RunLumohost({"selectors"}).output);
 }
 
-TEST(Json, TellsTheSameAsTheTables)
+TEST_F(Golden, JsonTellsTheSameAsTheTables)
 {
-    const ProgramRun info = RunLumohost({"info", "--json", Argument(SourceFile("samples/five-frames.ei"))});
-    ASSERT_EQ(info.status, 0) << info.messages;
-    const auto file = nlohmann::json::parse(info.output);
+    const auto file = nlohmann::json::parse(RunLumohost({"info", "--json", Samples()["five-frames.ei"]}).output);
     ASSERT_EQ(file.at("frames").size(), 5u);
     EXPECT_EQ(file["frames"][2]["layout"], "8-bit indexed");
     EXPECT_EQ(file["frames"][4]["range"], (nlohmann::json{10.0, 1000.0}));
-
-    const ProgramRun selectors = RunLumohost({"selectors", "--json"});
-    const auto answers = nlohmann::json::parse(selectors.output);
+    const auto answers = nlohmann::json::parse(RunLumohost({"selectors", "--json"}).output);
     ASSERT_EQ(answers.size(), 43u);
     EXPECT_EQ(answers[18].at("result"), -30501) << "filter file";
-}
-
-// Raw and packed samples are of the same pictures.
-TEST(Samples, AreTheSameRawAndPacked)
-{
-    std::istringstream lines(std::string(
-        std::istreambuf_iterator<char>(std::ifstream(SourceFile("tests/host/golden/pictures.txt")).rdbuf()), {}));
-    std::map<std::string, std::string> pictures;
-    for (std::string line; std::getline(lines, line);)
-        pictures[line.substr(0, line.find(':'))] = line.substr(line.find(':'));
-    int pairs = 0;
-    for (const auto& [name, picture] : pictures)
-        if (const auto packed = pictures.find(name + "z"); packed != pictures.end()) {
-            EXPECT_EQ(picture, packed->second) << name;
-            ++pairs;
-        }
-    EXPECT_EQ(pairs, 9);
 }
 
 } // namespace

@@ -38,7 +38,7 @@ std::filesystem::path SourceFile(const std::string& name)
     return Native(SIDECAR_SOURCE_DIR) / name;
 }
 
-ProgramRun RunLumohost(const std::vector<std::string>& arguments)
+LumohostTest::Run LumohostTest::RunLumohost(const std::vector<std::string>& arguments, int status) const
 {
     const TestFolder folder;
     std::string command = Quoted(Argument(Native(LUMOHOST)));
@@ -47,6 +47,8 @@ ProgramRun RunLumohost(const std::vector<std::string>& arguments)
     command += " >" + Quoted(Argument(folder / "output")) + " 2>" + Quoted(Argument(folder / "messages"));
     if (kIsWindows)
         command = Quoted(command); // the command processor takes one pair off
-    const int status = std::system(command.c_str());
-    return {kIsWindows ? status : status >> 8 & 0xFF, TextFile(folder / "output"), TextFile(folder / "messages")};
+    const int ended = std::system(command.c_str());
+    Run run{kIsWindows ? ended : ended >> 8 & 0xFF, TextFile(folder / "output"), TextFile(folder / "messages")};
+    EXPECT_EQ(run.status, status) << command << '\n' << run.output << run.messages;
+    return run;
 }

@@ -3,21 +3,29 @@
 
 #include "host/test_folder.h"
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <string>
 #include <vector>
-
-struct ProgramRun {
-    int status = -1; // exit status
-    std::string output;
-    std::string messages; // of the error stream
-};
-
-// Runs the program with arguments in ASCII and waits for its end.
-ProgramRun RunLumohost(const std::vector<std::string>& arguments);
 
 // A path as an argument.
 std::string Argument(const std::filesystem::path& path);
 
 // A file of the source tree.
 std::filesystem::path SourceFile(const std::string& name);
+
+class LumohostTest : public testing::Test {
+protected:
+    struct Run {
+        int status = -1; // exit status
+        std::string output;
+        std::string messages; // of the error stream
+    };
+    // Runs the program with arguments in ASCII, waits for its end and expects its status.
+    Run RunLumohost(const std::vector<std::string>& arguments, int status = 0) const;
+
+    std::string Path(const char* name) const { return Argument(fFolder / name); }
+
+    TestFolder fFolder;
+};

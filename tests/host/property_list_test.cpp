@@ -14,58 +14,46 @@ PropertyList Parse(const std::string& text)
     return ParsePropertyList(std::as_bytes(std::span(text)));
 }
 
-class PropertyListTest : public testing::Test {
-protected:
-    PropertyListTest()
-    {
-        std::ifstream file(SIDECAR_SOURCE_DIR "/resources/tagl.json", std::ios::binary);
-        fList = Parse(std::string(std::istreambuf_iterator<char>(file), {}));
-    }
-
-    static PictureInfo Picture(PictureMode mode, int32_t width, int32_t height, int32_t planes)
-    {
-        return {mode, width, height, planes, {}};
-    }
-
-    PropertyList fList;
-};
-
-TEST_F(PropertyListTest, TellsTheModulesDeclaration)
+PropertyList Own()
 {
-    EXPECT_EQ(fList.name, "ElectricImage");
-    EXPECT_EQ(fList.entry, "EntryElectricImage");
-    EXPECT_EQ(fList.readExtensions, (std::vector<std::string>{"IMG", "EI", "EIZ", "EIZZ"}));
-    EXPECT_EQ(fList.writeExtensions, (std::vector<std::string>{"IMG"}));
-    EXPECT_TRUE(fList.loadUnload);
+    std::ifstream file(SIDECAR_SOURCE_DIR "/resources/tagl.json", std::ios::binary);
+    return Parse(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
-TEST_F(PropertyListTest, ExtensionsCountWithoutRegardToCase)
+TEST(PropertyList, TellsTheModulesDeclaration)
 {
-    EXPECT_NO_THROW(RequireReadable(fList, "a/b.eizz"));
-    EXPECT_NO_THROW(RequireReadable(fList, "B.Img"));
-    EXPECT_THROW(RequireReadable(fList, "b.imgs"), Failure);
-    EXPECT_THROW(RequireReadable(fList, "img"), Failure);
-    EXPECT_NO_THROW(RequireWritable(fList, "b.img"));
-    EXPECT_THROW(RequireWritable(fList, "b.ei"), Failure);
+    const PropertyList list = Own();
+    EXPECT_EQ(list.name, "ElectricImage");
+    EXPECT_EQ(list.entry, "EntryElectricImage");
+    EXPECT_EQ(list.readExtensions, (std::vector<std::string>{"IMG", "EI", "EIZ", "EIZZ"}));
+    EXPECT_EQ(list.writeExtensions, (std::vector<std::string>{"IMG"}));
+    EXPECT_TRUE(list.loadUnload);
 }
 
-TEST_F(PropertyListTest, LimitsSizesModesAndChannels)
+TEST(PropertyList, LimitsExtensionsSizesModesAndChannels)
 {
-    EXPECT_NO_THROW(RequirePicture(fList, Picture(PictureMode::kRgb, 30000, 30000, 4)));
-    EXPECT_THROW(RequirePicture(fList, Picture(PictureMode::kRgb, 30001, 1, 3)), Failure);
-    EXPECT_THROW(RequirePicture(fList, Picture(PictureMode::kRgb, 1, 30001, 3)), Failure);
-    EXPECT_THROW(RequirePicture(fList, Picture(PictureMode::kRgb, 0, 5, 3)), Failure);
-    EXPECT_THROW(RequirePicture(fList, Picture(PictureMode::kIndexed, 5, 5, 3)), Failure);
-    fList.modes = {"RGBColor"};
-    EXPECT_THROW(RequirePicture(fList, Picture(PictureMode::kGrayscale, 5, 5, 1)), Failure);
+    PropertyList list = Own();
+    EXPECT_NO_THROW(RequireReadable(list, "a/b.eizz"));
+    EXPECT_NO_THROW(RequireReadable(list, "B.Img"));
+    EXPECT_THROW(RequireReadable(list, "b.imgs"), Failure);
+    EXPECT_THROW(RequireReadable(list, "img"), Failure);
+    EXPECT_NO_THROW(RequireWritable(list, "b.img"));
+    EXPECT_THROW(RequireWritable(list, "b.ei"), Failure);
+
+    EXPECT_NO_THROW(RequirePicture(list, {PictureMode::kRgb, 30000, 30000, 4, {}}));
+    EXPECT_THROW(RequirePicture(list, {PictureMode::kRgb, 30001, 1, 3, {}}), Failure);
+    EXPECT_THROW(RequirePicture(list, {PictureMode::kRgb, 1, 30001, 3, {}}), Failure);
+    EXPECT_THROW(RequirePicture(list, {PictureMode::kRgb, 0, 5, 3, {}}), Failure);
+    EXPECT_THROW(RequirePicture(list, {PictureMode::kIndexed, 5, 5, 3, {}}), Failure);
+    list.modes = {"RGBColor"};
+    EXPECT_THROW(RequirePicture(list, {PictureMode::kGrayscale, 5, 5, 1, {}}), Failure);
 }
 
-TEST(PropertyListErrors, AreToldInWords)
+TEST(PropertyList, IsRefusedWhenBroken)
 {
-    EXPECT_THROW(Parse(""), Failure);
-    EXPECT_THROW(Parse("{\"Tagls\": [{\"Kind\": \"Filter\"}]}"), Failure);
-    EXPECT_THROW(Parse("{\"Tagls\": [{\"Kind\": \"Format\", \"Name\": 5}]}"), Failure);
-    EXPECT_THROW(Parse("{\"Tagls\": [7]}"), Failure);
+    for (const char* const text : {"", "{\"Tagls\": [{\"Kind\": \"Filter\"}]}",
+                                   "{\"Tagls\": [{\"Kind\": \"Format\", \"Name\": 5}]}", "{\"Tagls\": [7]}"})
+        EXPECT_THROW(Parse(text), Failure) << text;
 }
 
 } // namespace

@@ -11,19 +11,15 @@ namespace {
 
 class CollectingSink final : public PictureSink {
 public:
-    explicit CollectingSink(size_t rowBytes) : fRowBytes(rowBytes) {}
     void Begin(const PictureInfo&) override {}
     void PutRows(const uint8_t* rows, size_t stride, int32_t count) override
     {
         for (; count > 0; --count, rows += stride)
-            fPixels.insert(fPixels.end(), rows, rows + fRowBytes);
+            fPixels.insert(fPixels.end(), rows, rows + 20);
     }
     void Finish() override {}
 
-    std::vector<uint8_t> fPixels;
-
-private:
-    size_t fRowBytes;
+    Bytes fPixels;
 };
 
 // A picture of 5 x 4 pixels with four planes, and the module's side of the record.
@@ -32,32 +28,35 @@ protected:
     RowExchangeTest()
     {
         std::iota(fPicture.begin(), fPicture.end(), uint8_t{0});
-        fRecord.lastPlane = 3;
-        fRecord.pixelStride = 4;
-        fRecord.rowStride = 20;
-        fRecord.planeStride = 1;
-        fRecord.rowsAddress = fPicture.data();
-        for (int16_t i = 0; i < 4; ++i)
-            fRecord.planeOrder[i] = i;
+        std::iota(fRecord.planeOrder, fRecord.planeOrder + 4, int16_t{0});
+        Shape(0, 3, 4, 20, 1);
     }
 
-    void Deliver(int16_t top, int16_t bottom, void* rows, int16_t left = 0, int16_t right = 5)
+    void Shape(int firstPlane, int lastPlane, int pixelStride, int rowStride, int planeStride)
     {
-        fRecord.exchangeRect = {top, left, bottom, right};
+        fRecord.firstPlane = static_cast<int16_t>(firstPlane);
+        fRecord.lastPlane = static_cast<int16_t>(lastPlane);
+        fRecord.pixelStride = static_cast<int16_t>(pixelStride);
+        fRecord.rowStride = rowStride;
+        fRecord.planeStride = planeStride;
+    }
+
+    Exchange Of(HostRect16 rect, uint8_t* rows)
+    {
+        fRecord.exchangeRect = rect;
         fRecord.rowsAddress = rows;
-        fDelivery.Take(Exchange::Of(fRecord, fInfo));
+        return Exchange::Of(fRecord, fInfo);
     }
 
-    std::vector<uint8_t> Finish()
+    void Deliver(int16_t top, int16_t bottom, uint8_t* rows, int16_t left = 0, int16_t right = 5)
     {
-        fDelivery.Finish();
-        return fSink.fPixels;
+        fDelivery.Take(Of({top, left, bottom, right}, rows));
     }
 
     PictureInfo fInfo = {PictureMode::kRgb, 5, 4, 4, {}};
-    std::vector<uint8_t> fPicture = std::vector<uint8_t>(5 * 4 * 4);
+    Bytes fPicture = Bytes(5 * 4 * 4);
     HostFormatRecord fRecord = {};
-    CollectingSink fSink{20};
+    CollectingSink fSink;
     RowDelivery fDelivery{fInfo, fSink};
 };
 
@@ -66,21 +65,20 @@ TEST_F(RowExchangeTest, WholeRowsGoStraightThrough)
     Deliver(0, 3, fPicture.data());
     EXPECT_FALSE(fDelivery.IsComplete());
     Deliver(3, 4, fPicture.data() + 60);
-    EXPECT_EQ(Finish(), fPicture);
+    fDelivery.Finish();
+    EXPECT_EQ(fSink.fPixels, fPicture);
 }
 
 TEST_F(RowExchangeTest, PlanesGoWhereTheOrderSays)
 {
     for (const auto& order : {std::array<int16_t, 4>{3, 0, 1, 2}, std::array<int16_t, 4>{2, 1, 0, 3}}) {
-        std::vector<uint8_t> turned(fPicture.size());
+        Bytes turned(fPicture.size());
         for (size_t i = 0; i < turned.size(); ++i)
             turned[i] = fPicture[i / 4 * 4 + static_cast<size_t>(order[i % 4])];
-        CollectingSink sink(20);
+        CollectingSink sink;
         RowDelivery delivery(fInfo, sink);
         std::ranges::copy(order, fRecord.planeOrder);
-        fRecord.exchangeRect = {0, 0, 4, 5};
-        fRecord.rowsAddress = turned.data();
-        delivery.Take(Exchange::Of(fRecord, fInfo));
+        delivery.Take(Of({0, 0, 4, 5}, turned.data()));
         EXPECT_EQ(sink.fPixels, fPicture);
     }
 }
@@ -89,19 +87,17 @@ TEST_F(RowExchangeTest, PlanesAndPartsInAnyOrderAreGathered)
 {
     Deliver(0, 1, fPicture.data());
     // The second half of the rows before the first one, and each plane alone.
-    std::vector<uint8_t> plane(5 * 4);
-    fRecord.pixelStride = 1;
-    fRecord.rowStride = 5;
-    fRecord.planeStride = 0;
-    for (int16_t p = 0; p < 4; ++p) {
+    Bytes plane(5 * 4);
+    for (int p = 0; p < 4; ++p) {
+        Shape(p, p, 1, 5, 0);
         for (size_t i = 0; i < plane.size(); ++i)
             plane[i] = fPicture[i * 4 + static_cast<size_t>(p)];
-        fRecord.firstPlane = fRecord.lastPlane = p;
         Deliver(2, 4, plane.data() + 10);
         Deliver(1, 2, plane.data() + 8, 3, 5);
         Deliver(1, 2, plane.data() + 5, 0, 3);
     }
-    EXPECT_EQ(Finish(), fPicture);
+    fDelivery.Finish();
+    EXPECT_EQ(fSink.fPixels, fPicture);
 }
 
 TEST_F(RowExchangeTest, MissingAndRepeatedRowsAreFailures)
@@ -113,35 +109,27 @@ TEST_F(RowExchangeTest, MissingAndRepeatedRowsAreFailures)
 
 TEST_F(RowExchangeTest, NothingOutsideThePictureIsTouched)
 {
-    EXPECT_THROW(Deliver(0, 5, fPicture.data()), Failure);
-    EXPECT_THROW(Deliver(-1, 1, fPicture.data()), Failure);
-    EXPECT_THROW(Deliver(0, 1, fPicture.data(), 0, 6), Failure);
-    EXPECT_THROW(Deliver(2, 1, fPicture.data()), Failure);
-    EXPECT_THROW(Deliver(0, 1, nullptr), Failure);
+    for (const HostRect16 rect : {HostRect16{0, 0, 5, 5}, {-1, 0, 1, 5}, {0, 0, 1, 6}, {2, 0, 1, 5}})
+        EXPECT_THROW(Of(rect, fPicture.data()), Failure);
+    EXPECT_THROW(Of({0, 0, 1, 5}, nullptr), Failure);
     fRecord.planeOrder[2] = 4;
-    EXPECT_THROW(Deliver(0, 1, fPicture.data()), Failure);
+    EXPECT_THROW(Of({0, 0, 1, 5}, fPicture.data()), Failure);
     fRecord.planeOrder[2] = 2;
     fRecord.lastPlane = 4;
-    EXPECT_THROW(Deliver(0, 1, fPicture.data()), Failure);
+    EXPECT_THROW(Of({0, 0, 1, 5}, fPicture.data()), Failure);
 }
 
 TEST_F(RowExchangeTest, RowsAreSuppliedAsTheModuleAsks)
 {
     MadePicture picture(PictureMode::kRgb, 5, 4, 4, [this](int32_t y, int32_t at) { return fPicture[20 * y + at]; });
-    std::vector<uint8_t> rows(40);
-    fRecord.exchangeRect = {1, 0, 3, 5};
-    fRecord.rowsAddress = rows.data();
-    SupplyRows(Exchange::Of(fRecord, fInfo), picture);
+    Bytes rows(40);
+    SupplyRows(Of({1, 0, 3, 5}, rows.data()), picture);
     EXPECT_TRUE(std::equal(rows.begin(), rows.end(), fPicture.begin() + 20));
 
-    // The green plane of two columns.
-    std::vector<uint8_t> greens(2);
-    fRecord.exchangeRect = {3, 2, 4, 4};
-    fRecord.firstPlane = fRecord.lastPlane = 1;
-    fRecord.pixelStride = 1;
-    fRecord.rowsAddress = greens.data();
-    SupplyRows(Exchange::Of(fRecord, fInfo), picture);
-    EXPECT_EQ(greens, (std::vector<uint8_t>{69, 73}));
+    Bytes greens(2); // of two columns
+    Shape(1, 1, 1, 20, 1);
+    SupplyRows(Of({3, 2, 4, 4}, greens.data()), picture);
+    EXPECT_EQ(greens, (Bytes{69, 73}));
 }
 
 } // namespace

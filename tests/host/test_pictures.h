@@ -10,14 +10,15 @@
 
 namespace Host {
 
+using Bytes = std::vector<uint8_t>;
+
 // A picture whose bytes come from a function of row and byte in the row.
 class MadePicture final : public PictureSource {
 public:
-    using Bytes = std::function<int(int32_t y, int32_t at)>;
-    MadePicture(PictureMode mode, int32_t width, int32_t height, int32_t planes, Bytes bytes) : fBytes(std::move(bytes))
+    using Content = std::function<int(int32_t y, int32_t at)>;
+    MadePicture(PictureMode mode, int32_t width, int32_t height, int32_t planes, Content content)
+        : fInfo{mode, width, height, planes, Palette::Grays()}, fContent(std::move(content)), fRow(fInfo.RowBytes())
     {
-        fInfo = {mode, width, height, planes, Palette::Grays()};
-        fRow.resize(fInfo.RowBytes());
     }
 
     PictureInfo& Info() { return fInfo; }
@@ -25,19 +26,19 @@ public:
     const uint8_t* Row(int32_t y) override
     {
         for (size_t i = 0; i < fRow.size(); ++i)
-            fRow[i] = static_cast<uint8_t>(fBytes(y, static_cast<int32_t>(i)));
+            fRow[i] = static_cast<uint8_t>(fContent(y, static_cast<int32_t>(i)));
         return fRow.data();
     }
 
 private:
     PictureInfo fInfo;
-    Bytes fBytes;
-    std::vector<uint8_t> fRow;
+    Content fContent;
+    Bytes fRow;
 };
 
-inline std::vector<uint8_t> AllPixels(PictureSource& picture)
+inline Bytes AllPixels(PictureSource& picture)
 {
-    std::vector<uint8_t> pixels;
+    Bytes pixels;
     for (int32_t y = 0; y < picture.Info().height; ++y) {
         const uint8_t* row = picture.Row(y);
         pixels.insert(pixels.end(), row, row + picture.Info().RowBytes());
