@@ -139,6 +139,22 @@ Bytes RandomLut(int entries, Random& random)
     return lut;
 }
 
+std::vector<EIFrame> SmallFrames()
+{
+    Random random(5);
+    std::vector<EIFrame> frames;
+    for (const EILayout& layout : AllLayouts()) {
+        EIFrame frame{.layout = layout, .width = 9, .height = 6, .lut = {1, 2, 3, 4, 5, 6}};
+        frame.pixels = RandomRows(layout, 9, 6, random);
+        frames.push_back(frame);
+        frame.packing = 1;
+        frame.high = frame.low;
+        frame.pixels = EncodeRow(frame.pixels, layout.Unit());
+        frames.push_back(frame);
+    }
+    return frames;
+}
+
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size)
 {
     Bytes out;

@@ -54,6 +54,9 @@ Bytes FloatBytes(const std::vector<float>& values);
 Bytes RandomRows(const EILayout& layout, int width, int height, Random& random);
 Bytes RandomLut(int entries, Random& random);
 
+// A small frame of each layout, raw and packed; packed depth frames leave their range to be found.
+std::vector<EIFrame> SmallFrames();
+
 // The plain decoder that the module is held against: the first `size` bytes of a packet stream, or nothing when the
 // stream ends before.
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size);
