@@ -133,13 +133,15 @@ TEST_F(IconStore, TellsSizesAndHotSpots)
 
 TEST_F(IconStore, GivesNothingThatDoesNotLieInTheDataFile)
 {
-    constexpr std::pair<std::size_t, std::size_t> kWrong[] = {{0, 0}, {0, 2}, {0, 4}, {1, 4}, {1, 6}, {4, 0}, {0, 8}};
-    for (const auto& [resolution, slot] : kWrong) {
+    constexpr std::tuple<const char*, std::size_t, std::size_t> kWrong[] = {
+        {"Hostile", 0, 0}, {"Hostile", 0, 2}, {"Hostile", 0, 4}, {"Hostile", 1, 4},
+        {"Hostile", 1, 6}, {"Hostile", 4, 0}, {"Button", 4, 0},  {"Button", 0, 8}};
+    for (const auto& [name, resolution, slot] : kWrong) {
         std::uint32_t size = 1;
         const std::byte* data = reinterpret_cast<const std::byte*>(&size);
-        EXPECT_FALSE(fStore.GetPicture("Hostile", static_cast<EResolution>(resolution), static_cast<EStateSlot>(slot),
-                                       size, data));
-        EXPECT_TRUE(size == 0 && data == nullptr) << resolution << ", " << slot;
+        EXPECT_FALSE(
+            fStore.GetPicture(name, static_cast<EResolution>(resolution), static_cast<EStateSlot>(slot), size, data));
+        EXPECT_TRUE(size == 0 && data == nullptr) << name << ", " << resolution << ", " << slot;
     }
     EXPECT_EQ(fStore.GetData(kResolution_ExtraHigh), nullptr);
 }
