@@ -80,8 +80,7 @@ private:
     {
         const Byte* const source = fSource.Row(y + fHeight - 1);
         Byte* const toEnd = fToEnd + fStride * (fHeight - 1);
-        std::size_t i = 0;
-        for (; i + kVector <= fColumns; i += kVector) {
+        const auto vector = [&](std::size_t i) {
             const Byte* from = source + i;
             Byte* to = toEnd + i;
             __m256i extreme = Load(from);
@@ -90,6 +89,13 @@ private:
                 extreme = Pick()(extreme, Load(from -= fSource.fRowBytes));
                 Store(to -= fStride, extreme);
             }
+        };
+        std::size_t i = 0;
+        for (; i + kVector <= fColumns; i += kVector)
+            vector(i);
+        if (i > 0 && i < fColumns) { // the last one overlaps the one before
+            vector(fColumns - kVector);
+            i = fColumns;
         }
         for (; i < fColumns; ++i) {
             Byte extreme = toEnd[i] = source[i];
