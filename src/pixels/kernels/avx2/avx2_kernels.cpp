@@ -8,7 +8,8 @@ const KernelTable& Avx2Kernels()
         KernelTable fast = PlainKernels();
         Avx2::AddArithmetic(fast);
         Avx2::AddBlending(fast);
-        Avx2::AddBoxes(fast);
+        Avx2::AddBoxExtremes(fast);
+        Avx2::AddBoxMeans(fast);
         Avx2::AddColour(fast);
         Avx2::AddMosaic(fast);
         Avx2::AddNeighbours(fast);

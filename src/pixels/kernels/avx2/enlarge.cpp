@@ -203,10 +203,7 @@ struct HalfGroup {
     {
     }
 
-    __m256i Words() const
-    {
-        return _mm256_add_epi16(_mm256_and_si256(fPixels, _mm256_set1_epi16(255)), fParts.fWhole);
-    }
+    __m256i Words() const { return _mm256_add_epi16(_mm256_and_si256(fPixels, _mm256_set1_epi16(255)), fParts.fWhole); }
 
     __m256i fPixels;
     PartsOf fParts;

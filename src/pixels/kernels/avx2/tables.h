@@ -7,7 +7,8 @@ namespace Kesto::Kernels::Avx2 {
 
 void AddArithmetic(KernelTable& table);
 void AddBlending(KernelTable& table);
-void AddBoxes(KernelTable& table);
+void AddBoxExtremes(KernelTable& table);
+void AddBoxMeans(KernelTable& table);
 void AddColour(KernelTable& table);
 void AddMosaic(KernelTable& table);
 void AddNeighbours(KernelTable& table);

@@ -42,6 +42,14 @@ inline __m256i Packed(__m256i low, __m256i high)
     return _mm256_permute4x64_epi64(_mm256_packus_epi16(low, high), 0xD8);
 }
 
+// The first bytes of a vector.
+inline void StoreFirst(Byte* to, __m256i value, std::size_t count)
+{
+    alignas(kVector) Byte bytes[kVector];
+    Store(bytes, value);
+    std::memcpy(to, bytes, count);
+}
+
 // An operand of a row operation: a row of bytes, or one value for all pixels.
 struct Value {
     __m256i fValue;
@@ -105,11 +113,27 @@ inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Ope
     }
     for (; i + kVector <= n; i += kVector)
         Store(out + i, operation(At(operands, i)...));
-    if (i == n)
-        return;
-    alignas(kVector) Byte last[kVector];
-    Store(last, operation(TailOf(operands, i, n - i).Vector()...));
-    std::memcpy(out + i, last, n - i);
+    if (i < n)
+        StoreFirst(out + i, operation(TailOf(operands, i, n - i).Vector()...), n - i);
+}
+
+// 32 bytes from the k-th on of two vectors.
+template <int k>
+inline __m256i Shifted(__m256i low, __m256i high)
+{
+    const __m256i middle = _mm256_permute2x128_si256(low, high, 0x21);
+    if constexpr (k < 16)
+        return _mm256_alignr_epi8(middle, low, k);
+    else
+        return _mm256_alignr_epi8(high, middle, k - 16);
+}
+
+// Scratch from the next cache line on. Rows of BoxShape::ScratchRow keep to the lines from there, which spares stores that
+// straddle two.
+inline Byte* Aligned(std::byte* scratch)
+{
+    const std::size_t over = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(scratch) % 64);
+    return static_cast<Byte*>(static_cast<void*>(scratch)) + (over > 0 ? 64 - over : 0);
 }
 
 // True when the output is one of the input's bytes, but not the same row: the order of reads and writes matters then.
