@@ -6,8 +6,8 @@ const KernelTable& Avx2Kernels()
 {
     static const KernelTable table = [] {
         KernelTable fast = PlainKernels();
-        Avx2::AddArithmetic(fast);
-        Avx2::AddBlending(fast);
+        Avx2::AddArithmetic(fast, Avx2::Stores::kCached);
+        Avx2::AddBlending(fast, Avx2::Stores::kCached);
         Avx2::AddBoxExtremes(fast);
         Avx2::AddBoxMeans(fast);
         Avx2::AddColour(fast);
@@ -16,6 +16,17 @@ const KernelTable& Avx2Kernels()
         Avx2::AddRank(fast);
         Avx2::AddScaling(fast);
         return fast;
+    }();
+    return table;
+}
+
+const KernelTable& Avx2StreamingKernels()
+{
+    static const KernelTable table = [] {
+        KernelTable streaming = Avx2Kernels();
+        Avx2::AddArithmetic(streaming, Avx2::Stores::kStreamed);
+        Avx2::AddBlending(streaming, Avx2::Stores::kStreamed);
+        return streaming;
     }();
     return table;
 }

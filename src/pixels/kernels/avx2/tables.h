@@ -5,8 +5,11 @@
 
 namespace Kesto::Kernels::Avx2 {
 
-void AddArithmetic(KernelTable& table);
-void AddBlending(KernelTable& table);
+// Where results go: to the caches, or past them.
+enum class Stores { kCached, kStreamed };
+
+void AddArithmetic(KernelTable& table, Stores stores);
+void AddBlending(KernelTable& table, Stores stores);
 void AddBoxExtremes(KernelTable& table);
 void AddBoxMeans(KernelTable& table);
 void AddColour(KernelTable& table);

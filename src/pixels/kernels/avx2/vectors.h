@@ -101,20 +101,56 @@ inline CValueTail TailOf(Value value, std::size_t start, std::size_t count)
     return {value, start, count};
 }
 
-// out[i] = operation(operands[i]...), a cache line of 64 pixels at a time.
-template <class Operation, class... Operands>
+inline bool IsRow(const Byte* row, const Byte* out)
+{
+    return row == out;
+}
+inline bool IsRow(Value, const Byte*)
+{
+    return false;
+}
+
+// out[i] = operation(operands[i]...) from i on, where `out` is aligned, a cache line of 64 pixels at a time. Returns where
+// less than a vector is left.
+template <bool kPastCaches, class Operation, class... Operands>
+inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Operation& operation, Operands... operands)
+{
+    const auto store = [](Byte* to, __m256i value) {
+        __m256i* const vector = static_cast<__m256i*>(static_cast<void*>(to));
+        kPastCaches ? _mm256_stream_si256(vector, value) : _mm256_store_si256(vector, value);
+    };
+    for (; i + 2 * kVector <= n; i += 2 * kVector) {
+        (FetchAhead(operands, i), ...);
+        store(out + i, operation(At(operands, i)...));
+        store(out + i + kVector, operation(At(operands, i + kVector)...));
+    }
+    for (; i + kVector <= n; i += kVector)
+        store(out + i, operation(At(operands, i)...));
+    if constexpr (kPastCaches)
+        _mm_sfence();
+    return i;
+}
+
+// The same for a whole row. A row that is also an operand is in the caches already.
+template <bool kPastCaches = false, class Operation, class... Operands>
 inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Operands... operands)
 {
     std::size_t i = 0;
-    for (; i + 2 * kVector <= n; i += 2 * kVector) {
-        (FetchAhead(operands, i), ...);
-        Store(out + i, operation(At(operands, i)...));
-        Store(out + i + kVector, operation(At(operands, i + kVector)...));
+    if (n >= kVector) {
+        // The first vector overlaps the second, which may still have to read what it overwrites.
+        const __m256i first = operation(At(operands, 0)...);
+        i = (kVector - reinterpret_cast<std::uintptr_t>(out) % kVector) % kVector;
+        if (kPastCaches && !(IsRow(operands, out) || ...))
+            i = MapAligned<kPastCaches>(out, i, n, operation, operands...);
+        else
+            i = MapAligned<false>(out, i, n, operation, operands...);
+        if (i < n)
+            StoreFirst(out + i, operation(TailOf(operands, i, n - i).Vector()...), n - i);
+        Store(out, first);
+        return;
     }
-    for (; i + kVector <= n; i += kVector)
-        Store(out + i, operation(At(operands, i)...));
-    if (i < n)
-        StoreFirst(out + i, operation(TailOf(operands, i, n - i).Vector()...), n - i);
+    if (n > 0)
+        StoreFirst(out, operation(TailOf(operands, i, n).Vector()...), n);
 }
 
 // 32 bytes from the k-th on of two vectors.
