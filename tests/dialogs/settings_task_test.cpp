@@ -16,9 +16,8 @@ struct Level : PSettings {
     int fLevel;
 };
 
-class Control : public CMessenger {
-public:
-    explicit Control(std::uint32_t abilities) : CMessenger(nullptr, {}, abilities) {}
+struct Control : CMessenger {
+    Control() : CMessenger(nullptr, {}, kCanTarget | kCanBullseye) {}
     bool BecomeBullseye(bool force) override
     {
         EXPECT_FALSE(force);
@@ -30,7 +29,6 @@ class Plugin : public CProcess, public PSettingsOwner, public PSettingsDialog {
 public:
     std::unique_ptr<PSettings>& CurrentSettings() override { return fSettings; }
     PSettingsDialog* CurrentDialog() override { return fDialog ? this : nullptr; }
-
     void SetValuesFromSettings(bool send) override
     {
         EXPECT_FALSE(send);
@@ -46,9 +44,7 @@ public:
     bool fDialog = true;
     bool fHasPreview = true;
     int fShown = 0;
-    Control fControl{CMessenger::kCanTarget | CMessenger::kCanBullseye};
-    Control fPreview{CMessenger::kCanTarget | CMessenger::kCanBullseye};
-    Control fWindow{CMessenger::kCanTarget | CMessenger::kCanBullseye};
+    Control fControl, fPreview, fWindow;
 };
 
 std::unique_ptr<PSettingsTask> Change(int level, const char* control)
@@ -56,7 +52,9 @@ std::unique_ptr<PSettingsTask> Change(int level, const char* control)
     return std::make_unique<PSettingsTask>(std::make_unique<Level>(level), CObjID(control), false);
 }
 
-TEST(SettingsTaskTest, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
+} // namespace
+
+TEST(SettingsTask, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
 {
     Plugin plugin;
     PTaskStack stack;
@@ -83,7 +81,7 @@ TEST(SettingsTaskTest, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
     EXPECT_EQ(plugin.Current(), 2);
 }
 
-TEST(SettingsTaskTest, WithoutAPluginNothingIsExchanged)
+TEST(SettingsTask, WithoutAPluginNothingIsExchanged)
 {
     CProcess plain;
     PTaskStack stack;
@@ -94,5 +92,3 @@ TEST(SettingsTaskTest, WithoutAPluginNothingIsExchanged)
     EXPECT_TRUE(stack.GetLimit(limit));
     EXPECT_EQ(limit, 100U);
 }
-
-} // namespace
