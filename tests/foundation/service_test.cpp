@@ -6,6 +6,7 @@
 #include <vector>
 
 using namespace Kesto;
+using testing::ElementsAre;
 
 namespace {
 
@@ -15,16 +16,11 @@ template <char kName>
 struct Part {
     Part() { gLog.push_back(std::string("+") + kName); }
     ~Part() { gLog.push_back(std::string("-") + kName); }
-    Part(const Part&) = delete;
-    Part& operator=(const Part&) = delete;
 };
 
 // Uses another service while it goes.
 struct Clinging {
-    Clinging() = default;
     ~Clinging() { CServiceT<Part<'Z'>>::Get(); }
-    Clinging(const Clinging&) = delete;
-    Clinging& operator=(const Clinging&) = delete;
 };
 
 template <char kName>
@@ -38,6 +34,13 @@ protected:
         gLog.clear();
     }
     ~Service() override { ShutdownServices(); }
+
+    std::vector<std::string> LogOfShutdown()
+    {
+        gLog.clear();
+        ShutdownServices();
+        return gLog;
+    }
 };
 
 } // namespace
@@ -45,58 +48,33 @@ protected:
 TEST_F(Service, IsMadeOnlyWhenAskedFor)
 {
     EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
-    EXPECT_TRUE(gLog.empty());
+    PartService<'A'>::Holder().Recreate();
+    EXPECT_THAT(gLog, ElementsAre());
     Part<'A'>* const made = PartService<'A'>::Get(true);
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(PartService<'A'>::Get(false), made);
     EXPECT_EQ(PartService<'A'>::Get(true), made);
-    EXPECT_THAT(gLog, testing::ElementsAre("+A"));
+    PartService<'A'>::Holder().Recreate();
+    EXPECT_THAT(gLog, ElementsAre("+A", "-A", "+A"));
 }
 
-TEST_F(Service, ShutsDownNewestFirst)
+TEST_F(Service, ShutsDownNewestFirstAndCanBeUsedAgain)
 {
     PartService<'A'>::Get();
     PartService<'B'>::Get();
     PartService<'C'>::Get();
-    gLog.clear();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("-C", "-B", "-A"));
+    EXPECT_THAT(LogOfShutdown(), ElementsAre("-C", "-B", "-A"));
     EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
-}
-
-TEST_F(Service, CanBeUsedAgainAfterShutdown)
-{
-    PartService<'A'>::Get();
-    ShutdownServices();
-    PartService<'A'>::Get();
-    gLog.clear();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("-A"));
-}
-
-TEST_F(Service, BecomesNewestWhenMadeAgain)
-{
     PartService<'A'>::Get();
     PartService<'B'>::Get();
     PartService<'A'>::Holder().Destroy();
-    PartService<'A'>::Get();
-    gLog.clear();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("-A", "-B"));
-}
-
-TEST_F(Service, RecreatesOnlyWhatExists)
-{
-    PartService<'A'>::Holder().Recreate();
-    EXPECT_TRUE(gLog.empty());
-    PartService<'A'>::Get();
-    PartService<'A'>::Holder().Recreate();
-    EXPECT_THAT(gLog, testing::ElementsAre("+A", "-A", "+A"));
+    PartService<'A'>::Get(); // the newest again
+    EXPECT_THAT(LogOfShutdown(), ElementsAre("-A", "-B"));
+    EXPECT_THAT(LogOfShutdown(), ElementsAre());
 }
 
 TEST_F(Service, MadeDuringShutdownIsDestroyedToo)
 {
     CServiceT<Clinging>::Get();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("+Z", "-Z"));
+    EXPECT_THAT(LogOfShutdown(), ElementsAre("+Z", "-Z"));
 }
