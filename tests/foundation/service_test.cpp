@@ -10,7 +10,8 @@ using testing::ElementsAre;
 
 namespace {
 
-std::vector<std::string> gLog;
+using Log = std::vector<std::string>;
+Log gLog;
 
 template <char kName>
 struct Part {
@@ -35,7 +36,7 @@ protected:
     }
     ~Service() override { ShutdownServices(); }
 
-    std::vector<std::string> LogOfShutdown()
+    Log LogOfShutdown()
     {
         gLog.clear();
         ShutdownServices();
@@ -60,17 +61,17 @@ TEST_F(Service, IsMadeOnlyWhenAskedFor)
 
 TEST_F(Service, ShutsDownNewestFirstAndCanBeUsedAgain)
 {
-    PartService<'A'>::Get();
-    PartService<'B'>::Get();
-    PartService<'C'>::Get();
-    EXPECT_THAT(LogOfShutdown(), ElementsAre("-C", "-B", "-A"));
-    EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
-    PartService<'A'>::Get();
-    PartService<'B'>::Get();
-    PartService<'A'>::Holder().Destroy();
-    PartService<'A'>::Get(); // the newest again
-    EXPECT_THAT(LogOfShutdown(), ElementsAre("-A", "-B"));
-    EXPECT_THAT(LogOfShutdown(), ElementsAre());
+    for (const bool makeAgain : {false, true}) {
+        PartService<'A'>::Get();
+        PartService<'B'>::Get();
+        PartService<'C'>::Get();
+        if (makeAgain) {
+            PartService<'B'>::Holder().Destroy();
+            PartService<'B'>::Get(); // the newest now
+        }
+        EXPECT_EQ(LogOfShutdown(), (makeAgain ? Log{"-B", "-C", "-A"} : Log{"-C", "-B", "-A"}));
+        EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
+    }
 }
 
 TEST_F(Service, MadeDuringShutdownIsDestroyedToo)

@@ -30,14 +30,11 @@ CText TextIn(const CStringTable& table, std::string_view key)
 
 std::vector<std::byte> Units(std::u16string_view units, bool bigEndian)
 {
-    std::vector<std::byte> bytes;
-    for (const char16_t unit : units) {
-        const std::byte high{static_cast<unsigned char>(unit >> 8)};
-        const std::byte low{static_cast<unsigned char>(unit & 0xFF)};
-        bytes.push_back(bigEndian ? high : low);
-        bytes.push_back(bigEndian ? low : high);
-    }
-    return bytes;
+    CMemoryContainer file;
+    file.SetByteOrder(bigEndian ? std::endian::big : std::endian::little);
+    for (const char16_t unit : units)
+        file.WriteUInt16(unit);
+    return {file.Bytes().begin(), file.Bytes().end()};
 }
 
 // The text that a file gives to a key, which the program's own string files don't have.
