@@ -40,28 +40,14 @@ protected:
 
 TEST_F(Localizing, GivesTheDefaultOfAnUnknownKeyAndLeavesOtherTextsAlone)
 {
-    const struct {
-        const char* literal;
-        const char* text;
-    } rows[] = {
-        {"$$$/A=B", "B"},
-        {"$$$/B=C=D", "C=D"},
-        {"$$$/C=One^rtwo ^0", "One\rtwo ^0"},
-        {"$$$", ""},
-        {"$$$=", ""},
-        {"$$$=default", ""},
-        {"$$$/D", ""},
-        {"$$$/E=", ""},
-        {"", ""},
-        {"$", "$"},
-        {"$$", "$$"},
-        {"plain", "plain"},
-        {"$$/A=B", "$$/A=B"},
-        {" $$$/A=B", " $$$/A=B"},
-    };
     const std::size_t before = CServiceT<CStringTable>::Get()->Size();
-    for (const auto& row : rows)
-        EXPECT_EQ(Localized(row.literal), row.text) << row.literal;
+    EXPECT_EQ(Localized("$$$/A=B"), "B");
+    EXPECT_EQ(Localized("$$$/B=C=D"), "C=D");
+    EXPECT_EQ(Localized("$$$/C=One^rtwo ^0"), "One\rtwo ^0");
+    for (const char* literal : {"$$$", "$$$=", "$$$=default", "$$$/D", "$$$/E="})
+        EXPECT_EQ(Localized(literal), "") << literal;
+    for (const char* text : {"", "$", "$$", "plain", " $$$/A=B", "$$/A=B"})
+        EXPECT_EQ(Localized(text), text);
     EXPECT_EQ(CServiceT<CStringTable>::Get()->Size(), before + 5) << "literals without a key are not kept";
     EXPECT_TRUE(Localized("$$$/A=other").SharesBufferWith(Localized("$$$/A")));
 }

@@ -2,6 +2,8 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
+#include "plugin/plugin_registry.h"
+
 extern "C" void EntryBMP(int16_t selector, void* record, intptr_t* data, int16_t* result);
 
 using namespace Testing;
@@ -91,7 +93,10 @@ TEST_F(Dispatch, AResidentObjectOutlivesSessionsFailuresAndRefusals)
     int16_t result = 99;
     EntryBMP(kFormatReadPrepare, &host.record, &host.data, &result);
     EXPECT_EQ(result, kHostFailed);
+    HostAboutRecord about{sizeof about, host.record.basicSuite};
+    host.entry(kFormatAbout, &about, &host.data, &result);
     EXPECT_TRUE(ObjectLives(host));
+    EXPECT_EQ(Kesto::FindFormatPlugin(Kesto::kProject_EntryElectricImage)->aboutRecord, nullptr) << "it is gone by now";
     EXPECT_EQ(ObjectsMade(host), 1);
     EXPECT_EQ(host.Call(kFormatUnload), 0);
     EXPECT_FALSE(ObjectLives(host));

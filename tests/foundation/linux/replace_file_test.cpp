@@ -148,19 +148,15 @@ TEST_F(UserDataFolder, HoldsValuesBelowTheLevelsOfTheirKeyAndFilesBelowTheNamesO
 
 TEST_F(UserDataFolder, IsNotLeftByNamesThatLeadElsewhere)
 {
-    for (const auto& [path, name] : {std::pair("..\\Orlen", "name"),
-                                     {"Software\\..\\..", "name"},
-                                     {"Software\\\\Orlen", "name"},
-                                     {"a/b", "name"},
-                                     {"", "name"},
-                                     {".", "name"},
-                                     {"Software", ".."},
-                                     {"Software", "a/b"},
-                                     {"Software", ""}}) {
+    const auto refuse = [this](const char* path, const char* name) {
         EXPECT_THROW(fStore.WriteSettingsData(path, name, "", fData, true), CSystemError) << path << " " << name;
         CMemoryContainer read;
         EXPECT_FALSE(fStore.ReadSettingsData(path, name, "", read, true)) << path << " " << name;
-    }
+    };
+    for (const char* path : {"..\\Orlen", "Software\\..\\..", "Software\\\\Orlen", "a/b", "", "."})
+        refuse(path, "name");
+    for (const char* name : {"..", "a/b", ""})
+        refuse("Software", name);
     EXPECT_EQ(fFolder.Count(), 0);
 }
 
