@@ -17,7 +17,7 @@ struct Level : PSettings {
 };
 
 struct Control : CMessenger {
-    Control() : CMessenger(nullptr, {}, kCanTarget | kCanBullseye) {}
+    explicit Control(CMessenger* parent) : CMessenger(parent, {}, kCanTarget | kCanBullseye) {}
     bool BecomeBullseye(bool force) override
     {
         EXPECT_FALSE(force);
@@ -44,7 +44,7 @@ public:
     bool fDialog = true;
     bool fHasPreview = true;
     int fShown = 0;
-    Control fControl, fPreview, fWindow;
+    Control fWindow{nullptr}, fControl{&fWindow}, fPreview{&fWindow};
 };
 
 std::unique_ptr<PSettingsTask> Change(int level, const char* control)
@@ -73,12 +73,13 @@ TEST(SettingsTask, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
     EXPECT_TRUE(plugin.fWindow.IsBullseye());
     plugin.fControl.SetCanTarget(false);
     plugin.fHasPreview = true;
-    plugin.fDialog = false;
     stack.Undo();
-    EXPECT_EQ(plugin.Current(), 1);
-    EXPECT_EQ(plugin.fShown, 2) << "without a dialog nobody is told";
+    EXPECT_EQ(plugin.fShown, 1);
+    EXPECT_TRUE(plugin.fPreview.IsBullseye());
+    plugin.fDialog = false;
     stack.Redo();
     EXPECT_EQ(plugin.Current(), 2);
+    EXPECT_EQ(plugin.fShown, 1) << "without a dialog nobody is told";
 }
 
 TEST(SettingsTask, WithoutAPluginNothingIsExchanged)

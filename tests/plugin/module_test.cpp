@@ -2,7 +2,7 @@
 #include "lumograph/lumograph.h"
 #include "module_library.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <set>
@@ -37,11 +37,14 @@ TEST(BuiltModule, RefusesWhatNeedsAnObjectOfAProjectWithoutAClass)
     }
 }
 
-TEST(BuiltModule, DeclaresTheFormatInItsPropertyList)
+TEST(BuiltModule, CarriesItsStringFileAndDeclaresTheFormatInItsPropertyList)
 {
     const Host::ModuleLibrary module(SIDECAR_MODULE);
     EXPECT_TRUE(module.ResourceBytes("JSON", "NO_SUCH_THING").empty());
     EXPECT_TRUE(module.ResourceBytes("HTML", "JSON_TAGL").empty());
+    EXPECT_THAT(module.ResourceBytes("TSTR", "PROJECTSTRINGS.TXT"),
+                testing::ElementsAre(std::byte{0xFF}, std::byte{0xFE}))
+        << "a string file without texts";
     const auto bytes = module.ResourceBytes(kHostPropertyListType, kHostPropertyListName);
     const auto* const text = reinterpret_cast<const char*>(bytes.data());
     EXPECT_EQ(Json::parse(text, text + bytes.size()), Json::parse(R"({ "Tagls": [ {
