@@ -191,7 +191,8 @@ TEST_P(SettingsFile, SurvivesSizesThatLie)
         Put(36, size);
         Load(kSize, true);
     }
-    Put(40, 1);
+    Put(36, 116);
+    Put(40, 1); // a state of another version, passed by its own size
     for (const std::uint32_t size : {137u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
         Put(44, size);
         Load(kSize, true);

@@ -125,7 +125,7 @@ TEST(StringFile, GivesTextsToKeys)
     EXPECT_EQ(TextIn(u"/A=a\\nb", "/A"), "anb");
     EXPECT_EQ(TextIn(u"/A=a\\\\nb", "/A"), "a\nb");
     EXPECT_EQ(TextIn(u"/A=end\\\n/B=b", "/A"), "end");
-    EXPECT_EQ(TextIn(u"/A=end\\\n/B=b", "/B"), "b");
+    EXPECT_EQ(TextIn(u"/A=end\\\n/B=\\tb", "/B"), "tb");
     EXPECT_EQ(TextIn(u"/A=^Cone^rtwo ^0", "/A"), "\u00A9one\rtwo ^0");
     // Quotes and dollars are skipped only before the key, which keeps the low byte of its units.
     EXPECT_EQ(TextIn(u"\"$$\"$/A\"$b=text", "/A\"$b"), "text");
