@@ -120,14 +120,19 @@ void RowDelivery::Gather(const Exchange& exchange)
 {
     if (exchange.top < fPassed)
         throw BadExchange("row " + std::to_string(exchange.top) + ", which it has delivered before");
-    if (!fGathered)
-        fGathered = std::make_unique<uint8_t[]>(fInfo.RowBytes() * static_cast<size_t>(fInfo.height - fPassed));
-    for (int32_t y = exchange.top; y < exchange.bottom; ++y) {
-        uint8_t* row = fGathered.get() + static_cast<size_t>(y - fPassed) * fInfo.RowBytes();
-        ForEachSample(exchange, fInfo, y, [row](uint8_t sample, size_t at) { row[at] = sample; });
+    if (!fGathered) {
+        const size_t samples = fInfo.RowBytes() * static_cast<size_t>(fInfo.height - fPassed);
+        fGathered = std::make_unique<uint8_t[]>(samples);
+        fCame.resize(samples);
     }
-    fDelivered += int64_t{exchange.bottom - exchange.top} * (exchange.right - exchange.left) *
-                  (exchange.lastPlane - exchange.firstPlane + 1);
+    for (int32_t y = exchange.top; y < exchange.bottom; ++y) {
+        const size_t row = static_cast<size_t>(y - fPassed) * fInfo.RowBytes();
+        ForEachSample(exchange, fInfo, y, [&](uint8_t sample, size_t at) {
+            fGathered[row + at] = sample;
+            fDelivered += fCame[row + at] ? 0 : 1;
+            fCame[row + at] = true;
+        });
+    }
 }
 
 bool RowDelivery::IsComplete() const

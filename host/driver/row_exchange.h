@@ -41,7 +41,7 @@ public:
     // Hands over what was gathered. Throws Failure when rows are missing.
     void Finish();
 
-    // Pixels that came, counted per plane.
+    // Pixels that came, counted per plane, and each once however often it came.
     int64_t Delivered() const { return fDelivered; }
     bool IsComplete() const;
 
@@ -54,6 +54,7 @@ private:
     int32_t fPassed = 0; // rows that the sink has
     int64_t fDelivered = 0;
     std::unique_ptr<uint8_t[]> fGathered; // the rows from fPassed on, once something came in another way
+    std::vector<bool> fCame;              // which samples of these there are
     std::vector<uint8_t> fBand;           // rows in the picture's order of planes
 };
 

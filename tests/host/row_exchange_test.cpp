@@ -105,6 +105,11 @@ TEST_F(RowExchangeTest, MissingAndRepeatedRowsAreFailures)
     Deliver(0, 2, fPicture.data());
     EXPECT_THROW(Deliver(1, 2, fPicture.data()), Failure);
     EXPECT_THROW(fDelivery.Finish(), Failure);
+
+    RowDelivery gathering(fInfo, fSink);
+    for (int times = 0; times < 4; ++times)
+        gathering.Take(Of({1, 0, 2, 5}, fPicture.data()));
+    EXPECT_THROW(gathering.Finish(), Failure); // four rows came, but three are missing
 }
 
 TEST_F(RowExchangeTest, NothingOutsideThePictureIsTouched)
