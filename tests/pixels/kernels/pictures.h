@@ -40,6 +40,13 @@ public:
         return view;
     }
 
+    CPixView Plane(std::int32_t plane) const
+    {
+        CPixView view;
+        fPixmap.GetView(view, 0, 0, 0, 0, plane, 1);
+        return view;
+    }
+
     template <class T = std::uint8_t>
     T& At(std::int32_t x, std::int32_t y, std::int32_t plane = 0) const
     {
