@@ -46,14 +46,9 @@ bool Ask(const std::function<bool()>& question)
     return question && question();
 }
 
-const std::string& PathOf(std::intptr_t handle)
-{
-    return gOpenPaths.at(static_cast<std::size_t>(handle));
-}
-
 std::vector<std::byte>& FileOf(std::intptr_t handle)
 {
-    return LyingDisk::Get().files.at(PathOf(handle));
+    return LyingDisk::Get().files.at(gOpenPaths.at(static_cast<std::size_t>(handle)));
 }
 
 } // namespace
@@ -80,7 +75,7 @@ std::uint32_t FileHandle::Close()
 Transfer FileHandle::ReadAt(void* buffer, std::size_t size, std::uint64_t position) const
 {
     LyingDisk& disk = LyingDisk::Get();
-    disk.reads.push_back({PathOf(fNative), position, size});
+    disk.reads.push_back({position, size});
     std::memset(buffer, 0xee, size);
     if (Ask(disk.failsRead))
         return {0, Testing::kReadFailed};
@@ -95,7 +90,7 @@ Transfer FileHandle::ReadAt(void* buffer, std::size_t size, std::uint64_t positi
 Transfer FileHandle::WriteAt(const void* buffer, std::size_t size, std::uint64_t position) const
 {
     LyingDisk& disk = LyingDisk::Get();
-    disk.writes.push_back({PathOf(fNative), position, size});
+    disk.writes.push_back({position, size});
     const bool fails = Ask(disk.failsWrite);
     const std::size_t done = fails ? size / 2 : size;
     std::vector<std::byte>& file = FileOf(fNative);

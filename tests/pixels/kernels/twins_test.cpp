@@ -56,6 +56,14 @@ protected:
     const CPixView b = fDown.View();
 };
 
+std::array<std::uint8_t, 256> AnyTable()
+{
+    std::array<std::uint8_t, 256> table;
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
+    return table;
+}
+
 std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t denominator, std::int32_t step)
 {
     std::vector<std::int32_t> table(kSharpenLevels);
@@ -106,9 +114,7 @@ TEST_F(AllPairs, OfHueWithEveryValue)
 
 TEST(Twins, PixelKernelsOfOddSizes)
 {
-    std::array<std::uint8_t, 256> table;
-    for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
+    const std::array<std::uint8_t, 256> table = AnyTable();
     const std::array<std::uint8_t, 4> colour = {1, 77, 200, 255};
     const std::array<std::uint8_t, 4> below = {9, 0, 255, 128};
     for (const std::int32_t width : kWidths) {
@@ -171,6 +177,39 @@ TEST(Twins, PlanesWithoutGaps)
         EXPECT_EQ(blended(CpuLevel::kBase, 7), rowByRow);
         EXPECT_EQ(blended(BestCpuLevel(), 7), rowByRow);
     }
+}
+
+// Results that are larger than the caches go past them.
+TEST(Twins, LargePictures)
+{
+    constexpr std::int32_t kWidth = 1501;
+    constexpr std::int32_t kHeight = 1433; // 8.2 MiB in four planes, odd rows
+    const CPicture first(8, kWidth + 1, kHeight, 4, 1);
+    const CPicture second(8, kWidth + 1, kHeight, 4, 2);
+    const CPixView a = first.View(1, kWidth, kHeight);
+    const CPixView b = second.View(1, kWidth, kHeight);
+    CPixView mask = b;
+    mask.planeCount = 1;
+    const std::array<std::uint8_t, 256> table = AnyTable();
+    const std::array<std::uint8_t, 4> colour = {1, 90, 200, 255};
+    const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, kWidth, kHeight, 4, kernel); };
+    expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
+    expectTwins([&](const CPixView& out) { SubtractFloored(out, a, b); });
+    expectTwins([&](const CPixView& out) { Invert(out, a); });
+    expectTwins([&](const CPixView& out) { Invert(out, out); });
+    expectTwins([&](const CPixView& out) { Copy(out, a); });
+    expectTwins([&](const CPixView& out) { MapTable(out, a, table); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, out, 77); });
+    expectTwins([&](const CPixView& out) { BlendColour(out, colour, a, mask); });
+    expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
+    expectTwins([&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
+    expectTwins([&](const CPixView& out) {
+        CPixView wide = out; // the same rows as 16-bit pixels at odd addresses
+        wide.pixelBits = 16;
+        wide.width = kWidth / 2;
+        Fill<std::uint16_t>(wide, std::array<std::uint16_t, 2>{0x1234, 0xFEDC});
+    });
 }
 
 TEST(Twins, MosaicOfTallCells)
