@@ -35,9 +35,16 @@ inline double ProcessorSeconds()
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-// Seconds that one run of each contender takes, median of `rounds`, after one round that isn't counted.
-inline std::vector<double> MedianSeconds(std::size_t rounds, const std::vector<Contender>& contenders,
-                                         double (*now)() = WallSeconds)
+// Seconds that one run of a contender takes: the median over the rounds, and the round that met the least of what else
+// the machine does.
+struct Seconds {
+    double median;
+    double best;
+};
+
+// Those of each contender over `rounds` rounds, after one that isn't counted.
+inline std::vector<Seconds> TimeRounds(std::size_t rounds, const std::vector<Contender>& contenders,
+                                       double (*now)() = WallSeconds)
 {
     std::vector<std::vector<double>> seconds(contenders.size());
     for (std::size_t round = 0; round <= rounds; ++round)
@@ -49,11 +56,21 @@ inline std::vector<double> MedianSeconds(std::size_t rounds, const std::vector<C
                 seconds[i].push_back(elapsed);
             contenders[i].cleanUp();
         }
-    std::vector<double> medians;
+    std::vector<Seconds> results;
     for (auto& times : seconds) {
-        std::ranges::nth_element(times, times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2));
-        medians.push_back(times[times.size() / 2]);
+        std::ranges::sort(times);
+        results.push_back({times[times.size() / 2], times.front()});
     }
+    return results;
+}
+
+// The medians alone.
+inline std::vector<double> MedianSeconds(std::size_t rounds, const std::vector<Contender>& contenders,
+                                         double (*now)() = WallSeconds)
+{
+    std::vector<double> medians;
+    for (const Seconds& each : TimeRounds(rounds, contenders, now))
+        medians.push_back(each.median);
     return medians;
 }
 

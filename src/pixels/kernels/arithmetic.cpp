@@ -8,9 +8,12 @@ namespace Kesto::Kernels {
 
 namespace {
 
-void ForEachPair(const CPixView& out, const CPixView& a, const CPixView& b, KernelTable::Binary8 operation)
+void ForEachPair(const CPixView& out, const CPixView& a, const CPixView& b,
+                 KernelTable::Binary8 KernelTable::*operationOf)
 {
-    ForEachRow(CommonExtent(8, {&out, &a, &b}), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent(8, {&out, &a, &b});
+    const auto operation = ActiveKernels(extent.Pixels()).*operationOf;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         operation(RowOf<std::uint8_t>(a, plane, y), RowOf<std::uint8_t>(b, plane, y),
                   RowOf<std::uint8_t>(out, plane, y), n);
     });
@@ -20,22 +23,22 @@ void ForEachPair(const CPixView& out, const CPixView& a, const CPixView& b, Kern
 
 void AddWrapping(const CPixView& out, const CPixView& a, const CPixView& b)
 {
-    ForEachPair(out, a, b, ActiveKernels().addWrapping);
+    ForEachPair(out, a, b, &KernelTable::addWrapping);
 }
 
 void AddCapped(const CPixView& out, const CPixView& a, const CPixView& b)
 {
-    ForEachPair(out, a, b, ActiveKernels().addCapped);
+    ForEachPair(out, a, b, &KernelTable::addCapped);
 }
 
 void SubtractWrapping(const CPixView& out, const CPixView& a, const CPixView& b)
 {
-    ForEachPair(out, a, b, ActiveKernels().subtractWrapping);
+    ForEachPair(out, a, b, &KernelTable::subtractWrapping);
 }
 
 void SubtractFloored(const CPixView& out, const CPixView& a, const CPixView& b)
 {
-    ForEachPair(out, a, b, ActiveKernels().subtractFloored);
+    ForEachPair(out, a, b, &KernelTable::subtractFloored);
 }
 
 void AddLookup(const CPixView& out, const CPixView& source, const CPixView& other,
@@ -52,8 +55,9 @@ void AddLookup(const CPixView& out, const CPixView& source, const CPixView& othe
 
 void MapTable(const CPixView& out, const CPixView& source, std::span<const std::uint8_t, 256> table)
 {
-    const auto mapTable = ActiveKernels().mapTable;
-    ForEachRow(CommonExtent(8, {&out, &source}), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent(8, {&out, &source});
+    const auto mapTable = ActiveKernels(extent.Pixels()).mapTable;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         mapTable(RowOf<std::uint8_t>(source, plane, y), table.data(), RowOf<std::uint8_t>(out, plane, y), n);
     });
 }

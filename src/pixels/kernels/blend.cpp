@@ -24,8 +24,9 @@ Byte Value(std::span<const Byte> values, std::int32_t plane)
 
 void Blend(const CPixView& out, const CPixView& source, const CPixView& below, const CPixView& mask)
 {
-    const auto blend = ActiveKernels().blend;
-    ForEachRow(CommonExtent({&out, &source, &below}, mask), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent({&out, &source, &below}, mask);
+    const auto blend = ActiveKernels(extent.Pixels()).blend;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         blend(RowOf<Byte>(source, plane, y), RowOf<Byte>(below, plane, y), RowOf<Byte>(mask, 0, y),
               RowOf<Byte>(out, plane, y), n);
     });
@@ -33,16 +34,17 @@ void Blend(const CPixView& out, const CPixView& source, const CPixView& below, c
 
 void Blend(const CPixView& out, const CPixView& source, const CPixView& below, std::uint8_t alpha)
 {
-    const auto blend = ActiveKernels().blendConstant;
-    ForEachRow(CommonExtent(8, {&out, &source, &below}), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent(8, {&out, &source, &below});
+    const auto blend = ActiveKernels(extent.Pixels()).blendConstant;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         blend(RowOf<Byte>(source, plane, y), RowOf<Byte>(below, plane, y), alpha, RowOf<Byte>(out, plane, y), n);
     });
 }
 
 void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below, const CPixView& mask)
 {
-    const auto blend = ActiveKernels().blendColour;
     const Extent extent = Limited(CommonExtent({&out, &below}, mask), colour);
+    const auto blend = ActiveKernels(extent.Pixels()).blendColour;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         blend(Value(colour, plane), RowOf<Byte>(below, plane, y), RowOf<Byte>(mask, 0, y), RowOf<Byte>(out, plane, y),
               n);
@@ -51,8 +53,8 @@ void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, cons
 
 void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below, std::uint8_t alpha)
 {
-    const auto blend = ActiveKernels().blendColourConstant;
     const Extent extent = Limited(CommonExtent(8, {&out, &below}), colour);
+    const auto blend = ActiveKernels(extent.Pixels()).blendColourConstant;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         blend(Value(colour, plane), RowOf<Byte>(below, plane, y), alpha, RowOf<Byte>(out, plane, y), n);
     });
@@ -61,8 +63,8 @@ void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, cons
 void BlendColours(const CPixView& out, std::span<const std::uint8_t> colour, std::span<const std::uint8_t> below,
                   const CPixView& mask)
 {
-    const auto blend = ActiveKernels().blendColours;
     const Extent extent = Limited(Limited(CommonExtent({&out}, mask), colour), below);
+    const auto blend = ActiveKernels(extent.Pixels()).blendColours;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         blend(Value(colour, plane), Value(below, plane), RowOf<Byte>(mask, 0, y), RowOf<Byte>(out, plane, y), n);
     });
@@ -70,16 +72,18 @@ void BlendColours(const CPixView& out, std::span<const std::uint8_t> colour, std
 
 void ApplyMask(const CPixView& view, const CPixView& mask)
 {
-    const auto apply = ActiveKernels().applyMask;
-    ForEachRow(CommonExtent({&view}, mask), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent({&view}, mask);
+    const auto apply = ActiveKernels(extent.Pixels()).applyMask;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         apply(RowOf<Byte>(view, plane, y), RowOf<Byte>(mask, 0, y), RowOf<Byte>(view, plane, y), n);
     });
 }
 
 void ApplyInvertedMask(const CPixView& view, const CPixView& mask)
 {
-    const auto apply = ActiveKernels().applyInvertedMask;
-    ForEachRow(CommonExtent({&view}, mask), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent({&view}, mask);
+    const auto apply = ActiveKernels(extent.Pixels()).applyInvertedMask;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         apply(RowOf<Byte>(view, plane, y), RowOf<Byte>(mask, 0, y), RowOf<Byte>(view, plane, y), n);
     });
 }

@@ -23,10 +23,14 @@ struct BoxShape {
     std::int32_t ExtraColumns() const { return fWidth - 1 + (fLean == 0 ? 0 : fHeight - 1); }
     std::int32_t ExtraRows() const { return fHeight - 1; }
 
+    // A scratch row for so many columns: whole lines of the processor's cache, and room for loops that run on to a whole
+    // vector.
+    static constexpr std::size_t ScratchRow(std::size_t columns) { return (columns + 127) / 64 * 64; }
+
     // What a kernel of this shape needs for a source of `columns` columns.
     std::size_t ScratchBytes(std::int32_t columns) const
     {
-        return (static_cast<std::size_t>(columns) + 64) * (2 * static_cast<std::size_t>(fHeight) + 8);
+        return ScratchRow(static_cast<std::size_t>(columns)) * (2 * static_cast<std::size_t>(fHeight) + 8);
     }
 };
 

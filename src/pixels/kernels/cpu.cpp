@@ -6,15 +6,21 @@ namespace Kesto::Kernels {
 
 namespace {
 
-// The level and its table, found when the first kernel runs.
+// Results above this size stream past the caches: it is what a core may hope for of the last of them.
+constexpr std::size_t kStreamedBytes = std::size_t{8} << 20;
+
+// The level and its tables, found when the first kernel runs.
 struct Choice {
     CpuLevel fLevel;
     const KernelTable* fTable;
+    const KernelTable* fStreamingTable;
 };
 
 Choice ChoiceOf(CpuLevel level)
 {
-    return {level, level == CpuLevel::kAvx2 ? &Avx2Kernels() : &PlainKernels()};
+    if (level == CpuLevel::kAvx2)
+        return {level, &Avx2Kernels(), &Avx2StreamingKernels()};
+    return {level, &PlainKernels(), &PlainKernels()};
 }
 
 Choice& ActiveChoice()
@@ -44,9 +50,9 @@ bool UseCpuLevel(CpuLevel level)
     return true;
 }
 
-const KernelTable& ActiveKernels()
+const KernelTable& ActiveKernels(std::size_t bytesOut)
 {
-    return *ActiveChoice().fTable;
+    return bytesOut > kStreamedBytes ? *ActiveChoice().fStreamingTable : *ActiveChoice().fTable;
 }
 
 } // namespace Kesto::Kernels

@@ -23,6 +23,7 @@ struct KernelTable {
 
     Binary8 addWrapping, addCapped, subtractWrapping, subtractFloored;
     Unary8 invert;                                                         // n counts bytes
+    Unary8 copy;                                                           // n bytes; rows that do not overlap
     void (*fill)(std::uint32_t pattern, std::uint8_t* out, std::size_t n); // n bytes, the pattern's bytes repeated
     void (*exchange)(std::uint8_t* a, std::uint8_t* b, std::size_t n);     // n bytes
     void (*swapBytes)(const std::uint32_t* source, std::uint32_t* out, std::size_t n);
@@ -73,11 +74,13 @@ struct KernelTable {
     ScaleRows<std::uint32_t> scale32;
 };
 
-// The plain loops, and the fast ones; the second may only be entered where the processor allows it.
+// The plain loops, and the fast ones, which may only be entered where the processor allows it. The last table's results go
+// past the caches, which pays where they would not fit there anyway.
 const KernelTable& PlainKernels();
 const KernelTable& Avx2Kernels();
+const KernelTable& Avx2StreamingKernels();
 
-// The table of the active level.
-const KernelTable& ActiveKernels();
+// The table of the active level for an operation that writes so many bytes in all.
+const KernelTable& ActiveKernels(std::size_t bytesOut = 0);
 
 } // namespace Kesto::Kernels

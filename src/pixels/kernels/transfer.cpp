@@ -31,18 +31,28 @@ std::uint32_t Pattern(T value)
     return pattern;
 }
 
+void CopyRun(KernelTable::Unary8 copy, const std::uint8_t* source, std::uint8_t* out, std::size_t n)
+{
+    const std::uintptr_t from = reinterpret_cast<std::uintptr_t>(source), to = reinterpret_cast<std::uintptr_t>(out);
+    if ((from < to ? to - from : from - to) < n)
+        std::memmove(out, source, n);
+    else
+        copy(source, out, n);
+}
+
 } // namespace
 
 void Copy(const CPixView& out, const CPixView& source)
 {
     const Extent extent = ByteExtent(out, source);
+    const auto copy = ActiveKernels(extent.Pixels()).copy;
     for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {
         // Bottom up where the target lies after the source, so that no row is overwritten before it is read.
         const bool up = std::greater<>()(RowOf<std::uint8_t>(out, plane, 0), RowOf<std::uint8_t>(source, plane, 0));
         for (std::int32_t i = 0; i < extent.fHeight; i += extent.fRun) {
             const std::int32_t y = up ? extent.fHeight - extent.fRun - i : i;
-            std::memmove(RowOf<std::uint8_t>(out, plane, y), RowOf<std::uint8_t>(source, plane, y),
-                         extent.RunPixels(y, extent.fRun));
+            CopyRun(copy, RowOf<std::uint8_t>(source, plane, y), RowOf<std::uint8_t>(out, plane, y),
+                    extent.RunPixels(y, extent.fRun));
         }
     }
 }
@@ -51,7 +61,7 @@ template <class T>
 void Fill(const CPixView& view, std::span<const T> values)
 {
     const Extent extent = CommonExtent(8 * sizeof(T), {&view});
-    const auto fill = ActiveKernels().fill;
+    const auto fill = ActiveKernels(sizeof(T) * extent.Pixels()).fill;
     const std::int32_t planes = std::min(extent.fPlanes, static_cast<std::int32_t>(values.size()));
     for (std::int32_t plane = 0; plane < planes; ++plane)
         for (std::int32_t y = 0; y < extent.fHeight; y += extent.fRun)
@@ -90,8 +100,9 @@ template void FillFrame(const CPixView&, const Rect&, std::span<const std::uint3
 
 void Invert(const CPixView& out, const CPixView& source)
 {
-    const auto invert = ActiveKernels().invert;
-    ForEachRow(ByteExtent(out, source), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = ByteExtent(out, source);
+    const auto invert = ActiveKernels(extent.Pixels()).invert;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         invert(RowOf<std::uint8_t>(source, plane, y), RowOf<std::uint8_t>(out, plane, y), n);
     });
 }
@@ -106,8 +117,9 @@ void Exchange(const CPixView& a, const CPixView& b)
 
 void SwapBytes(const CPixView& out, const CPixView& source)
 {
-    const auto swapBytes = ActiveKernels().swapBytes;
-    ForEachRow(CommonExtent(32, {&out, &source}), [&](std::int32_t plane, std::int32_t y, std::size_t n) {
+    const Extent extent = CommonExtent(32, {&out, &source});
+    const auto swapBytes = ActiveKernels(4 * extent.Pixels()).swapBytes;
+    ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
         swapBytes(RowOf<std::uint32_t>(source, plane, y), RowOf<std::uint32_t>(out, plane, y), n);
     });
 }

@@ -16,6 +16,12 @@ struct Extent {
     std::int32_t fPlanes = 0;
     std::int32_t fRun = 1; // rows that follow each other without a gap in every view: all of them or 1
 
+    // Pixels of all planes.
+    std::size_t Pixels() const
+    {
+        return static_cast<std::size_t>(fWidth) * static_cast<std::size_t>(fHeight) * static_cast<std::size_t>(fPlanes);
+    }
+
     // Pixels of the run of rows that starts at row y, of `rows` rows or what is left.
     std::size_t RunPixels(std::int32_t y, std::int32_t rows) const
     {

@@ -22,43 +22,62 @@ struct SubtractFloored {
     __m256i operator()(__m256i a, __m256i b) const { return _mm256_subs_epu8(a, b); }
 };
 
-template <class Operation>
+template <class Operation, bool kPastCaches>
 void MapRows(const Byte* a, const Byte* b, Byte* out, std::size_t n)
 {
     if (Entangled(out, a, n) || Entangled(out, b, n))
         return (PlainKernels().*Operation::kPlain)(a, b, out, n);
-    MapVectors(out, n, Operation(), a, b);
+    MapVectors<kPastCaches>(out, n, Operation(), a, b);
 }
 
+template <bool kPastCaches>
 void Invert(const Byte* source, Byte* out, std::size_t n)
 {
     if (Entangled(out, source, n))
         return PlainKernels().invert(source, out, n);
     const __m256i ones = _mm256_set1_epi8(-1);
-    MapVectors(
+    MapVectors<kPastCaches>(
         out, n, [ones](__m256i v) { return _mm256_xor_si256(v, ones); }, source);
 }
 
+template <bool kPastCaches>
 void SwapBytes(const std::uint32_t* source, std::uint32_t* out, std::size_t n)
 {
     if (Entangled(out, source, 4 * n))
         return PlainKernels().swapBytes(source, out, n);
     const __m256i order = _mm256_setr_epi8(3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12, 3, 2, 1, 0, 7, 6, 5, 4,
                                            11, 10, 9, 8, 15, 14, 13, 12);
-    MapVectors(
+    MapVectors<kPastCaches>(
         static_cast<Byte*>(static_cast<void*>(out)), 4 * n,
         [order](__m256i v) { return _mm256_shuffle_epi8(v, order); },
         static_cast<const Byte*>(static_cast<const void*>(source)));
 }
 
+template <bool kPastCaches>
+void Copy(const Byte* source, Byte* out, std::size_t n)
+{
+    if constexpr (kPastCaches)
+        MapVectors<true>(
+            out, n, [](__m256i v) { return v; }, source);
+    else
+        std::memcpy(out, source, n);
+}
+
+template <bool kPastCaches>
 void Fill(std::uint32_t pattern, Byte* out, std::size_t n)
 {
-    if (pattern == (pattern & 0xFF) * 0x01010101u) {
+    if (!kPastCaches && pattern == (pattern & 0xFF) * 0x01010101u) {
         std::memset(out, static_cast<int>(pattern & 0xFF), n);
         return;
     }
-    MapVectors(
-        out, n, [](__m256i v) { return v; }, Value{_mm256_set1_epi32(static_cast<int>(pattern))});
+    // From an address on where every vector starts with the same byte of the pattern.
+    const std::size_t toFour = (4 - reinterpret_cast<std::uintptr_t>(out) % 4) % 4;
+    const std::size_t lead = toFour < n ? toFour : n;
+    PlainKernels().fill(pattern, out, lead);
+    const std::uint64_t twice = std::uint64_t{pattern} << 32 | pattern;
+    MapVectors<kPastCaches>(
+        out + lead, n - lead, [](__m256i v) { return v; },
+        Value{_mm256_set1_epi32(static_cast<int>(twice >> 8 * lead))});
 }
 
 void Exchange(Byte* a, Byte* b, std::size_t n)
@@ -77,6 +96,7 @@ void Exchange(Byte* a, Byte* b, std::size_t n)
 
 // A table of 256 entries is 16 of 16: each is looked up with the low half of the pixel, and the high half's bits pick one
 // of them, two at a time.
+template <bool kPastCaches>
 void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
 {
     if (Entangled(out, source, n))
@@ -96,22 +116,29 @@ void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
         const auto eight = [&](std::size_t i) { return _mm256_blendv_epi8(four(i), four(i + 4), bit6); };
         return _mm256_blendv_epi8(eight(0), eight(8), v);
     };
-    MapVectors(out, n, look, source);
+    MapVectors<kPastCaches>(out, n, look, source);
+}
+
+template <bool kPastCaches>
+void AddAll(KernelTable& table)
+{
+    table.addWrapping = MapRows<AddWrapping, kPastCaches>;
+    table.addCapped = MapRows<AddCapped, kPastCaches>;
+    table.subtractWrapping = MapRows<SubtractWrapping, kPastCaches>;
+    table.subtractFloored = MapRows<SubtractFloored, kPastCaches>;
+    table.invert = Invert<kPastCaches>;
+    table.swapBytes = SwapBytes<kPastCaches>;
+    table.copy = Copy<kPastCaches>;
+    table.fill = Fill<kPastCaches>;
+    table.exchange = Exchange;
+    table.mapTable = MapTable<kPastCaches>;
 }
 
 } // namespace
 
-void AddArithmetic(KernelTable& table)
+void AddArithmetic(KernelTable& table, Stores stores)
 {
-    table.addWrapping = MapRows<AddWrapping>;
-    table.addCapped = MapRows<AddCapped>;
-    table.subtractWrapping = MapRows<SubtractWrapping>;
-    table.subtractFloored = MapRows<SubtractFloored>;
-    table.invert = Invert;
-    table.swapBytes = SwapBytes;
-    table.fill = Fill;
-    table.exchange = Exchange;
-    table.mapTable = MapTable;
+    stores == Stores::kStreamed ? AddAll<true>(table) : AddAll<false>(table);
 }
 
 } // namespace Kesto::Kernels::Avx2

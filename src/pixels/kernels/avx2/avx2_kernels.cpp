@@ -6,15 +6,27 @@ const KernelTable& Avx2Kernels()
 {
     static const KernelTable table = [] {
         KernelTable fast = PlainKernels();
-        Avx2::AddArithmetic(fast);
-        Avx2::AddBlending(fast);
-        Avx2::AddBoxes(fast);
+        Avx2::AddArithmetic(fast, Avx2::Stores::kCached);
+        Avx2::AddBlending(fast, Avx2::Stores::kCached);
+        Avx2::AddBoxExtremes(fast);
+        Avx2::AddBoxMeans(fast);
         Avx2::AddColour(fast);
         Avx2::AddMosaic(fast);
         Avx2::AddNeighbours(fast);
         Avx2::AddRank(fast);
         Avx2::AddScaling(fast);
         return fast;
+    }();
+    return table;
+}
+
+const KernelTable& Avx2StreamingKernels()
+{
+    static const KernelTable table = [] {
+        KernelTable streaming = Avx2Kernels();
+        Avx2::AddArithmetic(streaming, Avx2::Stores::kStreamed);
+        Avx2::AddBlending(streaming, Avx2::Stores::kStreamed);
+        return streaming;
     }();
     return table;
 }

@@ -29,69 +29,82 @@ struct Blended {
     }
 };
 
+template <bool kPastCaches>
 void Blend(const Byte* source, const Byte* below, const Byte* mask, Byte* out, std::size_t n)
 {
     if (Entangled(out, source, n) || Entangled(out, below, n) || Entangled(out, mask, n))
         return PlainKernels().blend(source, below, mask, out, n);
-    MapVectors(out, n, Blended(), source, below, mask);
+    MapVectors<kPastCaches>(out, n, Blended(), source, below, mask);
 }
 
+template <bool kPastCaches>
 void BlendConstant(const Byte* source, const Byte* below, Byte alpha, Byte* out, std::size_t n)
 {
     if (Entangled(out, source, n) || Entangled(out, below, n))
         return PlainKernels().blendConstant(source, below, alpha, out, n);
-    MapVectors(out, n, Blended(), source, below, ValueOf(alpha));
+    MapVectors<kPastCaches>(out, n, Blended(), source, below, ValueOf(alpha));
 }
 
+template <bool kPastCaches>
 void BlendColour(Byte colour, const Byte* below, const Byte* mask, Byte* out, std::size_t n)
 {
     if (Entangled(out, below, n) || Entangled(out, mask, n))
         return PlainKernels().blendColour(colour, below, mask, out, n);
-    MapVectors(out, n, Blended(), ValueOf(colour), below, mask);
+    MapVectors<kPastCaches>(out, n, Blended(), ValueOf(colour), below, mask);
 }
 
+template <bool kPastCaches>
 void BlendColourConstant(Byte colour, const Byte* below, Byte alpha, Byte* out, std::size_t n)
 {
     if (Entangled(out, below, n))
         return PlainKernels().blendColourConstant(colour, below, alpha, out, n);
-    MapVectors(out, n, Blended(), ValueOf(colour), below, ValueOf(alpha));
+    MapVectors<kPastCaches>(out, n, Blended(), ValueOf(colour), below, ValueOf(alpha));
 }
 
+template <bool kPastCaches>
 void BlendColours(Byte colour, Byte below, const Byte* mask, Byte* out, std::size_t n)
 {
     if (Entangled(out, mask, n))
         return PlainKernels().blendColours(colour, below, mask, out, n);
-    MapVectors(out, n, Blended(), ValueOf(colour), ValueOf(below), mask);
+    MapVectors<kPastCaches>(out, n, Blended(), ValueOf(colour), ValueOf(below), mask);
 }
 
+template <bool kPastCaches>
 void ApplyMask(const Byte* source, const Byte* mask, Byte* out, std::size_t n)
 {
     if (Entangled(out, source, n) || Entangled(out, mask, n))
         return PlainKernels().applyMask(source, mask, out, n);
-    MapVectors(
+    MapVectors<kPastCaches>(
         out, n, [](__m256i value, __m256i alpha) { return WeightedBytes(alpha, value); }, source, mask);
 }
 
+template <bool kPastCaches>
 void ApplyInvertedMask(const Byte* source, const Byte* mask, Byte* out, std::size_t n)
 {
     if (Entangled(out, source, n) || Entangled(out, mask, n))
         return PlainKernels().applyInvertedMask(source, mask, out, n);
-    MapVectors(
+    MapVectors<kPastCaches>(
         out, n, [](__m256i value, __m256i alpha) { return _mm256_sub_epi8(value, WeightedBytes(alpha, value)); },
         source, mask);
 }
 
+template <bool kPastCaches>
+void AddAll(KernelTable& table)
+{
+    table.blend = Blend<kPastCaches>;
+    table.blendConstant = BlendConstant<kPastCaches>;
+    table.blendColour = BlendColour<kPastCaches>;
+    table.blendColourConstant = BlendColourConstant<kPastCaches>;
+    table.blendColours = BlendColours<kPastCaches>;
+    table.applyMask = ApplyMask<kPastCaches>;
+    table.applyInvertedMask = ApplyInvertedMask<kPastCaches>;
+}
+
 } // namespace
 
-void AddBlending(KernelTable& table)
+void AddBlending(KernelTable& table, Stores stores)
 {
-    table.blend = Blend;
-    table.blendConstant = BlendConstant;
-    table.blendColour = BlendColour;
-    table.blendColourConstant = BlendColourConstant;
-    table.blendColours = BlendColours;
-    table.applyMask = ApplyMask;
-    table.applyInvertedMask = ApplyInvertedMask;
+    stores == Stores::kStreamed ? AddAll<true>(table) : AddAll<false>(table);
 }
 
 } // namespace Kesto::Kernels::Avx2

@@ -111,44 +111,57 @@ struct Factor {
     {
         const float near = weightA < weightB ? weightB : weightA;
         const float far = weightA < weightB ? weightA : weightB;
-        const float units = far * 65536;
-        const std::int32_t nearest = static_cast<std::int32_t>(units + 0.5f);
+        const std::int32_t units = static_cast<std::int32_t>(far * 0x1p24f + 0.5f);
+        const std::int32_t nearest = (units + 128) >> 8;
         const std::int32_t whole = nearest < 32767 ? nearest : 32767;
         fWhole = static_cast<std::int16_t>(whole);
-        const float rest = (units - static_cast<float>(whole)) * 256;
-        fRest = static_cast<std::int16_t>(rest + (rest < 0 ? -0.5f : 0.5f));
+        const std::int32_t rest = units - 256 * whole; // a unit more than 255 where the part is a half
+        fRest = static_cast<std::int16_t>(128 * (rest < 255 ? rest : 255)); // for products that are divided by 2^15
         fLift = AreCoarse(near, far, 12) ? kLift : 0;
     }
 
     // Results closer to an edge than this are doubtful; those that are right even on it are lifted beyond.
-    static constexpr std::int16_t kDoubt = 4;
-    static constexpr std::int16_t kLift = 2 * kDoubt;
+    static constexpr std::int8_t kDoubt = 4;
+    static constexpr std::int8_t kLift = 2 * kDoubt;
 
-    std::int16_t fWhole, fRest, fLift;
+    std::int16_t fWhole, fRest;
+    std::int8_t fLift;
 };
 
 struct Factors {
-    __m256i fWhole, fRest, fLift;
+    __m256i fWhole, fRest;
 };
 
-// Sixteen pixels in words; `least` collects the distances from the edges.
-__m256i Between(__m256i near, __m256i far, const Factors& factors, __m256i& least)
+// Parts of sixteen differences in words: whole numbers, and how far these are from the edge to the next one, which is
+// negative where the result is rounded up.
+struct PartsOf {
+    PartsOf(__m256i nearAndFar, const Factors& factors)
+    {
+        const __m256i difference = _mm256_maddubs_epi16(nearAndFar, _mm256_set1_epi16(0x01FF)); // times -1 and 1
+        fWhole = _mm256_mulhi_epi16(difference, factors.fWhole);
+        const __m256i fraction = _mm256_mullo_epi16(difference, factors.fWhole);
+        const __m256i rest = _mm256_mulhrs_epi16(difference, factors.fRest);
+        fToEdge = _mm256_subs_epi16(_mm256_xor_si256(fraction, _mm256_set1_epi16(32767)), rest);
+    }
+
+    __m256i fWhole, fToEdge;
+};
+
+// The distances from the edges of both halves, capped, in the order of packed bytes.
+__m256i Lifted(const PartsOf& low, const PartsOf& high, __m256i lifts)
 {
-    const __m256i difference = _mm256_sub_epi16(far, near);
-    const __m256i whole = _mm256_mulhi_epi16(difference, factors.fWhole);
-    const __m256i fraction = _mm256_mullo_epi16(difference, factors.fWhole);
-    const __m256i rest = _mm256_mulhrs_epi16(_mm256_slli_epi16(difference, 7), factors.fRest);
-    // Half a unit less the fraction, which is negative where the result is rounded up.
-    const __m256i toHalf = _mm256_subs_epi16(_mm256_xor_si256(fraction, _mm256_set1_epi16(32767)), rest);
-    const __m256i toEdge = _mm256_subs_epi16(toHalf, factors.fLift);
-    least = _mm256_min_epu16(least, _mm256_abs_epi16(toEdge));
-    return _mm256_sub_epi16(_mm256_add_epi16(near, whole), _mm256_srai_epi16(toEdge, 15));
+    return _mm256_subs_epi8(_mm256_packs_epi16(low.fToEdge, high.fToEdge), lifts);
 }
 
-bool AreDoubtful(__m256i least)
+bool AreDoubtful(__m256i toEdge)
 {
-    const __m256i below = _mm256_subs_epu16(_mm256_set1_epi16(Factor::kDoubt), least);
+    const __m256i below = _mm256_subs_epu8(_mm256_set1_epi8(Factor::kDoubt), _mm256_abs_epi8(toEdge));
     return _mm256_testz_si256(below, below) == 0;
+}
+
+__m256i RoundedUp(__m256i bytes, __m256i toEdge)
+{
+    return _mm256_sub_epi8(bytes, _mm256_cmpgt_epi8(_mm256_setzero_si256(), toEdge));
 }
 
 // Target pixels of a row. Each eight lie between pixels of one piece.
@@ -165,58 +178,62 @@ struct ByteGroup {
             if (!FindPlaces(places, entry, columns, fPieces[i / 8], 16))
                 return false;
             const std::size_t near = entry.fLastWeight > entry.fFirstWeight ? 1 : 0;
-            fPlaces[i / 8][0][i % 8] = static_cast<Byte>(places[near]);
-            fPlaces[i / 8][1][i % 8] = static_cast<Byte>(places[1 - near]);
+            fPlaces[i][0] = static_cast<Byte>(places[near]);
+            fPlaces[i][1] = static_cast<Byte>(places[1 - near]);
             const Factor factor(entry.fFirstWeight, entry.fLastWeight);
             fWhole[i] = factor.fWhole;
             fRest[i] = factor.fRest;
-            fLift[i] = factor.fLift;
+            fLifts[i / 8 % 2][i / 16][i % 8] = factor.fLift;
         }
         return true;
     }
 
     std::int32_t fPieces[kCount / 8]; // where they start, the first negative for a group that doubles have to do
-    Byte fPlaces[kCount / 8][2][8];   // of the near and the far pixels in each
-    std::int16_t fWhole[kCount], fRest[kCount], fLift[kCount];
+    Byte fPlaces[kCount][2];          // of the near and the far pixels in their pieces
+    std::int16_t fWhole[kCount], fRest[kCount];
+    std::int8_t fLifts[2][2][8]; // in the order in which words are packed
 };
 
-// The half of a group that starts at the given pixel, in words.
-__m256i HalfOfGroup(const Byte* source, const ByteGroup& group, std::size_t i, __m256i& least)
-{
-    const __m256i pieces = LoadHalves(source + group.fPieces[i / 8], source + group.fPieces[i / 8 + 1]);
-    const __m256i pixels = _mm256_shuffle_epi8(pieces, Load(group.fPlaces[i / 8]));
-    const Factors factors{Load(group.fWhole + i), Load(group.fRest + i), Load(group.fLift + i)};
-    return Between(_mm256_unpacklo_epi8(pixels, _mm256_setzero_si256()),
-                   _mm256_unpackhi_epi8(pixels, _mm256_setzero_si256()), factors, least);
-}
+// The half of a group that starts at pixel i, in words, still to be rounded up.
+struct HalfGroup {
+    HalfGroup(const Byte* source, const ByteGroup& group, std::size_t i)
+        : fPixels(_mm256_shuffle_epi8(LoadHalves(source + group.fPieces[i / 8], source + group.fPieces[i / 8 + 1]),
+                                      Load(group.fPlaces + i))),
+          fParts(fPixels, {Load(group.fWhole + i), Load(group.fRest + i)})
+    {
+    }
+
+    __m256i Words() const { return _mm256_add_epi16(_mm256_and_si256(fPixels, _mm256_set1_epi16(255)), fParts.fWhole); }
+
+    __m256i fPixels;
+    PartsOf fParts;
+};
 
 bool EnlargeGroup(const Byte* source, const ByteGroup& group, Byte* out)
 {
-    __m256i least = _mm256_set1_epi16(-1);
-    const __m256i low = HalfOfGroup(source, group, 0, least);
-    Store(out, Packed(low, HalfOfGroup(source, group, 16, least)));
-    return !AreDoubtful(least);
+    const HalfGroup low(source, group, 0), high(source, group, 16);
+    const __m256i toEdge = Lifted(low.fParts, high.fParts, Load(group.fLifts));
+    const __m256i bytes = RoundedUp(_mm256_packus_epi16(low.Words(), high.Words()), toEdge);
+    Store(out, _mm256_permute4x64_epi64(bytes, 0xD8));
+    return !AreDoubtful(toEdge);
 }
 
 void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, Byte* out, std::size_t n)
 {
     std::size_t i = 0;
-    const __m256i zero = _mm256_setzero_si256();
     const bool isNear = weightA >= weightB;
     const Byte *near = isNear ? a : b, *far = isNear ? b : a;
     const Factor factor(weightA, weightB);
-    const Factors factors{_mm256_set1_epi16(factor.fWhole), _mm256_set1_epi16(factor.fRest),
-                          _mm256_set1_epi16(factor.fLift)};
+    const Factors factors{_mm256_set1_epi16(factor.fWhole), _mm256_set1_epi16(factor.fRest)};
+    const __m256i lifts = _mm256_set1_epi8(factor.fLift);
     const bool areShares = AreShares(weightA, weightB);
     for (; i + kVector <= n && areShares; i += kVector) {
-        __m256i least = _mm256_set1_epi16(-1);
         const __m256i ours = Load(near + i), theirs = Load(far + i);
-        const __m256i low =
-            Between(_mm256_unpacklo_epi8(ours, zero), _mm256_unpacklo_epi8(theirs, zero), factors, least);
-        const __m256i high =
-            Between(_mm256_unpackhi_epi8(ours, zero), _mm256_unpackhi_epi8(theirs, zero), factors, least);
-        Store(out + i, _mm256_packus_epi16(low, high));
-        if (AreDoubtful(least))
+        const PartsOf low(_mm256_unpacklo_epi8(ours, theirs), factors);
+        const PartsOf high(_mm256_unpackhi_epi8(ours, theirs), factors);
+        const __m256i toEdge = Lifted(low, high, lifts);
+        Store(out + i, RoundedUp(_mm256_add_epi8(ours, _mm256_packs_epi16(low.fWhole, high.fWhole)), toEdge));
+        if (AreDoubtful(toEdge))
             ExactCombine(a + i, b + i, weightA, weightB, out + i, kVector);
     }
     ExactCombine(a + i, b + i, weightA, weightB, out + i, n - i);

@@ -5,9 +5,13 @@
 
 namespace Kesto::Kernels::Avx2 {
 
-void AddArithmetic(KernelTable& table);
-void AddBlending(KernelTable& table);
-void AddBoxes(KernelTable& table);
+// Where results go: to the caches, or past them.
+enum class Stores { kCached, kStreamed };
+
+void AddArithmetic(KernelTable& table, Stores stores);
+void AddBlending(KernelTable& table, Stores stores);
+void AddBoxExtremes(KernelTable& table);
+void AddBoxMeans(KernelTable& table);
 void AddColour(KernelTable& table);
 void AddMosaic(KernelTable& table);
 void AddNeighbours(KernelTable& table);

@@ -42,6 +42,14 @@ inline __m256i Packed(__m256i low, __m256i high)
     return _mm256_permute4x64_epi64(_mm256_packus_epi16(low, high), 0xD8);
 }
 
+// The first bytes of a vector.
+inline void StoreFirst(Byte* to, __m256i value, std::size_t count)
+{
+    alignas(kVector) Byte bytes[kVector];
+    Store(bytes, value);
+    std::memcpy(to, bytes, count);
+}
+
 // An operand of a row operation: a row of bytes, or one value for all pixels.
 struct Value {
     __m256i fValue;
@@ -93,23 +101,75 @@ inline CValueTail TailOf(Value value, std::size_t start, std::size_t count)
     return {value, start, count};
 }
 
-// out[i] = operation(operands[i]...), a cache line of 64 pixels at a time.
-template <class Operation, class... Operands>
+inline bool IsRow(const Byte* row, const Byte* out)
+{
+    return row == out;
+}
+inline bool IsRow(Value, const Byte*)
+{
+    return false;
+}
+
+// out[i] = operation(operands[i]...) from i on, where `out` is aligned, a cache line of 64 pixels at a time. Returns where
+// less than a vector is left.
+template <bool kPastCaches, class Operation, class... Operands>
+inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Operation& operation, Operands... operands)
+{
+    const auto store = [](Byte* to, __m256i value) {
+        __m256i* const vector = static_cast<__m256i*>(static_cast<void*>(to));
+        kPastCaches ? _mm256_stream_si256(vector, value) : _mm256_store_si256(vector, value);
+    };
+    for (; i + 2 * kVector <= n; i += 2 * kVector) {
+        (FetchAhead(operands, i), ...);
+        store(out + i, operation(At(operands, i)...));
+        store(out + i + kVector, operation(At(operands, i + kVector)...));
+    }
+    for (; i + kVector <= n; i += kVector)
+        store(out + i, operation(At(operands, i)...));
+    if constexpr (kPastCaches)
+        _mm_sfence();
+    return i;
+}
+
+// The same for a whole row. A row that is also an operand is in the caches already.
+template <bool kPastCaches = false, class Operation, class... Operands>
 inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Operands... operands)
 {
     std::size_t i = 0;
-    for (; i + 2 * kVector <= n; i += 2 * kVector) {
-        (FetchAhead(operands, i), ...);
-        Store(out + i, operation(At(operands, i)...));
-        Store(out + i + kVector, operation(At(operands, i + kVector)...));
-    }
-    for (; i + kVector <= n; i += kVector)
-        Store(out + i, operation(At(operands, i)...));
-    if (i == n)
+    if (n >= kVector) {
+        // The first vector overlaps the second, which may still have to read what it overwrites.
+        const __m256i first = operation(At(operands, 0)...);
+        i = (kVector - reinterpret_cast<std::uintptr_t>(out) % kVector) % kVector;
+        if (kPastCaches && !(IsRow(operands, out) || ...))
+            i = MapAligned<kPastCaches>(out, i, n, operation, operands...);
+        else
+            i = MapAligned<false>(out, i, n, operation, operands...);
+        if (i < n)
+            StoreFirst(out + i, operation(TailOf(operands, i, n - i).Vector()...), n - i);
+        Store(out, first);
         return;
-    alignas(kVector) Byte last[kVector];
-    Store(last, operation(TailOf(operands, i, n - i).Vector()...));
-    std::memcpy(out + i, last, n - i);
+    }
+    if (n > 0)
+        StoreFirst(out, operation(TailOf(operands, i, n).Vector()...), n);
+}
+
+// 32 bytes from the k-th on of two vectors.
+template <int k>
+inline __m256i Shifted(__m256i low, __m256i high)
+{
+    const __m256i middle = _mm256_permute2x128_si256(low, high, 0x21);
+    if constexpr (k < 16)
+        return _mm256_alignr_epi8(middle, low, k);
+    else
+        return _mm256_alignr_epi8(high, middle, k - 16);
+}
+
+// Scratch from the next cache line on. Rows of BoxShape::ScratchRow keep to the lines from there, which spares stores that
+// straddle two.
+inline Byte* Aligned(std::byte* scratch)
+{
+    const std::size_t over = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(scratch) % 64);
+    return static_cast<Byte*>(static_cast<void*>(scratch)) + (over > 0 ? 64 - over : 0);
 }
 
 // True when the output is one of the input's bytes, but not the same row: the order of reads and writes matters then.

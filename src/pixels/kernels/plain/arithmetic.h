@@ -48,6 +48,11 @@ void MapRows(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* out, st
         out[i] = Operation()(a[i], b[i]);
 }
 
+inline void Copy(const std::uint8_t* source, std::uint8_t* out, std::size_t n)
+{
+    std::copy_n(source, n, out);
+}
+
 inline void Fill(std::uint32_t pattern, std::uint8_t* out, std::size_t n)
 {
     for (std::size_t i = 0; i < n; ++i)

@@ -20,6 +20,7 @@ const KernelTable& PlainKernels()
         .subtractWrapping = MapRows<Plain::SubtractWrapping>,
         .subtractFloored = MapRows<Plain::SubtractFloored>,
         .invert = MapRow<Complement, std::uint8_t>,
+        .copy = Plain::Copy,
         .fill = Plain::Fill,
         .exchange = Plain::Exchange,
         .swapBytes = MapRow<SwappedBytes, std::uint32_t>,

@@ -5,9 +5,6 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-// Room behind a scratch row for loops that run on to a whole vector; more than both kinds of row need.
-constexpr std::size_t kSlack = 64;
-
 struct Larger {
     __m256i operator()(__m256i a, __m256i b) const { return _mm256_max_epu8(a, b); }
     Byte operator()(Byte a, Byte b) const { return a > b ? a : b; }
@@ -54,8 +51,9 @@ template <class Pick>
 class CColumns {
 public:
     CColumns(Plane<const Byte> source, std::size_t columns, std::int32_t height, Byte* scratch)
-        : fSource(source), fColumns(columns), fHeight(height), fStride(static_cast<std::ptrdiff_t>(columns + kSlack)),
-          fToEnd(scratch), fBelow(scratch + fStride * height), fResult(fBelow + fStride)
+        : fSource(source), fColumns(columns), fHeight(height),
+          fStride(static_cast<std::ptrdiff_t>(BoxShape::ScratchRow(columns))), fToEnd(scratch),
+          fBelow(scratch + fStride * height), fResult(fBelow + fStride)
     {
     }
 
@@ -81,20 +79,32 @@ private:
         const Byte* const source = fSource.Row(y + fHeight - 1);
         Byte* const toEnd = fToEnd + fStride * (fHeight - 1);
         std::size_t i = 0;
-        for (; i + kVector <= fColumns; i += kVector) {
-            const Byte* from = source + i;
-            Byte* to = toEnd + i;
-            __m256i extreme = Load(from);
-            Store(to, extreme);
-            for (std::int32_t rows = fHeight - 1; rows > 0; --rows) {
-                extreme = Pick()(extreme, Load(from -= fSource.fRowBytes));
-                Store(to -= fStride, extreme);
-            }
+        for (; i + 2 * kVector <= fColumns; i += 2 * kVector)
+            StartColumns<2>(source + i, toEnd + i);
+        if (fColumns >= 2 * kVector && i < fColumns) { // the last ones overlap those before
+            i = fColumns - 2 * kVector;
+            StartColumns<2>(source + i, toEnd + i);
+            return;
         }
         for (; i < fColumns; ++i) {
             Byte extreme = toEnd[i] = source[i];
             for (std::ptrdiff_t row = 1; row < fHeight; ++row)
                 (toEnd + i)[-row * fStride] = extreme = Pick()(extreme, (source + i)[-row * fSource.fRowBytes]);
+        }
+    }
+
+    // A column of vectors from its last row upwards.
+    template <std::size_t kCount>
+    void StartColumns(const Byte* from, Byte* to) const
+    {
+        __m256i extremes[kCount];
+        for (std::size_t k = 0; k < kCount; ++k)
+            Store(to + k * kVector, extremes[k] = Load(from + k * kVector));
+        for (std::int32_t rows = fHeight - 1; rows > 0; --rows) {
+            from -= fSource.fRowBytes;
+            to -= fStride;
+            for (std::size_t k = 0; k < kCount; ++k)
+                Store(to + k * kVector, extremes[k] = Pick()(extremes[k], Load(from + k * kVector)));
         }
     }
 
@@ -130,17 +140,6 @@ void AlongRow(const Byte* in, Byte* out, std::size_t n, std::size_t width)
         in = out;
     }
     Widen<Pick>(in, out, n, part, width);
-}
-
-// 32 bytes from the k-th on of two vectors.
-template <int k>
-__m256i Shifted(__m256i low, __m256i high)
-{
-    const __m256i middle = _mm256_permute2x128_si256(low, high, 0x21);
-    if constexpr (k < 16)
-        return _mm256_alignr_epi8(middle, low, k);
-    else
-        return _mm256_alignr_epi8(high, middle, k - 16);
 }
 
 // The same as Widen in registers.
@@ -218,9 +217,9 @@ void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::
     const std::size_t n = static_cast<std::size_t>(out.fWidth);
     const std::size_t width = static_cast<std::size_t>(shape.fWidth);
     const std::size_t count = n + width - 1;
-    Byte* rows = static_cast<Byte*>(static_cast<void*>(scratch));
+    Byte* rows = Aligned(scratch);
     CColumns<Pick> columns(source, count, shape.fHeight, rows);
-    Byte* rest = rows + (count + kSlack) * (static_cast<std::size_t>(shape.fHeight) + 2);
+    Byte* rest = rows + BoxShape::ScratchRow(count) * (static_cast<std::size_t>(shape.fHeight) + 2);
     const auto narrowRow = n >= 3 * kVector ? NarrowRowFor<Pick>(width) : nullptr;
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
         if (narrowRow != nullptr) {
@@ -237,9 +236,9 @@ void BoxRange(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::by
     const std::size_t n = static_cast<std::size_t>(out.fWidth);
     const std::size_t width = static_cast<std::size_t>(shape.fWidth);
     const std::size_t columns = n + width - 1;
-    const std::size_t stride = columns + kSlack;
+    const std::size_t stride = BoxShape::ScratchRow(columns);
     const std::size_t rowsEach = static_cast<std::size_t>(shape.fHeight) + 2;
-    Byte* rows = static_cast<Byte*>(static_cast<void*>(scratch));
+    Byte* rows = Aligned(scratch);
     CColumns<Larger> largest(source, columns, shape.fHeight, rows);
     CColumns<Smaller> smallest(source, columns, shape.fHeight, rows + stride * rowsEach);
     Byte* large = rows + 2 * stride * rowsEach;
@@ -253,129 +252,10 @@ void BoxRange(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::by
     }
 }
 
-// Division of 16-bit sums by a constant: the high half of a product, shifted. Exact for all sums of a box.
-struct Divider {
-    // Returns false for areas that it cannot serve.
-    bool Set(std::uint32_t area, std::uint32_t half)
-    {
-        const std::uint32_t largest = 255 * area + half;
-        if (area < 2 || largest > 65535)
-            return false;
-        std::uint32_t shift = 0;
-        while ((std::uint32_t{2} << shift) < area)
-            ++shift;
-        const std::uint64_t unit = std::uint64_t{65536} << shift;
-        const std::uint64_t factor = (unit + area - 1) / area;
-        if ((factor * area - unit) * largest >= unit)
-            return false;
-        fFactor = _mm256_set1_epi16(static_cast<short>(factor));
-        fShift = _mm_cvtsi32_si128(static_cast<int>(shift));
-        fHalf = _mm256_set1_epi16(static_cast<short>(half));
-        return true;
-    }
-
-    __m256i operator()(__m256i sums) const
-    {
-        return _mm256_srl_epi16(_mm256_mulhi_epu16(_mm256_add_epi16(sums, fHalf), fFactor), fShift);
-    }
-
-    __m256i fFactor, fHalf;
-    __m128i fShift;
-};
-
-using Sum = std::uint16_t;
-
-// sums[i] += entering[i] - leaving[i]; `leaving` may be null.
-void MoveDown(Sum* sums, const Byte* entering, const Byte* leaving, std::size_t n)
-{
-    std::size_t i = 0;
-    if (leaving == nullptr) {
-        for (; i + 16 <= n; i += 16)
-            Store(sums + i, _mm256_add_epi16(Load(sums + i), Load16(entering + i)));
-        for (; i < n; ++i)
-            sums[i] = static_cast<Sum>(sums[i] + entering[i]);
-        return;
-    }
-    for (; i + 16 <= n; i += 16) {
-        FetchAhead(entering, i);
-        Store(sums + i, _mm256_add_epi16(Load(sums + i), _mm256_sub_epi16(Load16(entering + i), Load16(leaving + i))));
-    }
-    for (; i < n; ++i)
-        sums[i] = static_cast<Sum>(sums[i] + entering[i] - leaving[i]);
-}
-
-// Sixteen sums over `width` columns, from those over a third of it and the columns that are left.
-__m256i WindowSum(const Sum* columns, const Sum* parts, std::size_t part, std::size_t width)
-{
-    __m256i sum = _mm256_add_epi16(_mm256_add_epi16(Load(parts), Load(parts + part)), Load(parts + 2 * part));
-    for (std::size_t i = 3 * part; i < width; ++i)
-        sum = _mm256_add_epi16(sum, Load(columns + i));
-    return sum;
-}
-
-// Sums over `width` columns to `out`, with room for a whole vector.
-void SumAlong(const Sum* columns, Sum* out, std::size_t n, std::size_t width)
-{
-    if (width < 3) {
-        for (std::size_t i = 0; i < n; i += 16)
-            Store(out + i, width == 1 ? Load(columns + i) : _mm256_add_epi16(Load(columns + i), Load(columns + i + 1)));
-        return;
-    }
-    const std::size_t part = width / 3;
-    const Sum* parts = columns;
-    if (part > 1) {
-        SumAlong(columns, out, n + width - part, part);
-        parts = out;
-    }
-    for (std::size_t i = 0; i < n; i += 16)
-        Store(out + i, WindowSum(columns + i, parts + i, part, width));
-}
-
-void MeansOfRow(const Sum* columns, Sum* parts, Byte* out, std::size_t n, std::size_t width, const Divider& divider)
-{
-    const std::size_t part = width / 3;
-    if (width >= 3)
-        SumAlong(columns, parts, n + width - part, part);
-    else
-        SumAlong(columns, parts, n, width);
-    const auto mean = [&](std::size_t i) {
-        return divider(width >= 3 ? WindowSum(columns + i, parts + i, part, width) : Load(parts + i));
-    };
-    std::size_t i = 0;
-    for (; i + kVector <= n; i += kVector)
-        Store(out + i, Packed(mean(i), mean(i + 16)));
-    if (i == n)
-        return;
-    alignas(kVector) Byte last[kVector];
-    Store(last, Packed(mean(i), mean(i + 16)));
-    std::memcpy(out + i, last, n - i);
-}
-
-void BoxMean(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, bool round, std::byte* scratch)
-{
-    Divider divider;
-    const std::uint32_t area = static_cast<std::uint32_t>(shape.Area());
-    if (shape.fLean != 0 || shape.fWidth > 256 || shape.fHeight > 256 || !divider.Set(area, round ? area / 2 : 0))
-        return PlainKernels().boxMean(source, out, shape, round, scratch);
-    const std::size_t n = static_cast<std::size_t>(out.fWidth);
-    const std::size_t width = static_cast<std::size_t>(shape.fWidth);
-    const std::size_t columns = n + width - 1;
-    Sum* sums = static_cast<Sum*>(static_cast<void*>(scratch));
-    Sum* parts = sums + columns + kSlack;
-    std::memset(sums, 0, 2 * (columns + kSlack) * sizeof(Sum));
-    for (std::int32_t row = 0; row + 1 < shape.fHeight; ++row)
-        MoveDown(sums, source.Row(row), nullptr, columns);
-    for (std::int32_t y = 0; y < out.fHeight; ++y) {
-        MoveDown(sums, source.Row(y + shape.fHeight - 1), y > 0 ? source.Row(y - 1) : nullptr, columns);
-        MeansOfRow(sums, parts, out.Row(y), n, width, divider);
-    }
-}
-
 } // namespace
 
-void AddBoxes(KernelTable& table)
+void AddBoxExtremes(KernelTable& table)
 {
-    table.boxMean = BoxMean;
     table.boxMaximum = BoxExtreme<Larger>;
     table.boxMinimum = BoxExtreme<Smaller>;
     table.boxRange = BoxRange;
