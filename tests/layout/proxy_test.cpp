@@ -71,6 +71,8 @@ TEST_F(Proxies, ResolveNumbersFromTheWidestToTheNearest)
          {{&P::fMarginLeft, 8}, {&P::fMarginRight, 6}, {&P::fMarginTop, 4}, {&P::fMarginBottom, 0}}},
         {{{"outset", 3}, {"top_outset", 5}},
          {{&P::fLeftOutset, 3}, {&P::fTopOutset, 5}, {&P::fRightOutset, 3}, {&P::fBottomOutset, 3}}},
+        {{{"margin", 4}, {"margin_width", 6}, {"margin_height", 7}},
+         {{&P::fMarginLeft, 6}, {&P::fMarginRight, 6}, {&P::fMarginTop, 7}, {&P::fMarginBottom, 7}}},
         {{}, {{&P::fSpacing, 12}}},
         {{{"spacing", 0}}, {{&P::fSpacing, 0}}},
         {{{"width", VexUndefined}, {"margin", VexUndefined}}, {{&P::fWidth, 0}, {&P::fMarginLeft, 0}}},

@@ -111,6 +111,7 @@ TEST(Pools, OutliveTheirScopesAndAbandonWhatIsTooSmall)
 TEST(Properties, GuardTheirTypes)
 {
     CVexVariableProperty property;
+    EXPECT_EQ(property.Name(), nullptr);
     EXPECT_THROW(property.Integer(), std::range_error);
     property.SetInteger(5);
     EXPECT_EQ(property.Integer(), 5);

@@ -138,6 +138,10 @@ TEST_F(FocusTest, WhoeverDiesInAHookEndsTheMoveThatLedToIt)
     };
     EXPECT_TRUE(y.BecomeBullseye(false));
     EXPECT_EQ(Path(), "Pwxy!");
+
+    auto late = std::make_unique<Node>("l", a.get());
+    a->fWhenTarget = [&late] { late.reset(); };
+    EXPECT_FALSE(late->BecomeBullseye(false)) << "its parent's turn was its end";
 }
 
 TEST(ObjectIDTest, EqualTextsHaveEqualIdsAndRangesStayApart)

@@ -109,7 +109,8 @@ TEST(States, ChangeInTheCellsThatARectangleTouches)
     };
     grid.SetGrid({0, 0, 40, 40}, {0, 0, 10, 10});
     grid.SetStates({0, 0, 40, 40}, 5);
-    grid.SubtractStates({9, 0, 11, 1}, 7);
+    grid.SubtractStates({9, 0, 11, 10}, 7);
+    EXPECT_EQ(grid.GetState(1, 1), 5u);
     EXPECT_EQ(firstStates(), (std::array{0u, 0u, 5u}));
     grid.CapStates({20, 0, 21, 1}, 2);
     grid.RaiseStates({0, 0, 21, 1}, 1);
