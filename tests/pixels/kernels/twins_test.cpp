@@ -214,10 +214,13 @@ TEST(Twins, LargePictures)
 
 TEST(Twins, MosaicOfTallCells)
 {
+    const CPicture mixed(8, 50, 600, 1);
     const CPicture white(8, 50, 600, 1);
     std::fill(white.Bytes().begin(), white.Bytes().end(), std::uint8_t{255});
-    for (const std::int32_t height : {257, 258, 600})
-        ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) { Mosaic(out, white.View(), {20, height}, true); });
+    for (const CPixView& source : {mixed.View(), white.View()})
+        for (const std::int32_t width : {1, 20})
+            for (const std::int32_t height : {257, 258, 600})
+                ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) { Mosaic(out, source, {width, height}, true); });
 }
 
 TEST(Twins, OverlappingRows)
