@@ -56,14 +56,6 @@ protected:
     const CPixView b = fDown.View();
 };
 
-std::array<std::uint8_t, 256> AnyTable()
-{
-    std::array<std::uint8_t, 256> table;
-    for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
-    return table;
-}
-
 std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t denominator, std::int32_t step)
 {
     std::vector<std::int32_t> table(kSharpenLevels);
@@ -71,6 +63,58 @@ std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t deno
         table[static_cast<std::size_t>(edge + 1020)] =
             edge % 7 == 0 ? edge * numerator / denominator + step : edge * numerator / denominator;
     return table;
+}
+
+void ExpectPixelTwins(std::int32_t width, std::int32_t height)
+{
+    std::array<std::uint8_t, 256> table;
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
+    const std::array<std::uint8_t, 4> colour = {1, 77, 200, 255};
+    const std::array<std::uint8_t, 4> below = {9, 0, 255, 128};
+    const CPicture first(8, width + 1, height, 4, 2);
+    const CPicture second(8, width + 1, height, 4, 3);
+    const CPicture third(8, width + 1, height, 1, 4);
+    const CPixView a = first.View(1, width, height);
+    const CPixView b = second.View(1, width, height);
+    const CPixView mask = third.View(1, width, height);
+    const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, width, height, 4, kernel); };
+    expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
+    expectTwins([&](const CPixView& out) { SubtractFloored(out, out, b); });
+    expectTwins([&](const CPixView& out) { Copy(out, a); });
+    expectTwins([&](const CPixView& out) { Invert(out, a); });
+    expectTwins([&](const CPixView& out) { Invert(out, out); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, out, mask); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, out, 100); });
+    expectTwins([&](const CPixView& out) { BlendColour(out, colour, a, mask); });
+    expectTwins([&](const CPixView& out) { BlendColour(out, colour, out, mask); });
+    expectTwins([&](const CPixView& out) { BlendColours(out, colour, below, mask); });
+    expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
+    expectTwins([&](const CPixView& out) { MapTable(out, a, table); });
+    expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
+    expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
+    expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
+    expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
+    expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
+    expectTwins([&](const CPixView& out) {
+        std::uint32_t seed = 12345;
+        AddNoise(out, a, 40, seed);
+        out.planePointers[0][0] = static_cast<std::uint8_t>(seed >> 16);
+    });
+    expectTwins([&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
+    ExpectTwins(32, width, height, 2, [](const CPixView& out) {
+        Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
+        SwapBytes(out, out);
+    });
+    ExpectTwins(16, width, height, 1,
+                [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
+    expectTwins([&](const CPixView& out) {
+        CPixView wide = out; // the same rows as 16-bit pixels at odd addresses
+        wide.pixelBits = 16;
+        wide.width = width / 2;
+        Fill<std::uint16_t>(wide, std::array<std::uint16_t, 2>{0x1234, 0xFEDC});
+    });
 }
 
 } // namespace
@@ -112,46 +156,11 @@ TEST_F(AllPairs, OfHueWithEveryValue)
     }
 }
 
-TEST(Twins, PixelKernelsOfOddSizes)
+TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)
 {
-    const std::array<std::uint8_t, 256> table = AnyTable();
-    const std::array<std::uint8_t, 4> colour = {1, 77, 200, 255};
-    const std::array<std::uint8_t, 4> below = {9, 0, 255, 128};
-    for (const std::int32_t width : kWidths) {
-        const CPicture first(8, width, 5, 4, 2);
-        const CPicture second(8, width, 5, 4, 3);
-        const CPicture third(8, width, 5, 1, 4);
-        const CPixView a = first.View();
-        const CPixView b = second.View();
-        const CPixView mask = third.View();
-        const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, width, 5, 4, kernel); };
-        expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
-        expectTwins([&](const CPixView& out) { SubtractFloored(out, out, b); });
-        expectTwins([&](const CPixView& out) { Invert(out, out); });
-        expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
-        expectTwins([&](const CPixView& out) { Blend(out, a, out, mask); });
-        expectTwins([&](const CPixView& out) { Blend(out, a, out, 100); });
-        expectTwins([&](const CPixView& out) { BlendColour(out, colour, out, mask); });
-        expectTwins([&](const CPixView& out) { BlendColours(out, colour, below, mask); });
-        expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
-        expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
-        expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
-        expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
-        expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
-        expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
-        expectTwins([&](const CPixView& out) {
-            std::uint32_t seed = 12345;
-            AddNoise(out, a, 40, seed);
-            out.planePointers[0][0] = static_cast<std::uint8_t>(seed >> 16);
-        });
-        ExpectTwins(8, width, 5, 4, [&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
-        ExpectTwins(32, width, 5, 2, [](const CPixView& out) {
-            Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
-            SwapBytes(out, out);
-        });
-        ExpectTwins(16, width, 5, 1,
-                    [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
-    }
+    for (const std::int32_t width : kWidths)
+        ExpectPixelTwins(width, 5);
+    ExpectPixelTwins(1501, 1433); // 8.2 MiB in four planes
 }
 
 // Rows that follow each other without a gap are worked on as longer ones, the last run shorter than the others.
@@ -177,39 +186,6 @@ TEST(Twins, PlanesWithoutGaps)
         EXPECT_EQ(blended(CpuLevel::kBase, 7), rowByRow);
         EXPECT_EQ(blended(BestCpuLevel(), 7), rowByRow);
     }
-}
-
-// Results that are larger than the caches go past them.
-TEST(Twins, LargePictures)
-{
-    constexpr std::int32_t kWidth = 1501;
-    constexpr std::int32_t kHeight = 1433; // 8.2 MiB in four planes, odd rows
-    const CPicture first(8, kWidth + 1, kHeight, 4, 1);
-    const CPicture second(8, kWidth + 1, kHeight, 4, 2);
-    const CPixView a = first.View(1, kWidth, kHeight);
-    const CPixView b = second.View(1, kWidth, kHeight);
-    CPixView mask = b;
-    mask.planeCount = 1;
-    const std::array<std::uint8_t, 256> table = AnyTable();
-    const std::array<std::uint8_t, 4> colour = {1, 90, 200, 255};
-    const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, kWidth, kHeight, 4, kernel); };
-    expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
-    expectTwins([&](const CPixView& out) { SubtractFloored(out, a, b); });
-    expectTwins([&](const CPixView& out) { Invert(out, a); });
-    expectTwins([&](const CPixView& out) { Invert(out, out); });
-    expectTwins([&](const CPixView& out) { Copy(out, a); });
-    expectTwins([&](const CPixView& out) { MapTable(out, a, table); });
-    expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
-    expectTwins([&](const CPixView& out) { Blend(out, a, out, 77); });
-    expectTwins([&](const CPixView& out) { BlendColour(out, colour, a, mask); });
-    expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
-    expectTwins([&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
-    expectTwins([&](const CPixView& out) {
-        CPixView wide = out; // the same rows as 16-bit pixels at odd addresses
-        wide.pixelBits = 16;
-        wide.width = kWidth / 2;
-        Fill<std::uint16_t>(wide, std::array<std::uint16_t, 2>{0x1234, 0xFEDC});
-    });
 }
 
 TEST(Twins, MosaicOfTallCells)
