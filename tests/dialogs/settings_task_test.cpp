@@ -16,9 +16,8 @@ struct Level : PSettings {
     int fLevel;
 };
 
-class Control : public CMessenger {
-public:
-    explicit Control(std::uint32_t abilities) : CMessenger(nullptr, {}, abilities) {}
+struct Control : CMessenger {
+    explicit Control(CMessenger* parent) : CMessenger(parent, {}, kCanTarget | kCanBullseye) {}
     bool BecomeBullseye(bool force) override
     {
         EXPECT_FALSE(force);
@@ -30,7 +29,6 @@ class Plugin : public CProcess, public PSettingsOwner, public PSettingsDialog {
 public:
     std::unique_ptr<PSettings>& CurrentSettings() override { return fSettings; }
     PSettingsDialog* CurrentDialog() override { return fDialog ? this : nullptr; }
-
     void SetValuesFromSettings(bool send) override
     {
         EXPECT_FALSE(send);
@@ -46,9 +44,7 @@ public:
     bool fDialog = true;
     bool fHasPreview = true;
     int fShown = 0;
-    Control fControl{CMessenger::kCanTarget | CMessenger::kCanBullseye};
-    Control fPreview{CMessenger::kCanTarget | CMessenger::kCanBullseye};
-    Control fWindow{CMessenger::kCanTarget | CMessenger::kCanBullseye};
+    Control fWindow{nullptr}, fControl{&fWindow}, fPreview{&fWindow};
 };
 
 std::unique_ptr<PSettingsTask> Change(int level, const char* control)
@@ -56,7 +52,9 @@ std::unique_ptr<PSettingsTask> Change(int level, const char* control)
     return std::make_unique<PSettingsTask>(std::make_unique<Level>(level), CObjID(control), false);
 }
 
-TEST(SettingsTaskTest, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
+} // namespace
+
+TEST(SettingsTask, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
 {
     Plugin plugin;
     PTaskStack stack;
@@ -75,15 +73,16 @@ TEST(SettingsTaskTest, DoingAndUndoingExchangeTheSettingsAndMoveTheFocus)
     EXPECT_TRUE(plugin.fWindow.IsBullseye());
     plugin.fControl.SetCanTarget(false);
     plugin.fHasPreview = true;
-    plugin.fDialog = false;
     stack.Undo();
-    EXPECT_EQ(plugin.Current(), 1);
-    EXPECT_EQ(plugin.fShown, 2) << "without a dialog nobody is told";
+    EXPECT_EQ(plugin.fShown, 1);
+    EXPECT_TRUE(plugin.fPreview.IsBullseye());
+    plugin.fDialog = false;
     stack.Redo();
     EXPECT_EQ(plugin.Current(), 2);
+    EXPECT_EQ(plugin.fShown, 1) << "without a dialog nobody is told";
 }
 
-TEST(SettingsTaskTest, WithoutAPluginNothingIsExchanged)
+TEST(SettingsTask, WithoutAPluginNothingIsExchanged)
 {
     CProcess plain;
     PTaskStack stack;
@@ -94,5 +93,3 @@ TEST(SettingsTaskTest, WithoutAPluginNothingIsExchanged)
     EXPECT_TRUE(stack.GetLimit(limit));
     EXPECT_EQ(limit, 100U);
 }
-
-} // namespace

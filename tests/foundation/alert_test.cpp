@@ -1,4 +1,6 @@
+// Message boxes, and the reporter that shows failures in them.
 #include "foundation/alert.h"
+#include "foundation/reporter.h"
 
 #include "foundation/test_process.h"
 #include "support/alert_capture.h"
@@ -11,12 +13,26 @@ namespace {
 
 constexpr std::uint32_t kForeground = 0x10000;
 
-std::uint32_t FlagsOf(int buttons, AlertButton defaultButton = AlertButton::kNone, AlertIcon icon = AlertIcon::kNone,
-                      AlertModality modality = AlertModality::kApplication)
+std::uint32_t FlagsOf(int buttons, AlertButton defaultButton = AlertButton::kNone, int icon = 0, int modality = 0)
 {
     AlertCapture user;
-    ShowAlert(AlertButtons{buttons}, icon, modality, "message", "", "title", defaultButton);
+    ShowAlert(AlertButtons{buttons}, AlertIcon{icon}, AlertModality{modality}, "message", "", "title", defaultButton);
     return user.boxes.at(0).flags;
+}
+
+AlertButton Show(const char* message = "m", const char* explanation = "", Platform::AlertParentWindow parent = nullptr)
+{
+    return ShowAlert(AlertButtons::kYesNo, AlertIcon::kNone, AlertModality::kTask, message, explanation,
+                     "$$$/Test/Alert/Title=Trouble", AlertButton::kNone, parent);
+}
+
+// The text of the box that the reporter shows for a failure; "beep" if it only beeps, "" if it is silent.
+CText Reported(const CException& failure)
+{
+    AlertCapture user;
+    CServiceT<CReporter>::Get()->Report(failure);
+    EXPECT_LE(user.boxes.size() + static_cast<std::size_t>(user.beeps), 1U);
+    return user.boxes.empty() ? CText(user.beeps != 0 ? "beep" : "") : user.boxes[0].text;
 }
 
 } // namespace
@@ -45,53 +61,60 @@ TEST(Alert, ChoosesIconAndModality)
 {
     const std::uint32_t icons[] = {0, 0x40, 0x20, 0x30, 0x10, 0};
     for (int icon = 0; icon < 6; ++icon)
-        EXPECT_EQ(FlagsOf(0, AlertButton::kNone, AlertIcon{icon}), icons[icon] | kForeground) << icon;
+        EXPECT_EQ(FlagsOf(0, AlertButton::kNone, icon), icons[icon] | kForeground) << icon;
     const std::uint32_t modalities[] = {0, 0x2000, 0x1000, 0};
     for (int modality = 0; modality < 4; ++modality)
-        EXPECT_EQ(FlagsOf(0, AlertButton::kNone, AlertIcon::kNone, AlertModality{modality}),
-                  modalities[modality] | kForeground)
-            << modality;
+        EXPECT_EQ(FlagsOf(0, AlertButton::kNone, 0, modality), modalities[modality] | kForeground) << modality;
 }
 
-TEST(Alert, LocalisesItsTexts)
-{
-    AlertCapture user;
-    ShowAlert(AlertButtons::kOK, AlertIcon::kWarning, AlertModality::kTask, "$$$/Test/Alert/Message=Disk^rfull.",
-              "$$$/Test/Alert/Explanation=Free some space.", "$$$/Test/Alert/Title=Trouble");
-    EXPECT_EQ(user.boxes.at(0).text, "Disk\rfull.\n\nFree some space.");
-    EXPECT_EQ(user.boxes.at(0).title, "Trouble");
-}
-
-TEST(Alert, LeavesOutAnExplanationThatResolvesToNothing)
-{
-    AlertCapture user;
-    ShowAlert(AlertButtons::kOK, AlertIcon::kNone, AlertModality::kTask, "message", "$$$/Test/Alert/Nothing", "title");
-    EXPECT_EQ(user.boxes.at(0).text, "message");
-}
-
-TEST(Alert, StandsBeforeTheFrontWindowUnlessItIsGivenOne)
+TEST(Alert, LocalisesItsTextsAndStandsBeforeTheFrontWindowUnlessItIsGivenOne)
 {
     int front = 0;
     int other = 0;
     TestProcess process;
     process.frontWindow = &front;
     AlertCapture user;
-    ShowAlert(AlertButtons::kOK, AlertIcon::kNone, AlertModality::kTask, "m", "", "t");
-    ShowAlert(AlertButtons::kOK, AlertIcon::kNone, AlertModality::kTask, "m", "", "t", AlertButton::kNone, &other);
-    EXPECT_EQ(user.boxes.at(0).parent, &front);
-    EXPECT_EQ(user.boxes.at(1).parent, &other);
+    Show("$$$/Test/Alert/Message=Disk^rfull.", "$$$/Test/Alert/Explanation=Free some space.");
+    EXPECT_EQ(user.boxes.at(0).text, "Disk\rfull.\n\nFree some space.");
+    EXPECT_EQ(user.boxes[0].title, "Trouble");
+    EXPECT_EQ(user.boxes[0].parent, &front);
+    Show("message", "$$$/Test/Alert/Nothing", &other);
+    EXPECT_EQ(user.boxes.at(1).text, "message") << "the explanation resolves to nothing";
+    EXPECT_EQ(user.boxes[1].parent, &other);
 }
 
 TEST(Alert, ReturnsTheAnswerOfTheYoungestHook)
 {
     AlertCapture outer(AlertButton::kYes);
-    const auto ask = [] {
-        return ShowAlert(AlertButtons::kYesNo, AlertIcon::kQuestion, AlertModality::kTask, "m", "", "t");
-    };
     {
         AlertCapture inner(AlertButton::kNo);
-        EXPECT_EQ(ask(), AlertButton::kNo);
+        EXPECT_EQ(Show(), AlertButton::kNo);
     }
-    EXPECT_EQ(ask(), AlertButton::kYes);
+    EXPECT_EQ(Show(), AlertButton::kYes);
     EXPECT_EQ(outer.boxes.size(), 1U);
+}
+
+TEST(Reporter, ShowsTaskAndErrorInAStopAlert)
+{
+    AlertCapture user;
+    CServiceT<CReporter>::Get()->Report(CError("$$$/Test/Reporter/Task=The frame was not read.", "The disk is gone."));
+    ASSERT_EQ(user.boxes.size(), 1U);
+    EXPECT_EQ(user.boxes[0].text, "The frame was not read.\n\nThe disk is gone.");
+    EXPECT_EQ(user.boxes[0].title, "Error");
+    EXPECT_EQ(user.boxes[0].flags, 0x12010U);
+}
+
+TEST(Reporter, FindsTheWordsForAFailureOrIsSilent)
+{
+    constexpr char kUnknown[] = "The operation could not be completed.";
+    EXPECT_EQ(Reported(CError("The end was reached.")), "The end was reached.");
+    EXPECT_EQ(Reported(CError()), kUnknown);
+    EXPECT_EQ(Reported(CException()), kUnknown) << "a task without an error";
+    EXPECT_EQ(Reported(CError("error", true, true)), "");
+    EXPECT_EQ(Reported(CError("error", true, false)), "");
+    EXPECT_EQ(Reported(CAbort(true)), "");
+    EXPECT_EQ(Reported(CError("error", false, false)), "beep");
+    AlertCapture user;
+    CServiceT<CReporter>::Get()->ReportUnknown();
+    EXPECT_EQ(user.boxes.at(0).text, kUnknown);
 }

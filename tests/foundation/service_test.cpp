@@ -6,25 +6,22 @@
 #include <vector>
 
 using namespace Kesto;
+using testing::ElementsAre;
 
 namespace {
 
-std::vector<std::string> gLog;
+using Log = std::vector<std::string>;
+Log gLog;
 
 template <char kName>
 struct Part {
     Part() { gLog.push_back(std::string("+") + kName); }
     ~Part() { gLog.push_back(std::string("-") + kName); }
-    Part(const Part&) = delete;
-    Part& operator=(const Part&) = delete;
 };
 
 // Uses another service while it goes.
 struct Clinging {
-    Clinging() = default;
     ~Clinging() { CServiceT<Part<'Z'>>::Get(); }
-    Clinging(const Clinging&) = delete;
-    Clinging& operator=(const Clinging&) = delete;
 };
 
 template <char kName>
@@ -38,6 +35,13 @@ protected:
         gLog.clear();
     }
     ~Service() override { ShutdownServices(); }
+
+    Log LogOfShutdown()
+    {
+        gLog.clear();
+        ShutdownServices();
+        return gLog;
+    }
 };
 
 } // namespace
@@ -45,58 +49,33 @@ protected:
 TEST_F(Service, IsMadeOnlyWhenAskedFor)
 {
     EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
-    EXPECT_TRUE(gLog.empty());
+    PartService<'A'>::Holder().Recreate();
+    EXPECT_THAT(gLog, ElementsAre());
     Part<'A'>* const made = PartService<'A'>::Get(true);
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(PartService<'A'>::Get(false), made);
     EXPECT_EQ(PartService<'A'>::Get(true), made);
-    EXPECT_THAT(gLog, testing::ElementsAre("+A"));
-}
-
-TEST_F(Service, ShutsDownNewestFirst)
-{
-    PartService<'A'>::Get();
-    PartService<'B'>::Get();
-    PartService<'C'>::Get();
-    gLog.clear();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("-C", "-B", "-A"));
-    EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
-}
-
-TEST_F(Service, CanBeUsedAgainAfterShutdown)
-{
-    PartService<'A'>::Get();
-    ShutdownServices();
-    PartService<'A'>::Get();
-    gLog.clear();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("-A"));
-}
-
-TEST_F(Service, BecomesNewestWhenMadeAgain)
-{
-    PartService<'A'>::Get();
-    PartService<'B'>::Get();
-    PartService<'A'>::Holder().Destroy();
-    PartService<'A'>::Get();
-    gLog.clear();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("-A", "-B"));
-}
-
-TEST_F(Service, RecreatesOnlyWhatExists)
-{
     PartService<'A'>::Holder().Recreate();
-    EXPECT_TRUE(gLog.empty());
-    PartService<'A'>::Get();
-    PartService<'A'>::Holder().Recreate();
-    EXPECT_THAT(gLog, testing::ElementsAre("+A", "-A", "+A"));
+    EXPECT_THAT(gLog, ElementsAre("+A", "-A", "+A"));
+}
+
+TEST_F(Service, ShutsDownNewestFirstAndCanBeUsedAgain)
+{
+    for (const bool makeAgain : {false, true}) {
+        PartService<'A'>::Get();
+        PartService<'B'>::Get();
+        PartService<'C'>::Get();
+        if (makeAgain) {
+            PartService<'B'>::Holder().Destroy();
+            PartService<'B'>::Get(); // the newest now
+        }
+        EXPECT_EQ(LogOfShutdown(), (makeAgain ? Log{"-B", "-C", "-A"} : Log{"-C", "-B", "-A"}));
+        EXPECT_EQ(PartService<'A'>::Get(false), nullptr);
+    }
 }
 
 TEST_F(Service, MadeDuringShutdownIsDestroyedToo)
 {
     CServiceT<Clinging>::Get();
-    ShutdownServices();
-    EXPECT_THAT(gLog, testing::ElementsAre("+Z", "-Z"));
+    EXPECT_THAT(LogOfShutdown(), ElementsAre("+Z", "-Z"));
 }

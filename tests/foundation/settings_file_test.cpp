@@ -1,205 +1,200 @@
+// The state of a window, and the file that keeps it and the settings of a project.
 #include "foundation/settings_file.h"
 
 #include "foundation/exceptions.h"
 #include "foundation/memory_container.h"
 #include "foundation/plugin_settings.h"
+#include "foundation/window_state.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cstdint>
+#include <limits>
+#include <map>
 #include <memory>
-#include <string>
-#include <string_view>
+#include <vector>
 
-namespace Kesto {
+using namespace Kesto;
+
 namespace {
+
+using Keys = std::map<std::string, double, std::less<>>;
+
+WindowState FromLayout(const Keys& keys)
+{
+    return WindowStateFromLayout([&](std::string_view key) -> std::optional<double> {
+        const auto found = keys.find(key);
+        return found == keys.end() ? std::nullopt : std::optional(found->second);
+    });
+}
+
+// A state of which only this is known.
+WindowState Sized(double sizeX, double sizeY, double positionX = 0, double positionY = 0)
+{
+    return {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, sizeX, sizeY, positionX, positionY, 2, 2};
+}
 
 // Settings of a project that has one number to remember.
 class PNumber final : public Project::PSettings {
 public:
     void Read(CStream& in, std::uint32_t size) override
     {
-        fSize = size;
+        EXPECT_EQ(size, 4U);
         fNumber = in.ReadInt32();
     }
     void Write(CStream& out) const override { out.WriteInt32(fNumber); }
 
     std::int32_t fNumber = 0;
-    std::uint32_t fSize = 0;
 };
 
 struct NumberSettings : PluginSettings {
     NumberSettings() { project = std::make_unique<PNumber>(); }
-    PNumber& Number() { return static_cast<PNumber&>(*project); }
+    std::int32_t& Number() { return static_cast<PNumber&>(*project).fNumber; }
 };
 
+const WindowState kDefaults = WindowState::FromNothing();
 constexpr WindowState kWindow{3, 1, 1.5, -2, 3e10, 4, 5, 6, 7, 8, 640, 480, -0.25, 99, -3, 32767};
 
-// Writes the parts of a file one by one, right or wrong.
-class FileMaker {
-public:
-    explicit FileMaker(std::endian order) { file.SetByteOrder(order); }
-
-    FileMaker& Header(Tag owner, Tag tag, std::uint32_t version, std::uint32_t size)
-    {
-        file.WriteTag(owner);
-        file.WriteTag(tag);
-        file.WriteInt32(0);
-        file.WriteUInt32(version);
-        file.WriteUInt32(size);
-        return *this;
-    }
-    FileMaker& FileHeader(std::uint32_t version = 0, std::uint32_t size = 1000)
-    {
-        return Header(MakeTag("Kest"), MakeTag("Proj"), version, size);
-    }
-    FileMaker& Window(std::uint32_t blockVersion = 2, std::uint32_t chunkVersion = 0, std::uint32_t chunkSize = 116)
-    {
-        Header(MakeTag("Kest"), MakeTag("WnSt"), chunkVersion, chunkSize);
-        file.WriteUInt32(blockVersion);
-        file.WriteUInt32(108);
-        VisitWindowStateFields(kWindow, [&]<class T>(const T& field, const char*) { file.WriteValue<T>(field); });
-        return *this;
-    }
-    FileMaker& Zero()
-    {
-        file.WriteUInt32(0);
-        return *this;
-    }
-
-    PluginSettings Load()
-    {
-        file.SetByteOrder(std::endian::big);
-        PluginSettings settings;
-        SettingsFileLoad(settings, file);
-        return settings;
-    }
-
-    CMemoryContainer file;
-};
-
+// A file that was saved, byte order by byte order: 20 bytes of header, the window's chunk, the project's, and a zero.
 class SettingsFile : public testing::TestWithParam<std::endian> {
 protected:
-    FileMaker Make() { return FileMaker(GetParam()); }
+    SettingsFile()
+    {
+        NumberSettings saved;
+        saved.window = kWindow;
+        saved.Number() = -7;
+        fFile.SetByteOrder(GetParam());
+        SettingsFileSave(saved, fFile);
+    }
+
+    // Puts a number at a place of the file and returns the former one.
+    std::uint32_t Put(std::uint64_t place, std::uint32_t number)
+    {
+        fFile.Seek(place);
+        const std::uint32_t former = fFile.ReadUInt32();
+        fFile.Seek(place);
+        fFile.WriteUInt32(number);
+        return former;
+    }
+
+    // What is loaded from the first bytes of the file. After a failure, what there was until then.
+    NumberSettings Load(std::size_t size = kSize, bool fails = false)
+    {
+        CMemoryContainer file;
+        file.Write(fFile.Bytes().data(), size);
+        NumberSettings loaded;
+        if (fails)
+            EXPECT_THROW(SettingsFileLoad(loaded, file), CError) << size;
+        else
+            SettingsFileLoad(loaded, file);
+        return loaded;
+    }
+
+    static constexpr std::size_t kSize = 184;
+    CMemoryContainer fFile;
 };
 
-INSTANTIATE_TEST_SUITE_P(ByteOrders, SettingsFile, testing::Values(std::endian::big, std::endian::little),
-                         [](const auto& test) { return test.param == std::endian::big ? "Big" : "Little"; });
+INSTANTIATE_TEST_SUITE_P(ByteOrders, SettingsFile, testing::Values(std::endian::big, std::endian::little));
 
-TEST_P(SettingsFile, KeepsWhatWasSaved)
+} // namespace
+
+TEST(WindowState, HasItsDefaultsOrTheSizeOfTheView)
 {
-    NumberSettings saved;
-    saved.window = kWindow;
-    saved.Number().fNumber = -7;
-    CMemoryContainer file;
-    file.SetByteOrder(GetParam());
-    SettingsFileSave(saved, file);
-
-    file.SetByteOrder(std::endian::big);
-    NumberSettings loaded;
-    SettingsFileLoad(loaded, file);
-    EXPECT_EQ(loaded.window, kWindow);
-    EXPECT_EQ(loaded.Number().fNumber, -7);
-    EXPECT_EQ(loaded.Number().fSize, 4u);
+    EXPECT_EQ(WindowState(), Sized(-100, -100));
+    EXPECT_EQ(WindowState::FromNothing(), Sized(0, 0, -50, -33));
+    EXPECT_EQ(FromLayout({}), Sized(0, 0));
+    EXPECT_EQ(FromLayout({{"width", 320}, {"height", 200.5}}), Sized(320, 200.5));
+    EXPECT_EQ(FromLayout({{"width", 320}, {"height", 200.5}, {"window_size_x", 7}}), Sized(7, 200.5));
 }
 
-TEST_P(SettingsFile, HasItsChunksInTheirPlaces)
+TEST(WindowState, ReadsEveryLayoutKey)
 {
-    CMemoryContainer file;
-    file.SetByteOrder(GetParam());
-    PluginSettings settings;
-    settings.window = kWindow;
-    SettingsFileSave(settings, file);
+    Keys keys;
+    for (const char* key :
+         {"window_state", "window_monitor", "window_last_left", "window_last_top", "window_last_right",
+          "window_last_bottom", "window_user_left", "window_user_top", "window_user_right", "window_user_bottom",
+          "window_size_x", "window_size_y", "window_position_x", "window_position_y", "window_slop_x", "window_slop_y"})
+        keys.emplace(key, keys.size() + 1);
+    EXPECT_EQ(FromLayout(keys), (WindowState{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
+}
 
-    FileMaker expected = Make();
-    expected.FileHeader(0, 160).Window();
-    expected.Header(MakeTag("Proj"), MakeTag("Sett"), 0, 0).Zero();
-    const auto text = [](std::span<const std::byte> bytes) {
-        return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+TEST(WindowState, HoldsNumbersWithinItsIntegerFields)
+{
+    WindowState expected = Sized(0, 0);
+    expected.state = std::numeric_limits<std::int32_t>::max();
+    expected.slopX = -32768;
+    expected.slopY = 32767;
+    EXPECT_EQ(FromLayout({{"window_state", 1e300}, {"window_slop_x", -1e300}, {"window_slop_y", 40000}}), expected);
+    EXPECT_EQ(FromLayout({{"window_monitor", std::numeric_limits<double>::quiet_NaN()}}), Sized(0, 0));
+}
+
+TEST_P(SettingsFile, HasItsNumbersInTheirPlaces)
+{
+    const struct {
+        std::uint64_t place;
+        std::vector<std::uint32_t> numbers;
+    } rows[] = {
+        {0, {MakeTag("Kest"), MakeTag("Proj"), 0, 0, 164}},
+        {20, {MakeTag("Kest"), MakeTag("WnSt"), 0, 0, 116, 2, 108}},
+        {156, {MakeTag("Proj"), MakeTag("Sett"), 0, 0, 4, 0xFFFFFFF9, 0}},
     };
-    EXPECT_EQ(text(file.Bytes()), text(expected.file.Bytes()));
-    EXPECT_EQ(text(file.Bytes()).substr(0, 4), GetParam() == std::endian::big ? "Kest" : "tseK");
+    ASSERT_EQ(fFile.GetSize(), kSize);
+    for (const auto& row : rows) {
+        fFile.Seek(row.place);
+        for (const std::uint32_t number : row.numbers)
+            EXPECT_EQ(fFile.ReadUInt32(), number) << row.place;
+    }
+    fFile.Seek(48);
+    VisitWindowStateFields(
+        kWindow, [&]<class T>(const T& field, const char* name) { EXPECT_EQ(fFile.ReadValue<T>(), field) << name; });
+    EXPECT_EQ(std::to_integer<char>(fFile.Bytes()[0]), GetParam() == std::endian::big ? 'K' : 't');
 }
 
-TEST_P(SettingsFile, SkipsChunksThatItDoesNotKnow)
+TEST_P(SettingsFile, IsReadByChunksAndPassesWhatItDoesNotKnow)
 {
-    FileMaker maker = Make();
-    maker.FileHeader().Header(MakeTag("Else"), MakeTag("WnSt"), 0, 5).file.Write("12345", 5);
-    maker.Header(MakeTag("Kest"), MakeTag("Proj"), 0, 0).Window(2, 1).Window().Zero();
-    EXPECT_EQ(maker.Load().window, kWindow);
-}
-
-TEST_P(SettingsFile, GoesOnBehindAChunkBySizeWhateverItHolds)
-{
-    FileMaker longer = Make();
-    longer.FileHeader().Window(2, 0, 120).Zero().Zero();
-    EXPECT_EQ(longer.Load().window, kWindow);
-    // A chunk that says it ends within the state: the bytes there are taken for an owner, and the file for cut.
-    FileMaker shorter = Make();
-    shorter.FileHeader().Window(2, 0, 8).Zero();
-    EXPECT_THROW(shorter.Load(), CError);
-}
-
-TEST_P(SettingsFile, KeepsTheDefaultsForAWindowStateOfAnotherVersion)
-{
-    FileMaker chunk = Make();
-    EXPECT_EQ(chunk.FileHeader().Window(2, 1).Zero().Load().window, WindowState::FromNothing());
-    FileMaker block = Make();
-    EXPECT_EQ(block.FileHeader().Window(1).Zero().Load().window, WindowState::FromNothing());
-}
-
-TEST_P(SettingsFile, IgnoresWhatIsNoSettingsFile)
-{
-    const auto with = [&](Tag owner, Tag tag, std::uint32_t version, std::uint32_t size) {
-        FileMaker maker = Make();
-        maker.Header(owner, tag, version, size).Window().Zero();
-        return maker.Load().window;
+    const struct {
+        std::vector<std::pair<std::uint64_t, std::uint32_t>> changes; // a number at a place, one at a time
+        bool window;                                                  // is loaded
+        bool project;
+    } rows[] = {
+        {{{0, MakeTag("Kesu")}, {4, MakeTag("Proi")}, {12, 1}, {16, 4}}, false, false},
+        {{{16, 5}, {28, 1}}, true, true},
+        {{{20, MakeTag("Else")}, {24, MakeTag("Proj")}, {32, 1}, {40, 1}}, false, true},
+        {{{156, MakeTag("Kest")}, {160, MakeTag("WnSt")}, {168, 1}}, true, false},
+        {{{36, 140}}, true, false}, // the window's chunk ends behind the project's
     };
-    EXPECT_EQ(Make().Load().window, WindowState::FromNothing());
-    EXPECT_EQ(Make().FileHeader().Load().window, WindowState::FromNothing());
-    EXPECT_EQ(with(MakeTag("Kesu"), MakeTag("Proj"), 0, 140), WindowState::FromNothing());
-    EXPECT_EQ(with(MakeTag("Kest"), MakeTag("Proi"), 0, 140), WindowState::FromNothing());
-    EXPECT_EQ(with(MakeTag("Kest"), MakeTag("Proj"), 1, 140), WindowState::FromNothing());
-    EXPECT_EQ(with(MakeTag("Kest"), MakeTag("Proj"), 0, 4), WindowState::FromNothing());
-    EXPECT_EQ(with(MakeTag("Kest"), MakeTag("Proj"), 0, 5), kWindow);
+    for (const auto& row : rows)
+        for (const auto& [place, number] : row.changes) {
+            const std::uint32_t former = Put(place, number);
+            NumberSettings loaded = Load();
+            EXPECT_EQ(loaded.window, row.window ? kWindow : kDefaults) << place;
+            EXPECT_EQ(loaded.Number(), row.project ? -7 : 0) << place;
+            Put(place, former);
+        }
 }
 
-// The window state ends at byte 156, and the file at 184.
+// The window state ends at byte 156, and the project's number at 180.
 TEST_P(SettingsFile, EndsWithTheEndOfDataErrorWhereverItIsCut)
 {
-    NumberSettings saved;
-    saved.window = kWindow;
-    CMemoryContainer whole;
-    whole.SetByteOrder(GetParam());
-    SettingsFileSave(saved, whole);
-    ASSERT_EQ(whole.GetSize(), 184u);
-    for (std::size_t size = 0; size < whole.GetSize(); ++size) {
-        CMemoryContainer cut;
-        cut.Write(whole.Bytes().data(), size);
-        NumberSettings loaded;
-        if (size <= 20)
-            SettingsFileLoad(loaded, cut);
-        else
-            EXPECT_THROW(SettingsFileLoad(loaded, cut), CError) << size;
-        EXPECT_EQ(loaded.window, size < 156 ? WindowState::FromNothing() : kWindow) << size;
+    for (std::size_t size = 0; size <= kSize; ++size) {
+        NumberSettings loaded = Load(size, size > 20 && size < kSize);
+        EXPECT_EQ(loaded.window, size < 156 ? kDefaults : kWindow) << size;
+        EXPECT_EQ(loaded.Number(), size < 180 ? 0 : -7) << size;
     }
 }
 
 TEST_P(SettingsFile, SurvivesSizesThatLie)
 {
-    for (const std::uint32_t size : {1u, 115u, 117u, 140u, 0x7FFFFFFFu, 0xFFFFFFECu, 0xFFFFFFFFu}) {
-        FileMaker maker = Make();
-        maker.FileHeader().Window(2, 0, size).Zero();
-        EXPECT_THROW(maker.Load(), CError) << size;
+    // A chunk that says it ends within the state: the bytes there are taken for an owner, and the file for cut.
+    for (const std::uint32_t size : {1u, 8u, 115u, 117u, 0x7FFFFFFFu, 0xFFFFFFECu, 0xFFFFFFFFu}) {
+        Put(36, size);
+        Load(kSize, true);
     }
-    for (const std::uint32_t size : {5u, 140u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
-        FileMaker maker = Make();
-        maker.FileHeader().Header(MakeTag("Kest"), MakeTag("WnSt"), 0, 8).file.WriteUInt32(1);
-        maker.file.WriteUInt32(size);
-        EXPECT_THROW(maker.Zero().Load(), CError) << size;
+    Put(36, 116);
+    Put(40, 1); // a state of another version, passed by its own size
+    for (const std::uint32_t size : {137u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        Put(44, size);
+        Load(kSize, true);
     }
 }
-
-} // namespace
-} // namespace Kesto

@@ -9,85 +9,90 @@
 #include "platform/user_folders.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <string>
 #include <string_view>
 
-namespace Kesto {
-namespace {
-
+using namespace Kesto;
 using testing::ElementsAre;
 
+namespace {
+
 // The store of a process that keeps its files in another folder.
-class CFolderStore final : public CSettingsStore {
-public:
-    explicit CFolderStore(CFileSpec folder) : fFolder(std::move(folder)) {}
-    void GetSettingsFolder(CFileSpec& out) override { out = fFolder; }
-
-private:
-    CFileSpec fFolder;
-};
-
-void Fill(CContainer& container, std::string_view text)
-{
-    container.Write(text.data(), text.size());
-}
-
-std::string_view Text(const CMemoryContainer& container)
-{
-    return {reinterpret_cast<const char*>(container.Bytes().data()), container.Bytes().size()};
-}
-
-class SettingsStore : public testing::Test {
+class SettingsStore : public testing::Test, public CSettingsStore {
 protected:
-    bool Read(const char* fileName) { return fStore.ReadSettingsData("", "", fileName, fData, false); }
-    bool Write(const char* fileName) { return fStore.WriteSettingsData("", "", fileName, fData, false); }
+    void GetSettingsFolder(CFileSpec& out) override { out = fFolder.Spec(); }
+
+    void Fill(std::string_view text)
+    {
+        fData.SetSize(0);
+        fData.Write(text.data(), text.size());
+    }
+    std::string_view Text() const { return {reinterpret_cast<const char*>(fData.Bytes().data()), fData.GetSize()}; }
+
+    bool Read(const char* fileName) { return ReadSettingsData("", "", fileName, fData, false); }
+    bool Write(const char* fileName) { return WriteSettingsData("", "", fileName, fData, false); }
 
     TemporaryFolder fFolder;
-    CFolderStore fStore{fFolder.Spec()};
     CMemoryContainer fData;
 };
 
+Platform::ModifierKeys gHeld; // by the user
+
+class SettingsRecord : public SettingsStore, public CSettingsOwner {
+protected:
+    SettingsRecord()
+    {
+        gHeld = {};
+        Save(70);
+    }
+
+    void GetSettingsLocation(CText& keyPath, CText& fileName) override
+    {
+        keyPath = "unused";
+        fileName = "record.lgp";
+    }
+
+    CSettingsRecord Record()
+    {
+        return CSettingsRecord(*this, *this, [] { return gHeld; });
+    }
+    void Save(double positionX)
+    {
+        CSettingsRecord record = Record();
+        record.Get().window.positionX = positionX;
+        EXPECT_TRUE(record.Save());
+    }
+};
+
+} // namespace
+
 TEST_F(SettingsStore, KeepsAFileUnderItsLocalisedName)
 {
-    Fill(fData, "settings");
+    Fill("settings");
     EXPECT_TRUE(Write("$$$/SettingsStoreTest/File=My Prefs.lgp"));
     EXPECT_EQ(fFolder.Content("My Prefs.lgp"), "settings");
     fData.SetSize(2);
     EXPECT_TRUE(Read("$$$/SettingsStoreTest/File=My Prefs.lgp"));
-    EXPECT_EQ(Text(fData), "settings");
+    EXPECT_EQ(Text(), "settings");
     EXPECT_EQ(fData.GetPosition(), 0u);
-}
-
-TEST_F(SettingsStore, HasNothingForAFileThatIsMissingOrEmpty)
-{
-    Fill(fData, "before");
     EXPECT_FALSE(Read("none.lgp"));
     EXPECT_EQ(fData.GetSize(), 0u);
     fFolder.Write("empty.lgp", "");
     EXPECT_FALSE(Read("empty.lgp"));
-}
-
-TEST_F(SettingsStore, WritesNothingFromAnEmptyContainer)
-{
     fFolder.Write("file.lgp", "old");
-    EXPECT_FALSE(Write("file.lgp"));
+    EXPECT_FALSE(Write("file.lgp")) << "there is nothing to write";
     EXPECT_EQ(fFolder.Content("file.lgp"), "old");
 }
 
-TEST_F(SettingsStore, RefusesAFolderInThePlaceOfTheFile)
+TEST_F(SettingsStore, RefusesAFolderInThePlaceOfTheFileAndAFileOfUnlikelySize)
 {
-    std::filesystem::create_directory(fFolder.Path() / "file.lgp");
-    Fill(fData, "settings");
-    EXPECT_THROW(Write("file.lgp"), CSystemError);
-    EXPECT_THROW(Read("file.lgp"), CSystemError);
+    std::filesystem::create_directory(fFolder.Path() / "folder.lgp");
+    Fill("settings");
+    EXPECT_THROW(Write("folder.lgp"), CSystemError);
+    EXPECT_THROW(Read("folder.lgp"), CSystemError);
     EXPECT_EQ(fFolder.Count(), 1);
-}
-
-TEST_F(SettingsStore, TakesNoFileOfUnlikelySizeIntoMemory)
-{
     fFolder.Write("file.lgp", "x");
     std::filesystem::resize_file(fFolder.Path() / "file.lgp", std::uintmax_t{1} << 32);
     EXPECT_THROW(Read("file.lgp"), std::bad_alloc);
@@ -99,17 +104,16 @@ TEST_F(SettingsStore, KeepsAValueUnderKeyPathAndName)
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
     const CText key = CText::Join({"$$$/SettingsStoreTest/Key=SidecarTest^L", std::to_string(now), "^LLevel"});
     const CText name("$$$/SettingsStoreTest/Name=Value");
-    EXPECT_FALSE(fStore.ReadSettingsData(key, name, "file", fData, true));
-    Fill(fData, "first and longer");
-    EXPECT_TRUE(fStore.WriteSettingsData(key, name, "file", fData, true));
-    fData.SetSize(0);
-    Fill(fData, "second");
-    EXPECT_TRUE(fStore.WriteSettingsData(key, name, "file", fData, true));
-    CMemoryContainer read;
-    EXPECT_TRUE(fStore.ReadSettingsData(key, name, "file", read, true));
-    EXPECT_EQ(Text(read), "second");
-    EXPECT_FALSE(fStore.ReadSettingsData(key, "another", "file", read, true));
-    EXPECT_EQ(read.GetSize(), 0u);
+    EXPECT_FALSE(ReadSettingsData(key, name, "file", fData, true));
+    for (const char* text : {"first and longer", "second"}) {
+        Fill(text);
+        EXPECT_TRUE(WriteSettingsData(key, name, "file", fData, true));
+        fData.SetSize(1);
+        EXPECT_TRUE(ReadSettingsData(key, name, "file", fData, true));
+        EXPECT_EQ(Text(), text);
+    }
+    EXPECT_FALSE(ReadSettingsData(key, "another", "file", fData, true));
+    EXPECT_EQ(fData.GetSize(), 0u);
     EXPECT_EQ(fFolder.Count(), 0);
 
     std::string userData;
@@ -117,83 +121,50 @@ TEST_F(SettingsStore, KeepsAValueUnderKeyPathAndName)
     std::filesystem::remove_all(std::filesystem::path(userData) / "SidecarTest");
 }
 
-TEST(SettingsLocations, NameTheFoldersOfEachEdition)
+TEST(SettingsFolder, HasTheNamesOfItsEdition)
 {
     EXPECT_THAT(SettingsFolderNames(Edition::kLumograph),
                 ElementsAre("Orlen", "Orlen Lumograph 2025", "Orlen Lumograph 2025 Settings"));
     EXPECT_THAT(SettingsFolderNames(Edition::kQuartets), ElementsAre("Orlen", "Orlen Lumograph 2025", "Quartets"));
-}
 
-TEST(SettingsFolder, IsMadeForTheEditionOfTheBuild)
-{
     CSettingsStore store;
     CFileSpec folder;
     store.GetSettingsFolder(folder);
-    const std::filesystem::path path(std::string(folder.Path().View()));
+    std::filesystem::path path(folder.Path().CStr());
     EXPECT_TRUE(std::filesystem::is_directory(path));
-    EXPECT_EQ(path.filename().string(), SettingsFolderNames(HostEdition())[2].View());
-    EXPECT_EQ(path.parent_path().filename(), "Orlen Lumograph 2025");
-    EXPECT_EQ(path.parent_path().parent_path().filename(), "Orlen");
+    for (const int level : {2, 1, 0}) {
+        EXPECT_EQ(path.filename().string(), SettingsFolderNames(HostEdition())[static_cast<std::size_t>(level)].View());
+        path = path.parent_path();
+    }
 }
-
-class SettingsRecord : public SettingsStore, public CSettingsOwner {
-protected:
-    void GetSettingsLocation(CText& keyPath, CText& fileName) override
-    {
-        keyPath = "unused";
-        fileName = "record.lgp";
-    }
-
-    static Platform::ModifierKeys Held(bool control, bool alt, bool shift) { return {control, alt, shift}; }
-
-    void SaveWindow(double positionX)
-    {
-        CSettingsRecord record(*this, fStore, [] { return Held(false, false, false); });
-        record.Get().window.positionX = positionX;
-        EXPECT_TRUE(record.Save());
-    }
-    double LoadedPosition(CSettingsRecord::KeyboardReader keyboard)
-    {
-        return CSettingsRecord(*this, fStore, keyboard).Get().window.positionX;
-    }
-};
 
 TEST_F(SettingsRecord, IsLoadedOnceAndKept)
 {
-    SaveWindow(70);
-    CSettingsRecord record(*this, fStore);
+    CSettingsRecord record(*this, *this);
     EXPECT_EQ(record.Get().window.positionX, 70);
-    SaveWindow(80);
+    Save(80);
     EXPECT_EQ(record.Get().window.positionX, 70);
-}
-
-TEST_F(SettingsRecord, HasItsDefaultsWithoutAFile)
-{
-    EXPECT_EQ(CSettingsRecord(*this, fStore).Get().window, WindowState::FromNothing());
+    std::filesystem::remove(fFolder.Path() / "record.lgp");
+    EXPECT_EQ(Record().Get().window, WindowState::FromNothing());
     EXPECT_EQ(fFolder.Count(), 0);
 }
 
 TEST_F(SettingsRecord, IsNotLoadedWithAllThreeModifiersHeld)
 {
-    SaveWindow(70);
     const std::string stored = fFolder.Content("record.lgp");
-    EXPECT_EQ(LoadedPosition([] { return Held(true, true, true); }), -50);
+    for (int held = 0; held < 8; ++held) {
+        gHeld = {(held & 1) != 0, (held & 2) != 0, (held & 4) != 0};
+        EXPECT_EQ(Record().Get().window.positionX, held == 7 ? -50 : 70) << held;
+    }
     EXPECT_EQ(fFolder.Content("record.lgp"), stored);
-    EXPECT_EQ(LoadedPosition([] { return Held(false, true, true); }), 70);
-    EXPECT_EQ(LoadedPosition([] { return Held(true, false, true); }), 70);
-    EXPECT_EQ(LoadedPosition([] { return Held(true, true, false); }), 70);
 }
 
 TEST_F(SettingsRecord, TellsOfACutFileOnceAndGoesOnWithItsDefaults)
 {
-    SaveWindow(70);
     std::filesystem::resize_file(fFolder.Path() / "record.lgp", 100);
-    CSettingsRecord record(*this, fStore);
+    CSettingsRecord record = Record();
     EXPECT_THROW(record.Get(), CError);
     EXPECT_EQ(record.Get().window, WindowState::FromNothing());
     EXPECT_TRUE(record.Save());
-    EXPECT_EQ(CSettingsRecord(*this, fStore).Get().window, WindowState::FromNothing());
+    EXPECT_EQ(Record().Get().window, WindowState::FromNothing());
 }
-
-} // namespace
-} // namespace Kesto

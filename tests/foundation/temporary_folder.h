@@ -29,14 +29,12 @@ public:
     }
 
     const std::filesystem::path& Path() const { return fPath; }
-    Kesto::CFileSpec Spec() const { return Spec(fPath); }
-    Kesto::CFileSpec File(const char* name) const { return Spec().Child(name); }
-
-    static Kesto::CFileSpec Spec(const std::filesystem::path& path)
+    Kesto::CFileSpec Spec() const
     {
-        const std::u8string utf8 = path.u8string();
+        const std::u8string utf8 = fPath.u8string();
         return Kesto::CFileSpec(Kesto::CText(std::string(utf8.begin(), utf8.end())));
     }
+    Kesto::CFileSpec File(const char* name) const { return Spec().Child(name); }
 
     void Write(const char* name, std::string_view bytes) const
     {

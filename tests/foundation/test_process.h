@@ -5,16 +5,12 @@
 
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 class TestProcess final : public Kesto::CProcessServices {
 public:
-    struct Report {
-        const char* message;
-        const char* file;
-        std::uint32_t line;
-        bool throwIt;
-    };
+    using Report = std::tuple<std::string, std::string, std::uint32_t, bool>;
 
     TestProcess() : fFormer(SetCurrent(this)) {}
     ~TestProcess() { SetCurrent(fFormer); }
@@ -31,7 +27,7 @@ public:
     bool IsMainThread() override { return isMainThread; }
     bool PostDebugReport(const char* message, const char* file, std::uint32_t line, bool throwIt) override
     {
-        posted.push_back({message, file, line, throwIt});
+        posted.emplace_back(message, file, line, throwIt);
         return true;
     }
 

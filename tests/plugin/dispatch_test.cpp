@@ -2,10 +2,13 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
-namespace Testing {
-namespace {
+#include "plugin/plugin_registry.h"
 
-using ::testing::IsEmpty;
+extern "C" void EntryBMP(int16_t selector, void* record, intptr_t* data, int16_t* result);
+
+using namespace Testing;
+
+namespace {
 
 // An object reads the host's scaling once in its life, when it is made.
 int ObjectsMade(const ScriptableHost& host)
@@ -23,70 +26,50 @@ bool ObjectLives(ScriptableHost& host)
     return ObjectsMade(host) == before;
 }
 
-using Dispatch = ModuleTest;
+class Dispatch : public ModuleTest {
+protected:
+    const Bytes fPixel = OneFrameFile({.width = 1, .height = 1, .pixels = {1, 2, 3}});
+};
 
-TEST_F(Dispatch, SelectorsWithoutMeaningTouchNothing)
-{
-    for (const int selector : {18, 19, 41, 42, 255, 32767, -1, -2, -32768})
-        EXPECT_EQ(host.Call(static_cast<int16_t>(selector)), 0) << selector;
-    EXPECT_THAT(host.Calls(), IsEmpty());
-    EXPECT_EQ(host.data, 0);
-}
+} // namespace
 
-TEST_F(Dispatch, FindingSelectorsNeedAnObject)
+TEST_F(Dispatch, SelectorsMakeFindAndEndTheObject)
 {
-    for (const int16_t selector : {3, 4, 7, 8, 11, 12, 15, 16, 35, 36, 37, 38, 39, 40})
-        EXPECT_EQ(host.Call(selector), 0) << selector;
-    EXPECT_THAT(host.Calls(), IsEmpty());
-    EXPECT_EQ(host.data, 0);
-}
-
-TEST_F(Dispatch, AnObjectEndsAsItsSelectorSays)
-{
-    struct Row {
-        int16_t selector;
-        int16_t result;
-        bool lives; // afterwards, having lived before
+    const struct {
+        std::vector<int> selectors;
+        bool make;
+        int result;   // of a living object
+        bool survive; // it does
+    } rows[] = {
+        {{1, 5, 6, 9, 10, 13, 24}, true, 0, true},
+        {{20, 21, 22, 23, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34}, true, 0, false},
+        {{2, 17}, true, kHostCannotRead, false},
+        {{14}, true, kHostBadMode, false},
+        {{4, 8, 12, 16}, false, 0, false},
+        {{35, 38}, false, kHostBadMode, false},
+        {{36, 39}, false, kHostBadMode, true},
+        {{3}, false, kHostCannotRead, true},
+        {{15}, false, kHostMemoryFull, true},
+        {{7, 11, 37, 40}, false, 0, true},
+        {{18, 19, 41, 42, 255, 32767, -1, -2, -32768}, false, 0, true}, // mean nothing
     };
-    constexpr Row kRows[] = {
-        {1, 0, true},        {3, kHostCannotRead, true},
-        {4, 0, false},       {5, 0, true},
-        {6, 0, true},        {7, 0, true},
-        {8, 0, false},       {9, 0, true},
-        {10, 0, true},       {11, 0, true},
-        {12, 0, false},      {13, 0, true},
-        {15, -108, true},    {16, 0, false},
-        {17, -30501, false}, {18, 0, true},
-        {20, 0, false},      {21, 0, false},
-        {22, 0, false},      {23, 0, false},
-        {26, 0, false},      {27, 0, false},
-        {30, 0, false},      {33, 0, false},
-        {34, 0, false},      {35, -30500, false},
-        {36, -30500, true},  {37, 0, true},
-        {38, -30500, false}, {39, -30500, true},
-        {40, 0, true},       {41, 0, true},
-        {2, -30501, false},  {14, -30500, false},
-    };
-    for (const Row& row : kRows) {
-        ScriptableHost each;
-        each.fault = Fault{Kind::kOpen, 0};
-        EXPECT_EQ(each.Call(kFormatReadPrepare), 0);
-        EXPECT_EQ(each.Call(row.selector), row.result) << row.selector;
-        EXPECT_EQ(ObjectLives(each), row.lives) << row.selector;
-        ExpectClean(each);
-    }
-}
-
-TEST_F(Dispatch, AcquiringSelectorsMakeTheObject)
-{
-    for (const int16_t selector :
-         {1, 2, 5, 6, 9, 10, 13, 14, 17, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34}) {
-        ScriptableHost each;
-        each.fault = Fault{Kind::kOpen, 0};
-        each.Call(selector);
-        EXPECT_EQ(ObjectsMade(each), 1) << selector;
-        ExpectClean(each);
-    }
+    for (const auto& row : rows)
+        for (const int number : row.selectors) {
+            SCOPED_TRACE(number);
+            const auto selector = static_cast<int16_t>(number);
+            ScriptableHost alone;
+            alone.fault = Fault{Kind::kOpen, 0};
+            const int16_t result = alone.Call(selector);
+            EXPECT_EQ(ObjectsMade(alone), row.make ? 1 : 0);
+            EXPECT_TRUE(row.make || (result == 0 && alone.Calls().empty() && alone.data == 0));
+            ExpectClean(alone);
+            ScriptableHost living;
+            living.fault = Fault{Kind::kOpen, 0};
+            EXPECT_EQ(living.Call(kFormatReadPrepare), 0);
+            EXPECT_EQ(living.Call(selector), row.result);
+            EXPECT_EQ(ObjectLives(living), row.survive);
+            ExpectClean(living);
+        }
 }
 
 TEST_F(Dispatch, EachAcquireReadsTheHostsProperties)
@@ -99,7 +82,7 @@ TEST_F(Dispatch, EachAcquireReadsTheHostsProperties)
     EXPECT_EQ(host.Count(Kind::kProperty), once + once - 1); // finding reads nothing
 }
 
-TEST_F(Dispatch, AResidentObjectOutlivesSessionsAndFailures)
+TEST_F(Dispatch, AResidentObjectOutlivesSessionsFailuresAndRefusals)
 {
     EXPECT_EQ(host.Call(kFormatLoad), 0);
     EXPECT_EQ(host.Open(Bytes{}), (Outcome{kHostCannotRead, kFormatReadStart}));
@@ -107,15 +90,15 @@ TEST_F(Dispatch, AResidentObjectOutlivesSessionsAndFailures)
     EXPECT_EQ(host.OpenFiles(), size_t{0}) << "the object was there to close the file";
     EXPECT_EQ(host.Call(kFormatFilterFile), kHostCannotRead);
     EXPECT_EQ(host.Call(kFormatExtraReadStart), kHostBadMode);
+    int16_t result = 99;
+    EntryBMP(kFormatReadPrepare, &host.record, &host.data, &result);
+    EXPECT_EQ(result, kHostFailed);
+    HostAboutRecord about{sizeof about, host.record.basicSuite};
+    host.entry(kFormatAbout, &about, &host.data, &result);
+    EXPECT_TRUE(ObjectLives(host));
+    EXPECT_EQ(Kesto::FindFormatPlugin(Kesto::kProject_EntryElectricImage)->aboutRecord, nullptr) << "it is gone by now";
     EXPECT_EQ(ObjectsMade(host), 1);
     EXPECT_EQ(host.Call(kFormatUnload), 0);
-    EXPECT_FALSE(ObjectLives(host));
-}
-
-TEST_F(Dispatch, UnloadAloneMakesAnObjectAndEndsIt)
-{
-    EXPECT_EQ(host.Call(kFormatUnload), 0);
-    EXPECT_EQ(ObjectsMade(host), 1);
     EXPECT_FALSE(ObjectLives(host));
 }
 
@@ -131,11 +114,10 @@ TEST_F(Dispatch, AFailedPrepareKeepsItsCodeAndEndsTheObject)
 
 TEST_F(Dispatch, TheDataWordIsMadeOnceAndStays)
 {
-    const Bytes file = OneFrameFile({.width = 1, .height = 1, .pixels = {1, 2, 3}});
-    EXPECT_EQ(host.Open(file), Outcome{});
+    EXPECT_EQ(host.Open(fPixel), Outcome{});
     const intptr_t word = host.data;
     EXPECT_NE(word, 0);
-    EXPECT_EQ(host.Open(file), Outcome{});
+    EXPECT_EQ(host.Open(fPixel), Outcome{});
     EXPECT_EQ(host.data, word);
     EXPECT_EQ(host.CallsOf(Kind::kHandleNew), (std::vector<HostCall>{{Kind::kHandleNew, 112, 0}}));
     EXPECT_EQ(host.Count(Kind::kHandleDispose), 0);
@@ -148,7 +130,7 @@ TEST_F(Dispatch, WithoutAHandleSuiteTheModuleKeepsTheBlock)
         each.record.handleSuite = broken == 0 ? nullptr : &each.handles;
         each.handles.version = broken == 1 ? 2 : 1;
         each.handles.New = broken == 2 ? nullptr : each.handles.New;
-        EXPECT_EQ(each.Open(OneFrameFile({.width = 1, .height = 1, .pixels = {1, 2, 3}})), Outcome{});
+        EXPECT_EQ(each.Open(fPixel), Outcome{});
         EXPECT_EQ(each.document.samples, (Bytes{1, 2, 3}));
         EXPECT_EQ(each.Count(Kind::kHandleNew), 0);
         ExpectClean(each);
@@ -182,18 +164,14 @@ TEST_F(Dispatch, AboutReadsThePropertiesThroughItsOwnRecord)
 
 TEST_F(Dispatch, MissingArgumentsEndInCodes)
 {
-    for (int selector = 0; selector < kFormatSelectorCount; ++selector)
+    for (int16_t selector = 0; selector < kFormatSelectorCount; ++selector)
         for (const bool withRecord : {false, true}) {
             int16_t result = 99;
-            const auto number = static_cast<int16_t>(selector);
             host.Call(kFormatLoad);
-            host.entry(number, withRecord && number != 0 ? &host.record : nullptr, nullptr, &result);
+            host.entry(selector, withRecord && selector != 0 ? &host.record : nullptr, nullptr, &result);
             const bool checked = (selector >= 1 && selector <= 15 && selector % 4 != 0) || selector == 35 ||
                                  selector == 36 || selector == 38 || selector == 39;
             EXPECT_EQ(result, checked ? kHostBadParameter : selector == 17 ? kHostCannotRead : 0) << selector;
-            host.entry(number, number != 0 ? &host.record : nullptr, &host.data, nullptr);
+            host.entry(selector, selector != 0 ? &host.record : nullptr, &host.data, nullptr);
         }
 }
-
-} // namespace
-} // namespace Testing

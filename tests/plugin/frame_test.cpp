@@ -9,15 +9,17 @@
 #include <functional>
 #include <stdexcept>
 
-namespace Testing {
+using namespace Testing;
+
 namespace {
+
+using testing::HasSubstr;
 
 class ProbeFormat : public Kesto::CLumographFormat {
 public:
     std::function<bool()> body = [] { return true; };
     std::optional<uint64_t> memory;
     bool enoughMemory = true;
-    bool loud = false;
 
     bool CanFilterFile() override { return body(); }
     bool DoReadPrepare() override { return body(); }
@@ -37,47 +39,46 @@ protected:
     ProbeFormat format;
 
     int16_t Start() { return format.HandleReadStart(&host.record, &host.data); }
+    int16_t Prepare() { return format.HandleReadPrepare(&host.record, &host.data); }
+    int16_t FilterFile() { return format.HandleFilterFile(&host.record, &host.data); }
 };
 
-TEST_F(Frame, OnlyAHostErrorKeepsItsCode)
+} // namespace
+
+TEST_F(Frame, FailuresBecomeCodesAndAlerts)
 {
-    format.body = []() -> bool { throw Kesto::CLumographError(kHostFileNotFound); };
-    EXPECT_EQ(Start(), kHostFileNotFound);
+    const auto fails = [](auto failure) { return [=]() -> bool { throw failure; }; };
+    const struct {
+        std::function<bool()> body;
+        int started;
+        int filtered;
+        const char* alert; // of the start; asking for the type of a file shows none
+    } rows[] = {
+        {[] { return true; }, 0, 0, ""},
+        {[] { return false; }, kHostFailed, kHostCannotRead, ""},
+        {fails(Kesto::CLumographError(kHostFileNotFound)), kHostFileNotFound, kHostCannotRead, ""},
+        {fails(Kesto::CLumographError(-1)), -1, kHostCannotRead, ""},
+        {fails(Kesto::CLumographError(kHostFilterFileA)), kHostFilterFileA, kHostFilterFileA, ""},
+        {fails(Kesto::CLumographError(kHostFilterFileB)), kHostFilterFileB, kHostFilterFileB, ""},
+        {fails(std::runtime_error("the wheels came off")), kHostFailed, kHostCannotRead, "the wheels came off"},
+        {fails(7), kHostFailed, kHostCannotRead, "could not be completed"},
+        {fails(Kesto::CException()), kHostFailed, kHostCannotRead, "could not be completed"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.alert);
+        format.body = row.body;
+        EXPECT_EQ(FilterFile(), row.filtered);
+        EXPECT_THAT(alerts.texts, testing::IsEmpty());
+        EXPECT_EQ(Start(), row.started);
+        EXPECT_EQ(alerts.texts.size(), *row.alert != '\0' ? 1U : 0U) << "the host shows the text of its own codes";
+        EXPECT_THAT(alerts.texts.empty() ? "" : alerts.texts[0], HasSubstr(row.alert));
+        alerts.texts.clear();
+    }
+    format.body = fails(Kesto::CLumographError(kHostFileNotFound));
     EXPECT_EQ(format.HandleReadContinue(&host.record, &host.data), kHostFileNotFound);
     EXPECT_EQ(format.HandleReadFinish(&host.record, &host.data), kHostFileNotFound);
-    EXPECT_THAT(alerts.texts, ::testing::IsEmpty()) << "the host shows its own text";
     format.body = [] { return false; };
-    EXPECT_EQ(Start(), kHostFailed);
-    EXPECT_THAT(alerts.texts, ::testing::IsEmpty());
     EXPECT_EQ(format.HandleReadFinish(&host.record, &host.data), 0);
-}
-
-TEST_F(Frame, AnythingElseIsReportedAndBecomesOne)
-{
-    format.body = []() -> bool { throw std::runtime_error("the wheels came off"); };
-    EXPECT_EQ(Start(), kHostFailed);
-    ASSERT_EQ(alerts.texts.size(), 1U);
-    EXPECT_THAT(alerts.texts[0], ::testing::HasSubstr("the wheels came off"));
-    format.body = []() -> bool { throw 7; };
-    EXPECT_EQ(Start(), kHostFailed);
-    format.body = []() -> bool { throw Kesto::CException(); };
-    EXPECT_EQ(Start(), kHostFailed);
-}
-
-TEST_F(Frame, FilterFileHasCodesOfItsOwn)
-{
-    const auto ask = [&] { return format.HandleFilterFile(&host.record, &host.data); };
-    EXPECT_EQ(ask(), 0);
-    for (const int code : {int{kHostFilterFileA}, int{kHostFilterFileB}, int{kHostMemoryFull}, -1}) {
-        format.body = [=]() -> bool { throw Kesto::CLumographError(static_cast<int16_t>(code)); };
-        const bool kept = code == kHostFilterFileA || code == kHostFilterFileB;
-        EXPECT_EQ(ask(), kept ? code : int{kHostCannotRead});
-    }
-    format.body = []() -> bool { throw 7; };
-    EXPECT_EQ(ask(), kHostCannotRead);
-    format.body = [] { return false; };
-    EXPECT_EQ(ask(), kHostCannotRead);
-    EXPECT_THAT(alerts.texts, ::testing::IsEmpty());
 }
 
 TEST_F(Frame, HandlersRememberTheCallAndItsPhase)
@@ -93,7 +94,7 @@ TEST_F(Frame, HandlersRememberTheCallAndItsPhase)
     EXPECT_EQ(format.GetSelector(), kFormatReadStart);
     EXPECT_EQ(format.GetFormatRecord(), &host.record);
     EXPECT_EQ(format.pluginData, &host.data);
-    format.HandleFilterFile(&host.record, &host.data);
+    FilterFile();
     EXPECT_EQ(flags, 0U);
     const HostAboutRecord about{sizeof about, host.record.basicSuite};
     EXPECT_EQ(format.HandleAbout(&about, &host.data), 0);
@@ -105,15 +106,14 @@ TEST_F(Frame, HandlersRememberTheCallAndItsPhase)
 TEST_F(Frame, ThePrepareSplitsTheHostsMemory)
 {
     host.record.memoryBudget = 101;
-    EXPECT_EQ(format.HandleReadPrepare(&host.record, &host.data), 0);
+    EXPECT_EQ(Prepare(), 0);
     EXPECT_EQ(format.memoryShare, 50);
     EXPECT_EQ(host.record.memoryBudget, 101);
     format.enoughMemory = false;
-    EXPECT_EQ(format.HandleReadPrepare(&host.record, &host.data), kHostFailed);
+    EXPECT_EQ(Prepare(), kHostFailed);
     EXPECT_EQ(format.memoryShare, 0);
     ASSERT_EQ(alerts.texts.size(), 1U);
-    EXPECT_THAT(alerts.texts[0],
-                ::testing::HasSubstr("This plugin requires more memory than the host can currently supply."));
+    EXPECT_THAT(alerts.texts[0], HasSubstr("This plugin requires more memory than the host can currently supply."));
 }
 
 TEST_F(Frame, TheTileStoresLimitFollowsTheMemoryWithinBounds)
@@ -130,17 +130,9 @@ TEST_F(Frame, TheTileStoresLimitFollowsTheMemoryWithinBounds)
 
 TEST_F(Frame, HostCodesHaveTexts)
 {
-    const auto text = [](int code) {
-        Kesto::CText out;
-        Kesto::CLumographError(static_cast<int16_t>(code)).GetErrorText(out);
-        return std::string(out.View());
-    };
-    EXPECT_THAT(text(kHostEndOfFile), ::testing::HasSubstr("The end of the data was prematurely reached."));
-    EXPECT_THAT(text(kHostDiskFull), ::testing::HasSubstr("The disk is full."));
-    EXPECT_THAT(text(kHostMemoryFull), ::testing::HasSubstr("There is not enough memory."));
-    EXPECT_THAT(text(kHostBadMode), ::testing::HasSubstr("An unknown host error has occurred."));
-    EXPECT_EQ(Kesto::CLumographError(kHostIoError).Code(), kHostIoError);
+    for (const auto& [code, text] : {std::pair{kHostEndOfFile, "The end of the data was prematurely reached."},
+                                     {kHostDiskFull, "The disk is full."},
+                                     {kHostMemoryFull, "There is not enough memory."},
+                                     {kHostBadMode, "An unknown host error has occurred."}})
+        EXPECT_THAT(std::string(Kesto::CLumographError(code).ErrorText().View()), HasSubstr(text));
 }
-
-} // namespace
-} // namespace Testing

@@ -1,12 +1,13 @@
 // Shows what is in the icon store of this build: a table of all pictures, or a sheet with every one of them at both
 // densities, on a light and on a dark window.
-// Usage: icons [OUT.png]
 #include "contact_sheet/contact_sheet.h"
 #include "foundation/block_container.h"
 #include "foundation/exceptions.h"
 #include "images/png/png_decoder.h"
 #include "images/resource_data_provider.h"
 #include "pixels/memory_pixmap.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cstdio>
@@ -177,21 +178,21 @@ bool WriteSheet(const std::string& path)
 }
 
 // Lists, or writes the sheet; false after a message.
-bool Run(int argc, char** argv)
+bool Run(const std::string& path)
 {
     if (CResourceDataProvider::Get().GetNames().empty()) {
         std::fprintf(stderr, "icons: this build has no icon store\n");
         return false;
     }
-    if (argc < 2) {
+    if (path.empty()) {
         List();
         return true;
     }
-    if (!WriteSheet(argv[1])) {
-        std::fprintf(stderr, "icons: %s could not be written; is the folder there and writable?\n", argv[1]);
+    if (!WriteSheet(path)) {
+        std::fprintf(stderr, "icons: %s could not be written; is the folder there and writable?\n", path.c_str());
         return false;
     }
-    std::printf("%s\n", argv[1]);
+    std::printf("%s\n", path.c_str());
     return true;
 }
 
@@ -199,8 +200,19 @@ bool Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    CLI::App app{"Lists the pictures of the icon store, or writes a contact sheet of them.", "icons"};
+    app.footer(
+        "Without OUT.png: a line for each picture, with its size, its hot spot if it is a cursor, and the bytes of\n"
+        "each state at single and double density. With it: all pictures and states at both densities, on a light\n"
+        "and on a dark window.\n"
+        "To add a picture, see resources/icons/icons.list.");
+    std::string path;
+    app.add_option("OUT.png", path, "The contact sheet to write");
     try {
-        return Run(argc, argv) ? 0 : 1;
+        app.parse(argc, argv);
+        return Run(path) ? 0 : 1;
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : 1;
     } catch (const CException& failure) {
         std::fprintf(stderr, "icons: %s\n", failure.ErrorText().CStr());
     } catch (const std::exception& failure) {

@@ -1,5 +1,4 @@
 // Makes a contact sheet of the pixel kernels: each one applied to a sample picture, with its name below.
-// Usage: pixdemo [OUT.png]
 #include "contact_sheet/contact_sheet.h"
 #include "pixels/kernels/arithmetic.h"
 #include "pixels/kernels/blend.h"
@@ -12,6 +11,8 @@
 #include "pixels/kernels/view_access.h"
 #include "pixels/memory_pixmap.h"
 #include "pixels/pixmap_scaler.h"
+
+#include <CLI/CLI.hpp>
 
 #include <array>
 #include <cmath>
@@ -162,7 +163,10 @@ bool WriteSheet(const std::string& path)
 
 int main(int argc, char** argv)
 {
-    const std::string path = argc > 1 ? argv[1] : "kernels.png";
+    CLI::App app{"Writes a contact sheet of the pixel kernels: each one applied to a sample picture.", "pixdemo"};
+    std::string path = "kernels.png";
+    app.add_option("OUT.png", path, "The sheet to write")->capture_default_str();
+    CLI11_PARSE(app, argc, argv);
     if (!WriteSheet(path)) {
         std::fprintf(stderr, "pixdemo: %s could not be written; is the folder there and writable?\n", path.c_str());
         return 1;

@@ -1,11 +1,11 @@
-// What a file that is replaced survives, by means that only this system gives a test: limits, users and devices.
+// What files of the user survive, by means that only this system gives a test: limits, users, devices and variables.
 #include "foundation/exceptions.h"
 #include "foundation/file_port.h"
 #include "foundation/memory_container.h"
 #include "foundation/settings_store.h"
 #include "foundation/temporary_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <cerrno>
 #include <csignal>
@@ -15,7 +15,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace Kesto {
+using namespace Kesto;
+
 namespace {
 
 // No file of the process may become longer, as if the disk were full.
@@ -23,20 +24,15 @@ class FullDisk {
 public:
     explicit FullDisk(rlim_t room)
     {
-        fHandler = std::signal(SIGXFSZ, SIG_IGN);
+        std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &fFormer);
         const rlimit limit{room, fFormer.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &fFormer);
-        std::signal(SIGXFSZ, fHandler);
-    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &fFormer); }
 
 private:
     rlimit fFormer{};
-    void (*fHandler)(int);
 };
 
 // The process has no more rights than the rest of the world, even when it is run by the administrator.
@@ -49,153 +45,127 @@ private:
     uid_t fFormer = geteuid();
 };
 
-template <class Call>
-std::uint32_t SystemErrorOf(Call call)
-{
-    try {
-        call();
-    } catch (const CSystemError& error) {
-        EXPECT_FALSE(error.ErrorText().IsEmpty());
-        return error.Code();
+// An environment variable with another value for the life of one object.
+class Environment {
+public:
+    Environment(const char* name, const char* value) : fName(name)
+    {
+        if (const char* former = std::getenv(name))
+            fFormer = former;
+        setenv(name, value, 1);
     }
-    return 0;
+    ~Environment() { fFormer ? setenv(fName, fFormer->c_str(), 1) : unsetenv(fName); }
+
+private:
+    const char* fName;
+    std::optional<std::string> fFormer;
+};
+
+auto ThrowsCode(std::uint32_t code)
+{
+    return testing::Throws<CSystemError>(testing::Property(&CSystemError::Code, code));
 }
 
 class ReplaceFile : public testing::Test {
 protected:
     ReplaceFile() { fFolder.Write("file", "old"); }
-    ~ReplaceFile() override
+
+    void Replace() const { CFile(fFolder.File("file")).ReplaceContents(std::vector<std::byte>(100'000)); }
+
+    void ExpectToKeepTheOldFile(std::uint32_t code) const
     {
+        EXPECT_THAT([this] { Replace(); }, ThrowsCode(code));
         EXPECT_EQ(fFolder.Content("file"), "old");
         EXPECT_EQ(fFolder.Count(), 1);
     }
 
-    std::uint32_t Replace() const
+    TemporaryFolder fFolder;
+};
+
+// The folder that holds the user's data is the test's own.
+class UserDataFolder : public testing::Test {
+protected:
+    UserDataFolder() { fData.Write("value", 5); }
+
+    CFileSpec Settings()
     {
-        const std::vector<std::byte> bytes(100'000);
-        return SystemErrorOf([&] { CFile(fFolder.File("file")).ReplaceContents(bytes); });
+        CFileSpec folder;
+        fStore.GetSettingsFolder(folder);
+        return folder;
     }
 
     TemporaryFolder fFolder;
+    Environment fVariable{"XDG_CONFIG_HOME", fFolder.Path().c_str()};
+    CSettingsStore fStore;
+    CMemoryContainer fData;
 };
+
+} // namespace
 
 TEST_F(ReplaceFile, KeepsTheOldFileWhenTheDiskIsFull)
 {
     for (const rlim_t room : {0, 1, 65536, 99'999}) {
         const FullDisk full(room);
-        EXPECT_EQ(Replace(), std::uint32_t{EFBIG}) << room;
+        ExpectToKeepTheOldFile(EFBIG);
     }
 }
 
-TEST_F(ReplaceFile, KeepsTheOldFileWithoutPermissionForTheFolder)
+TEST_F(ReplaceFile, KeepsTheOldFileWithoutPermissionForItOrItsFolder)
 {
-    std::filesystem::permissions(fFolder.Path(), std::filesystem::perms(0555));
-    std::filesystem::permissions(fFolder.Path() / "file", std::filesystem::perms(0666));
-    const OrdinaryUser user;
-    EXPECT_EQ(Replace(), std::uint32_t{EACCES});
+    for (const auto& [folder, file] : {std::pair(0555, 0666), {0777, 0444}}) {
+        std::filesystem::permissions(fFolder.Path() / "file", std::filesystem::perms(file));
+        std::filesystem::permissions(fFolder.Path(), std::filesystem::perms(folder));
+        const OrdinaryUser user;
+        ExpectToKeepTheOldFile(EACCES);
+    }
 }
 
-TEST_F(ReplaceFile, KeepsTheOldFileWithoutPermissionForTheFile)
+TEST_F(ReplaceFile, LeavesTheOldFileToWhoReadsIt)
 {
-    std::filesystem::permissions(fFolder.Path(), std::filesystem::perms(0777));
-    std::filesystem::permissions(fFolder.Path() / "file", std::filesystem::perms(0444));
-    const OrdinaryUser user;
-    EXPECT_EQ(Replace(), std::uint32_t{EACCES});
+    CFilePort reader(fFolder.File("file"), FileMode::kRead);
+    Replace();
+    char text[3];
+    reader.Read(text, 3);
+    EXPECT_EQ(std::string_view(text, 3), "old");
+    EXPECT_EQ(fFolder.Content("file").size(), 100'000u);
 }
 
 TEST(FilePortOnAFullDevice, ThrowsForTheBytesThatWereNotTaken)
 {
     CFilePort port(CFileSpec("/dev/full"), FileMode::kUpdate);
-    EXPECT_EQ(SystemErrorOf([&] { port.Write("x", 1); }), std::uint32_t{ENOSPC});
+    EXPECT_THAT([&] { port.Write("x", 1); }, ThrowsCode(ENOSPC));
     EXPECT_EQ(port.GetPosition(), 0u);
 }
 
-TEST(ReplacedFile, StaysWithWhoReadsIt)
+TEST_F(UserDataFolder, HoldsValuesBelowTheLevelsOfTheirKeyAndFilesBelowTheNamesOfTheHost)
 {
-    const TemporaryFolder folder;
-    folder.Write("file", "old");
-    CFilePort reader(folder.File("file"), FileMode::kRead);
-    CFile(folder.File("file")).ReplaceContents(std::as_bytes(std::span("new", 3)));
-    char text[3];
-    reader.Read(text, 3);
-    EXPECT_EQ(std::string_view(text, 3), "old");
-    EXPECT_EQ(folder.Content("file"), "new");
-}
-
-// The folder that the user data folder of this process is set to, for the life of one test.
-class UserDataFolder : public testing::Test {
-protected:
-    UserDataFolder()
-    {
-        const char* former = std::getenv("XDG_CONFIG_HOME");
-        fHadFormer = former != nullptr;
-        fFormer = fHadFormer ? former : "";
-        setenv("XDG_CONFIG_HOME", fFolder.Path().c_str(), 1);
-    }
-    ~UserDataFolder() override
-    {
-        if (fHadFormer)
-            setenv("XDG_CONFIG_HOME", fFormer.c_str(), 1);
-        else
-            unsetenv("XDG_CONFIG_HOME");
-    }
-
-    TemporaryFolder fFolder;
-    CSettingsStore fStore;
-    CMemoryContainer fData;
-
-private:
-    bool fHadFormer;
-    std::string fFormer;
-};
-
-TEST_F(UserDataFolder, HoldsValuesAsFilesBelowTheLevelsOfTheirKey)
-{
-    fData.Write("value", 5);
     EXPECT_TRUE(fStore.WriteSettingsData("Software\\Orlen\\Key", "Preferences", "", fData, true));
     EXPECT_EQ(fFolder.Content("Software/Orlen/Key/Preferences"), "value");
+    EXPECT_TRUE(fStore.WriteSettingsData("", "", "Prefs.lgp", fData, false));
+    EXPECT_TRUE(Settings().Path().View().starts_with(fFolder.Path().native()));
+    EXPECT_TRUE(CFile(Settings().Child("Prefs.lgp")).OpenIfPresent(FileMode::kRead));
 }
 
 TEST_F(UserDataFolder, IsNotLeftByNamesThatLeadElsewhere)
 {
-    fData.Write("value", 5);
+    const auto refuse = [this](const char* path, const char* name) {
+        EXPECT_THROW(fStore.WriteSettingsData(path, name, "", fData, true), CSystemError) << path << " " << name;
+        CMemoryContainer read;
+        EXPECT_FALSE(fStore.ReadSettingsData(path, name, "", read, true)) << path << " " << name;
+    };
     for (const char* path : {"..\\Orlen", "Software\\..\\..", "Software\\\\Orlen", "a/b", "", "."})
-        EXPECT_THROW(fStore.WriteSettingsData(path, "name", "", fData, true), CSystemError) << path;
-    for (const char* name : {"..", "a/b", ""}) {
-        EXPECT_THROW(fStore.WriteSettingsData("Software", name, "", fData, true), CSystemError) << name;
-        EXPECT_FALSE(fStore.ReadSettingsData("Software", name, "", fData, true)) << name;
-        fData.Write("value", 5);
-    }
+        refuse(path, "name");
+    for (const char* name : {"..", "a/b", ""})
+        refuse("Software", name);
     EXPECT_EQ(fFolder.Count(), 0);
 }
 
-TEST_F(UserDataFolder, KeepsSettingsFilesBelowTheNamesOfTheHost)
-{
-    fData.Write("file", 4);
-    EXPECT_TRUE(fStore.WriteSettingsData("", "", "Prefs.lgp", fData, false));
-    CFileSpec folder;
-    fStore.GetSettingsFolder(folder);
-    EXPECT_EQ(folder.Path().View().substr(0, fFolder.Path().string().size()), fFolder.Path().string());
-    EXPECT_TRUE(CFile(folder.Child("Prefs.lgp")).OpenIfPresent(FileMode::kRead));
-}
-
-TEST_F(UserDataFolder, MustBeAFolder)
+TEST_F(UserDataFolder, IsFoundInTheHomeFolderByDefaultAndMustBeAFolder)
 {
     fFolder.Write("Orlen", "a file in the way");
-    CFileSpec folder;
-    EXPECT_EQ(SystemErrorOf([&] { fStore.GetSettingsFolder(folder); }), std::uint32_t{ENOTDIR});
-}
-
-TEST_F(UserDataFolder, IsFoundInTheHomeFolderByDefault)
-{
-    const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
-    setenv("XDG_CONFIG_HOME", "not/from/the/root", 1);
-    setenv("HOME", fFolder.Path().c_str(), 1);
-    CFileSpec folder;
-    fStore.GetSettingsFolder(folder);
+    EXPECT_THAT([&] { Settings(); }, ThrowsCode(ENOTDIR));
+    const Environment config("XDG_CONFIG_HOME", "not/from/the/root");
+    const Environment home("HOME", fFolder.Path().c_str());
+    Settings();
     EXPECT_TRUE(std::filesystem::is_directory(fFolder.Path() / ".config" / "Orlen"));
-    setenv("HOME", home.c_str(), 1);
 }
-
-} // namespace
-} // namespace Kesto
