@@ -8,56 +8,41 @@ using namespace Kesto;
 
 namespace {
 
-// Copies what stands in the view and the blocks around it, as a generator does, and keeps the layout scope's numbers.
-class CNumbers : public CRecordingGenerator {
-public:
-    explicit CNumbers(const char* text, bool copies = true)
-        : CRecordingGenerator(
-              [this, copies](std::string_view name, CExpressionScope& properties, CExpressionScope& layout) {
-                  for (const CExpressionScope* scope = &properties; copies && scope->Parent() != nullptr;
-                       scope = scope->Parent())
-                      for (LayoutKey key : {LayoutKey::kWidth, LayoutKey::kHorizontal, LayoutKey::kVertical,
-                                            LayoutKey::kChildVertical, LayoutKey::kTopOutset})
-                          if (const VexValue* value = scope->LayoutKeys().Has(key) ? scope->FindVariable(key) : nullptr)
-                              layout.AddVariable(key, value->integer);
-                  for (const char* key : {"width", "horizontal", "vertical", "top_outset", "alwaysL2R"}) {
-                      std::int32_t number = 0;
-                      if (layout.GetIntVariable(key, &number))
-                          fFound.append(name)
-                              .append(".")
-                              .append(key)
-                              .append("=")
-                              .append(std::to_string(number))
-                              .append(" ");
-                  }
-              })
-    {
-        Parse(text);
-    }
-    std::string fFound;
-};
-
-TEST(LayoutScopes, GetKeysOfTheRootAsTruthValues)
+// Parses a text with a generator that copies what stands in the view and the blocks around it, and tells the numbers that
+// the layout scopes have.
+std::string NumbersOf(const char* text, bool copies = true)
 {
-    EXPECT_EQ(CNumbers("width = 100; top_outset = 0; A();").fFound, "A.width=1 A.top_outset=0 ");
-    EXPECT_EQ(CNumbers("A(){ width = 100; B(horizontal: align_right); }").fFound, "B.width=100 B.horizontal=5 ");
+    std::string found;
+    const auto measure = [&](std::string_view name, CExpressionScope& properties, CExpressionScope& layout) {
+        for (const CExpressionScope* scope = &properties; copies && scope->Parent() != nullptr; scope = scope->Parent())
+            for (LayoutKey key : {LayoutKey::kWidth, LayoutKey::kHorizontal, LayoutKey::kVertical,
+                                  LayoutKey::kChildVertical, LayoutKey::kTopOutset})
+                if (const VexValue* value = scope->LayoutKeys().Has(key) ? scope->FindVariable(key) : nullptr)
+                    layout.AddVariable(key, value->integer);
+        for (const char* key : {"width", "horizontal", "vertical", "top_outset", "alwaysL2R"}) {
+            std::int32_t number = 0;
+            if (layout.GetIntVariable(key, &number))
+                found += std::string(name) + "." + key + "=" + std::to_string(number) + " ";
+        }
+    };
+    CRecordingGenerator(measure).Parse(text);
+    return found;
 }
 
-TEST(LayoutScopes, CountAnUndefinedKeyAsTrue)
+TEST(LayoutScopes, GetKeysOfTheRootAsTruthValuesAndInheritTheAlignmentForChildren)
 {
-    EXPECT_EQ(CNumbers("A(width: nothing + 1, alwaysL2R: 7);", false).fFound, "A.width=1 A.alwaysL2R=1 ");
-}
-
-TEST(LayoutScopes, InheritTheAlignmentForChildren)
-{
-    EXPECT_EQ(CNumbers("A(child_vertical: 5) { B(); C(vertical: 4) { D(); } }").fFound, "B.vertical=5 C.vertical=4 ");
+    EXPECT_EQ(NumbersOf("width = 100; top_outset = 0; A();"), "A.width=1 A.top_outset=0 ");
+    EXPECT_EQ(NumbersOf("A(){ width = 100; B(horizontal: align_right); }"), "B.width=100 B.horizontal=5 ");
+    EXPECT_EQ(NumbersOf("A(width: nothing + 1, alwaysL2R: 7);", false), "A.width=1 A.alwaysL2R=1 ");
+    EXPECT_EQ(NumbersOf("A(child_vertical: 5) { B(); C(vertical: 4) { D(); } }"), "B.vertical=5 C.vertical=4 ");
 }
 
 // A proxy from the variables of a layout scope, as a generator leaves them.
 class Proxies : public testing::Test {
 protected:
-    CViewProxy& Define(std::initializer_list<std::pair<const char*, std::int32_t>> numbers,
-                       CViewProxy* parent = nullptr)
+    using Numbers = std::vector<std::pair<const char*, std::int32_t>>;
+
+    CViewProxy& Define(const Numbers& numbers, CViewProxy* parent = nullptr)
     {
         CRecordingGenerator::OnMeasure fill = [&](std::string_view, CExpressionScope&, CExpressionScope& layout) {
             for (const auto& [name, number] : numbers)
@@ -74,29 +59,33 @@ protected:
     ViewProxyList fProxies;
 };
 
-TEST_F(Proxies, ResolveMarginsFromTheWidestToTheNearest)
+TEST_F(Proxies, ResolveNumbersFromTheWidestToTheNearest)
 {
-    const CViewProxy& proxy = Define({{"margin", 4}, {"margin_width", 6}, {"margin_left", 8}, {"margin_bottom", 0}});
-    EXPECT_EQ(proxy.fMarginLeft, 8);
-    EXPECT_EQ(proxy.fMarginRight, 6);
-    EXPECT_EQ(proxy.fMarginTop, 4);
-    EXPECT_EQ(proxy.fMarginBottom, 0);
-}
-
-TEST_F(Proxies, ResolveOutsets)
-{
-    const CViewProxy& proxy = Define({{"outset", 3}, {"top_outset", 5}});
-    EXPECT_EQ(proxy.fLeftOutset, 3);
-    EXPECT_EQ(proxy.fTopOutset, 5);
-    EXPECT_EQ(proxy.fRightOutset, 3);
-    EXPECT_EQ(proxy.fBottomOutset, 3);
-}
-
-TEST_F(Proxies, TakeTheCommonSpacingWhenTheyHaveNone)
-{
+    using P = CViewProxy;
+    struct Case {
+        Numbers numbers;
+        std::vector<std::pair<std::int32_t P::*, std::int32_t>> fields;
+    };
+    const Case cases[] = {
+        {{{"margin", 4}, {"margin_width", 6}, {"margin_left", 8}, {"margin_bottom", 0}},
+         {{&P::fMarginLeft, 8}, {&P::fMarginRight, 6}, {&P::fMarginTop, 4}, {&P::fMarginBottom, 0}}},
+        {{{"outset", 3}, {"top_outset", 5}},
+         {{&P::fLeftOutset, 3}, {&P::fTopOutset, 5}, {&P::fRightOutset, 3}, {&P::fBottomOutset, 3}}},
+        {{{"margin", 4}, {"margin_width", 6}, {"margin_height", 7}},
+         {{&P::fMarginLeft, 6}, {&P::fMarginRight, 6}, {&P::fMarginTop, 7}, {&P::fMarginBottom, 7}}},
+        {{}, {{&P::fSpacing, 12}}},
+        {{{"spacing", 0}}, {{&P::fSpacing, 0}}},
+        {{{"width", VexUndefined}, {"margin", VexUndefined}}, {{&P::fWidth, 0}, {&P::fMarginLeft, 0}}},
+        {{{"placement", kPlace_Offscreen}, {"child_horizontal", 2}}, {{&P::fChildHorizontal, 2}}},
+    };
     fProperties.AddVariable("gSpace", 12);
-    EXPECT_EQ(Define({}).fSpacing, 12);
-    EXPECT_EQ(Define({{"spacing", 0}}).fSpacing, 0);
+    for (const Case& one : cases) {
+        const CViewProxy& proxy = Define(one.numbers);
+        for (const auto& [field, value] : one.fields)
+            EXPECT_EQ(proxy.*field, value) << (one.numbers.empty() ? "no keys" : one.numbers[0].first);
+    }
+    EXPECT_FALSE(Define({}).fHasLabel);
+    EXPECT_TRUE(Define({{"label_width", 0}}).fHasLabel);
 }
 
 TEST_F(Proxies, StretchWhatIsKeptOffTheScreen)
@@ -106,20 +95,6 @@ TEST_F(Proxies, StretchWhatIsKeptOffTheScreen)
     const CViewProxy& child = Define({}, &stack);
     EXPECT_EQ(child.fHorizontal, kAlign_InFill);
     EXPECT_EQ(child.fVertical, 0);
-    EXPECT_EQ(Define({{"placement", kPlace_Offscreen}, {"child_horizontal", 2}}).fChildHorizontal, 2);
-}
-
-TEST_F(Proxies, HaveALabelWhenItsWidthIsGiven)
-{
-    EXPECT_FALSE(Define({}).fHasLabel);
-    EXPECT_TRUE(Define({{"label_width", 0}}).fHasLabel);
-}
-
-TEST_F(Proxies, PassOverUndefinedNumbers)
-{
-    const CViewProxy& proxy = Define({{"width", VexUndefined}, {"margin", VexUndefined}});
-    EXPECT_EQ(proxy.fWidth, 0);
-    EXPECT_EQ(proxy.fMarginLeft, 0);
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -24,11 +25,9 @@ public:
             fOnMeasure(className, *properties, *layoutScope);
     }
 
-    Kesto::CView* Build(std::string_view className, Kesto::CExpressionScope* layoutScope, Kesto::CView*) override
+    Kesto::CView* Build(std::string_view className, Kesto::CExpressionScope*, Kesto::CView*) override
     {
         fBuilt.emplace_back(className);
-        fWidths.emplace_back();
-        layoutScope->GetIntVariable("width", &fWidths.back());
         return nullptr;
     }
 
@@ -42,7 +41,6 @@ public:
 
     std::vector<std::string> fMeasured;
     std::vector<std::string> fBuilt;
-    std::vector<std::int32_t> fWidths;
 
 private:
     OnMeasure fOnMeasure;
@@ -58,4 +56,30 @@ std::string LogicErrorOf(Run run)
         return error.what();
     }
     return "";
+}
+
+// The value of any expression, conditions in parentheses included; throws std::runtime_error if it can't be read.
+inline std::int32_t ValueOf(Kesto::CExpressionScope& scope, const std::string& text)
+{
+    struct ValueScope : Kesto::CExpressionScope {
+        using CExpressionScope::CExpressionScope;
+        using CExpressionScope::ParseValue;
+    } reader(&scope);
+    Kesto::VexContent value;
+    const char* at = text.c_str();
+    if (!reader.ParseValue(at, ",)", value))
+        throw std::runtime_error(text);
+    return value.integer;
+}
+
+// `core` within that many pairs of `open` and `close`.
+inline std::string Nested(std::size_t depth, std::string_view open, std::string_view core, std::string_view close)
+{
+    std::string text;
+    for (std::size_t i = 0; i < depth; ++i)
+        text += open;
+    text += core;
+    for (std::size_t i = 0; i < depth; ++i)
+        text += close;
+    return text;
 }

@@ -1,12 +1,13 @@
-// Variables, their chain and their order.
+// Variables, their chain and their order, and the records that describe them.
 #include "layout/expression_scope.h"
 #include "layout/keywords.h"
 #include "layout/recording_generator.h"
 #include "layout/vex_properties.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <set>
+#include <stdexcept>
 
 using namespace Kesto;
 
@@ -17,12 +18,7 @@ TEST(Names, HashAsNumbersOfBase63)
     EXPECT_EQ(HashName("0"), 0U);
     EXPECT_EQ(HashName("Az_"), (10U * 63 + 61) * 63 + 62);
     EXPECT_EQ(HashName("a.b"), (36U * 63 + 0) * 63 + 37);
-    EXPECT_EQ(HashName("zzzzzzzz"), [] {
-        std::uint64_t hash = 0;
-        for (int i = 0; i < 8; ++i)
-            hash = (hash * 63 + 61) % 4294967296ULL;
-        return static_cast<std::uint32_t>(hash);
-    }());
+    EXPECT_EQ(HashName("zzzzzzzz"), 1556774144U) << "modulo 2^32";
 }
 
 TEST(Scopes, FindTheNearestDefinition)
@@ -39,15 +35,10 @@ TEST(Scopes, FindTheNearestDefinition)
     EXPECT_EQ(outer.FindVariable("a")->integer, 1);
     EXPECT_STREQ(inner.FindVariable("ab")->text, "text");
     EXPECT_EQ(inner.FindVariable("abc"), nullptr);
-}
-
-TEST(Scopes, TellNamesApartThatHashAlike)
-{
-    CExpressionScope scope;
-    scope.AddVariable("a.b", 1);
-    scope.AddVariable("a-b", 2);
-    EXPECT_EQ(scope.FindVariable("a.b")->integer, 1);
-    EXPECT_EQ(scope.FindVariable("a-b")->integer, 2);
+    outer.AddVariable("a.b", 4); // the two hash alike
+    outer.AddVariable("a-b", 5);
+    EXPECT_EQ(inner.FindVariable("a.b")->integer, 4);
+    EXPECT_EQ(inner.FindVariable("a-b")->integer, 5);
 }
 
 TEST(Scopes, ReadByType)
@@ -99,28 +90,83 @@ TEST(Scopes, ListTheirVariablesByBucket)
     }
 }
 
-TEST(Scopes, ShareAPoolThatOutlivesThem)
+TEST(Pools, OutliveTheirScopesAndAbandonWhatIsTooSmall)
 {
     StringPool pool;
+    const char* const first = pool.InternString(std::string(StringPool::kBlockSize - 1, 'a'));
+    EXPECT_EQ(pool.BlockCount(), 1U);
+    EXPECT_STREQ(pool.InternString(""), "");
+    EXPECT_EQ(pool.BlockCount(), 2U);
     const char* text = nullptr;
     {
         CExpressionScope scope(nullptr, nullptr, &pool);
         scope.AddVariable("name", std::string(5000, 'x'));
         scope.GetStringVariable("name", &text);
     }
+    EXPECT_EQ(pool.BlockCount(), 4U) << "one for the text alone";
     EXPECT_EQ(std::string(text), std::string(5000, 'x'));
-    EXPECT_EQ(pool.BlockCount(), 2U);
+    EXPECT_EQ(std::string(first).size(), StringPool::kBlockSize - 1);
 }
 
-TEST(Pools, AbandonWhatIsTooSmall)
+TEST(Properties, GuardTheirTypes)
 {
-    StringPool pool;
-    const char* first = pool.InternString(std::string(StringPool::kBlockSize - 1, 'a'));
-    EXPECT_EQ(pool.BlockCount(), 1U);
-    const char* second = pool.InternString("");
-    EXPECT_EQ(pool.BlockCount(), 2U);
-    EXPECT_STREQ(second, "");
-    EXPECT_EQ(std::string(first).size(), StringPool::kBlockSize - 1);
+    CVexVariableProperty property;
+    EXPECT_EQ(property.Name(), nullptr);
+    EXPECT_THROW(property.Integer(), std::range_error);
+    property.SetInteger(5);
+    EXPECT_EQ(property.Integer(), 5);
+    EXPECT_THROW(property.Text(), std::range_error);
+    property.SetText("five");
+    EXPECT_THROW(property.Integer(), std::range_error);
+    property.ClearValue();
+    EXPECT_EQ(property.Type(), CVexProperty::kType_Unknown);
+    EXPECT_THROW(property.Text(), std::range_error);
+}
+
+TEST(Properties, AreCopiedWhole)
+{
+    CVexFunctionProperty function;
+    function.SetName("dim");
+    function.SetDescription("the excess of one number over another");
+    CVexVariablePropertyList parameters;
+    parameters.AddInteger("a", 0).SetTakesValue(true);
+    function.SetParameters(parameters);
+    const std::unique_ptr<CVexProperty> copy = function.Clone();
+    function.ClearParameters();
+    function.ClearName();
+    const auto& same = dynamic_cast<const CVexFunctionProperty&>(*copy);
+    EXPECT_EQ(*same.Name(), "dim");
+    EXPECT_EQ(same.Parameters().At(0).TakesValue(), true);
+    CVexVariableProperty other;
+    other.Assign(*copy);
+    EXPECT_EQ(*other.Name(), "dim");
+}
+
+TEST(PropertyLists, NumberTheirEntries)
+{
+    CVexVariablePropertyList list;
+    list.AddInteger("a", 1);
+    list.AddText("c", "3");
+    CVexVariableProperty b;
+    b.SetName("b");
+    list.Insert(1, b);
+    std::string names;
+    for (const CVexVariableProperty* entry = list.Next(nullptr); entry != nullptr; entry = list.Next(entry))
+        names += *entry->Name() + std::to_string(entry->Id());
+    EXPECT_EQ(names, "a0b1c2");
+    list.Remove(0);
+    EXPECT_EQ(list.At(1).Id(), 1);
+    EXPECT_THROW(list.At(2), std::range_error);
+    EXPECT_THROW(list.Remove(2), std::range_error);
+    EXPECT_THROW(list.AddArray(nullptr, 1), std::range_error);
+}
+
+TEST(Enumerations, AreFoundByName)
+{
+    EXPECT_EQ(*VexEnumeration("vertical").At(1).Name(), "align_top");
+    EXPECT_EQ(VexEnumeration("vertical").At(1).Integer(), 4);
+    EXPECT_EQ(VexEnumeration("placement").At(2).Type(), CVexProperty::kType_Enumerated);
+    EXPECT_THAT([] { VexEnumeration("colour"); }, testing::ThrowsMessage<std::range_error>("Enum name not found."));
 }
 
 TEST(Vocabulary, NamesEachWordOnce)

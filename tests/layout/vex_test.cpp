@@ -3,9 +3,10 @@
 #include "vex/dump.h"
 #include "vex/format.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <sstream>
 
 using namespace Vex;
@@ -25,75 +26,55 @@ std::string MistakesIn(const char* text)
     return found;
 }
 
-std::string FirstHint(const char* text)
+TEST(Check, FindsMistakesAndTheirPlaces)
 {
-    const std::vector<Diagnostic> found = CheckLayout(CSourceText("test.vex", text));
-    return found.empty() ? "" : found.front().hint;
+    const std::pair<std::string, const char*> cases[] = {
+        // syntax, where the furthest rule failed
+        {"PDialog() {\n  CPane(width: 1,);\n}", "2:18 syntax"},
+        {"PDialog() {\n  CPane(width 1);\n}", "2:15 syntax"},
+        {"PDialog(text: 'open);\n", "1:15 syntax"},
+        {"step(1, 2, &a, b); PDialog();", "1:16 ampersand"},
+        {"step(1, 2, a); PDialog();", "1:12 ampersand"},
+        {"align_centers(1, 20, 30, &a, b); PDialog();", "1:30 ampersand"},
+        {"PDialog(); align_centers(1, 20, 30, a, &b);", "1:42 ampersand"},
+        // the vocabulary
+        {"PDialog(magin: 4) { CStatcText(); }", "1:9 unknown-key, 1:21 unknown-class"},
+        {"PDialog(width: kBind_Sizable, height: 2 * high);", "1:16 unknown-constant, 1:43 unknown-constant"},
+        // scopes
+        {"step(1, 2, &w); PDialog(width: w, height: width) { h = w; CPane(height: h) {} }", ""},
+        {"PDialog() { CPane() { h = 1; } CPane(height: h); }", "1:46 unknown-constant"},
+        // kinds of values, and identifiers
+        {"PDialog(width: 'broad', window_title: 5, view_id: 5);", "1:16 wrong-kind, 1:39 wrong-kind"},
+        {"PDialog(width: 'abcd') { CEditNumber(number_value: '1.5', number_maximum: 'several'); }", "1:75 wrong-kind"},
+        {"t = 'broad'; PDialog(width: t, window_title: t);", "1:29 wrong-kind"},
+        {"PDialog(view_id: 'a') { CPane(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }", "1:76 duplicate-id"},
+        // what the parser throws
+        {"a = 1;\n", "2:1 views"},
+        {"PDialog();\nCPane();", "2:1 views"},
+        {"PDialog(width: 8 / 0);", "1:20 division"},
+        {"PDialog(width: " + std::string(300, '('), "1:215 nesting"},
+    };
+    for (const auto& [text, mistakes] : cases)
+        EXPECT_EQ(MistakesIn(text.c_str()), mistakes) << text;
 }
 
-std::string FirstMessage(const char* text)
+TEST(Check, ExplainsOrHints)
 {
-    const std::vector<Diagnostic> found = CheckLayout(CSourceText("test.vex", text));
-    return found.empty() ? "" : found.front().message;
-}
-
-TEST(Check, PlacesSyntaxErrorsWhereTheFurthestRuleFailed)
-{
-    EXPECT_EQ(MistakesIn("PDialog() {\n  CPane(width: 1,);\n}"), "2:18 syntax");
-    EXPECT_EQ(MistakesIn("PDialog() {\n  CPane(width 1);\n}"), "2:15 syntax");
-    EXPECT_EQ(FirstMessage("PDialog(width 1);"), "expected ':', but found '1'");
-    EXPECT_EQ(FirstMessage("PDialog(width: (1 2));"), "expected an operator or ')', but found '2'");
-    EXPECT_EQ(FirstMessage("PDialog(width: 1 2);"), "expected an operator, ',' or ')', but found '2'");
-    EXPECT_EQ(FirstMessage("PDialog() {"), "expected a name or '}', but found the end of the text");
-    EXPECT_EQ(MistakesIn("PDialog(text: 'open);\n"), "1:15 syntax");
-    EXPECT_EQ(FirstMessage("PDialog(text: 'open);\n"), "this string has no closing quote");
-}
-
-TEST(Check, MissesAmpersands)
-{
-    EXPECT_EQ(MistakesIn("step(1, 2, &a, b); PDialog();"), "1:16 ampersand");
-    EXPECT_EQ(MistakesIn("step(1, 2, a); PDialog();"), "1:12 ampersand");
-    EXPECT_EQ(MistakesIn("align_centers(1, 20, 30, &a, b); PDialog();"), "1:30 ampersand");
-    EXPECT_EQ(MistakesIn("PDialog(); align_centers(1, 20, 30, a, &b);"), "1:42 ampersand");
-}
-
-TEST(Check, KnowsTheVocabulary)
-{
-    EXPECT_EQ(MistakesIn("PDialog(magin: 4) { CStatcText(); }"), "1:9 unknown-key, 1:21 unknown-class");
-    EXPECT_EQ(FirstHint("PDialog(magin: 4);"), "Did you mean margin?");
-    EXPECT_EQ(FirstHint("PDialog() { CStatcText(); }"), "Did you mean CStaticText?");
-    EXPECT_EQ(MistakesIn("PDialog(width: kBind_Sizable, height: 2 * high);"),
-              "1:16 unknown-constant, 1:43 unknown-constant");
-    EXPECT_EQ(FirstHint("PDialog(view_binding: kBind_Sizable);"), "Did you mean kBind_Sizeable?");
-    EXPECT_EQ(FirstHint("PDialog(qqqqqqqqqq: 1);"), "");
-}
-
-TEST(Check, FollowsTheScopes)
-{
-    EXPECT_EQ(MistakesIn("step(1, 2, &w); PDialog(width: w, height: width) { h = w; CPane(height: h) {} }"), "");
-    EXPECT_EQ(MistakesIn("PDialog() { CPane() { h = 1; } CPane(height: h); }"), "1:46 unknown-constant");
-}
-
-TEST(Check, MindsTheKindsOfValues)
-{
-    EXPECT_EQ(MistakesIn("PDialog(width: 'broad', window_title: 5, view_id: 5);"), "1:16 wrong-kind, 1:39 wrong-kind");
-    EXPECT_EQ(MistakesIn("PDialog(width: 'abcd') { CEditNumber(number_value: '1.5', number_maximum: 'several'); }"),
-              "1:75 wrong-kind");
-    EXPECT_EQ(MistakesIn("t = 'broad'; PDialog(width: t, window_title: t);"), "1:29 wrong-kind");
-}
-
-TEST(Check, FindsTheSecondOfTwoIdentifiers)
-{
-    EXPECT_EQ(MistakesIn("PDialog(view_id: 'a') { CPane(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }"),
-              "1:76 duplicate-id");
-}
-
-TEST(Check, ReportsWhatTheParserThrows)
-{
-    EXPECT_EQ(MistakesIn("a = 1;\n"), "2:1 views");
-    EXPECT_EQ(MistakesIn("PDialog();\nCPane();"), "2:1 views");
-    EXPECT_EQ(MistakesIn("PDialog(width: 8 / 0);"), "1:20 division");
-    EXPECT_EQ(MistakesIn(("PDialog(width: " + std::string(300, '(')).c_str()), "1:215 nesting");
+    const std::pair<const char*, const char*> cases[] = {
+        {"PDialog(width 1);", "expected ':', but found '1'"},
+        {"PDialog(width: (1 2));", "expected an operator or ')', but found '2'"},
+        {"PDialog(width: 1 2);", "expected an operator, ',' or ')', but found '2'"},
+        {"PDialog() {", "expected a name or '}', but found the end of the text"},
+        {"PDialog(text: 'open);\n", "this string has no closing quote"},
+        {"PDialog(magin: 4);", "Did you mean margin?"},
+        {"PDialog() { CStatcText(); }", "Did you mean CStaticText?"},
+        {"PDialog(view_binding: kBind_Sizable);", "Did you mean kBind_Sizeable?"},
+    };
+    for (const auto& [text, expected] : cases) {
+        const Diagnostic first = CheckLayout(CSourceText("test.vex", text)).at(0);
+        EXPECT_THAT((std::array{first.message, first.hint}), testing::Contains(expected)) << text;
+    }
+    EXPECT_EQ(CheckLayout(CSourceText("test.vex", "PDialog(qqqqqqqqqq: 1);")).at(0).hint, "");
 }
 
 TEST(Check, TakesLongSums)

@@ -17,13 +17,18 @@ using Testing::LyingDisk;
 
 constexpr std::uint64_t kGiB = std::uint64_t{1} << 30;
 
-// The folders of a heap's files, in order.
+// Where the name of a path begins.
+std::size_t NameOf(std::string_view path)
+{
+    return path.find_last_of("/\\") + 1;
+}
+
 std::vector<std::string> FoldersOf(const CVirtualHeap& heap)
 {
     std::vector<std::string> folders;
     for (const auto& file : heap.Files()) {
         const std::string path(file->Spec().Path().View());
-        folders.push_back(path.substr(0, path.find_last_of("/\\")));
+        folders.push_back(path.substr(0, NameOf(path) - 1));
     }
     return folders;
 }
@@ -40,22 +45,24 @@ protected:
     LyingDisk& disk = LyingDisk::Reset();
 };
 
-TEST_F(ScratchFolders, NamesHoldTheProcessTheTimeAndTheIndex)
+TEST_F(ScratchFolders, GetFilesOfTheProcessTheTimeAndTheIndexThatAreDeletedLastToFirst)
 {
     disk.AddVolume("/w", 2 * kGiB);
-    CVirtualHeap heap;
-    heap.Initialize(nullptr);
-    std::vector<std::uint32_t> times;
-    for (std::uint32_t i = 0; i < 2; ++i) {
-        const std::string path(heap.Files().at(i)->Spec().Path().View());
-        const std::string name = path.substr(path.find_last_of("/\\") + 1);
-        std::uint32_t time = 0;
-        ASSERT_TRUE(std::sscanf(name.c_str(), "%*u_%u_KVM_", &time) == 1) << name;
-        EXPECT_EQ(name, std::to_string(Platform::ProcessNumber()) + "_" + std::to_string(time) + "_KVM_" +
-                            std::to_string(i) + ".tmp");
-        times.push_back(time);
+    std::vector<std::string> paths;
+    {
+        CVirtualHeap heap;
+        heap.Initialize(nullptr);
+        for (const auto& file : heap.Files())
+            paths.emplace_back(file->Spec().Path().View());
     }
-    EXPECT_EQ(times[0], times[1]);
+    ASSERT_EQ(paths.size(), 2U);
+    std::uint32_t time = 0;
+    ASSERT_EQ(std::sscanf(paths[0].c_str() + NameOf(paths[0]), "%*u_%u_KVM_", &time), 1) << paths[0];
+    const std::string start = std::to_string(Platform::ProcessNumber()) + "_" + std::to_string(time) + "_KVM_";
+    EXPECT_EQ(paths[0].substr(NameOf(paths[0])), start + "0.tmp");
+    EXPECT_EQ(paths[1].substr(NameOf(paths[1])), start + "1.tmp");
+    EXPECT_TRUE(disk.files.empty());
+    EXPECT_THAT(disk.deleted, ElementsAre(paths[1], paths[0]));
 }
 
 TEST_F(ScratchFolders, AreOnFixedVolumesWithTheMostRoomFirst)
@@ -85,33 +92,14 @@ TEST_F(ScratchFolders, WithoutAnyCandidateAreTheTemporaryOne)
     EXPECT_THAT(FoldersFor(&folders), ElementsAre("/v/tmp"));
 }
 
-TEST_F(ScratchFolders, GetOneFileForEach64GiBAndOneMore)
+TEST_F(ScratchFolders, GetOneFileForEach64GiBAndOneMoreUpTo16)
 {
     disk.volumes["/v"].freeBytes = 64 * kGiB; // not more than that
     disk.AddVolume("/w", 3 * 64 * kGiB);      // leaves 64 GiB after two
     disk.AddVolume("/x", 64 * kGiB + 1);
     EXPECT_THAT(FoldersFor(), ElementsAre("/w", "/w", "/x", "/w", "/x", "/v/tmp"));
-}
-
-TEST_F(ScratchFolders, AreNeverMoreThan16)
-{
-    disk.AddVolume("/w", 10000 * kGiB);
-    EXPECT_EQ(FoldersFor().size(), 16U);
-    EXPECT_THAT(FoldersFor(), ::testing::Each("/w"));
-}
-
-TEST_F(ScratchFolders, AreDeletedWithTheHeapLastToFirst)
-{
-    disk.AddVolume("/w", 2 * kGiB);
-    std::vector<std::string> paths;
-    {
-        CVirtualHeap heap;
-        heap.Initialize(nullptr);
-        for (const auto& file : heap.Files())
-            paths.emplace_back(file->Spec().Path().View());
-    }
-    EXPECT_TRUE(disk.files.empty());
-    EXPECT_THAT(disk.deleted, ElementsAre(paths[1], paths[0]));
+    disk.AddVolume("/y", 10000 * kGiB);
+    EXPECT_EQ(FoldersFor(), std::vector<std::string>(16, "/y"));
 }
 
 TEST_F(ScratchFolders, AreOpenedAtTheFirstNeedOnly)

@@ -1,80 +1,91 @@
-// Slots, handles, free lists, eviction and the budget.
+// Slots, handles, free lists, eviction, the budget, and what a failing disk leaves.
 #include "foundation/exceptions.h"
 #include "pixels/lying_disk.h"
-#include "pixels/virtual_tile_array.h"
+#include "pixels/virtual_pixmap.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <map>
 #include <stdexcept>
 
 namespace {
 
+using Kesto::CError;
+using Kesto::CSystemError;
 using Kesto::CVirtualHeap;
-using Kesto::CVirtualHeapLimits;
 using Kesto::CVirtualTile;
-using Kesto::CVirtualTileArray;
 using Kesto::TileClassBytes;
 using ::testing::ElementsAre;
 using Testing::LyingDisk;
+using Testing::OnlyAt;
+using ::testing::Property;
+using ::testing::Throws;
 
 constexpr std::uint64_t kKiB = 1024;
 
-class Heap : public ::testing::Test {
-protected:
-    LyingDisk& disk = LyingDisk::Reset();
-
-    // Locks and unlocks a tile after filling its bytes.
-    static void Write(CVirtualTileArray& array, std::uint32_t index, int value)
+class Tiles : public Kesto::CVirtualTileArray {
+public:
+    Tiles(std::uint8_t memoryClass, CVirtualHeap& heap, std::uint32_t count, bool discardable = false)
+        : CVirtualTileArray(memoryClass, discardable, heap)
     {
-        void* pointer = nullptr;
-        array.Lock(index, pointer, false);
-        std::memset(pointer, value, TileClassBytes(array.GetMemoryClass()));
-        array.Unlock(index, pointer, true, false);
+        Resize(count);
     }
 
-    static int FirstByte(CVirtualTileArray& array, std::uint32_t index)
+    void* Hold(std::uint32_t index)
     {
         void* pointer = nullptr;
-        array.Lock(index, pointer, false);
-        const int value = *static_cast<const std::uint8_t*>(pointer);
-        array.Unlock(index, pointer, false, false);
+        Lock(index, pointer, false);
+        return pointer;
+    }
+
+    void Write(std::uint32_t index, int value)
+    {
+        void* pointer = Hold(index);
+        std::memset(pointer, value, TileClassBytes(GetMemoryClass()));
+        Unlock(index, pointer, true, false);
+    }
+
+    // Its number to each.
+    void WriteAll()
+    {
+        for (std::uint32_t i = 0; i < GetCount(); ++i)
+            Write(i, static_cast<std::uint8_t>(i));
+    }
+
+    // The value of all bytes, or -1 if they differ.
+    int Read(std::uint32_t index)
+    {
+        void* pointer = Hold(index);
+        const auto* const bytes = static_cast<const std::uint8_t*>(pointer);
+        const std::uint64_t size = TileClassBytes(GetMemoryClass());
+        const int value = std::count(bytes, bytes + size, *bytes) == static_cast<std::ptrdiff_t>(size) ? *bytes : -1;
+        Unlock(index, pointer, false, false);
         return value;
     }
 
-    // The first bytes of what was written to the disk, in order.
-    std::vector<std::uint64_t> WrittenPositions() const
+    void ExpectAll()
     {
-        std::vector<std::uint64_t> positions;
-        for (const Testing::Access& write : disk.writes)
-            positions.push_back(write.position);
-        return positions;
+        for (std::uint32_t i = 0; i < GetCount(); ++i)
+            EXPECT_EQ(Read(i), static_cast<std::uint8_t>(i));
     }
 };
 
-TEST_F(Heap, ClassesAreHalfwayDoublingsOf256Bytes)
-{
-    EXPECT_EQ(TileClassBytes(0), 256U);
-    EXPECT_EQ(TileClassBytes(15), 8U << 20);
-    EXPECT_EQ(Kesto::GetSlotClass(6), 0);
-    EXPECT_EQ(Kesto::GetSlotClass(7), 1);
-    EXPECT_EQ(Kesto::GetSlotClass(15), 9);
-}
+class Heap : public ::testing::Test {
+protected:
+    static auto At(std::uint64_t position) { return ::testing::Field(&Testing::Access::position, position); }
 
-TEST_F(Heap, BeginsWithHalfTheMemoryButAtLeast16MiB)
-{
-    EXPECT_GE(CVirtualHeap().Budget(), 0x1000000U);
-    EXPECT_EQ(CVirtualHeap().Budget(), CVirtualHeapLimits::StartBudget());
-}
+    LyingDisk& disk = LyingDisk::Reset();
+};
 
 TEST_F(Heap, CarvesAtLeast64KiBAndHandsTilesOutInTheOrderOfTheirSlots)
 {
     CVirtualHeap heap;
-    const CVirtualTile* const first = heap.AcquireTile(2, 2, 3);
-    const CVirtualTile* const second = heap.AcquireTile(2, 2, 3);
-    EXPECT_EQ(first->fHandle, 0U);
-    EXPECT_EQ(second->fHandle, 4U); // 1 KiB further, in units of 256
+    EXPECT_GE(heap.Budget(), 0x1000000U);
+    EXPECT_EQ(heap.AcquireTile(2, 2, 3)->fHandle, 0U);
+    EXPECT_EQ(heap.AcquireTile(2, 2, 3)->fHandle, 4U); // 1 KiB further, in units of 256
     EXPECT_EQ(heap.Files()[0]->UsedSize(), 64 * kKiB);
     EXPECT_EQ(heap.PreallocateTiles(2, 10), 62U);
     EXPECT_EQ(heap.AcquireTile(9, 9, 1)->fHandle, 256U);
@@ -89,109 +100,82 @@ TEST_F(Heap, GoesOnInTheNextFileAndThenHasNoMoreTiles)
     disk.AddVolume("/w", 0x800000 + 200 * kKiB);
     CVirtualHeap heap({.fFileSize = 128 * kKiB, .fFileCount = 5});
     disk.volumes["/v"].freeBytes = 0; // gone since
-    std::vector<std::uint32_t> files;
-    for (int i = 0; i < 3; ++i)
-        files.push_back(heap.AcquireTile(8, 8, 2)->fHandle >> 28);
-    const auto last = heap.AcquireTile(8, 8, 1);
-    files.push_back(last->fHandle >> 28);
-    EXPECT_EQ(files[0], files[1]);
-    EXPECT_EQ(files[2], files[3]);
-    EXPECT_NE(files[0], files[2]);
+    std::array<std::uint32_t, 4> handles{};
+    for (std::uint32_t& handle : handles)
+        handle = heap.AcquireTile(8, 8, 2)->fHandle;
+    EXPECT_EQ(handles[0] >> 28, handles[1] >> 28);
+    EXPECT_EQ(handles[2] >> 28, handles[3] >> 28);
+    EXPECT_NE(handles[0] >> 28, handles[2] >> 28);
     Kesto::CVirtualFile* file = nullptr;
     std::uint64_t offset = 0;
-    heap.LocateTile(last->fHandle, file, offset);
-    EXPECT_EQ(file, heap.Files()[files[3]].get());
+    heap.LocateTile(handles[3], file, offset);
+    EXPECT_EQ(file, heap.Files()[handles[3] >> 28].get());
     EXPECT_EQ(offset, 64 * kKiB);
 
     for (auto& volume : disk.volumes)
         volume.second.freeBytes = 0x800000;
-    try {
+    const auto acquireMany = [&heap] {
         for (int i = 0; i < 100; ++i)
             heap.AcquireTile(8, 8, 1);
-        FAIL() << "there was room for 100 tiles more";
-    } catch (const Kesto::CError& error) {
-        EXPECT_EQ(error.ErrorText(), Kesto::CText("$$$/Kesto/VirtualHeap/AcquireTileError=No more virtual tiles can be "
-                                                  "allocated."));
-    }
+    };
+    const Kesto::CText text("$$$/Kesto/VirtualHeap/AcquireTileError=No more virtual tiles can be allocated.");
+    EXPECT_THAT(acquireMany, Throws<CError>(Property(&CError::ErrorText, text)));
 }
 
-TEST_F(Heap, EndsAFileWhereAHandleEnds)
+TEST_F(Heap, EndsAFileWhereAHandleEndsAndHandsTheTileReleasedLastOutFirst)
 {
     disk.volumes["/v"].freeBytes = std::uint64_t{1} << 40;
     CVirtualHeap heap({.fFileSize = 256 * kKiB, .fFileCount = 2});
-    std::vector<std::uint32_t> handles;
-    for (int i = 0; i < 4; ++i)
-        handles.push_back(heap.AcquireTile(9, 9, 1)->fHandle);
-    EXPECT_THAT(handles, ElementsAre(0U, 512U, 0x10000000U, 0x10000000U + 512U));
-    EXPECT_THROW(heap.AcquireTile(9, 9, 1), Kesto::CError);
-    EXPECT_THROW(heap.AcquireTile(0, 0, 1), Kesto::CError);
-}
-
-TEST_F(Heap, HandsTheTileReleasedLastOutFirst)
-{
-    CVirtualHeap heap;
-    CVirtualTile* const a = heap.AcquireTile(8, 8, 3);
-    CVirtualTile* const b = heap.AcquireTile(8, 8, 1);
-    heap.ReleaseTile(a);
-    heap.ReleaseTile(b);
-    heap.ReleaseTile(nullptr);
-    EXPECT_EQ(heap.AcquireTile(8, 8, 1), b);
-    EXPECT_EQ(heap.AcquireTile(8, 8, 1), a);
-    EXPECT_NE(heap.AcquireTile(8, 8, 1), nullptr); // the third of the chain
-}
-
-TEST_F(Heap, RefusesClassesThatWouldLeaveTheBlock)
-{
-    CVirtualHeap heap;
-    EXPECT_THROW(heap.AcquireTile(3, 4, 1), std::logic_error);
-    EXPECT_THROW(heap.AcquireTile(16, 4, 1), std::logic_error);
-    EXPECT_THROW(heap.PreallocateTiles(16, 4), std::logic_error);
+    std::vector<CVirtualTile*> tiles;
+    for (const std::uint32_t handle : {0U, 512U, 0x10000000U, 0x10000000U + 512U}) {
+        tiles.push_back(heap.AcquireTile(9, 9, 1));
+        EXPECT_EQ(tiles.back()->fHandle, handle);
+    }
+    EXPECT_THROW(heap.AcquireTile(9, 9, 1), CError);
+    EXPECT_THROW(heap.AcquireTile(0, 0, 1), CError);
+    for (CVirtualTile* const tile : {tiles[2], tiles[0], static_cast<CVirtualTile*>(nullptr)})
+        heap.ReleaseTile(tile);
+    EXPECT_EQ(heap.AcquireTile(9, 9, 1), tiles[0]);
+    EXPECT_EQ(heap.AcquireTile(9, 9, 1), tiles[2]);
 }
 
 TEST_F(Heap, EvictsTheOldestUnlockedTilesSavingTheDirtyOnes)
 {
     CVirtualHeap heap({.fBudget = 4 * 64 * kKiB});
-    CVirtualTileArray array(8, false, heap);
-    array.Resize(8);
-    void* held = nullptr;
-    array.Lock(0, held, false);
+    Tiles tiles(8, heap, 8);
+    tiles.Hold(0);
     for (std::uint32_t i = 1; i < 4; ++i)
-        Write(array, i, static_cast<int>(i));
-    void* clean = nullptr;
-    array.Lock(1, clean, false);
-    array.Flush(1);
-    EXPECT_THAT(WrittenPositions(), ElementsAre(64 * kKiB));
-    array.Unlock(1, clean, false, false);
-    array.Touch(2); // the order is 0 (locked), 1, 3, 2 now
+        tiles.Write(i, static_cast<int>(i));
+    void* clean = tiles.Hold(1);
+    tiles.Flush(1);
+    EXPECT_THAT(disk.writes, ElementsAre(At(64 * kKiB)));
+    tiles.Unlock(1, clean, false, false);
+    tiles.Touch(2); // the order is 0 (locked), 1, 3, 2 now
 
-    Write(array, 4, 4); // evicts 1, which is saved already
-    EXPECT_THAT(WrittenPositions(), ElementsAre(64 * kKiB));
-    EXPECT_EQ(array.GetTile(1)->fBlock, nullptr);
-    Write(array, 5, 5); // evicts 3
-    EXPECT_THAT(WrittenPositions(), ElementsAre(64 * kKiB, 3 * 64 * kKiB));
-    EXPECT_NE(array.GetTile(2)->fBlock, nullptr);
+    tiles.Write(4, 4); // evicts 1, which is saved already
+    EXPECT_THAT(disk.writes, ElementsAre(At(64 * kKiB)));
+    EXPECT_EQ(tiles.GetTile(1)->fBlock, nullptr);
+    tiles.Write(5, 5); // evicts 3
+    EXPECT_THAT(disk.writes, ElementsAre(At(64 * kKiB), At(3 * 64 * kKiB)));
+    EXPECT_NE(tiles.GetTile(2)->fBlock, nullptr);
     EXPECT_EQ(heap.AllocatedBytes(), 4 * 64 * kKiB);
-    EXPECT_EQ(FirstByte(array, 3), 3);
-    EXPECT_EQ(FirstByte(array, 1), 1);
-    array.Unlock(0, held, false, false);
+    EXPECT_EQ(tiles.Read(3), 3);
+    EXPECT_EQ(tiles.Read(1), 1);
 }
 
 TEST_F(Heap, GoesOverTheBudgetRatherThanFailWhenAllIsLocked)
 {
     CVirtualHeap heap({.fBudget = 2 * 64 * kKiB});
-    CVirtualTileArray array(8, false, heap);
-    array.Resize(3);
-    std::array<void*, 3> pointers{};
-    for (std::uint32_t i = 0; i < 3; ++i)
-        array.Lock(i, pointers[i], false);
+    Tiles tiles(8, heap, 3);
+    std::array<void*, 4> pointers{};
+    for (std::uint32_t i = 0; i < 4; ++i)
+        pointers[i] = tiles.Hold(i % 3);
     EXPECT_EQ(heap.AllocatedBytes(), 3 * 64 * kKiB);
     EXPECT_EQ(heap.EvictBytes(1), 0U);
-    void* again = nullptr;
-    array.Lock(0, again, false);
-    array.Unlock(0, again, false, false);
+    tiles.Unlock(0, pointers[3], false, false);
     EXPECT_EQ(heap.EvictBytes(1), 0U) << "unlocked once of twice";
     for (std::uint32_t i = 0; i < 3; ++i)
-        array.Unlock(i, pointers[i], false, false);
+        tiles.Unlock(i, pointers[i], false, false);
     EXPECT_EQ(heap.EvictBytes(64 * kKiB + 1), 2 * 64 * kKiB);
     heap.SetBudget(64 * kKiB);
     EXPECT_EQ(heap.AllocatedBytes(), 64 * kKiB);
@@ -200,16 +184,12 @@ TEST_F(Heap, GoesOverTheBudgetRatherThanFailWhenAllIsLocked)
 TEST_F(Heap, GivesTheSmallestFreeBlocksBackFirst)
 {
     CVirtualHeap heap;
-    CVirtualTileArray small(2, false, heap);
-    CVirtualTileArray large(8, false, heap);
-    small.Resize(4);
-    large.Resize(2);
-    for (std::uint32_t i = 0; i < 4; ++i)
-        Write(small, i, 1);
-    Write(large, 0, 1);
-    Write(large, 1, 1);
-    small.ReleaseAll();
-    large.ReleaseAll();
+    Tiles small(2, heap, 4);
+    Tiles large(8, heap, 2);
+    for (Tiles* const tiles : {&small, &large}) {
+        tiles->WriteAll();
+        tiles->ReleaseAll();
+    }
     EXPECT_EQ(heap.UnusedBytes(), 4 * kKiB + 128 * kKiB);
     EXPECT_EQ(heap.FreeBlockBytes(1), kKiB);
     EXPECT_EQ(heap.FreeBlockBytes(3 * kKiB + 1), 3 * kKiB + 64 * kKiB);
@@ -221,10 +201,8 @@ TEST_F(Heap, StepsAsideWithSomeSlack)
     for (const auto& [bytes, freed] : std::map<std::uint64_t, std::uint64_t>{
              {1, 5 * kKiB}, {80 * kKiB, 85 * kKiB}, {1024 * kKiB, (1024 + 64) * kKiB}, {2048 * kKiB, 2112 * kKiB}}) {
         CVirtualHeap heap;
-        CVirtualTileArray array(2, false, heap);
-        array.Resize(4096);
-        for (std::uint32_t i = 0; i < 4096; ++i)
-            Write(array, i, 1);
+        Tiles tiles(2, heap, 4096);
+        tiles.WriteAll();
         heap.Reserve(bytes);
         EXPECT_EQ(4096 * kKiB - heap.AllocatedBytes(), freed) << bytes;
     }
@@ -233,14 +211,15 @@ TEST_F(Heap, StepsAsideWithSomeSlack)
 TEST_F(Heap, GivesUpTheDataOfDiscardableTiles)
 {
     CVirtualHeap heap;
-    CVirtualTileArray array(8, true, heap);
-    array.Resize(1);
-    EXPECT_EQ(array.GetSlotClass(), 2);
-    Write(array, 0, 7);
+    EXPECT_EQ(Kesto::GetSlotClass(6), 0);
+    EXPECT_EQ(Kesto::GetSlotClass(15), 9);
+    Tiles tiles(8, heap, 1, true);
+    EXPECT_EQ(tiles.GetSlotClass(), 2);
+    tiles.Write(0, 7);
     EXPECT_EQ(heap.EvictBytes(1), 64 * kKiB);
     EXPECT_TRUE(disk.writes.empty());
-    EXPECT_TRUE(array.GetTile(0)->Has(CVirtualTile::kSaved));
-    EXPECT_EQ(FirstByte(array, 0), 0) << "the head of the block is what the small slot holds";
+    EXPECT_TRUE(tiles.GetTile(0)->Has(CVirtualTile::kSaved));
+    EXPECT_EQ(*static_cast<char*>(tiles.Hold(0)), 0) << "the head of the block is what the small slot holds";
     ASSERT_EQ(disk.reads.size(), 1U);
     EXPECT_EQ(disk.reads[0].size, kKiB);
 }
@@ -248,14 +227,12 @@ TEST_F(Heap, GivesUpTheDataOfDiscardableTiles)
 TEST_F(Heap, NeverReadsATileBackThatWasNeverSaved)
 {
     CVirtualHeap heap;
-    CVirtualTileArray array(4, false, heap);
-    array.Resize(2);
-    void* pointer = nullptr;
-    array.Lock(0, pointer, false);
-    array.Unlock(0, pointer, false, true);
-    array.Unlock(0, pointer, true, true); // without effect: the pointer is null already
+    Tiles tiles(4, heap, 2);
+    void* pointer = tiles.Hold(0);
+    tiles.Unlock(0, pointer, false, true);
+    tiles.Unlock(0, pointer, true, true); // without effect: the pointer is null already
     EXPECT_EQ(heap.EvictBytes(1), 4 * kKiB);
-    FirstByte(array, 0);
+    tiles.Hold(0);
     EXPECT_TRUE(disk.reads.empty());
     EXPECT_TRUE(disk.writes.empty());
 }
@@ -270,49 +247,77 @@ TEST_F(Heap, PrefersTheInstalledAllocator)
     };
     const auto allocator = std::make_shared<Allocator>();
     CVirtualHeap heap;
-    CVirtualTileArray array(2, false, heap);
-    CVirtualTileArray other(3, false, heap);
-    array.Resize(1);
-    other.Resize(1);
+    Tiles tiles(2, heap, 1);
+    Tiles others(3, heap, 1);
     Kesto::CVirtualAllocator::Install(allocator);
-    Write(array, 0, 5);
-    Write(other, 0, 6); // null from the allocator: the process heap is asked
+    tiles.Write(0, 5);
+    others.Write(0, 6); // null from the allocator: the process heap is asked
     Kesto::CVirtualAllocator::Install(nullptr);
     EXPECT_EQ(allocator->memory[kKiB - 1], std::byte{5});
     heap.MakeRoom(100 * kKiB);
     EXPECT_TRUE(allocator->freedOwn);
     EXPECT_EQ(heap.AllocatedBytes(), 0U);
-    EXPECT_EQ(FirstByte(array, 0), 5);
+    EXPECT_EQ(tiles.Read(0), 5);
 }
 
-TEST_F(Heap, LeavesArraysThatOutliveItWithoutTiles)
+TEST_F(Heap, RefusesWhatIsOutsideAnArrayOrABlockAndArraysThatOutliveIt)
 {
     auto heap = std::make_unique<CVirtualHeap>();
-    CVirtualTileArray first(2, false, *heap);
-    CVirtualTileArray second(2, false, *heap);
-    first.Resize(2);
-    first.Realize();
-    EXPECT_NE(first.GetTile(1), nullptr);
+    EXPECT_THROW(heap->AcquireTile(3, 4, 1), std::logic_error);
+    EXPECT_THROW(heap->AcquireTile(16, 4, 1), std::logic_error);
+    EXPECT_THROW(heap->PreallocateTiles(16, 4), std::logic_error);
+    Tiles tiles(0, *heap, 2);
+    Tiles others(2, *heap, 2);
+    EXPECT_THROW(tiles.Hold(2), std::logic_error);
+    void* pointer = tiles.Hold(1);
+    void* copy = pointer;
+    tiles.Unlock(1, pointer, false, false);
+    EXPECT_THROW(tiles.Unlock(1, copy, false, false), std::logic_error);
+    for (int i = 0; i < 0xffff; ++i)
+        tiles.Hold(0);
+    EXPECT_THROW(tiles.Hold(0), std::logic_error);
+    others.Realize();
+    EXPECT_NE(others.GetTile(1), nullptr);
     heap.reset();
-    EXPECT_EQ(first.GetTile(1), nullptr);
-    void* pointer = nullptr;
-    EXPECT_THROW(first.Lock(0, pointer, false), std::logic_error);
+    EXPECT_EQ(others.GetTile(1), nullptr);
+    EXPECT_THROW(others.Hold(0), std::logic_error);
 }
 
-TEST_F(Heap, RefusesWhatIsOutsideAnArray)
+// Eight tiles of 4 KiB, of which four find room in memory.
+class FailingDisk : public Heap {
+protected:
+    CVirtualHeap heap{{.fBudget = 4 * 4096}};
+    Tiles tiles{4, heap, 8};
+};
+
+TEST_F(FailingDisk, KeepsWhatIsInMemoryOrInItsSlot)
 {
-    CVirtualHeap heap;
-    CVirtualTileArray array(0, false, heap);
-    array.Resize(2);
-    void* pointer = nullptr;
-    EXPECT_THROW(array.Lock(2, pointer, false), std::logic_error);
-    array.Lock(1, pointer, false);
-    void* copy = pointer;
-    array.Unlock(1, pointer, false, false);
-    EXPECT_THROW(array.Unlock(1, copy, false, false), std::logic_error);
-    for (int i = 0; i < 0xffff; ++i)
-        array.Lock(0, pointer, false);
-    EXPECT_THROW(array.Lock(0, pointer, false), std::logic_error);
+    tiles.WriteAll();
+    disk.failsWrite = [] { return true; };
+    EXPECT_THAT([&] { tiles.Read(0); }, Throws<CSystemError>(Property(&CSystemError::Code, Testing::kDiskFull)));
+    EXPECT_THROW(heap.SetBudget(0), CSystemError);
+    EXPECT_EQ(tiles.Read(7), 7);
+    disk.failsWrite = nullptr;
+    disk.failsRead = OnlyAt(0);
+    EXPECT_THROW(tiles.Read(0), CSystemError);
+    disk.cutsRead = OnlyAt(0);
+    EXPECT_THROW(tiles.Read(0), CError);
+    EXPECT_EQ(tiles.GetTile(0)->fLockCount, 0);
+    tiles.ExpectAll();
+}
+
+TEST_F(FailingDisk, ThatRefusesToGrowTheFileCarvesNothing)
+{
+    disk.failsLength = OnlyAt(0);
+    EXPECT_THROW(tiles.Write(0, 1), CSystemError);
+    EXPECT_EQ(heap.Files()[0]->UsedSize(), 0U);
+    Kesto::CVirtualPixmap pixmap(3, 64, 64, 1, 4, false, true, heap);
+    disk.volumes["/v"].freeBytes = 0;
+    EXPECT_THROW(pixmap.SetSize(100 * 64, 64), CError);
+    disk.volumes["/v"].freeBytes = 1 << 30;
+    pixmap.SetSize(64, 64);
+    tiles.WriteAll();
+    tiles.ExpectAll();
 }
 
 } // namespace

@@ -7,26 +7,6 @@
 #include <cstring>
 
 namespace Testing {
-namespace {
-
-std::vector<std::string> gOpenPaths; // by handle
-
-bool Ask(const std::function<bool()>& question)
-{
-    return question && question();
-}
-
-const std::string& PathOf(std::intptr_t handle)
-{
-    return gOpenPaths.at(static_cast<std::size_t>(handle));
-}
-
-std::vector<std::byte>& FileOf(std::intptr_t handle)
-{
-    return LyingDisk::Get().files.at(PathOf(handle));
-}
-
-} // namespace
 
 LyingDisk& LyingDisk::Get()
 {
@@ -55,19 +35,34 @@ std::function<bool()> OnlyAt(int call)
 } // namespace Testing
 
 namespace Platform {
+namespace {
 
 using Testing::LyingDisk;
+
+std::vector<std::string> gOpenPaths; // by handle
+
+bool Ask(const std::function<bool()>& question)
+{
+    return question && question();
+}
+
+std::vector<std::byte>& FileOf(std::intptr_t handle)
+{
+    return LyingDisk::Get().files.at(gOpenPaths.at(static_cast<std::size_t>(handle)));
+}
+
+} // namespace
 
 std::uint32_t FileHandle::Open(const std::string& path, FileMode mode)
 {
     Close();
     LyingDisk& disk = LyingDisk::Get();
-    if (Testing::Ask(disk.failsOpen) || (mode != FileMode::kReplace && !disk.files.contains(path)))
+    if (Ask(disk.failsOpen) || (mode != FileMode::kReplace && !disk.files.contains(path)))
         return Testing::kRefused;
     if (mode == FileMode::kReplace)
         disk.files[path].clear();
-    fNative = static_cast<std::intptr_t>(Testing::gOpenPaths.size());
-    Testing::gOpenPaths.push_back(path);
+    fNative = static_cast<std::intptr_t>(gOpenPaths.size());
+    gOpenPaths.push_back(path);
     return 0;
 }
 
@@ -80,13 +75,13 @@ std::uint32_t FileHandle::Close()
 Transfer FileHandle::ReadAt(void* buffer, std::size_t size, std::uint64_t position) const
 {
     LyingDisk& disk = LyingDisk::Get();
-    disk.reads.push_back({Testing::PathOf(fNative), position, size});
+    disk.reads.push_back({position, size});
     std::memset(buffer, 0xee, size);
-    if (Testing::Ask(disk.failsRead))
+    if (Ask(disk.failsRead))
         return {0, Testing::kReadFailed};
-    const std::vector<std::byte>& file = Testing::FileOf(fNative);
+    const std::vector<std::byte>& file = FileOf(fNative);
     std::size_t done = position < file.size() ? std::min(size, file.size() - static_cast<std::size_t>(position)) : 0;
-    if (Testing::Ask(disk.cutsRead))
+    if (Ask(disk.cutsRead))
         done /= 2;
     std::copy_n(file.begin() + static_cast<std::ptrdiff_t>(position), done, static_cast<std::byte*>(buffer));
     return {done, 0};
@@ -95,10 +90,10 @@ Transfer FileHandle::ReadAt(void* buffer, std::size_t size, std::uint64_t positi
 Transfer FileHandle::WriteAt(const void* buffer, std::size_t size, std::uint64_t position) const
 {
     LyingDisk& disk = LyingDisk::Get();
-    disk.writes.push_back({Testing::PathOf(fNative), position, size});
-    const bool fails = Testing::Ask(disk.failsWrite);
+    disk.writes.push_back({position, size});
+    const bool fails = Ask(disk.failsWrite);
     const std::size_t done = fails ? size / 2 : size;
-    std::vector<std::byte>& file = Testing::FileOf(fNative);
+    std::vector<std::byte>& file = FileOf(fNative);
     file.resize(std::max<std::size_t>(file.size(), static_cast<std::size_t>(position) + done));
     std::copy_n(static_cast<const std::byte*>(buffer), done, file.begin() + static_cast<std::ptrdiff_t>(position));
     return {done, fails ? Testing::kDiskFull : 0};
@@ -106,15 +101,15 @@ Transfer FileHandle::WriteAt(const void* buffer, std::size_t size, std::uint64_t
 
 std::uint32_t FileHandle::GetLength(std::uint64_t& length) const
 {
-    length = Testing::FileOf(fNative).size();
+    length = FileOf(fNative).size();
     return 0;
 }
 
 std::uint32_t FileHandle::SetLength(std::uint64_t length) const
 {
-    if (Testing::Ask(LyingDisk::Get().failsLength))
+    if (Ask(LyingDisk::Get().failsLength))
         return Testing::kDiskFull;
-    Testing::FileOf(fNative).resize(static_cast<std::size_t>(length));
+    FileOf(fNative).resize(static_cast<std::size_t>(length));
     return 0;
 }
 

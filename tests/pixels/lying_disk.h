@@ -19,11 +19,8 @@ inline constexpr std::uint32_t kReadFailed = 1002;
 inline constexpr std::uint32_t kRefused = 1003;
 
 struct Access {
-    std::string path;
     std::uint64_t position;
     std::size_t size;
-
-    bool operator==(const Access&) const = default;
 };
 
 struct LyingDisk {

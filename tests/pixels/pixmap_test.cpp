@@ -7,12 +7,14 @@
 #include <cstring>
 #include <new>
 #include <stdexcept>
+#include <string>
 
 namespace {
 
 using Kesto::CBasicPixmap;
 using Kesto::CMemoryPixmap;
 using Kesto::CPixView;
+using Kesto::Point;
 using Kesto::Rect;
 
 TEST(RowBytes, ArePaddedToTheAlignment)
@@ -25,10 +27,6 @@ TEST(RowBytes, ArePaddedToTheAlignment)
                             Case{-5, 8, 4, -4}, Case{-1, 1, 4, 0}, Case{0x7ffffffc / 4, 32, 4, 0x7ffffffc}})
         EXPECT_EQ(CBasicPixmap::ComputeRowBytes(one.width, one.bits, one.alignment), one.bytes)
             << one.width << " of " << one.bits << " by " << one.alignment;
-}
-
-TEST(RowBytes, BeyondTheirRangeAreRefused)
-{
     EXPECT_THROW(CBasicPixmap::ComputeRowBytes(0x20000000, 32, 4), std::length_error);
     EXPECT_THROW(CBasicPixmap::ComputeRowBytes(0x7fffffff, 8, 4), std::length_error);
     EXPECT_THROW(CBasicPixmap::ComputeRowBytes(1, 8, 0), std::logic_error);
@@ -37,20 +35,15 @@ TEST(RowBytes, BeyondTheirRangeAreRefused)
 
 TEST(MemoryPixmap, AnswersForItsOneTile)
 {
-    CMemoryPixmap pixmap({-3, 10, 7, 14}, 16, 3, 4, 0);
+    const CMemoryPixmap pixmap({-3, 10, 7, 14}, 16, 3, 4, 0);
     EXPECT_EQ(pixmap.GetBounds(), (Rect{-3, 10, 7, 14}));
-    EXPECT_EQ(pixmap.GetSize(), (Kesto::Point{10, 4}));
     EXPECT_EQ(pixmap.GetPixelBytes(), 2);
     EXPECT_EQ(pixmap.GetRowBits(), 160);
-    EXPECT_EQ(pixmap.GetPlaneBytes(), 80);
     EXPECT_EQ(pixmap.GetPlaneBits(), 640);
-    EXPECT_EQ(pixmap.GetTileWidth(), 10);
-    EXPECT_EQ(pixmap.GetTileHeight(), 4);
-    EXPECT_EQ(pixmap.GetTileLeft(9), -3);
-    EXPECT_EQ(pixmap.GetTileTop(9), 10);
-    EXPECT_EQ(pixmap.GetTileColumn(100), 0);
-    EXPECT_EQ(pixmap.GetOffsetInTileX(-1), 2);
-    EXPECT_EQ(pixmap.GetOffsetInTileY(13), 3);
+    EXPECT_EQ((Point{pixmap.GetTileWidth(), pixmap.GetTileHeight()}), pixmap.GetSize());
+    EXPECT_EQ((Point{pixmap.GetTileLeft(9), pixmap.GetTileTop(9)}), (Point{-3, 10}));
+    EXPECT_EQ((Point{pixmap.GetTileColumn(100), pixmap.GetTileRow(100)}), (Point{0, 0}));
+    EXPECT_EQ((Point{pixmap.GetOffsetInTileX(-1), pixmap.GetOffsetInTileY(13)}), (Point{2, 3}));
     EXPECT_EQ(pixmap.GetByteOffset(3, 2), 46);
     EXPECT_EQ(pixmap.GetBitOffset(3, 2), 368);
     EXPECT_EQ(pixmap.GetPixelCount(), 40);
@@ -58,35 +51,30 @@ TEST(MemoryPixmap, AnswersForItsOneTile)
     EXPECT_EQ(CMemoryPixmap(4, 10, 4, 1, 4, 0).GetByteOffset(3, 2), 16);
 }
 
-TEST(MemoryPixmap, KeepsItsPixelsWhenTheSizeStays)
+TEST(MemoryPixmap, KeepsItsPixelsWhenTheSizeStaysOrTheCapacityDoes)
 {
-    CMemoryPixmap pixmap(8, 4, 4, 1, 4, 0);
-    const std::uint8_t* const base = pixmap.GetBaseAddress();
-    std::memset(pixmap.GetBaseAddress(), 7, 16);
-    pixmap.SetSize(4, 4);
-    EXPECT_EQ(pixmap.GetBaseAddress(), base);
-    pixmap.SetBounds({1, 1, 5, 5});
-    EXPECT_EQ(pixmap.GetBaseAddress(), base);
-    EXPECT_EQ(pixmap.GetBaseAddress()[15], 7);
-    EXPECT_EQ(pixmap.GetOrigin(), (Kesto::Point{1, 1}));
-}
+    CMemoryPixmap same(8, 4, 4, 1, 4, 0);
+    const std::uint8_t* base = same.GetBaseAddress();
+    std::memset(same.GetBaseAddress(), 7, 16);
+    same.SetSize(4, 4);
+    same.SetBounds({1, 1, 5, 5});
+    EXPECT_EQ(same.GetBaseAddress(), base);
+    EXPECT_EQ(same.GetBaseAddress()[15], 7);
+    EXPECT_EQ(same.GetOrigin(), (Point{1, 1}));
+    same.Clear();
+    EXPECT_EQ(same.GetBaseAddress(), nullptr);
 
-TEST(MemoryPixmap, KeepsItsCapacityWithAStorageAlignment)
-{
-    CMemoryPixmap pixmap(8, 0, 0, 40, 30, 1, 4, 1);
-    const std::uint8_t* const base = pixmap.GetBaseAddress();
-    std::memset(pixmap.GetBaseAddress(), 9, 1200);
-    pixmap.SetSize(4, 4);
-    pixmap.Clear();
-    EXPECT_EQ(pixmap.GetBaseAddress(), base);
-    pixmap.SetSize(40, 30);
-    EXPECT_EQ(pixmap.GetBaseAddress(), base);
-    EXPECT_EQ(pixmap.GetBaseAddress()[1199], 9);
-    pixmap.ReleaseStorage();
-    EXPECT_EQ(pixmap.GetBaseAddress(), nullptr);
-    CMemoryPixmap exact(8, 40, 30, 1, 4, 0);
-    exact.Clear();
-    EXPECT_EQ(exact.GetBaseAddress(), nullptr);
+    CMemoryPixmap aligned(8, 0, 0, 40, 30, 1, 4, 1);
+    base = aligned.GetBaseAddress();
+    std::memset(aligned.GetBaseAddress(), 9, 1200);
+    aligned.SetSize(4, 4);
+    aligned.Clear();
+    EXPECT_EQ(aligned.GetBaseAddress(), base);
+    aligned.SetSize(40, 30);
+    EXPECT_EQ(aligned.GetBaseAddress(), base);
+    EXPECT_EQ(aligned.GetBaseAddress()[1199], 9);
+    aligned.ReleaseStorage();
+    EXPECT_EQ(aligned.GetBaseAddress(), nullptr);
 }
 
 TEST(MemoryPixmap, CopiesRecordAndPixels)
@@ -110,7 +98,7 @@ TEST(MemoryPixmap, IsAsBeforeAfterASizeThatCannotBe)
     std::memset(pixmap.GetBaseAddress(), 5, 48);
     EXPECT_THROW(pixmap.SetSize(0x10000, 0x10000), std::length_error);
     EXPECT_THROW(pixmap.SetSize(-400, 4), std::length_error);
-    EXPECT_EQ(pixmap.GetSize(), (Kesto::Point{4, 4}));
+    EXPECT_EQ(pixmap.GetSize(), (Point{4, 4}));
     EXPECT_EQ(pixmap.GetBaseAddress()[47], 5);
     EXPECT_THROW(pixmap.ReserveStorage(~std::uint64_t{0}), std::bad_alloc);
     EXPECT_THROW(CMemoryPixmap(8, 1, 1, -1, 4, 0), std::length_error);
@@ -130,99 +118,78 @@ TEST(MemoryPixmap, ErasesWholeBytesUpTo32Bits)
 
 class View : public ::testing::Test {
 protected:
-    CMemoryPixmap pixmap{8, 100, 200, 10, 6, 3, 4, 0};
-    CPixView view;
+    // "x,y width*height planes first+count at the first one's byte.bit"
+    std::string Text(const CBasicPixmap& of) const
+    {
+        if (view.planeCount == 0)
+            return view.planePointers == nullptr && view.rowBytes == 0 && view.width == 0 ? "nothing" : "half reset";
+        const auto pair = [](std::int64_t a, char between, std::int64_t b) {
+            return std::to_string(a) + between + std::to_string(b) + ' ';
+        };
+        return pair(view.x, ',', view.y) + pair(view.width, '*', view.height) + "planes " +
+               pair(view.firstPlane, '+', view.planeCount) + "at " +
+               pair(view.planePointers[0] - of.GetBaseAddress(), '.', view.bitOffset);
+    }
 
-    std::ptrdiff_t OffsetOf(std::int32_t plane) const { return view.planePointers[plane] - pixmap.GetBaseAddress(); }
+    std::string Part(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, std::int32_t first,
+                     std::int32_t count)
+    {
+        pixmap.GetView(view, x, y, width, height, first, count);
+        return Text(pixmap);
+    }
+
+    std::string Part(const Rect& rect)
+    {
+        pixmap.GetView(view, rect, 0, 1);
+        return Text(pixmap);
+    }
+
+    CMemoryPixmap pixmap{8, 100, 200, 10, 6, 3, 4, 0};
+    CMemoryPixmap bits{1, 20, 2, 1, 4, 0};
+    CPixView view;
 };
 
-TEST_F(View, OfTheWholePixmap)
+TEST_F(View, OfAPartOrAllAndOfPlanesInRange)
 {
-    pixmap.GetView(view);
-    EXPECT_EQ(view.x, 100);
-    EXPECT_EQ(view.y, 200);
-    EXPECT_EQ(view.width, 10);
-    EXPECT_EQ(view.height, 6);
+    EXPECT_EQ(Part(0, 0, 0, 0, 0, -1), "100,200 10*6 planes 0+3 at 0.0 ");
     EXPECT_EQ(view.rowBytes, 12);
     EXPECT_EQ(view.pixelBits, 8);
-    EXPECT_EQ(view.planeCount, 3);
-    EXPECT_EQ(OffsetOf(0), 0);
-    EXPECT_EQ(OffsetOf(2), 144);
-}
+    EXPECT_EQ(view.planePointers[2] - view.planePointers[0], 144);
+    EXPECT_EQ(Part(2, 1, 3, 0, 1, -1), "102,201 3*5 planes 1+2 at 86.0 ") << "to the bottom edge";
+    EXPECT_EQ(Part(2, 1, 30, 40, 1, 1), "102,201 30*40 planes 1+1 at 86.0 ") << "not clipped";
 
-TEST_F(View, OfALocalPart)
-{
-    pixmap.GetView(view, 2, 1, 3, 0, 1, -1);
-    EXPECT_EQ(view.x, 102);
-    EXPECT_EQ(view.y, 201);
-    EXPECT_EQ(view.width, 3);
-    EXPECT_EQ(view.height, 5) << "to the bottom edge";
-    EXPECT_EQ(view.firstPlane, 1);
-    EXPECT_EQ(view.planeCount, 2);
-    EXPECT_EQ(OffsetOf(0), 72 + 12 + 2);
-    pixmap.GetView(view, 2, 1, 30, 40, 1, 1);
-    EXPECT_EQ(view.width, 30) << "not clipped";
-    EXPECT_EQ(view.height, 40);
-}
+    EXPECT_EQ(Part(0, 0, 0, 0, -5, -1), "100,200 10*6 planes 0+3 at 0.0 ");
+    for (const std::int32_t count : {-1, 5})
+        EXPECT_EQ(Part(0, 0, 0, 0, 9, count), "100,200 10*6 planes 2+1 at 144.0 ");
+    EXPECT_EQ(Part(0, 0, 0, 0, 1, 7), "100,200 10*6 planes 1+2 at 72.0 ");
+    EXPECT_EQ(Part(0, 0, 0, 0, 0, 2), "100,200 10*6 planes 0+2 at 0.0 ");
+    for (const std::int32_t first : {0, 9})
+        EXPECT_EQ(Part(0, 0, 0, 0, first, 0), "nothing");
 
-TEST_F(View, BringsPlanesIntoRange)
-{
-    struct Case {
-        std::int32_t first, count, firstGot, countGot;
-    };
-    for (const Case& one : {Case{-5, -1, 0, 3}, Case{9, -1, 2, 1}, Case{9, 5, 2, 1}, Case{1, 7, 1, 2}, Case{0, 2, 0, 2},
-                            Case{0, 0, 0, 0}, Case{9, 0, 0, 0}}) {
-        pixmap.GetView(view, 0, 0, 0, 0, one.first, one.count);
-        EXPECT_EQ(view.firstPlane, one.firstGot) << one.first << ", " << one.count;
-        EXPECT_EQ(view.planeCount, one.countGot) << one.first << ", " << one.count;
-        EXPECT_EQ(view.planePointers == nullptr, one.countGot == 0);
-    }
-}
-
-TEST_F(View, IsClippedToTheBoundsForAGlobalRectangle)
-{
-    pixmap.GetView(view, Rect{90, 203, 104, 900}, 0, 1);
-    EXPECT_EQ(view.x, 100);
-    EXPECT_EQ(view.y, 203);
-    EXPECT_EQ(view.width, 4);
-    EXPECT_EQ(view.height, 3);
-    EXPECT_EQ(OffsetOf(0), 36);
-    pixmap.GetView(view, Rect{0, 0, 100, 900}, 0, 1);
-    EXPECT_EQ(view.planePointers, nullptr);
-    EXPECT_EQ(view.width, 0);
+    EXPECT_EQ(Part({90, 203, 104, 900}), "100,203 4*3 planes 0+1 at 36.0 ") << "clipped to the bounds";
+    EXPECT_EQ(Part({0, 0, 100, 900}), "nothing");
 }
 
 TEST_F(View, OfBitsCountsThemFromAByte)
 {
-    const CMemoryPixmap bits(1, 20, 2, 1, 4, 0);
     bits.GetView(view, 3, 0, 0, 0, 0, -1);
-    EXPECT_EQ(view.bitOffset, 3);
-    EXPECT_EQ(view.planePointers[0], bits.GetBaseAddress());
+    EXPECT_EQ(Text(bits), "3,0 17*2 planes 0+1 at 0.3 ");
     bits.GetView(view, 11, 1, 0, 0, 0, -1);
-    EXPECT_EQ(view.bitOffset, 3);
-    EXPECT_EQ(view.planePointers[0], bits.GetBaseAddress() + 5);
-
+    EXPECT_EQ(Text(bits), "11,1 9*1 planes 0+1 at 5.3 ");
     view.MoveTo({2, 0, 10, 1}); // nine bits to the left
-    EXPECT_EQ(view.bitOffset, 2);
-    EXPECT_EQ(view.planePointers[0], bits.GetBaseAddress());
+    EXPECT_EQ(Text(bits), "2,0 8*1 planes 0+1 at 0.2 ");
     view.MoveTo({17, 1, 20, 2});
-    EXPECT_EQ(view.bitOffset, 1);
-    EXPECT_EQ(view.planePointers[0], bits.GetBaseAddress() + 6);
-    EXPECT_EQ(view.x, 17);
-    EXPECT_EQ(view.width, 3);
+    EXPECT_EQ(Text(bits), "17,1 3*1 planes 0+1 at 6.1 ");
 }
 
 TEST_F(View, OfNothingIsEmpty)
 {
     pixmap.GetView(view);
     CMemoryPixmap(8, 4, 4, 0, 4, 0).GetView(view);
-    EXPECT_EQ(view.planePointers, nullptr);
-    EXPECT_EQ(view.rowBytes, 0);
+    EXPECT_EQ(Text(pixmap), "nothing");
     pixmap.ReleaseStorage();
-    pixmap.GetView(view);
-    EXPECT_EQ(view.planeCount, 0) << "no storage";
-    CMemoryPixmap empty(8, 0, 4, 1, 4, 0);
-    empty.GetView(view);
+    EXPECT_EQ(Part(0, 0, 0, 0, 0, -1), "nothing");
+    CMemoryPixmap(8, 0, 4, 1, 4, 0).GetView(view);
     EXPECT_EQ(view.width, 0);
     EXPECT_EQ(view.planeCount, 1);
 }

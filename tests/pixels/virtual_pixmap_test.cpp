@@ -3,12 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <span>
 #include <stdexcept>
 
 namespace {
 
 using Kesto::CVirtualHeap;
 using Kesto::CVirtualPixmap;
+using Kesto::Point;
 using Kesto::TileGrid;
 using Kesto::TileShape;
 
@@ -30,44 +33,30 @@ TEST(TileShape, FollowsTheClassAndTheDepth)
     }
 }
 
-TEST(TileShape, AlwaysFillsItsClass)
+TEST(TileShape, AlwaysFillsItsClassAndRefusesUnknownCodes)
 {
     for (std::uint8_t depth = 0; depth <= 5; ++depth)
         for (std::uint8_t code = 0; code < 16; ++code) {
             const TileShape shape = TileShape::FromCode(depth, code);
             EXPECT_EQ((std::int64_t{shape.fWidth} * shape.fHeight << depth) / 8, std::int64_t{256} << code);
         }
-}
-
-TEST(TileShape, RefusesUnknownCodes)
-{
     EXPECT_THROW(TileShape::FromCode(6, 0), std::logic_error);
     EXPECT_THROW(TileShape::FromCode(3, 16), std::logic_error);
     EXPECT_THROW(TileShape::FromCode(3, 0x85), std::logic_error);
 }
 
-TEST(TileGrid, CountsTilesAndStrides)
+TEST(TileGrid, CountsTilesAndStridesUpTo31Bits)
 {
-    const TileShape shape = TileShape::FromCode(3, 4); // 64 by 64
-    const TileGrid planar(shape, 129, 64, 3, false);
-    EXPECT_EQ(planar.fTilesAcross, 3);
-    EXPECT_EQ(planar.fTilesDown, 1);
-    EXPECT_EQ(planar.fCount, 9U);
-    EXPECT_EQ(planar.fColumnStride, 1);
-    EXPECT_EQ(planar.fRowStride, 3);
-    EXPECT_EQ(planar.fPlaneStride, 3);
-    const TileGrid interleaved(shape, 128, 65, 3, true);
-    EXPECT_EQ(interleaved.fTilesAcross, 2);
-    EXPECT_EQ(interleaved.fTilesDown, 2);
-    EXPECT_EQ(interleaved.fColumnStride, 3);
-    EXPECT_EQ(interleaved.fRowStride, 6);
-    EXPECT_EQ(interleaved.fPlaneStride, 1);
-    EXPECT_EQ(TileGrid(shape, 1, 64, 1, false).fTilesAcross, 1);
-    EXPECT_EQ(TileGrid(shape, 0, 64, 1, false).fCount, 0U);
-}
+    const auto numbers = [](std::int32_t width, std::int32_t height, std::int32_t planes, bool interleaved) {
+        const TileGrid grid(TileShape::FromCode(3, 4), width, height, planes, interleaved); // 64 by 64
+        return std::array{grid.fTilesAcross,  grid.fTilesDown, static_cast<std::int32_t>(grid.fCount),
+                          grid.fColumnStride, grid.fRowStride, grid.fPlaneStride};
+    };
+    EXPECT_EQ(numbers(129, 64, 3, false), (std::array{3, 1, 9, 1, 3, 3}));
+    EXPECT_EQ(numbers(128, 65, 3, true), (std::array{2, 2, 12, 3, 6, 1}));
+    EXPECT_EQ(numbers(1, 64, 1, false), (std::array{1, 1, 1, 1, 1, 1}));
+    EXPECT_EQ(numbers(0, 64, 1, false)[2], 0);
 
-TEST(TileGrid, RefusesMoreThan31BitsCanCount)
-{
     const TileShape shape = TileShape::FromCode(5, 0); // 8 by 8
     EXPECT_THROW(TileGrid(shape, 0x7fffffff, 0x7fffffff, 1, false), std::length_error);
     EXPECT_THROW(TileGrid(shape, 0x40000, 0x40000, 4, false), std::length_error);
@@ -85,17 +74,16 @@ TEST_F(VirtualPixmap, AddressesPixelsByTile)
     CVirtualPixmap pixmap(4, 300, 200, 2, 0x80, false, false, heap); // 64 by 64 pixels of 16 bits
     pixmap.SetOrigin(-10, 1000);
     EXPECT_EQ(pixmap.GetBounds(), (Kesto::Rect{-10, 1000, 290, 1200}));
-    EXPECT_EQ(pixmap.GetPixelBits(), 16);
     EXPECT_EQ(pixmap.GetPixelBytes(), 2);
     EXPECT_EQ(pixmap.GetRowBits(), 1024);
     EXPECT_EQ(pixmap.GetRowBytes(), 128);
-    EXPECT_EQ(pixmap.GetTileLeft(2), 118);
-    EXPECT_EQ(pixmap.GetTileTop(3), 1192);
-    EXPECT_EQ(pixmap.GetTileColumn(117), 1);
-    EXPECT_EQ(pixmap.GetTileColumn(118), 2);
-    EXPECT_EQ(pixmap.GetOffsetInTileX(119), 1);
-    EXPECT_EQ(pixmap.GetTileColumn(-11), 0) << "rounds toward zero";
-    EXPECT_EQ(pixmap.GetOffsetInTileX(-11), -1);
+    EXPECT_EQ((Point{pixmap.GetTileLeft(2), pixmap.GetTileTop(3)}), (Point{118, 1192}));
+    // Tiles and the places in them round toward zero.
+    const std::array<std::int32_t, 3> columns[] = {{117, 1, 63}, {118, 2, 0}, {-11, 0, -1}};
+    for (const auto& [x, column, offset] : columns) {
+        EXPECT_EQ(pixmap.GetTileColumn(x), column) << x;
+        EXPECT_EQ(pixmap.GetOffsetInTileX(x), offset) << x;
+    }
     EXPECT_EQ(pixmap.GetTileRow(1000 - 65), -1);
     EXPECT_EQ(pixmap.GetOffsetInTileY(1000 - 65), -1);
     EXPECT_EQ(pixmap.GetByteOffset(3, 2), 262);
@@ -104,41 +92,29 @@ TEST_F(VirtualPixmap, AddressesPixelsByTile)
     EXPECT_EQ(CVirtualPixmap(2, 1, 1, 1, 0, false, false, heap).GetPixelBytes(), 0);
 }
 
-TEST_F(VirtualPixmap, MakesTilesAtTheFirstLockOrAtOnce)
-{
-    CVirtualPixmap lazy(3, 128, 64, 1, 4, false, false, heap);
-    EXPECT_EQ(lazy.GetTile(1, 0, 0), nullptr);
-    void* pointer = nullptr;
-    lazy.LockTile(1, 0, 0, pointer, false);
-    EXPECT_NE(pointer, nullptr);
-    lazy.UnlockTile(1, 0, 0, pointer, false, false);
-    EXPECT_EQ(pointer, nullptr);
-    EXPECT_EQ(lazy.GetTile(0, 0, 0), nullptr);
-    CVirtualPixmap eager(3, 128, 64, 1, 4, false, true, heap);
-    EXPECT_NE(eager.GetTile(0, 0, 0), nullptr);
-}
-
-TEST_F(VirtualPixmap, RealizesAllTilesWhenItsSizeChanges)
+TEST_F(VirtualPixmap, MakesTilesAtTheFirstLockAtOnceOrForANewSize)
 {
     CVirtualPixmap pixmap(3, 128, 64, 1, 4, false, false, heap);
+    void* pointer = nullptr;
+    pixmap.LockTile(1, 0, 0, pointer, false);
+    EXPECT_NE(pointer, nullptr);
+    pixmap.UnlockTile(1, 0, 0, pointer, false, false);
+    EXPECT_EQ(pointer, nullptr);
     pixmap.SetSize(128, 64);
     EXPECT_EQ(pixmap.GetTile(0, 0, 0), nullptr) << "the same size changes nothing";
     pixmap.SetSize(64, 192);
     EXPECT_NE(pixmap.GetTile(0, 2, 0), nullptr);
     EXPECT_EQ(pixmap.GetTileIndex(0, 2, 0), 2U);
+
+    CVirtualPixmap eager(3, 128, 64, 1, 4, false, true, heap);
+    Kesto::CVirtualTile* const tile = eager.GetTile(0, 0, 0);
+    EXPECT_NE(tile, nullptr);
+    Kesto::CVirtualTile* const former = pixmap.SetTile(0, 2, 0, tile);
+    EXPECT_EQ(pixmap.GetTile(0, 2, 0), tile);
+    EXPECT_EQ(eager.SetTile(0, 0, 0, former), tile);
     pixmap.Clear();
     EXPECT_TRUE(pixmap.GetBounds().IsEmpty());
     EXPECT_THROW(pixmap.GetTileIndex(0, 0, 0), std::logic_error);
-}
-
-TEST_F(VirtualPixmap, ExchangesTilesWithAnother)
-{
-    CVirtualPixmap a(3, 64, 64, 1, 4, false, true, heap);
-    CVirtualPixmap b(3, 64, 64, 1, 4, false, true, heap);
-    Kesto::CVirtualTile* const tileOfA = a.GetTile(0, 0, 0);
-    Kesto::CVirtualTile* const tileOfB = b.SetTile(0, 0, 0, tileOfA);
-    EXPECT_EQ(a.SetTile(0, 0, 0, tileOfB), tileOfA);
-    EXPECT_EQ(b.GetTile(0, 0, 0), tileOfA);
 }
 
 TEST_F(VirtualPixmap, PagesToTheDiskAndBack)
@@ -149,13 +125,10 @@ TEST_F(VirtualPixmap, PagesToTheDiskAndBack)
         for (std::int32_t i = 0; i < 64; ++i) {
             void* pointer = nullptr;
             pixmap.LockTile(i % 16, i / 16, 0, pointer, false);
-            auto* const pixels = static_cast<std::int32_t*>(pointer);
-            if (pass > 0) {
-                ASSERT_EQ(pixels[0], i + pass - 1);
-                ASSERT_EQ(pixels[64 * 64 - 1], i - pass + 1);
-            }
-            pixels[0] = i + pass;
-            pixels[64 * 64 - 1] = i - pass;
+            const std::span<std::int32_t> pixels(static_cast<std::int32_t*>(pointer), 64 * 64);
+            ASSERT_TRUE(pass == 0 || (pixels.front() == i + pass - 1 && pixels.back() == i - pass + 1));
+            pixels.front() = i + pass;
+            pixels.back() = i - pass;
             pixmap.UnlockTile(i % 16, i / 16, 0, pointer, true, false);
         }
     EXPECT_LE(heap.AllocatedBytes(), 3U << 14);

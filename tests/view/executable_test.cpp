@@ -14,44 +14,51 @@ namespace {
 using Kesto::CExecutable;
 using testing::ElementsAre;
 
-std::vector<std::string> gLog;
-
-class Node : public CExecutable {
-public:
-    Node(CExecutable* super, std::string name, std::uint32_t flags) : CExecutable(super, flags), fName(std::move(name))
-    {
-    }
-    ~Node() override { gLog.push_back("~" + fName); }
-
-    void OnStart() override
-    {
-        gLog.push_back("+" + fName);
-        onStart(*this);
-    }
-    void OnStop() override { gLog.push_back("-" + fName); }
-    void ChildStopped(CExecutable* child) override { gLog.push_back(static_cast<Node*>(child)->fName + " left"); }
-    bool CanFinish() override
-    {
-        gLog.push_back(fName + "?");
-        return agrees;
-    }
-
-    bool agrees = true;
-    std::function<void(Node&)> onStart = [](Node&) {};
-
-private:
-    std::string fName;
-};
-
 class Executables : public testing::Test {
 protected:
-    void SetUp() override { gLog.clear(); }
+    struct Node : CExecutable {
+        Node(Executables& itsTest, CExecutable* super, std::string itsName, std::uint32_t flags)
+            : CExecutable(super, flags), test(itsTest), name(std::move(itsName))
+        {
+        }
+        ~Node() override { test.log += "~" + name + ' '; }
 
+        void OnStart() override
+        {
+            test.log += "+" + name + ' ';
+            if (doneByStart)
+                SetDone(true);
+        }
+        void OnStop() override { test.log += "-" + name + ' '; }
+        void ChildStopped(CExecutable* child) override { test.log += static_cast<Node*>(child)->name + "! "; }
+        bool CanFinish() override
+        {
+            test.log += name + "? ";
+            return agrees;
+        }
+
+        Executables& test;
+        std::string name;
+        bool agrees = true;
+        bool doneByStart = false;
+    };
+
+    std::string TakeLog() { return std::exchange(log, {}); }
+
+    // Runs one turn; is the root still running?
+    bool Poll(bool force = false)
+    {
+        const bool runs = root.Poll(force);
+        EXPECT_FALSE(runs && force) << "the request is answered";
+        return runs;
+    }
+
+    std::string log;
     PumpedProcess process;
-    Node root{&process, "root", 0};
-    Node* first = new Node(&root, "first", CExecutable::kAutoStart | CExecutable::kAutoDelete); // the root's
-    Node second{&root, "second", CExecutable::kAutoStart};
-    Node third{&root, "third", 0};
+    Node root{*this, &process, "root", 0};
+    Node* first = new Node(*this, &root, "first", CExecutable::kAutoStart | CExecutable::kAutoDelete); // the root's
+    Node second{*this, &root, "second", CExecutable::kAutoStart};
+    Node third{*this, &root, "third", 0};
 };
 
 TEST_F(Executables, StartInOrderAndStopInReverse)
@@ -59,18 +66,13 @@ TEST_F(Executables, StartInOrderAndStopInReverse)
     root.Start();
     root.Start();
     EXPECT_FALSE(third.IsStarted());
-    EXPECT_THAT(gLog, ElementsAre("+root", "+first", "+second"));
-    gLog.clear();
+    EXPECT_EQ(TakeLog(), "+root +first +second ");
     root.Stop();
-    EXPECT_THAT(gLog, ElementsAre("-second", "second left", "-first", "first left", "~first", "-root"));
+    EXPECT_EQ(TakeLog(), "-second second! -first first! ~first -root ");
     EXPECT_THAT(root.Children(), ElementsAre(&second, &third));
-}
-
-TEST_F(Executables, OneThatIsDoneByItsStartStartsNoChildren)
-{
-    root.onStart = [](Node& node) { node.SetDone(true); };
+    root.doneByStart = true;
     root.Start();
-    EXPECT_THAT(gLog, ElementsAre("+root"));
+    EXPECT_EQ(TakeLog(), "+root ") << "one that is done by its start starts no children";
     EXPECT_TRUE(root.IsDone());
 }
 
@@ -84,11 +86,8 @@ TEST_F(Executables, ARefusalClearsTheRequestUpToTheRoot)
         second.SetDone(true);
         EXPECT_TRUE(process.IsDone() && root.IsDone() && second.IsDone());
         second.SetDoneFlag(false);
-        bool force = root.IsDone();
-        EXPECT_TRUE(root.Poll(force));
-        EXPECT_FALSE(force);
-        EXPECT_FALSE(root.IsDone());
-        EXPECT_FALSE(process.IsDone());
+        EXPECT_TRUE(Poll(root.IsDone()));
+        EXPECT_FALSE(root.IsDone() || process.IsDone());
         EXPECT_TRUE(root.IsStarted() && first->IsStarted());
     }
 }
@@ -98,22 +97,19 @@ TEST_F(Executables, AChildThatIsDoneLeavesAloneAndIsDeleted)
     process.Start();
     root.Start();
     first->SetDoneFlag(true);
-    gLog.clear();
-    bool force = false;
-    EXPECT_TRUE(root.Poll(force));
-    EXPECT_THAT(gLog, ElementsAre("first?", "-first", "first left", "~first"));
+    TakeLog();
+    EXPECT_TRUE(Poll());
+    EXPECT_EQ(TakeLog(), "first? -first first! ~first ");
     second.SetDone(true);
-    gLog.clear();
-    force = root.IsDone();
-    EXPECT_FALSE(root.Poll(force));
-    EXPECT_THAT(gLog, ElementsAre("root?", "second?", "-second", "second left", "-root"));
-    EXPECT_FALSE(root.Poll(force)) << "it doesn't run any more";
+    EXPECT_FALSE(Poll(true));
+    EXPECT_EQ(TakeLog(), "root? second? -second second! -root ");
+    EXPECT_FALSE(Poll()) << "it doesn't run any more";
 }
 
 TEST_F(Executables, TheTreeSurvivesAnyOrderOfDeaths)
 {
-    auto parent = std::make_unique<Node>(&root, "parent", 0U);
-    Node child(parent.get(), "child", 0);
+    auto parent = std::make_unique<Node>(*this, &root, "parent", 0U);
+    Node child(*this, parent.get(), "child", 0);
     EXPECT_EQ(child.ParentMessenger(), parent.get());
     const Kesto::CObjID id("ExecutableTest/Child");
     child.SetID(id);
@@ -134,10 +130,8 @@ TEST(Session, OpensOnceWithTheProcess)
         void MakeFirstWindows() override { log.push_back(2); }
         void OnSessionStop() override { log.push_back(3); }
     } process;
-    process.Start();
-    process.Start();
-    process.Stop();
-    process.Stop();
+    for (const bool on : {true, true, false, false})
+        process.SetStarted(on);
     EXPECT_THAT(process.log, ElementsAre(1, 2, 3));
 }
 

@@ -14,8 +14,7 @@ using Routing = CMessageEvent::Routing;
 
 namespace {
 
-class CustomMessage : public CMessageOf<CustomMessage> {
-public:
+struct CustomMessage : CMessageOf<CustomMessage> {
     CustomMessage() : CMessageOf(nullptr, CObjID("Test/Custom"), KeyMoment::kLastMessage) {}
 };
 
@@ -59,14 +58,10 @@ TEST_F(SendTest, TheClassOfAMessageDecidesWhoHandlesIt)
     EXPECT_EQ(a->FindMessenger(CObjID("b")), nullptr);
 }
 
-TEST_F(SendTest, ABroadcastReachesEveryLevel)
+TEST_F(SendTest, ABroadcastReachesEveryLevelAndRepeatedKeysAreMarked)
 {
     b->Broadcast(nullptr, true);
     EXPECT_EQ(Node::TakeLog(), "b* a* P* ");
-}
-
-TEST_F(SendTest, RepeatedKeysAreMarked)
-{
     EXPECT_EQ(CKeyboardMessage(nullptr, {}, 1, 1, 1, false).fRepeated, 0U);
     EXPECT_EQ(CKeyboardMessage(nullptr, {}, 1, 1, 2, false).fRepeated, 1U);
     EXPECT_EQ(CKeyboardMessage(nullptr, {}, 1, 1, 1, true).fRepeated, 1U);
@@ -150,17 +145,13 @@ TEST_F(SendTest, TheRecorderTellsWhoAteWhat)
     CMessageRecorder::Stop();
     b->fHandler = nullptr;
     b->Send(command);
-    EXPECT_THAT(lines, testing::ElementsAre("  CValMsg<CNumber>(Test/Value) phase=0 value=2.5 was=1 to "
-                                            "NotingProcess(P): not eaten, the last asked is "
-                                            "NotingProcess(P)",
-                                            "CCommandMessage(kesto/default/ok) to Node(b): eaten by Node(a), level 2",
-                                            "  CValMsg<CNumber>(Test/Value) phase=0 value=2.5 was=1 to "
-                                            "NotingProcess(P): not eaten, the last asked is "
-                                            "NotingProcess(P)",
-                                            "CKeyboardMessage(Kesto/Message/KeyDown) key=0x41 char=U+61 repeat=2 "
-                                            "repeated to Node(b): not eaten, the last "
-                                            "asked is NotingProcess(P)",
-                                            "CCommandMessage(kesto/default/ok) to Node(b): thrown out of Node(b)"));
+    const std::string uneaten = "not eaten, the last asked is NotingProcess(P)";
+    const std::string value = "  CValMsg<CNumber>(Test/Value) phase=0 value=2.5 was=1 to NotingProcess(P): " + uneaten;
+    const std::string ok = "CCommandMessage(kesto/default/ok) to Node(b): ";
+    const std::string pressed =
+        "CKeyboardMessage(Kesto/Message/KeyDown) key=0x41 char=U+61 repeat=2 repeated to Node(b): ";
+    EXPECT_THAT(lines, testing::ElementsAre(value, ok + "eaten by Node(a), level 2", value, pressed + uneaten,
+                                            ok + "thrown out of Node(b)"));
 }
 
 } // namespace

@@ -10,99 +10,84 @@ using namespace Kesto;
 
 namespace {
 
-// Appends its letter to a text and takes it off again.
-class Append : public CTask {
-public:
-    Append(std::string& text, char letter, bool named = true) : fText(text), fLetter(letter), fNamed(named) {}
-    ~Append() override { gDeleted += fLetter; }
-
-    bool GetName(CText& name) const override
-    {
-        if (fNamed)
-            name = std::string(1, fLetter);
-        return fNamed;
-    }
-    void DoDo() override { fText += fLetter; }
-    void DoUndo() override
-    {
-        if (fBefore)
-            fBefore();
-        fText.pop_back();
-    }
-
-    static inline std::string gDeleted;
-    std::function<void()> fBefore;
-
-private:
-    std::string& fText;
-    char fLetter;
-    bool fNamed;
-};
-
-class HundredTasks : public CTaskStack {
-public:
+struct HundredTasks : CTaskStack {
     bool GetLimit(std::uint32_t& limit) const override
     {
-        limit = fLimit;
-        return fLimited;
+        limit = most;
+        return limited;
     }
 
-    std::uint32_t fLimit = 100;
-    bool fLimited = true;
+    std::uint32_t most = 100;
+    bool limited = true;
 };
-
-std::string UndoName(const CTaskStack& stack)
-{
-    CText name;
-    EXPECT_EQ(stack.GetUndoName(name), stack.CanUndo());
-    return name.CStr();
-}
-
-std::string RedoName(const CTaskStack& stack)
-{
-    CText name;
-    EXPECT_EQ(stack.GetRedoName(name), stack.CanRedo());
-    return name.CStr();
-}
 
 class TasksTest : public testing::Test {
 protected:
-    TasksTest() { Append::gDeleted.clear(); }
+    // Appends its letter to the text and takes it off again.
+    struct Append : CTask {
+        Append(TasksTest& itsTest, char itsLetter) : test(itsTest), letter(itsLetter) {}
+        ~Append() override { test.deleted += letter; }
 
-    Append& Do(CTaskStack& tasks, char letter, bool named = true)
+        bool GetName(CText& name) const override
+        {
+            name = std::string(1, letter);
+            return letter != '?';
+        }
+        void DoDo() override { test.text += letter; }
+        void DoUndo() override
+        {
+            before();
+            test.text.pop_back();
+        }
+
+        TasksTest& test;
+        char letter;
+        std::function<void()> before = [] {};
+    };
+
+    Append& Do(CTaskStack& tasks, char letter)
     {
-        auto task = std::make_unique<Append>(text, letter, named);
+        auto task = std::make_unique<Append>(*this, letter);
         Append& kept = *task;
         tasks.Do(std::move(task));
         return kept;
     }
 
+    static std::string Names(const CTaskStack& tasks)
+    {
+        CText undo;
+        CText redo;
+        EXPECT_EQ(tasks.GetUndoName(undo), tasks.CanUndo());
+        EXPECT_EQ(tasks.GetRedoName(redo), tasks.CanRedo());
+        return std::string(undo.CStr()) + ", " + redo.CStr();
+    }
+
     std::string text;
+    std::string deleted;
     HundredTasks stack;
 };
 
 TEST_F(TasksTest, TheOneStepStackTogglesItsStep)
 {
     CTaskStack one;
-    EXPECT_EQ(UndoName(one), "Cannot Undo");
-    EXPECT_EQ(RedoName(one), "Cannot Redo");
+    EXPECT_EQ(Names(one), "Cannot Undo, Cannot Redo");
     Do(one, 'a');
     Do(one, 'b');
     EXPECT_EQ(text, "ab");
-    EXPECT_EQ(Append::gDeleted, "a");
-    EXPECT_EQ(UndoName(one), "Undo b");
+    EXPECT_EQ(deleted, "a");
+    EXPECT_EQ(Names(one), "Undo b, Cannot Redo");
     for (const char* const expected : {"a", "ab", "a"}) {
         EXPECT_EQ(one.IsToggleUndo(), text == "ab");
         one.Toggle();
         EXPECT_EQ(text, expected);
     }
-    EXPECT_EQ(RedoName(one), "Redo b");
+    EXPECT_EQ(Names(one), "Cannot Undo, Redo b");
     one.Undo();
     EXPECT_EQ(text, "a");
-    Do(one, 'c', false);
-    EXPECT_EQ(UndoName(one), "Undo");
+    Do(one, '?');
+    EXPECT_EQ(Names(one), "Undo, Cannot Redo") << "of one without a name";
     one.Undo();
-    EXPECT_EQ(RedoName(one), "Redo");
+    EXPECT_EQ(Names(one), "Cannot Undo, Redo");
 }
 
 TEST_F(TasksTest, TrimmingTakesWhatCouldBeRedoneFirstAndTheOldestFirst)
@@ -111,22 +96,22 @@ TEST_F(TasksTest, TrimmingTakesWhatCouldBeRedoneFirstAndTheOldestFirst)
         Do(stack, letter);
     for (int i = 0; i < 3; ++i)
         stack.Undo();
-    EXPECT_EQ(Append::gDeleted, "");
+    EXPECT_EQ(deleted, "");
     Do(stack, '\x7F');
     EXPECT_EQ(text.size(), 98U);
-    EXPECT_EQ(Append::gDeleted.size(), 3U);
+    EXPECT_EQ(deleted.size(), 3U);
 
     stack.Undo(); // 97 and 1
-    stack.fLimited = false;
-    stack.fLimit = 96;
+    stack.limited = false;
+    stack.most = 96;
     stack.Do(nullptr);
-    EXPECT_EQ(Append::gDeleted.size(), 3U);
-    stack.fLimited = true;
+    EXPECT_EQ(deleted.size(), 3U);
+    stack.limited = true;
     stack.Do(nullptr);
-    EXPECT_EQ(Append::gDeleted.substr(3), "\x7F\x01");
-    stack.fLimit = 0;
+    EXPECT_EQ(deleted.substr(3), "\x7F\x01");
+    stack.most = 0;
     stack.Trim();
-    EXPECT_EQ(Append::gDeleted.size(), 100U);
+    EXPECT_EQ(deleted.size(), 100U);
     EXPECT_TRUE(stack.CanUndo());
     stack.ClearAll();
     EXPECT_FALSE(stack.CanUndo());
@@ -135,27 +120,27 @@ TEST_F(TasksTest, TrimmingTakesWhatCouldBeRedoneFirstAndTheOldestFirst)
 TEST_F(TasksTest, WorkThatThrowsLeavesTheTaskWhereItWas)
 {
     Append& task = Do(stack, 'a');
-    task.fBefore = [] { throw std::runtime_error("no"); };
+    task.before = [] { throw std::runtime_error("no"); };
     EXPECT_THROW(stack.Undo(), std::runtime_error);
     EXPECT_TRUE(task.IsDone());
-    EXPECT_TRUE(stack.CanUndo());
-    task.fBefore = nullptr;
+    EXPECT_EQ(Names(stack), "Undo a, Cannot Redo");
+    task.before = [] {};
     stack.Undo();
     EXPECT_TRUE(task.IsUndone());
-    EXPECT_EQ(RedoName(stack), "Redo a");
+    EXPECT_EQ(Names(stack), "Cannot Undo, Redo a");
 }
 
 TEST_F(TasksTest, ATaskMayEmptyItsStackWhileItWorks)
 {
     Do(stack, 'a');
-    Do(stack, 'b').fBefore = [this] {
+    Do(stack, 'b').before = [this] {
         stack.Undo(); // waits for nobody: it does nothing
         stack.ClearAll();
-        EXPECT_EQ(Append::gDeleted, "a");
+        EXPECT_EQ(deleted, "a");
     };
     stack.Undo();
     EXPECT_EQ(text, "a");
-    EXPECT_EQ(Append::gDeleted, "ab");
+    EXPECT_EQ(deleted, "ab");
     EXPECT_FALSE(stack.CanUndo() || stack.CanRedo());
     Do(stack, 'c');
     stack.Undo();

@@ -27,13 +27,18 @@ public:
         Note("?");
         return !fRefuses;
     }
-    void OnBecameTarget() override { Note("+T"); }
+    void OnBecameTarget() override
+    {
+        Note("+T");
+        if (const auto whenTarget = fWhenTarget) // someone may be gone before it is done
+            whenTarget();
+    }
     void OnLostTarget() override { Note("-T"); }
     void TargetChanged() override { Note("+B"); }
     void BullseyeLost() override
     {
         Note("-B");
-        if (const auto whenLost = fWhenLost) // the node may be gone before it is done
+        if (const auto whenLost = fWhenLost) // here too
             whenLost();
     }
     void OnTargetEnable() override { Note("t"); }
@@ -51,6 +56,7 @@ public:
     bool HandleOther(Kesto::CMessage& message) override { return Handle("other", message); }
 
     bool fRefuses = false;
+    std::function<void()> fWhenTarget;
     std::function<void()> fWhenLost;
     std::function<bool(Kesto::CMessage&)> fHandler; // none: not eaten
 

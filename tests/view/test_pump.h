@@ -10,7 +10,14 @@
 #include <utility>
 #include <vector>
 
-// Writes down what it was asked, and the messages of a window's own numbers, counted from kUser.
+struct CallEvent : Kesto::CProcessEvent {
+    CallEvent(std::int8_t priority, std::function<void()> run) : CProcessEvent(priority), call(std::move(run)) {}
+    void Dispatch() override { call(); }
+
+    std::function<void()> call;
+};
+
+// Writes down the messages of a window's own numbers, counted from kUser.
 class PumpedProcess : public Kesto::CProcess {
 public:
     bool PreTranslateMessage(Platform::QueuedMessage& message) override
@@ -26,34 +33,23 @@ public:
         while (!holds())
             GetNextEvent(0);
     }
+    void PumpQuiet()
+    {
+        while (GetNextEvent(kEvent_Poll)) {
+        }
+    }
 
-    void PostCall(std::int8_t priority, std::function<void()> call);
+    void PostCall(std::int8_t priority, std::function<void()> call)
+    {
+        PostEvent(std::make_unique<CallEvent>(priority, std::move(call)));
+    }
     void PostMark(std::int8_t priority, int mark)
     {
         PostCall(priority, [this, mark] { log.push_back(mark); });
     }
-    static void PostNumber(int number)
-    {
-        Platform::PostToQueue(nullptr, Platform::Number::kUser + static_cast<std::uint32_t>(number));
-    }
 
     std::vector<int> log;
 };
-
-class CallEvent : public Kesto::CProcessEvent {
-public:
-    CallEvent(std::int8_t priority, std::function<void()> call) : CProcessEvent(priority), fCall(std::move(call)) {}
-
-    void Dispatch() override { fCall(); }
-
-private:
-    std::function<void()> fCall;
-};
-
-inline void PumpedProcess::PostCall(std::int8_t priority, std::function<void()> call)
-{
-    PostEvent(std::make_unique<CallEvent>(priority, std::move(call)));
-}
 
 // Returns when the clock that events and messages are stamped with has gone on.
 inline void PassATick()

@@ -16,37 +16,33 @@ using Kesto::CIdler;
 using Kesto::CTimer;
 using testing::ElementsAre;
 
-class CallTimer : public CTimer {
-public:
+struct CallTimer : CTimer {
     explicit CallTimer(
-        double period, std::function<void(CallTimer&)> call = [](CallTimer&) {})
-        : CTimer(period), fCall(std::move(call))
+        double period, std::function<void()> what = [] {})
+        : CTimer(period), call(std::move(what))
     {
     }
-
     void OnStart() override { ++starts; }
     void OnStop() override { ++stops; }
     void Fire(double, double since) override
     {
         ++fired;
         elapsed = since;
-        const auto call = fCall; // the timer may die in it
-        call(*this);
+        const auto copy = call; // the timer may die in it
+        copy();
     }
 
+    std::function<void()> call;
     int starts = 0;
     int stops = 0;
     int fired = 0;
     double elapsed = 0.0;
-
-private:
-    std::function<void(CallTimer&)> fCall;
 };
 
 // The system gives no timer for a window that isn't there: such a timer is the pump's own.
-class NoWindow : public Kesto::CMessenger {
-public:
-    Platform::NativeWindow GetSystemWindow() override { return this; }
+struct Context : Kesto::CMessenger {
+    Platform::NativeWindow GetSystemWindow() override { return native; }
+    Platform::NativeWindow native = this;
 };
 
 double Later(double seconds)
@@ -58,10 +54,7 @@ TEST(Timers, FireFromTheSystemsMessages)
 {
     PumpedProcess process;
     TestWindow window;
-    struct Context : Kesto::CMessenger {
-        Platform::NativeWindow GetSystemWindow() override { return native; }
-        Platform::NativeWindow native = nullptr;
-    } context;
+    Context context;
     context.native = window.Handle();
     CallTimer ofThread(0.01);
     CallTimer ofWindow(0.02);
@@ -78,22 +71,10 @@ TEST(Timers, FireFromTheSystemsMessages)
     EXPECT_EQ(ofThread.fired, fired);
 }
 
-TEST(Timers, ANewPeriodStartsThemAgain)
-{
-    CallTimer timer(5.0);
-    timer.SetPeriod(6.0);
-    EXPECT_EQ(timer.starts, 0);
-    timer.Start();
-    timer.Start();
-    timer.SetPeriod(7.0);
-    EXPECT_EQ(timer.starts, 2);
-    EXPECT_EQ(timer.stops, 1);
-}
-
 // In each case, which of three timers fire in two runs, and how often, when the first of them fires and acts.
 TEST(Timers, MayBeStoppedStartedAndDeletedByEachOther)
 {
-    NoWindow nowhere;
+    Context nowhere;
     using Timers = std::array<std::unique_ptr<CallTimer>, 3>;
     struct Case {
         const char* what;
@@ -115,7 +96,7 @@ TEST(Timers, MayBeStoppedStartedAndDeletedByEachOther)
         std::array<int, 3> fired{};
         Timers timers;
         for (std::size_t i = 0; i < timers.size(); ++i) {
-            timers[i] = std::make_unique<CallTimer>(0.0, [&, i](CallTimer&) {
+            timers[i] = std::make_unique<CallTimer>(0.0, [&, i] {
                 ++fired[i];
                 if (i == 0)
                     one.act(timers);
@@ -131,10 +112,16 @@ TEST(Timers, MayBeStoppedStartedAndDeletedByEachOther)
 
 TEST(Timers, WaitForTheirPeriodAndSurviveAClockThatStartsOver)
 {
-    NoWindow nowhere;
-    CallTimer timer(10.0);
+    Context nowhere;
+    CallTimer timer(5.0);
     timer.SetContext(&nowhere);
+    timer.SetPeriod(6.0);
+    EXPECT_EQ(timer.starts, 0);
     timer.Start();
+    timer.Start();
+    timer.SetPeriod(10.0);
+    EXPECT_EQ(timer.starts, 2);
+    EXPECT_EQ(timer.stops, 1);
     CTimer::RunTimers(Later(9.0));
     EXPECT_EQ(timer.fired, 0);
     CTimer::RunTimers(Later(11.0));
@@ -144,23 +131,20 @@ TEST(Timers, WaitForTheirPeriodAndSurviveAClockThatStartsOver)
     EXPECT_EQ(timer.fired, 2);
 }
 
-class CallIdler : public CIdler {
-public:
-    explicit CallIdler(std::function<void()> call, double period = 0.0) : CIdler(period), fCall(std::move(call)) {}
-    void Idle() override { fCall(); }
+struct CallIdler : CIdler {
+    explicit CallIdler(std::function<void()> what, double period = 0.0) : CIdler(period), call(std::move(what)) {}
+    void Idle() override { call(); }
 
-private:
-    std::function<void()> fCall;
+    std::function<void()> call;
 };
 
 TEST(Idlers, MayGoAndComeWhileIdling)
 {
     PumpedProcess process;
-    std::vector<int> log;
-    auto second = std::make_unique<CallIdler>([&] { log.push_back(2); });
-    CallIdler third([&] { log.push_back(3); });
+    auto second = std::make_unique<CallIdler>([&] { process.log.push_back(2); });
+    CallIdler third([&] { process.log.push_back(3); });
     CallIdler first([&] {
-        log.push_back(1);
+        process.log.push_back(1);
         second.reset();
         third.StartIdling();
         first.StopIdling();
@@ -168,9 +152,9 @@ TEST(Idlers, MayGoAndComeWhileIdling)
     first.StartIdling();
     second->StartIdling();
     process.GetNextEvent(Kesto::CProcess::kEvent_Poll | Kesto::CProcess::kEvent_NoIdle);
-    EXPECT_THAT(log, ElementsAre());
-    process.PumpUntil([&] { return log.size() >= 2; });
-    EXPECT_THAT(log, ElementsAre(1, 3));
+    EXPECT_THAT(process.log, ElementsAre());
+    process.PumpUntil([&] { return process.log.size() >= 2; });
+    EXPECT_THAT(process.log, ElementsAre(1, 3));
     EXPECT_FALSE(first.IsIdling());
 }
 

@@ -20,46 +20,38 @@ using namespace Kesto;
 using namespace Kesto::Kernels;
 using namespace Kesto::Testing;
 
+namespace {
+
 using Rows = std::vector<std::vector<std::uint8_t>>;
 
-TEST(BlendTable, PartsOfAValueAddUpToIt)
+// What a kernel makes of a target of that size.
+template <class Kernel>
+Rows Made(std::int32_t width, std::int32_t height, const Kernel& kernel)
 {
-    const CBlendTable& table = *CBlendTable::Get();
-    for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
-        for (std::uint32_t value = 0; value < 256; ++value)
-            ASSERT_EQ(table(alpha, value) + table(255 - alpha, value), static_cast<int>(value));
+    const CPicture out(8, width, height, 1);
+    kernel(out.View());
+    return RowsOf(out);
 }
 
-TEST(BlendTable, EqualsTheProductRoundedInOneMultiplication)
+} // namespace
+
+TEST(BlendTable, RoundsTheProductSoThatTheTwoPartsOfAValueAddUpToIt)
 {
     const CBlendTable& table = *CBlendTable::Get();
     for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
-        for (std::uint32_t value = 0; value < 256; ++value)
+        for (std::uint32_t value = 0; value < 256; ++value) {
             ASSERT_EQ(table(alpha, value), ((alpha * value + 128) * 257) >> 16);
+            ASSERT_EQ(table(alpha, value) + table(255 - alpha, value), static_cast<int>(value));
+        }
 }
 
-TEST(BlendTable, KnownValues)
+TEST(Blending, KeepsAColourUnderItselfAndServesEachPlaneWithOneMask)
 {
-    const CBlendTable& table = *CBlendTable::Get();
-    EXPECT_EQ(table(255, 200), 200);
-    EXPECT_EQ(table(0, 200), 0);
-    EXPECT_EQ(table(128, 255), 128);
-    EXPECT_EQ(table(127, 255), 127);
-}
-
-TEST(Blending, OfAColourWithItselfIsThatColour)
-{
-    const CPicture mask(8, 256, 1, 1);
-    for (std::int32_t x = 0; x < 256; ++x)
-        mask.At(x, 0) = static_cast<std::uint8_t>(x);
-    const CPicture out(8, 256, 1, 1);
+    const CPicture ramp(8, 256, 1, 1);
+    std::iota(&ramp.At(0, 0), &ramp.At(0, 0) + 256, std::uint8_t{0});
     const std::array<std::uint8_t, 1> colour = {93};
-    BlendColours(out.View(), colour, colour, mask.View());
-    EXPECT_EQ(out.Copied(), std::vector<std::uint8_t>(256, 93));
-}
-
-TEST(Blending, ServesEachPlaneWithItsColourAndOneMask)
-{
+    EXPECT_EQ(Made(256, 1, [&](const CPixView& out) { BlendColours(out, colour, colour, ramp.View()); }),
+              (Rows{std::vector<std::uint8_t>(256, 93)}));
     const CPicture out(8, 2, 1, 3);
     std::fill(out.Bytes().begin(), out.Bytes().end(), std::uint8_t{10});
     const CPicture mask = PictureOf({{0, 255}});
@@ -69,31 +61,22 @@ TEST(Blending, ServesEachPlaneWithItsColourAndOneMask)
 
 TEST(Arithmetic, WrapsOrHolds)
 {
-    const CPicture a = PictureOf({{200, 10}});
-    const CPicture b = PictureOf({{100, 20}});
-    const CPicture out(8, 2, 1, 1);
-    AddWrapping(out.View(), a.View(), b.View());
-    EXPECT_EQ(RowsOf(out), (Rows{{44, 30}}));
-    AddCapped(out.View(), a.View(), b.View());
-    EXPECT_EQ(RowsOf(out), (Rows{{255, 30}}));
-    SubtractWrapping(out.View(), a.View(), b.View());
-    EXPECT_EQ(RowsOf(out), (Rows{{100, 246}}));
-    SubtractFloored(out.View(), a.View(), b.View());
-    EXPECT_EQ(RowsOf(out), (Rows{{100, 0}}));
+    const CPicture first = PictureOf({{200, 10}});
+    const CPicture second = PictureOf({{100, 20}});
+    const CPixView a = first.View();
+    const CPixView b = second.View();
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddWrapping(out, a, b); }), (Rows{{44, 30}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddCapped(out, a, b); }), (Rows{{255, 30}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractWrapping(out, a, b); }), (Rows{{100, 246}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractFloored(out, a, b); }), (Rows{{100, 0}}));
     std::array<std::int32_t, 256> table{};
     table[100] = 1000;
     table[20] = -3;
-    AddLookup(out.View(), a.View(), b.View(), table);
-    EXPECT_EQ(RowsOf(out), (Rows{{255, 7}}));
-}
-
-TEST(Arithmetic, MapsByTheRowOfALevel)
-{
-    std::vector<std::uint8_t> table(65536);
-    table[3 << 8 | 7] = 99;
-    const CPicture out = PictureOf({{7}});
-    MapTable(out.View(), out.View(), std::span<const std::uint8_t, 65536>(table), 3);
-    EXPECT_EQ(out.At(0, 0), 99);
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddLookup(out, a, b, table); }), (Rows{{255, 7}}));
+    std::vector<std::uint8_t> levels(65536);
+    levels[3 << 8 | 200] = 99;
+    const std::span<const std::uint8_t, 65536> all(levels);
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { MapTable(out, a, all, 3); }), (Rows{{99, 0}}));
 }
 
 TEST(Views, OfOtherPixelSizesAreLeftAlone)
@@ -107,24 +90,18 @@ TEST(Views, OfOtherPixelSizesAreLeftAlone)
     EXPECT_EQ(out.Copied(), before);
 }
 
-TEST(Boxes, MeansAreTruncatedOrRounded)
+TEST(Boxes, MeansAreTruncatedOrRoundedAndMayLean)
 {
     const CPicture source = PictureOf({{0, 1, 0}, {1, 0, 9}});
-    const CPicture out(8, 2, 1, 1);
-    BoxMean(out.View(), source.View(), {2, 2}, false);
-    EXPECT_EQ(RowsOf(out), (Rows{{0, 2}}));
-    BoxMean(out.View(), source.View(), {2, 2}, true);
-    EXPECT_EQ(RowsOf(out), (Rows{{1, 3}}));
-}
-
-TEST(Boxes, LeanByOnePixelARow)
-{
-    const CPicture source = PictureOf({{1, 2, 3, 4}, {10, 20, 30, 40}});
-    const CPicture out(8, 3, 1, 1);
-    BoxMean(out.View(), source.View(), {1, 2, 1}, false); // the upper row is one further right
-    EXPECT_EQ(RowsOf(out), (Rows{{6, 11, 17}}));
-    BoxMean(out.View(), source.View(), {1, 2, -1}, false); // the lower row is
-    EXPECT_EQ(RowsOf(out), (Rows{{10, 16, 21}}));
+    const auto mean = [](const CPicture& from, const BoxShape& shape, bool rounds) {
+        return Made(from.View().width - shape.ExtraColumns(), 1,
+                    [&](const CPixView& out) { BoxMean(out, from.View(), shape, rounds); });
+    };
+    EXPECT_EQ(mean(source, {2, 2}, false), (Rows{{0, 2}}));
+    EXPECT_EQ(mean(source, {2, 2}, true), (Rows{{1, 3}}));
+    const CPicture slope = PictureOf({{1, 2, 3, 4}, {10, 20, 30, 40}});
+    EXPECT_EQ(mean(slope, {1, 2, 1}, false), (Rows{{6, 11, 17}})) << "the upper row is one further right";
+    EXPECT_EQ(mean(slope, {1, 2, -1}, false), (Rows{{10, 16, 21}})) << "the lower row is";
 }
 
 TEST(Boxes, MeansOf32BitPixels)
@@ -140,13 +117,9 @@ TEST(Boxes, MeansOf32BitPixels)
 TEST(Boxes, ExtremesAndTheirDifference)
 {
     const CPicture source = PictureOf({{5, 9, 1}, {4, 2, 8}});
-    const CPicture out(8, 2, 1, 1);
-    Dilate(out.View(), source.View(), {2, 2});
-    EXPECT_EQ(RowsOf(out), (Rows{{9, 9}}));
-    Erode(out.View(), source.View(), {2, 2});
-    EXPECT_EQ(RowsOf(out), (Rows{{2, 1}}));
-    BoxRange(out.View(), source.View(), {2, 2});
-    EXPECT_EQ(RowsOf(out), (Rows{{7, 8}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { Dilate(out, source.View(), {2, 2}); }), (Rows{{9, 9}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { Erode(out, source.View(), {2, 2}); }), (Rows{{2, 1}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { BoxRange(out, source.View(), {2, 2}); }), (Rows{{7, 8}}));
 }
 
 TEST(Boxes, RankIsTheLowestBinWithThatManyAtOrBelow)
@@ -169,17 +142,16 @@ TEST(Boxes, RankIsTheLowestBinWithThatManyAtOrBelow)
 TEST(Neighbours, LightFallsFromTheDirectionCounted)
 {
     std::array<std::int32_t, 256> table;
-    for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<std::int32_t>(i);
+    std::iota(table.begin(), table.end(), 0);
     const CPicture source = PictureOf({{1, 2, 3}, {4, 0, 5}, {6, 7, 8}});
     const CPicture out(8, 1, 1, 1);
     // Sums on either side: top 1 2 3, bottom 6 7 8, right 3 5 8, left 1 4 6, and the corners between.
     const int differences[8] = {6 - 21, 10 - 17, 16 - 11, 20 - 7, 21 - 6, 17 - 10, 11 - 16, 7 - 20};
     for (std::int32_t direction = 0; direction < 8; ++direction) {
-        Emboss(out.View(), source.View(), table, direction, 100);
-        EXPECT_EQ(out.At(0, 0), 100 + differences[direction]) << direction;
-        Emboss(out.View(), source.View(), table, direction, 250);
-        EXPECT_EQ(out.At(0, 0), std::min(255, 250 + differences[direction])) << direction;
+        for (const int base : {100, 250}) {
+            Emboss(out.View(), source.View(), table, direction, base);
+            EXPECT_EQ(out.At(0, 0), std::min(255, base + differences[direction])) << direction;
+        }
     }
 }
 
@@ -191,10 +163,10 @@ TEST(Neighbours, SharpenAndMean)
     table[1020 + 100] = -7; // 4 * 50 - 100
     Sharpen(out.View(), source.View(), table);
     EXPECT_EQ(out.At(0, 0), 43);
-    NeighbourMean(out.View(), source.View(), 3);
-    EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7);
-    NeighbourMean(out.View(), source.View(), -4);
-    EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7);
+    for (const int weight : {3, -4}) {
+        NeighbourMean(out.View(), source.View(), weight);
+        EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7);
+    }
 }
 
 TEST(Mosaics, CellsAtTheEdgeAreSmaller)
@@ -204,23 +176,16 @@ TEST(Mosaics, CellsAtTheEdgeAreSmaller)
     EXPECT_EQ(RowsOf(picture), (Rows{{2, 2, 10}, {2, 2, 10}}));
 }
 
-TEST(Noises, OfNoAmountKeepPixelsAndAdvanceTheSeed)
-{
-    const CPicture picture(8, 5, 2, 1);
-    const std::vector<std::uint8_t> before = picture.Copied();
-    std::uint32_t seed = 1;
-    AddNoise(picture.View(), picture.View(), 0, seed);
-    EXPECT_EQ(picture.Copied(), before);
-    std::uint32_t expected = 1;
-    for (int i = 0; i < 5 * 2 * 12; ++i)
-        expected = expected * 1103515245u + 12345u;
-    EXPECT_EQ(seed, expected);
-}
-
-TEST(Noises, ColourPixelsBelowTheThreshold)
+TEST(Noises, AdvanceTheSeedAndKeepToTheThreshold)
 {
     const CPicture picture(8, 100, 10, 3);
     const std::vector<std::uint8_t> before = picture.Copied();
+    std::uint32_t seed = 1;
+    AddNoise(picture.View(), picture.View(), 0, seed);
+    std::uint32_t expected = 1;
+    for (int i = 0; i < 100 * 10 * 3 * 12; ++i)
+        expected = expected * 1103515245u + 12345u;
+    EXPECT_EQ(seed, expected);
     const std::array<std::uint8_t, 3> colour = {1, 2, 3};
     RandomColour(picture.View(), picture.View(), colour, 0);
     EXPECT_EQ(picture.Copied(), before);
@@ -252,7 +217,7 @@ TEST(Colours, PlanesAreMergedInTheGivenOrder)
 
 TEST(Transfers, FillOnlyTheFrame)
 {
-    const CPicture picture = PictureOf({{1, 1, 1, 1}, {1, 1, 1, 1}, {1, 1, 1, 1}});
+    const CPicture picture = PictureOf(Rows(3, {1, 1, 1, 1}));
     FillFrame<std::uint8_t>(picture.View(), {1, 1, 3, 2}, std::array<std::uint8_t, 1>{7});
     EXPECT_EQ(RowsOf(picture), (Rows{{7, 7, 7, 7}, {7, 1, 1, 7}, {7, 7, 7, 7}}));
     FillFrame<std::uint8_t>(picture.View(), {9, 9, 10, 10}, std::array<std::uint8_t, 1>{8});

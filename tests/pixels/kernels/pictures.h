@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <random>
 #include <span>
 #include <vector>
@@ -21,8 +22,12 @@ public:
         : fPixmap(bits, width, height, planes, 1, 0)
     {
         std::mt19937 random(seed);
-        for (std::uint8_t& byte : Bytes())
-            byte = static_cast<std::uint8_t>(random());
+        for (std::span<std::uint8_t> rest = Bytes(); !rest.empty();) {
+            const std::uint32_t word = random();
+            const std::size_t size = std::min(rest.size(), sizeof(word));
+            std::memcpy(rest.data(), &word, size);
+            rest = rest.subspan(size);
+        }
     }
 
     CPixView View() const
@@ -37,6 +42,13 @@ public:
     {
         CPixView view;
         fPixmap.GetView(view, left, 0, width, height, 0, -1);
+        return view;
+    }
+
+    CPixView Plane(std::int32_t plane) const
+    {
+        CPixView view;
+        fPixmap.GetView(view, 0, 0, 0, 0, plane, 1);
         return view;
     }
 

@@ -1,59 +1,23 @@
 // Scaling of planes: the fast rows give the plain rows' bytes, and the arithmetic is the documented one.
-#include "pixels/kernels/pictures.h"
-#include "pixels/kernels/scale.h"
+#include "pixels/kernels/scaled.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include <gmock/gmock.h>
 
 using namespace Kesto;
 using namespace Kesto::Kernels;
-using Kesto::Testing::CPicture;
-using Kesto::Testing::CUseLevel;
+using namespace Kesto::Testing;
 
 namespace {
-
-struct Axis {
-    Axis(std::int32_t target, std::int32_t source, std::int32_t start)
-    {
-        fAxis.fStart = start;
-        fAxis.fMode = target < source ? ScaleMode::kReduce : target > source ? ScaleMode::kEnlarge : ScaleMode::kSame;
-        if (target < source)
-            fTable = MakeReduceTable(target, source, start, fAxis.fScale);
-        else if (target > source)
-            fTable = MakeEnlargeTable(target, source, start);
-        fAxis.fEntries = fTable;
-    }
-    ScaleTable fTable;
-    ScaleAxis fAxis;
-};
-
-template <class T>
-void Scale(const CPicture& target, const CPicture& source)
-{
-    const CPixView to = target.View();
-    const CPixView from = source.View();
-    const Axis columns(to.width, from.width, 3);
-    const Axis rows(to.height, from.height, -7);
-    std::vector<double> scratch(ScaleScratchBytes<T>(to.width) / sizeof(double) + 1);
-    ScalePlane<T>(PlaneOf<T>(from, 0), PlaneOf<T>(to, 0), columns.fAxis, rows.fAxis,
-                  reinterpret_cast<std::byte*>(scratch.data()));
-}
 
 template <class T>
 void ExpectTwins(const CPicture& source, std::int32_t width, std::int32_t height)
 {
-    const CPicture plain(8 * sizeof(T), width, height, 1);
-    const CPicture fast(8 * sizeof(T), width, height, 1);
-    {
-        const CUseLevel level(CpuLevel::kBase);
-        Scale<T>(plain, source);
-    }
-    {
-        const CUseLevel level(BestCpuLevel());
-        Scale<T>(fast, source);
-    }
-    EXPECT_EQ(plain.Copied(), fast.Copied()) << 8 * sizeof(T) << " bits, " << width << " by " << height;
+    const auto scaled = [&](CpuLevel level) {
+        const CUseLevel use(level);
+        return Scaled<T>(source, width, height);
+    };
+    EXPECT_EQ(scaled(CpuLevel::kBase), scaled(BestCpuLevel()))
+        << 8 * sizeof(T) << " bits, " << width << " by " << height;
 }
 
 template <class T>
@@ -62,12 +26,9 @@ class ScaleTwins : public testing::Test {
 using PixelTypes = testing::Types<std::uint8_t, std::uint16_t, std::uint32_t>;
 TYPED_TEST_SUITE(ScaleTwins, PixelTypes);
 
-// A line of 8-bit pixels, scaled.
 std::vector<std::uint8_t> ScaledLine(const std::vector<std::uint8_t>& line, std::int32_t width)
 {
-    const CPicture target(8, width, 1, 1);
-    Scale<std::uint8_t>(target, Testing::PictureOf({line}));
-    return Testing::RowsOf(target)[0];
+    return Scaled<std::uint8_t>(PictureOf({line}), width, 1);
 }
 
 } // namespace
@@ -95,10 +56,8 @@ TYPED_TEST(ScaleTwins, OfExtremePixels)
         for (const std::int32_t width : {1, 3, 189, 350, 699, 1050})
             for (const std::int32_t height : {4, 13}) {
                 ExpectTwins<TypeParam>(source, width, height);
-                const CPicture target(8 * sizeof(TypeParam), width, height, 1);
-                Scale<TypeParam>(target, source);
                 if (sizeof(TypeParam) == 1) {
-                    EXPECT_EQ(target.Copied(), std::vector<std::uint8_t>(target.Bytes().size(), value));
+                    EXPECT_THAT(Scaled<TypeParam>(source, width, height), testing::Each(value));
                 }
             }
     }
@@ -114,23 +73,19 @@ TYPED_TEST(ScaleTwins, OfTies)
     }
 }
 
-TEST(ScaleLine, MeansOfWholePixels)
+TEST(ScaleLine, IsTheMeanOfWholeAndSharedPixelsOrLiesBetweenThem)
 {
-    EXPECT_EQ(ScaledLine({1, 2, 10, 20, 255, 255}, 3), (std::vector<std::uint8_t>{2, 15, 255}));
-    EXPECT_EQ(ScaledLine({0, 0, 1, 9, 9, 9}, 2), (std::vector<std::uint8_t>{0, 9}));
-}
-
-TEST(ScaleLine, WeightsSharedPixels)
-{
-    // Two pixels from three: (30 + 60 / 2) / 1.5 and (60 / 2 + 90) / 1.5.
-    EXPECT_EQ(ScaledLine({30, 60, 90}, 2), (std::vector<std::uint8_t>{40, 80}));
-}
-
-TEST(ScaleLine, LiesBetweenPixelsWhenEnlarged)
-{
-    EXPECT_EQ(ScaledLine({0, 100}, 5), (std::vector<std::uint8_t>{0, 25, 50, 75, 100}));
-    EXPECT_EQ(ScaledLine({0, 1}, 3), (std::vector<std::uint8_t>{0, 1, 1}));
-    EXPECT_EQ(ScaledLine({7}, 2), (std::vector<std::uint8_t>{7, 7}));
+    using Line = std::vector<std::uint8_t>;
+    const std::pair<Line, Line> cases[] = {
+        {{1, 2, 10, 20, 255, 255}, {2, 15, 255}},
+        {{0, 0, 1, 9, 9, 9}, {0, 9}},
+        {{30, 60, 90}, {40, 80}}, // (30 + 60 / 2) / 1.5 and (60 / 2 + 90) / 1.5
+        {{0, 100}, {0, 25, 50, 75, 100}},
+        {{0, 1}, {0, 1, 1}},
+        {{7}, {7, 7}},
+    };
+    for (const auto& [from, to] : cases)
+        EXPECT_EQ(ScaledLine(from, static_cast<std::int32_t>(to.size())), to);
 }
 
 TEST(ScaleTables, ReductionCoversTheSourceOnce)
@@ -155,11 +110,8 @@ TEST(ScaleTables, NeverReadBeyondTheSource)
 {
     for (std::int32_t source = 1; source < 3000; source += 37)
         for (std::int32_t target = 1; target < 4000; target += 41) {
-            float scale = 0;
-            const ScaleTable table = target < source   ? MakeReduceTable(target, source, 0, scale)
-                                     : target > source ? MakeEnlargeTable(target, source, 0)
-                                                       : ScaleTable();
-            for (const ScaleEntry& entry : table) {
+            const ScaledAxis axis(target, source, 0);
+            for (const ScaleEntry& entry : axis.table) {
                 ASSERT_GE(entry.fFirst, 0);
                 ASSERT_LE(entry.fFirst, entry.fLast);
                 ASSERT_LT(entry.fLast, source);

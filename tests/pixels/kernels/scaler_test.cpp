@@ -1,6 +1,5 @@
 // Walker, fills, grids, states and the pixmap scaler.
-#include "pixels/kernels/pictures.h"
-#include "pixels/kernels/scale.h"
+#include "pixels/kernels/scaled.h"
 #include "pixels/pix_walker.h"
 #include "pixels/pixel_fill.h"
 #include "pixels/pixmap_scaler.h"
@@ -9,45 +8,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 using namespace Kesto;
 using namespace Kesto::Testing;
 
 namespace {
-
-// Scales all at once, without a grid.
-CPicture ScaledAtOnce(const CPicture& source, std::int32_t width, std::int32_t height)
-{
-    CPicture target(8, width, height, 1);
-    const CPixView from = source.View();
-    float columnScale = 1;
-    float rowScale = 1;
-    const ScaleTable columns = width < from.width   ? MakeReduceTable(width, from.width, 0, columnScale)
-                               : width > from.width ? MakeEnlargeTable(width, from.width, 0)
-                                                    : ScaleTable();
-    const ScaleTable rows = height < from.height   ? MakeReduceTable(height, from.height, 0, rowScale)
-                            : height > from.height ? MakeEnlargeTable(height, from.height, 0)
-                                                   : ScaleTable();
-    const auto mode = [](std::int32_t to, std::int32_t size) {
-        return to < size ? ScaleMode::kReduce : to > size ? ScaleMode::kEnlarge : ScaleMode::kSame;
-    };
-    std::vector<double> scratch(Kernels::ScaleScratchBytes<std::uint8_t>(width) / sizeof(double) + 1);
-    Kernels::ScalePlane<std::uint8_t>(
-        Kernels::PlaneOf<std::uint8_t>(from, 0), Kernels::PlaneOf<std::uint8_t>(target.View(), 0),
-        {mode(width, from.width), columns, 0, columnScale}, {mode(height, from.height), rows, 0, rowScale},
-        reinterpret_cast<std::byte*>(scratch.data()));
-    return target;
-}
-
-bool Stop(std::uint32_t, void*)
-{
-    return false;
-}
-
-bool Count(std::uint32_t count, void* userData)
-{
-    *static_cast<std::uint32_t*>(userData) += count;
-    return true;
-}
 
 // A scaler over two pictures.
 struct Scaling {
@@ -68,22 +34,19 @@ TEST(Walker, VisitsWhatAllRectanglesHave)
     CPicture source(8, 10, 10, 3);
     CPicture dest(8, 8, 8, 3);
     dest.Pixmap().SetOrigin(100, 100);
-    std::vector<CPixView> seen;
+    CPixView read;
+    CPixView written;
     CPixWalker(source.Pixmap(), dest.Pixmap(), {4, 4, 9, 20}, {98, 101, 200, 200}, 1, 1)
         .Run([&](const CPixWalkContext& context) {
-            seen = {context.fRead[0], context.fWrite[0]};
+            read = context.fRead[0];
+            written = context.fWrite[0];
             return true;
         });
-    ASSERT_EQ(seen.size(), 2u);
-    EXPECT_EQ(seen[0].x, 6); // the target begins two columns into its rectangle
-    EXPECT_EQ(seen[0].y, 4);
-    EXPECT_EQ(seen[1].x, 100);
-    EXPECT_EQ(seen[1].y, 101);
-    EXPECT_EQ(seen[0].width, 3);
-    EXPECT_EQ(seen[1].width, 3);
-    EXPECT_EQ(seen[1].height, 6);
-    EXPECT_EQ(seen[1].firstPlane, 1);
-    EXPECT_EQ(seen[1].planeCount, 1);
+    const auto numbers = [](const CPixView& view) {
+        return std::array{view.x, view.y, view.width, view.height, view.firstPlane, view.planeCount};
+    };
+    EXPECT_EQ(numbers(read), (std::array{6, 4, 3, 6, 1, 1})) << "the target begins two columns into its rectangle";
+    EXPECT_EQ(numbers(written), (std::array{100, 101, 3, 6, 1, 1}));
 }
 
 TEST(Walker, EndsWhenTheFunctionSaysSo)
@@ -117,26 +80,23 @@ TEST(Grid, SplitsEvenlyAndGivesTheRestToTheLast)
 {
     Scaling scaling(129, 300, 129, 300);
     const CPixmapScaler& grid = scaling.fScaler;
-    ASSERT_EQ(grid.GetColumns(), 2);
-    ASSERT_EQ(grid.GetRows(), 3);
+    ASSERT_EQ((std::array{grid.GetColumns(), grid.GetRows()}), (std::array{2, 3}));
     EXPECT_EQ(grid.GetCell(0, 0), (Rect{0, 0, 64, 100}));
     EXPECT_EQ(grid.GetCell(1, 2), (Rect{64, 200, 129, 300}));
-    EXPECT_EQ(grid.GetColumn(63), 0);
-    EXPECT_EQ(grid.GetColumn(64), 1);
-    EXPECT_EQ(grid.GetColumn(1000), 1);
-    EXPECT_EQ(grid.GetRow(-7), 0);
     EXPECT_TRUE(grid.GetCell(2, 0).IsEmpty());
+    for (const auto& [x, column] : {std::pair{63, 0}, {64, 1}, {1000, 1}, {-7, 0}})
+        EXPECT_EQ(grid.GetColumn(x), column) << x;
+    EXPECT_EQ(grid.GetRow(-7), 0);
 }
 
 TEST(Grid, CanStartWithAPartOfACell)
 {
     CPixState grid;
     grid.SetGrid({10, 10, 100, 40}, {0, 0, 32, 32});
-    ASSERT_EQ(grid.GetColumns(), 3);
-    ASSERT_EQ(grid.GetRows(), 1);
-    EXPECT_EQ(grid.GetCell(0, 0), (Rect{10, 10, 32, 40}));
-    EXPECT_EQ(grid.GetCell(1, 0), (Rect{32, 10, 64, 40}));
-    EXPECT_EQ(grid.GetCell(2, 0), (Rect{64, 10, 100, 40}));
+    ASSERT_EQ((std::array{grid.GetColumns(), grid.GetRows()}), (std::array{3, 1}));
+    const Rect cells[] = {{10, 10, 32, 40}, {32, 10, 64, 40}, {64, 10, 100, 40}};
+    for (std::int32_t i = 0; i < 3; ++i)
+        EXPECT_EQ(grid.GetCell(i, 0), cells[i]) << i;
     grid.SetOrigin(0, 0);
     EXPECT_EQ(grid.GetCell(1, 0), (Rect{22, 0, 54, 30}));
 }
@@ -144,16 +104,17 @@ TEST(Grid, CanStartWithAPartOfACell)
 TEST(States, ChangeInTheCellsThatARectangleTouches)
 {
     CPixState grid;
+    const auto firstStates = [&grid] {
+        return std::array{grid.GetState(0, 0), grid.GetState(1, 0), grid.GetState(2, 0)};
+    };
     grid.SetGrid({0, 0, 40, 40}, {0, 0, 10, 10});
     grid.SetStates({0, 0, 40, 40}, 5);
-    grid.SubtractStates({9, 0, 11, 1}, 7);
-    EXPECT_EQ(grid.GetState(0, 0), 0u);
-    EXPECT_EQ(grid.GetState(1, 0), 0u);
-    EXPECT_EQ(grid.GetState(2, 0), 5u);
+    grid.SubtractStates({9, 0, 11, 10}, 7);
+    EXPECT_EQ(grid.GetState(1, 1), 5u);
+    EXPECT_EQ(firstStates(), (std::array{0u, 0u, 5u}));
     grid.CapStates({20, 0, 21, 1}, 2);
     grid.RaiseStates({0, 0, 21, 1}, 1);
-    EXPECT_EQ(grid.GetState(0, 0), 1u);
-    EXPECT_EQ(grid.GetState(2, 0), 2u);
+    EXPECT_EQ(firstStates(), (std::array{1u, 1u, 2u}));
     EXPECT_EQ(grid.GetState(9, 9), 0u);
     grid.SetGrid({0, 0, 40, 40}, {0, 0, 10, 10});
     EXPECT_EQ(grid.GetState(3, 3), 0u);
@@ -177,18 +138,14 @@ TEST(States, KeepChangedRectangles)
 
 TEST(PixmapScaler, StepsFollowTheRatio)
 {
-    const auto across = [](std::int32_t source, std::int32_t target) {
+    const std::array<std::int32_t, 3> cases[] = {{100, 100, 1}, {100, 200, 1}, {100, 99, 2},
+                                                 {100, 50, 2},  {99, 33, 4},   {4096, 1, 128}};
+    for (const auto& [source, target, steps] : cases) {
         Scaling scaling(source, 8, target, 8);
+        EXPECT_EQ(scaling.fScaler.GetStepsAcross(), steps) << source << " to " << target;
         EXPECT_EQ(scaling.fScaler.GetStepsDown(), 1);
-        EXPECT_EQ(scaling.fScaler.GetStepCount(0, 0), static_cast<std::uint32_t>(scaling.fScaler.GetStepsAcross()));
-        return scaling.fScaler.GetStepsAcross();
-    };
-    EXPECT_EQ(across(100, 100), 1);
-    EXPECT_EQ(across(100, 200), 1);
-    EXPECT_EQ(across(100, 99), 2);
-    EXPECT_EQ(across(100, 50), 2);
-    EXPECT_EQ(across(99, 33), 4);
-    EXPECT_EQ(across(4096, 1), 128);
+        EXPECT_EQ(scaling.fScaler.GetStepCount(0, 0), static_cast<std::uint32_t>(steps));
+    }
 }
 
 TEST(PixmapScaler, CellsGiveThePictureThatOneRunGives)
@@ -201,7 +158,7 @@ TEST(PixmapScaler, CellsGiveThePictureThatOneRunGives)
         std::uint32_t done = 0;
         EXPECT_TRUE(scaling.fScaler.DoAll(done, nullptr, nullptr));
         EXPECT_EQ(done, scaling.fScaler.CountAllSteps());
-        EXPECT_EQ(scaling.fTarget.Copied(), ScaledAtOnce(scaling.fSource, size[2], size[3]).Copied())
+        EXPECT_EQ(scaling.fTarget.Copied(), Scaled<std::uint8_t>(scaling.fSource, size[2], size[3]))
             << size[0] << " by " << size[1] << " to " << size[2] << " by " << size[3];
     }
 }
@@ -211,18 +168,23 @@ TEST(PixmapScaler, StopsAndGoesOn)
     Scaling scaling(600, 600, 200, 200);
     CPixmapScaler& scaler = scaling.fScaler;
     std::uint32_t done = 0;
-    EXPECT_FALSE(scaler.DoAll(done, Stop, nullptr));
+    EXPECT_FALSE(scaler.DoAll(
+        done, [](std::uint32_t, void*) { return false; }, nullptr));
     EXPECT_EQ(done, 1u);
     EXPECT_EQ(scaler.CountSteps(), 1u);
     EXPECT_EQ(scaler.DoFirstStep(), 1u);
     EXPECT_EQ(scaler.GetCellState(0, 0), 2u);
     EXPECT_EQ(scaler.DoCellQuietly(1, 1), scaler.GetStepCount(1, 1));
     std::uint32_t told = 0;
-    EXPECT_TRUE(scaler.DoAll(done, Count, &told));
+    const auto count = [](std::uint32_t steps, void* sum) {
+        *static_cast<std::uint32_t*>(sum) += steps;
+        return true;
+    };
+    EXPECT_TRUE(scaler.DoAll(done, count, &told));
     EXPECT_EQ(done, told + 1);
     EXPECT_EQ(scaler.CountStepsLeft(), 0u);
     EXPECT_EQ(scaler.DoFirstStep(), 0u);
-    EXPECT_EQ(scaling.fTarget.Copied(), ScaledAtOnce(scaling.fSource, 200, 200).Copied());
+    EXPECT_EQ(scaling.fTarget.Copied(), Scaled<std::uint8_t>(scaling.fSource, 200, 200));
 }
 
 TEST(PixmapScaler, DoesAChangedRegionAgain)
@@ -275,26 +237,18 @@ TEST(PixmapScaler, ScalesTheChosenPlanesOfPartsAtAnyOrigin)
     EXPECT_EQ(target.At<std::uint16_t>(9, 9, 1), edge);
 }
 
-namespace {
-
-// With a heap of their own.
-class PagedPixmaps : public testing::Test {
-protected:
-    CVirtualHeap fHeap;
-};
-
-} // namespace
-
-TEST_F(PagedPixmaps, AreFilledCopiedAndScaledLikeContiguousOnes)
+TEST(PagedPixmaps, AreFilledCopiedAndScaledLikeContiguousOnes)
 {
+    CVirtualHeap heap;
+    const auto copyAll = [](CPixmap& to, CPixmap& from) { Copy(to, from, to.GetBounds(), from.GetBounds(), 0, -1); };
     CPicture source(8, 300, 290, 2, 3);
-    CVirtualPixmap paged(3, 300, 290, 2, 0, false, false, fHeap);
-    Copy(paged, source.Pixmap(), paged.GetBounds(), source.Pixmap().GetBounds(), 0, -1);
+    CVirtualPixmap paged(3, 300, 290, 2, 0, false, false, heap);
+    copyAll(paged, source.Pixmap());
     CPicture back(8, 300, 290, 2, 4);
-    Copy(back.Pixmap(), paged, back.Pixmap().GetBounds(), paged.GetBounds(), 0, -1);
+    copyAll(back.Pixmap(), paged);
     EXPECT_EQ(back.Copied(), source.Copied());
 
-    CVirtualPixmap small(3, 141, 99, 2, 0, false, false, fHeap);
+    CVirtualPixmap small(3, 141, 99, 2, 0, false, false, heap);
     CPicture expected(8, 141, 99, 2, 5);
     CPixmapScaler scaler;
     scaler.SetPixmaps(&small, &paged);
@@ -302,13 +256,13 @@ TEST_F(PagedPixmaps, AreFilledCopiedAndScaledLikeContiguousOnes)
     scaler.SetPixmaps(&expected.Pixmap(), &source.Pixmap());
     scaler.DoCellsQuietly();
     CPicture result(8, 141, 99, 2, 6);
-    Copy(result.Pixmap(), small, result.Pixmap().GetBounds(), small.GetBounds(), 0, -1);
+    copyAll(result.Pixmap(), small);
     EXPECT_EQ(result.Copied(), expected.Copied());
 
     const std::uint8_t values[] = {1, 2};
     Fill(paged, {100, 100, 250, 250}, values, 0, -1);
     Invert(paged, {100, 100, 101, 101}, 1, 1);
-    Copy(back.Pixmap(), paged, back.Pixmap().GetBounds(), paged.GetBounds(), 0, -1);
+    copyAll(back.Pixmap(), paged);
     EXPECT_EQ(back.At(249, 249, 1), 2);
     EXPECT_EQ(back.At(100, 100, 1), 0xFD);
     EXPECT_EQ(back.At(250, 249, 1), source.At(250, 249, 1));

@@ -13,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <numeric>
 
 using namespace Kesto;
 using namespace Kesto::Kernels;
@@ -29,32 +28,32 @@ constexpr std::int32_t kWidths[] = {1, 2, 7, 15, 16, 31, 32, 33, 63, 65, 97, 131
 template <class Kernel>
 void ExpectTwins(std::int32_t bits, std::int32_t width, std::int32_t height, std::int32_t planes, const Kernel& kernel)
 {
-    const CPicture plain(bits, width + 3, height, planes, 77);
-    const CPicture fast(bits, width + 3, height, planes, 77);
-    {
-        const CUseLevel level(CpuLevel::kBase);
-        kernel(plain.View(3, width, height));
-    }
-    {
-        const CUseLevel level(BestCpuLevel());
-        kernel(fast.View(3, width, height));
-    }
-    EXPECT_EQ(plain.Copied(), fast.Copied()) << width << " by " << height;
+    const auto bytes = [&](CpuLevel level) {
+        const CUseLevel use(level);
+        const CPicture target(bits, width + 3, height, planes, 77);
+        kernel(target.View(3, width, height));
+        return target.Copied();
+    };
+    EXPECT_EQ(bytes(CpuLevel::kBase), bytes(BestCpuLevel())) << width << " by " << height;
 }
 
-// All pairs of two bytes, as the pixels of two pictures of 256 by 256.
-struct AllPairs {
-    AllPairs()
-    {
-        for (std::int32_t y = 0; y < 256; ++y) {
-            for (std::int32_t x = 0; x < 256; ++x) {
-                fAcross.At(x, y) = static_cast<std::uint8_t>(x);
-                fDown.At(x, y) = static_cast<std::uint8_t>(y);
-            }
-        }
-    }
-    CPicture fAcross{8, 256, 256, 1};
-    CPicture fDown{8, 256, 256, 1};
+// The bytes 0 to 255 in each row, or column.
+CPicture AllBytes(bool down)
+{
+    CPicture picture(8, 256, 256, 1);
+    for (std::int32_t y = 0; y < 256; ++y)
+        for (std::int32_t x = 0; x < 256; ++x)
+            picture.At(x, y) = static_cast<std::uint8_t>(down ? y : x);
+    return picture;
+}
+
+// All pairs of two bytes, as the pixels of two pictures.
+class AllPairs : public testing::Test {
+protected:
+    const CPicture fAcross = AllBytes(false);
+    const CPicture fDown = AllBytes(true);
+    const CPixView a = fAcross.View();
+    const CPixView b = fDown.View();
 };
 
 std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t denominator, std::int32_t step)
@@ -66,31 +65,74 @@ std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t deno
     return table;
 }
 
-} // namespace
-
-TEST(Twins, ArithmeticOfAllPairsOfBytes)
+void ExpectPixelTwins(std::int32_t width, std::int32_t height)
 {
-    const AllPairs pairs;
-    const CPixView a = pairs.fAcross.View();
-    const CPixView b = pairs.fDown.View();
-    for (const auto kernel : {AddWrapping, AddCapped, SubtractWrapping, SubtractFloored})
-        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { kernel(out, a, b); });
-    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Invert(out, a); });
-    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
-        Copy(out, a);
-        ApplyMask(out, b);
+    std::array<std::uint8_t, 256> table;
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
+    const std::array<std::uint8_t, 4> colour = {1, 77, 200, 255};
+    const std::array<std::uint8_t, 4> below = {9, 0, 255, 128};
+    const CPicture first(8, width + 1, height, 4, 2);
+    const CPicture second(8, width + 1, height, 4, 3);
+    const CPicture third(8, width + 1, height, 1, 4);
+    const CPixView a = first.View(1, width, height);
+    const CPixView b = second.View(1, width, height);
+    const CPixView mask = third.View(1, width, height);
+    const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, width, height, 4, kernel); };
+    expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
+    expectTwins([&](const CPixView& out) { SubtractFloored(out, out, b); });
+    expectTwins([&](const CPixView& out) { Copy(out, a); });
+    expectTwins([&](const CPixView& out) { Invert(out, a); });
+    expectTwins([&](const CPixView& out) { Invert(out, out); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, out, mask); });
+    expectTwins([&](const CPixView& out) { Blend(out, a, out, 100); });
+    expectTwins([&](const CPixView& out) { BlendColour(out, colour, a, mask); });
+    expectTwins([&](const CPixView& out) { BlendColour(out, colour, out, mask); });
+    expectTwins([&](const CPixView& out) { BlendColours(out, colour, below, mask); });
+    expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
+    expectTwins([&](const CPixView& out) { MapTable(out, a, table); });
+    expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
+    expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
+    expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
+    expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
+    expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
+    expectTwins([&](const CPixView& out) {
+        std::uint32_t seed = 12345;
+        AddNoise(out, a, 40, seed);
+        out.planePointers[0][0] = static_cast<std::uint8_t>(seed >> 16);
     });
-    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
-        Copy(out, a);
-        ApplyInvertedMask(out, b);
+    expectTwins([&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
+    ExpectTwins(32, width, height, 2, [](const CPixView& out) {
+        Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
+        SwapBytes(out, out);
+    });
+    ExpectTwins(16, width, height, 1,
+                [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
+    expectTwins([&](const CPixView& out) {
+        CPixView wide = out; // the same rows as 16-bit pixels at odd addresses
+        wide.pixelBits = 16;
+        wide.width = width / 2;
+        Fill<std::uint16_t>(wide, std::array<std::uint16_t, 2>{0x1234, 0xFEDC});
     });
 }
 
-TEST(Twins, BlendingOfAllPairsWithEveryAlpha)
+} // namespace
+
+TEST_F(AllPairs, OfArithmetic)
 {
-    const AllPairs pairs;
-    const CPixView a = pairs.fAcross.View();
-    const CPixView b = pairs.fDown.View();
+    for (const auto kernel : {AddWrapping, AddCapped, SubtractWrapping, SubtractFloored})
+        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { kernel(out, a, b); });
+    ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Invert(out, a); });
+    for (const auto kernel : {ApplyMask, ApplyInvertedMask})
+        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
+            Copy(out, a);
+            kernel(out, b);
+        });
+}
+
+TEST_F(AllPairs, OfBlendingWithEveryAlpha)
+{
     for (std::int32_t alpha = 0; alpha < 256; ++alpha) {
         const std::uint8_t value = static_cast<std::uint8_t>(alpha);
         const std::array<std::uint8_t, 1> colour = {value};
@@ -103,48 +145,22 @@ TEST(Twins, BlendingOfAllPairsWithEveryAlpha)
     }
 }
 
-TEST(Twins, PixelKernelsOfOddSizes)
+TEST_F(AllPairs, OfHueWithEveryValue)
 {
-    std::array<std::uint8_t, 256> table;
-    for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<std::uint8_t>(i * i * 31 + 7);
-    const std::array<std::uint8_t, 4> colour = {1, 77, 200, 255};
-    const std::array<std::uint8_t, 4> below = {9, 0, 255, 128};
-    for (const std::int32_t width : kWidths) {
-        const CPicture first(8, width, 5, 4, 2);
-        const CPicture second(8, width, 5, 4, 3);
-        const CPicture third(8, width, 5, 1, 4);
-        const CPixView a = first.View();
-        const CPixView b = second.View();
-        const CPixView mask = third.View();
-        const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, width, 5, 4, kernel); };
-        expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
-        expectTwins([&](const CPixView& out) { SubtractFloored(out, out, b); });
-        expectTwins([&](const CPixView& out) { Invert(out, out); });
-        expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
-        expectTwins([&](const CPixView& out) { Blend(out, a, out, mask); });
-        expectTwins([&](const CPixView& out) { Blend(out, a, out, 100); });
-        expectTwins([&](const CPixView& out) { BlendColour(out, colour, out, mask); });
-        expectTwins([&](const CPixView& out) { BlendColours(out, colour, below, mask); });
-        expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
-        expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
-        expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
-        expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
-        expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
-        expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
-        expectTwins([&](const CPixView& out) {
-            std::uint32_t seed = 12345;
-            AddNoise(out, a, 40, seed);
-            out.planePointers[0][0] = static_cast<std::uint8_t>(seed >> 16);
-        });
-        ExpectTwins(8, width, 5, 4, [&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
-        ExpectTwins(32, width, 5, 2, [](const CPixView& out) {
-            Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
-            SwapBytes(out, out);
-        });
-        ExpectTwins(16, width, 5, 1,
-                    [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
+    const CPicture source(8, 256, 256, 3);
+    Copy(source.Plane(0), a);
+    Copy(source.Plane(1), b);
+    for (int value = 0; value < 256; ++value) {
+        Fill<std::uint8_t>(source.Plane(2), std::array{static_cast<std::uint8_t>(value)});
+        ExpectTwins(8, 256, 256, 3, [&](const CPixView& out) { HueToRGB(out, source.View()); });
     }
+}
+
+TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)
+{
+    for (const std::int32_t width : kWidths)
+        ExpectPixelTwins(width, 5);
+    ExpectPixelTwins(1501, 1433); // 8.2 MiB in four planes
 }
 
 // Rows that follow each other without a gap are worked on as longer ones, the last run shorter than the others.
@@ -174,10 +190,13 @@ TEST(Twins, PlanesWithoutGaps)
 
 TEST(Twins, MosaicOfTallCells)
 {
+    const CPicture mixed(8, 50, 600, 1);
     const CPicture white(8, 50, 600, 1);
     std::fill(white.Bytes().begin(), white.Bytes().end(), std::uint8_t{255});
-    for (const std::int32_t height : {257, 258, 600})
-        ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) { Mosaic(out, white.View(), {20, height}, true); });
+    for (const CPixView& source : {mixed.View(), white.View()})
+        for (const std::int32_t width : {1, 20})
+            for (const std::int32_t height : {257, 258, 600})
+                ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) { Mosaic(out, source, {width, height}, true); });
 }
 
 TEST(Twins, OverlappingRows)
@@ -212,29 +231,16 @@ TEST(Twins, ExchangedRows)
 
 TEST(Twins, BoxesOfManyShapes)
 {
-    for (const BoxShape shape : {BoxShape{1, 1},
-                                 {2, 3},
-                                 {3, 1},
-                                 {9, 9},
-                                 {4, 9},
-                                 {6, 2},
-                                 {7, 5},
-                                 {8, 3},
-                                 {10, 4},
-                                 {16, 16},
-                                 {31, 40},
-                                 {5, 3, 1},
-                                 {4, 4, -1},
-                                 {128, 2},
-                                 {1, 9}}) {
+    constexpr BoxShape kShapes[] = {{1, 1},  {2, 3},   {3, 1},   {9, 9},    {4, 9},     {6, 2},   {7, 5}, {8, 3},
+                                    {10, 4}, {16, 16}, {31, 40}, {5, 3, 1}, {4, 4, -1}, {128, 2}, {1, 9}};
+    for (const BoxShape& shape : kShapes) {
         for (const std::int32_t width : kWidths) {
             const CPicture source(8, width + shape.ExtraColumns(), 12 + shape.ExtraRows(), 2, 5);
             const CPixView from = source.View();
-            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxMean(out, from, shape, true); });
-            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxMean(out, from, shape, false); });
-            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { Dilate(out, from, shape); });
-            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { Erode(out, from, shape); });
-            ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxRange(out, from, shape); });
+            for (const bool rounds : {true, false})
+                ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxMean(out, from, shape, rounds); });
+            for (const auto kernel : {Dilate, Erode, BoxRange})
+                ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { kernel(out, from, shape); });
         }
     }
 }
@@ -271,24 +277,22 @@ TEST(Twins, Ranks)
 TEST(Twins, Neighbours)
 {
     std::array<std::int32_t, 256> relief;
-    for (std::size_t i = 0; i < relief.size(); ++i)
-        relief[i] = static_cast<std::int32_t>(i) * 3 - 300;
     std::array<std::int32_t, 256> huge;
-    huge.fill(0x7FFFFFFF);
-    huge[3] = -0x7FFFFFFF;
     std::array<std::int32_t, 256> steep; // as much as 16 bits bear
-    for (std::size_t i = 0; i < steep.size(); ++i)
+    for (std::size_t i = 0; i < 256; ++i) {
+        relief[i] = static_cast<std::int32_t>(i) * 3 - 300;
+        huge[i] = i == 3 ? -0x7FFFFFFF : 0x7FFFFFFF;
         steep[i] = i % 2 == 0 ? 4096 : -4096;
+    }
     for (const std::int32_t width : kWidths) {
         const CPicture source(8, width + 2, 7, 2, 6);
         const CPicture base(8, width, 5, 2, 8);
         const CPixView from = source.View();
+        const CPixView under = base.View();
         for (std::int32_t direction = 0; direction < 8; ++direction) {
-            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, relief, direction, 128); });
-            ExpectTwins(8, width, 5, 2,
-                        [&](const CPixView& out) { Emboss(out, from, relief, direction, base.View()); });
-            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, huge, direction, -5); });
-            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, steep, direction, 4096); });
+            for (const auto& [table, level] : {std::pair{relief, 128}, {huge, -5}, {steep, 4096}})
+                ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, table, direction, level); });
+            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, relief, direction, under); });
         }
         for (const std::int32_t weight : {0, 1, 2, 4, 5, 12, 13, 100, 253, 254, 4000, -1, -3, -9})
             ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { NeighbourMean(out, from, weight); });
@@ -311,21 +315,5 @@ TEST(Twins, NoiseOfManyAmounts)
             AddNoise(out, source.View(), amount, seed);
             out.planePointers[0][5] = static_cast<std::uint8_t>(seed);
         });
-    }
-}
-
-TEST(Twins, HueOfAllColours)
-{
-    const CPicture source(8, 256, 256, 3);
-    for (std::int32_t y = 0; y < 256; ++y) {
-        for (std::int32_t x = 0; x < 256; ++x) {
-            source.At(x, y, 0) = static_cast<std::uint8_t>(x);
-            source.At(x, y, 1) = static_cast<std::uint8_t>(y);
-        }
-    }
-    for (int value = 0; value < 256; ++value) {
-        for (std::int32_t y = 0; y < 256; ++y)
-            std::fill_n(&source.At(0, y, 2), 256, static_cast<std::uint8_t>(value));
-        ExpectTwins(8, 256, 256, 3, [&](const CPixView& out) { HueToRGB(out, source.View()); });
     }
 }

@@ -36,18 +36,28 @@ TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
         {Platform::Key::kAlt, CCommandMessage::kModifier_Alt},
         {Platform::Key::kShift, CCommandMessage::kModifier_Shift},
         {Platform::Key::kSpace, CCommandMessage::kModifier_Space}};
-    for (const auto& [key, bits] : cases) {
+    const auto inject = [](Platform::Key key, std::uint32_t number) {
         Platform::QueuedMessage input;
+        input.number = number;
+        input.first = static_cast<std::uintptr_t>(key);
+        Platform::InjectInput(input);
+    };
+    const auto take = [] { EXPECT_TRUE(Platform::PeekQueue(Platform::Peek::kRemove).has_value()); };
+    for (const auto& [key, bits] : cases)
         for (const std::uint32_t number : {Platform::Number::kKeyDown, Platform::Number::kKeyUp}) {
             const bool down = number == Platform::Number::kKeyDown;
-            input.number = number;
-            input.first = static_cast<std::uintptr_t>(key);
-            Platform::InjectInput(input);
+            inject(key, number);
             EXPECT_EQ(modifiers(KeyMoment::kNow), down ? bits : 0);
             EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? 0 : bits);
-            EXPECT_TRUE(Platform::PeekQueue(Platform::Peek::kRemove).has_value());
+            take();
             EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? bits : 0);
         }
+    for (const std::uint32_t bits : {std::uint32_t{CCommandMessage::kModifier_CapsLock}, 0U}) { // it stays on
+        for (const std::uint32_t number : {Platform::Number::kKeyDown, Platform::Number::kKeyUp}) {
+            inject(Platform::Key::kCapsLock, number);
+            take();
+        }
+        EXPECT_EQ(modifiers(KeyMoment::kNow), bits);
     }
 }
 

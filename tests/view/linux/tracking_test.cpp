@@ -23,17 +23,14 @@ using Kesto::CMouseEvent;
 using Kesto::CTracker;
 using testing::ElementsAre;
 
-class Follow : public CTracker {
-public:
+struct Follow : CTracker {
     explicit Follow(std::uint32_t options = 0) : CTracker(Kesto::kMouseButton_Primary, options) {}
-
     bool Track(const CMouseEvent& event) override
     {
         xs.push_back(event.fPoint.x);
         return takes;
     }
     void Idle(double) override { ++idles; }
-
     void Hold() { fState |= kState_Running; }
 
     bool takes = false;
@@ -46,21 +43,16 @@ protected:
     PumpedProcess process;
     TestWindow window;
 
-    ~Input() override { Kesto::CServiceT<CDesktop>::Holder().Destroy(); }
+    ~Input() override
+    {
+        Inject(kLeftUp, 100); // no button stays down
+        process.PumpQuiet();
+        Kesto::CServiceT<CDesktop>::Holder().Destroy();
+    }
 
     void Inject(std::uint32_t number, std::uint32_t time, std::int32_t x = 0, std::uintptr_t first = 0)
     {
         Platform::InjectInput({window.Handle(), number, first, 0, time, x, 0});
-    }
-    void PumpQuiet()
-    {
-        while (process.GetNextEvent(Kesto::CProcess::kEvent_Poll)) {
-        }
-    }
-    void Release()
-    {
-        Inject(kLeftUp, 100);
-        PumpQuiet();
     }
 };
 
@@ -73,14 +65,13 @@ TEST_F(Input, ATrackerEndsWithItsButton)
     Inject(kLeftDown, 1);
     Inject(kLeftUp, 2);
     Inject(kLeftDown, 3); // pressed anew before the release was looked at
-    PumpQuiet();
+    process.PumpQuiet();
     tracker.Hold();
     Inject(kLeftUp, 4);
     Inject(kLeftDown, 5);
     EXPECT_TRUE(process.PumpTracker(tracker));
     EXPECT_FALSE(tracker.IsRunning());
     EXPECT_THAT(tracker.xs, ElementsAre()) << "the release is for the window";
-    Release();
 }
 
 TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
@@ -88,7 +79,7 @@ TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
     Follow tracker(CTracker::kOption_Idle);
     tracker.Hold();
     Inject(kLeftDown, 1);
-    PumpQuiet();
+    process.PumpQuiet();
     window.received.clear();
     Inject(kKeyDown, std::numeric_limits<std::uint32_t>::max()); // the clock starts over between the two
     Inject(kMouseMove, 3, 50);
@@ -105,14 +96,13 @@ TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
     EXPECT_FALSE(process.PumpTracker(tracker));
     EXPECT_EQ(tracker.idles, 1) << "the event was taken";
     EXPECT_THAT(tracker.xs, ElementsAre(50, 50, 50, 50)) << "where the cursor is, not where it was";
-    Release();
 }
 
 TEST_F(Input, ATrackerRunsUntilTheRelease)
 {
     Follow tracker;
     Inject(kLeftDown, 1, 5);
-    PumpQuiet();
+    process.PumpQuiet();
     process.PostCall(0, [&] {
         EXPECT_EQ(CTracker::Active(), &tracker);
         Inject(kLeftUp, 2, 6);
@@ -121,7 +111,6 @@ TEST_F(Input, ATrackerRunsUntilTheRelease)
     EXPECT_FALSE(tracker.IsRunning());
     EXPECT_EQ(CTracker::Active(), nullptr);
     EXPECT_THAT(tracker.xs, ElementsAre(5));
-    PumpQuiet();
 }
 
 TEST_F(Input, TheHistoryBringsEachPlaceOnce)
@@ -133,7 +122,7 @@ TEST_F(Input, TheHistoryBringsEachPlaceOnce)
     Platform::InjectPen(9, {{1, 0, 5, 100}, {2, 0, 6, 200}});
     Inject(kLeftDown, 1, 7);
     Inject(kPenMoved, 2, 8, 9);
-    PumpQuiet();
+    process.PumpQuiet();
     EXPECT_FLOAT_EQ(process.Pressure(), 0.2F);
     tracker.takes = true;
     Inject(kMouseMove, 3, 9);
@@ -141,7 +130,6 @@ TEST_F(Input, TheHistoryBringsEachPlaceOnce)
         process.PumpTracker(tracker);
     EXPECT_THAT(tracker.xs, ElementsAre(1, 2, 9));
     history.SetOn(false);
-    Release();
 }
 
 TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
@@ -151,67 +139,59 @@ TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
     for (const auto& [raw, pressure] : cases) {
         Platform::InjectPen(3, {{0, 0, 1, raw}});
         Inject(kPenMoved, 1, 0, 3);
-        PumpQuiet();
+        process.PumpQuiet();
         EXPECT_FLOAT_EQ(process.Pressure(), pressure);
     }
     Inject(kPenMoved, 1, 0, 4);
-    PumpQuiet();
+    process.PumpQuiet();
     EXPECT_EQ(process.Pressure(), -1.0F) << "a finger is no pen";
 }
 
-class Place : public Kesto::CDesktopWindow, public Platform::MessageReceiver {
-public:
-    Place(std::string name, std::int32_t left, std::int32_t right, std::vector<std::string>& log)
-        : fName(std::move(name)), fLeft(left), fRight(right), fLog(log)
+struct Place : Kesto::CDesktopWindow, Platform::MessageReceiver {
+    Place(std::string itsName, std::vector<std::string>& itsLog) : name(std::move(itsName)), log(itsLog)
     {
         Kesto::CServiceT<CDesktop>::Get()->Add(*this);
     }
-
     Platform::NativeWindow NativeHandle() const override { return const_cast<Place*>(this)->Handle(); }
-    bool Covers(Platform::ScreenPoint point) const override { return point.x >= fLeft && point.x < fRight; }
+    bool Covers(Platform::ScreenPoint point) const override { return point.x / 100 == (name == "right" ? 1 : 0); }
     std::intptr_t Receive(std::uint32_t number, std::uintptr_t, std::intptr_t) override
     {
-        if (number == kLeftDown || number == kRightDown)
-            fLog.push_back(fName + " clicked");
+        if (number == kLeftDown)
+            log.push_back(name + " clicked");
         return 0;
     }
     bool IsFloat() const override { return isFloat; }
     bool IsPopup() const override { return isPopup; }
     bool TakesClicks() const override { return takesClicks; }
-    void UpdateNow() override { fLog.push_back(fName + " updated"); }
-    void ActivateFloat(bool on) override { fLog.push_back(fName + (on ? " on" : " off")); }
+    void UpdateNow() override { log.push_back(name + " updated"); }
+    void ActivateFloat(bool on) override { log.push_back(name + (on ? " on" : " off")); }
     void ClosePopup() override
     {
         isPopup = false;
-        fLog.push_back(fName + " closed");
+        log.push_back(name + " closed");
     }
-    void MouseOver(const CMouseEvent& event) override { fOver = event.fPoint.x; }
-    void MouseGone() override { fOver = -1; }
-    int Over() const { return fOver; }
+    void MouseOver(const CMouseEvent& event) override { over = event.fPoint.x; }
+    void MouseGone() override { over = -1; }
 
+    std::string name;
+    std::vector<std::string>& log;
     bool isFloat = false;
     bool isPopup = false;
     bool takesClicks = true;
-
-private:
-    std::string fName;
-    std::int32_t fLeft;
-    std::int32_t fRight;
-    std::vector<std::string>& fLog;
-    int fOver = -1;
+    int over = -1;
 };
 
 class Desktop : public Input {
 protected:
     std::vector<std::string> log;
-    Place left{"left", 0, 100, log};
-    Place right{"right", 100, 200, log};
+    Place left{"left", log};
+    Place right{"right", log};
     CDesktop& desktop = *Kesto::CServiceT<CDesktop>::Get();
 
     void Press(Place* at, std::int32_t x, std::uint32_t number = kLeftDown)
     {
         Platform::InjectInput({at != nullptr ? at->Handle() : nullptr, number, 0, 0, 1, x, 0});
-        PumpQuiet();
+        process.PumpQuiet();
     }
 };
 
@@ -247,7 +227,6 @@ TEST_F(Desktop, AClickOutsideClosesPopupsAndGoesOn)
     EXPECT_TRUE(right.isPopup) << "none of these is a press";
     Press(&left, 10, kFrameMouseFirst + 4);
     EXPECT_FALSE(right.isPopup);
-    Release();
 }
 
 TEST_F(Desktop, ModalWindowsCountAndFloatsStepBack)
@@ -270,20 +249,19 @@ TEST_F(Desktop, ModalWindowsCountAndFloatsStepBack)
 TEST_F(Desktop, TheWindowUnderTheMouseFollowsIt)
 {
     Press(&left, 10, kMouseMove);
-    EXPECT_EQ(left.Over(), 10);
+    EXPECT_EQ(left.over, 10);
     Press(&right, 110, kMouseMove);
-    EXPECT_EQ(left.Over(), -1);
-    EXPECT_EQ(right.Over(), 110);
+    EXPECT_EQ(left.over, -1);
+    EXPECT_EQ(right.over, 110);
     process.GetNextEvent(Kesto::CProcess::kEvent_Poll | Kesto::CProcess::kEvent_NoMouse);
-    EXPECT_EQ(right.Over(), -1);
+    EXPECT_EQ(right.over, -1);
     for (const bool follows : {false, true}) {
         process.SetMouseTracking(follows);
         process.PostMark(1, 1);
         Platform::InjectInput({left.Handle(), kMouseMove, 0, 0, 1, 20, 0});
         process.GetNextEvent(Kesto::CProcess::kEvent_Poll);
-        EXPECT_EQ(left.Over(), follows ? 20 : -1) << "while the event goes first and the move is pending";
+        EXPECT_EQ(left.over, follows ? 20 : -1) << "while the event goes first and the move is pending";
     }
-    PumpQuiet();
 }
 
 TEST_F(Input, KeysAreOfferedToTheMenuBarBeforeTheirWindow)
@@ -300,22 +278,18 @@ TEST_F(Input, KeysAreOfferedToTheMenuBarBeforeTheirWindow)
     struct WithBar : PumpedProcess {
         std::unique_ptr<Kesto::CMenuBar> MakeMenuBar() override
         {
-            ++made;
+            EXPECT_EQ(bar, nullptr) << "one is enough";
             auto owned = std::make_unique<Bar>();
             bar = owned.get();
             return owned;
         }
         Bar* bar = nullptr;
-        int made = 0;
     } menus;
-    Inject(kKeyDown, 1, 0, 'Q');
-    Inject(kKeyUp, 2, 0, 'Q');
-    Inject(kKeyDown, 3, 0, 'R');
-    Inject(kKeyUp, 4, 0, 'R');
-    while (menus.GetNextEvent(Kesto::CProcess::kEvent_Poll)) {
-    }
+    for (const char key : {'Q', 'R'})
+        for (const std::uint32_t number : {kKeyDown, kKeyUp})
+            Inject(number, 1, 0, static_cast<std::uintptr_t>(key));
+    menus.PumpQuiet();
     EXPECT_THAT(window.received, ElementsAre(kKeyUp, kKeyDown, kKeyUp));
-    EXPECT_EQ(menus.made, 1);
     EXPECT_EQ(menus.bar->updates, 2);
 }
 
