@@ -27,7 +27,7 @@ void MapRows(const Byte* a, const Byte* b, Byte* out, std::size_t n)
 {
     if (Entangled(out, a, n) || Entangled(out, b, n))
         return (PlainKernels().*Operation::kPlain)(a, b, out, n);
-    MapVectors<kPastCaches>(out, n, Operation(), a, b);
+    MapVectors<kPastCaches, false>(out, n, Operation(), a, b);
 }
 
 template <bool kPastCaches>

@@ -70,7 +70,7 @@ inline __m256i At(Value value, std::size_t)
 // Asks for pixels that will be wanted soon: the processor by itself looks no further than the memory page.
 inline void FetchAhead(const Byte* row, std::size_t i)
 {
-    constexpr std::uintptr_t kAhead = 512;
+    constexpr std::uintptr_t kAhead = 2048;
     _mm_prefetch(reinterpret_cast<const char*>(reinterpret_cast<std::uintptr_t>(row) + i + kAhead), _MM_HINT_T0);
 }
 inline void FetchAhead(Value, std::size_t) {}
@@ -112,7 +112,7 @@ inline bool IsRow(Value, const Byte*)
 
 // out[i] = operation(operands[i]...) from i on, where `out` is aligned, a cache line of 64 pixels at a time. Returns where
 // less than a vector is left.
-template <bool kPastCaches, class Operation, class... Operands>
+template <bool kPastCaches, bool kFetch, class Operation, class... Operands>
 inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Operation& operation, Operands... operands)
 {
     const auto store = [](Byte* to, __m256i value) {
@@ -120,7 +120,8 @@ inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Ope
         kPastCaches ? _mm256_stream_si256(vector, value) : _mm256_store_si256(vector, value);
     };
     for (; i + 2 * kVector <= n; i += 2 * kVector) {
-        (FetchAhead(operands, i), ...);
+        if constexpr (kFetch)
+            (FetchAhead(operands, i), ...);
         store(out + i, operation(At(operands, i)...));
         store(out + i + kVector, operation(At(operands, i + kVector)...));
     }
@@ -131,8 +132,9 @@ inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Ope
     return i;
 }
 
-// The same for a whole row. A row that is also an operand is in the caches already.
-template <bool kPastCaches = false, class Operation, class... Operands>
+// The same for a whole row. A row that is also an operand is in the caches already. Operations that take no time do
+// better without fetching ahead.
+template <bool kPastCaches = false, bool kFetch = true, class Operation, class... Operands>
 inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Operands... operands)
 {
     std::size_t i = 0;
@@ -141,9 +143,9 @@ inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Ope
         const __m256i first = operation(At(operands, 0)...);
         i = (kVector - reinterpret_cast<std::uintptr_t>(out) % kVector) % kVector;
         if (kPastCaches && !(IsRow(operands, out) || ...))
-            i = MapAligned<kPastCaches>(out, i, n, operation, operands...);
+            i = MapAligned<kPastCaches, kFetch>(out, i, n, operation, operands...);
         else
-            i = MapAligned<false>(out, i, n, operation, operands...);
+            i = MapAligned<false, kFetch>(out, i, n, operation, operands...);
         if (i < n)
             StoreFirst(out + i, operation(TailOf(operands, i, n - i).Vector()...), n - i);
         Store(out, first);
