@@ -4,7 +4,7 @@
 #include "foundation/plugin_settings.h"
 #include "foundation/settings_file.h"
 #include "foundation/settings_store.h"
-#include "foundation/temporary_folder.h"
+#include "foundation/spec_folder.h"
 #include "rounds.h"
 
 #include <cstdio>
@@ -43,7 +43,7 @@ void Compare(const char* name, int repeats, const std::function<void()>& ours, c
                 seconds[0] / seconds[1]);
 }
 
-void CompareSettings(const TemporaryFolder& folder)
+void CompareSettings(const SpecFolder& folder)
 {
     CFolderStore store(folder.Spec());
     CMemoryContainer file;
@@ -84,7 +84,7 @@ void CompareSettings(const TemporaryFolder& folder)
         });
 }
 
-void CompareTransfers(const TemporaryFolder& folder, std::size_t size, const char* readName, const char* writeName)
+void CompareTransfers(const SpecFolder& folder, std::size_t size, const char* readName, const char* writeName)
 {
     constexpr std::uint64_t kPlace = std::uint64_t{5} << 30;
     const std::string path = (folder.Path() / "scratch").string();
@@ -111,7 +111,7 @@ void CompareTransfers(const TemporaryFolder& folder, std::size_t size, const cha
 
 int main()
 {
-    const TemporaryFolder folder;
+    const SpecFolder folder;
     std::printf("%-44s %12s %12s %7s\n", "", "ours", "bare", "ratio");
     CompareSettings(folder);
     CompareTransfers(folder, 256, "ReadAt of 256 bytes : pread", "WriteAt of 256 bytes : pwrite");

@@ -4,7 +4,7 @@
 #include "foundation/exceptions.h"
 #include "foundation/file_container.h"
 #include "foundation/memory_container.h"
-#include "foundation/temporary_folder.h"
+#include "foundation/spec_folder.h"
 
 #include <gmock/gmock.h>
 
@@ -90,7 +90,7 @@ class Container : public testing::TestWithParam<std::size_t> {
     CMemoryContainer fMemory{8};
     CMemoryBlock fBlock;
     CBlockContainer fOverBlock{&fBlock};
-    TemporaryFolder fFolder;
+    SpecFolder fFolder;
     CFilePort fPort{fFolder.File("store"), FileMode::kReplace};
     CFileContainer fOverFile{fPort};
 
@@ -256,8 +256,8 @@ TEST(BlockContainer, BeginsWithTheBlockAndNoticesWhenItIsCutOrMissing)
 
 TEST(FileContainer, LeavesItsBytesInTheFile)
 {
-    const TemporaryFolder folder;
-    folder.Write("file", "0123456789");
+    const SpecFolder folder;
+    folder.Put("file", "0123456789");
     {
         CFilePort port(folder.File("file"), FileMode::kUpdate);
         port.Seek(7);
@@ -266,5 +266,5 @@ TEST(FileContainer, LeavesItsBytesInTheFile)
         Fill(container, "abc");
         container.SetSize(8);
     }
-    EXPECT_EQ(folder.Content("file"), "012abc67");
+    EXPECT_EQ(folder.Get("file"), "012abc67");
 }

@@ -1,6 +1,6 @@
 #include "foundation/exceptions.h"
 #include "foundation/file_port.h"
-#include "foundation/temporary_folder.h"
+#include "foundation/spec_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ std::span<const std::byte> Bytes(std::string_view text)
 
 class FilePort : public testing::Test {
 protected:
-    TemporaryFolder folder;
+    SpecFolder folder;
 };
 using File = FilePort;
 
@@ -46,12 +46,12 @@ TEST_F(FilePort, ReadsAndWritesUpToItsEnd)
     port.ReadAt(text, 0, 100);
     port.Flush();
     port.Close();
-    EXPECT_EQ(folder.Content("file"), "abcdef");
+    EXPECT_EQ(folder.Get("file"), "abcdef");
 }
 
 TEST_F(FilePort, RefusesWhatTheSystemRefuses)
 {
-    folder.Write("file", "abc");
+    folder.Put("file", "abc");
     CFilePort port(folder.File("file"), FileMode::kRead);
     char byte = 'x';
     EXPECT_THROW(port.Write(&byte, 1), CSystemError);
@@ -62,7 +62,7 @@ TEST_F(FilePort, RefusesWhatTheSystemRefuses)
     EXPECT_THROW(writable.SetLength(UINT64_MAX), CSystemError);
     for (const FileMode mode : {FileMode::kRead, FileMode::kUpdate, FileMode::kReplace})
         EXPECT_THROW(CFilePort(folder.Spec(), mode), CSystemError);
-    EXPECT_EQ(folder.Content("file"), "abc");
+    EXPECT_EQ(folder.Get("file"), "abc");
 }
 
 TEST_F(File, OpensWhatThereIs)
@@ -85,11 +85,11 @@ TEST_F(File, IsReplacedAndNothingStaysBeside)
     const CFile file(folder.File("file"));
     for (const char* content : {"first and longer", "second"}) {
         file.ReplaceContents(Bytes(content));
-        EXPECT_EQ(folder.Content("file"), content);
+        EXPECT_EQ(folder.Get("file"), content);
     }
-    folder.Write("new", "new");
+    folder.Put("new", "new");
     CFile(folder.File("new")).MoveOver(folder.File("file"));
-    EXPECT_EQ(folder.Content("file"), "new");
+    EXPECT_EQ(folder.Get("file"), "new");
     EXPECT_EQ(folder.Count(), 1);
 }
 
@@ -107,7 +107,7 @@ TEST_F(File, GetsTheFoldersThatAreMissing)
     for (int time = 0; time < 2; ++time)
         folder.File("a").Child("b c").CreateFolder();
     EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "a" / "b c"));
-    folder.Write("file", "x");
+    folder.Put("file", "x");
     EXPECT_THROW(folder.File("file").CreateFolder(), CSystemError);
     EXPECT_THROW(folder.File("file").Child("below").CreateFolder(), CSystemError);
 }

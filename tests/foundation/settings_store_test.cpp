@@ -5,7 +5,7 @@
 #include "foundation/memory_container.h"
 #include "foundation/settings_locations.h"
 #include "foundation/settings_record.h"
-#include "foundation/temporary_folder.h"
+#include "foundation/spec_folder.h"
 #include "platform/user_folders.h"
 
 #include <gmock/gmock.h>
@@ -34,7 +34,7 @@ protected:
     bool Read(const char* fileName) { return ReadSettingsData("", "", fileName, fData, false); }
     bool Write(const char* fileName) { return WriteSettingsData("", "", fileName, fData, false); }
 
-    TemporaryFolder fFolder;
+    SpecFolder fFolder;
     CMemoryContainer fData;
 };
 
@@ -72,18 +72,18 @@ TEST_F(SettingsStore, KeepsAFileUnderItsLocalisedName)
 {
     Fill("settings");
     EXPECT_TRUE(Write("$$$/SettingsStoreTest/File=My Prefs.lgp"));
-    EXPECT_EQ(fFolder.Content("My Prefs.lgp"), "settings");
+    EXPECT_EQ(fFolder.Get("My Prefs.lgp"), "settings");
     fData.SetSize(2);
     EXPECT_TRUE(Read("$$$/SettingsStoreTest/File=My Prefs.lgp"));
     EXPECT_EQ(Text(), "settings");
     EXPECT_EQ(fData.GetPosition(), 0u);
     EXPECT_FALSE(Read("none.lgp"));
     EXPECT_EQ(fData.GetSize(), 0u);
-    fFolder.Write("empty.lgp", "");
+    fFolder.Put("empty.lgp", "");
     EXPECT_FALSE(Read("empty.lgp"));
-    fFolder.Write("file.lgp", "old");
+    fFolder.Put("file.lgp", "old");
     EXPECT_FALSE(Write("file.lgp")) << "there is nothing to write";
-    EXPECT_EQ(fFolder.Content("file.lgp"), "old");
+    EXPECT_EQ(fFolder.Get("file.lgp"), "old");
 }
 
 TEST_F(SettingsStore, RefusesAFolderInThePlaceOfTheFileAndAFileOfUnlikelySize)
@@ -93,7 +93,7 @@ TEST_F(SettingsStore, RefusesAFolderInThePlaceOfTheFileAndAFileOfUnlikelySize)
     EXPECT_THROW(Write("folder.lgp"), CSystemError);
     EXPECT_THROW(Read("folder.lgp"), CSystemError);
     EXPECT_EQ(fFolder.Count(), 1);
-    fFolder.Write("file.lgp", "x");
+    fFolder.Put("file.lgp", "x");
     std::filesystem::resize_file(fFolder.Path() / "file.lgp", std::uintmax_t{1} << 32);
     EXPECT_THROW(Read("file.lgp"), std::bad_alloc);
 }
@@ -151,12 +151,12 @@ TEST_F(SettingsRecord, IsLoadedOnceAndKept)
 
 TEST_F(SettingsRecord, IsNotLoadedWithAllThreeModifiersHeld)
 {
-    const std::string stored = fFolder.Content("record.lgp");
+    const std::string stored = fFolder.Get("record.lgp");
     for (int held = 0; held < 8; ++held) {
         gHeld = {(held & 1) != 0, (held & 2) != 0, (held & 4) != 0};
         EXPECT_EQ(Record().Get().window.positionX, held == 7 ? -50 : 70) << held;
     }
-    EXPECT_EQ(fFolder.Content("record.lgp"), stored);
+    EXPECT_EQ(fFolder.Get("record.lgp"), stored);
 }
 
 TEST_F(SettingsRecord, TellsOfACutFileOnceAndGoesOnWithItsDefaults)

@@ -1,7 +1,7 @@
 // The host's file service through its exported functions, as a module and the host use them.
 #include "file_service/file_service_control.h"
-#include "host/test_folder.h"
 #include "lumograph/results.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -45,10 +45,10 @@ protected:
     {
         FileServiceUnbind(&fRecord);
         EXPECT_EQ(fFolder.Get("out"), "old");
-        EXPECT_EQ(fFolder.FileCount(), 1);
+        EXPECT_EQ(fFolder.Count(), 1);
     }
 
-    TestFolder fFolder;
+    TemporaryFolder fFolder;
     HostFormatRecord fRecord = {};
     int16_t fResult = 0;
 };

@@ -1,9 +1,9 @@
 #include "electricimage/frame_encoder.h"
 #include "electricimage/frame_walker.h"
 #include "failure.h"
-#include "host/test_folder.h"
 #include "host/test_pictures.h"
 #include "support/ei_file.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ protected:
         return fFolder.Get("frames.ei");
     }
 
-    TestFolder fFolder;
+    TemporaryFolder fFolder;
     std::filesystem::path fFile = fFolder / "frames.ei";
     MadePicture fRgb{PictureMode::kRgb, 7, 3, 3, Texture};
 };
@@ -96,7 +96,7 @@ TEST_F(FrameFileTest, FaultsOfAHeaderAreNamed)
 TEST_F(FrameFileTest, WhatIsNotFinishedLeavesNothing)
 {
     EXPECT_THROW(Encode(fRgb, {.kind = FrameKind::kDepth}), Failure);
-    EXPECT_EQ(fFolder.FileCount(), 0);
+    EXPECT_EQ(fFolder.Count(), 0);
 }
 
 } // namespace

@@ -16,11 +16,11 @@ protected:
     // Expects that the run fails with the status and says each of the words, and that it leaves no file behind.
     void ExpectFailure(int status, const std::vector<std::string>& arguments, const std::vector<std::string>& words)
     {
-        const auto files = fFolder.FileCount();
+        const auto files = fFolder.Count();
         const std::string messages = RunLumohost(arguments, status).messages;
         for (const std::string& word : words)
             EXPECT_NE(messages.find(word), std::string::npos) << "\"" << word << "\" in: " << messages;
-        EXPECT_EQ(fFolder.FileCount(), files) << messages;
+        EXPECT_EQ(fFolder.Count(), files) << messages;
     }
 
     const std::string fPicture = Path("p.ppm"), fImage = Path("o.img"), fPng = Path("o.png"), fFrames = Path("o.ei");

@@ -1,6 +1,6 @@
 #include "failure.h"
-#include "host/test_folder.h"
 #include "host/test_pictures.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ protected:
         EXPECT_EQ(AllPixels(*read), AllPixels(picture)) << name << " packed at level " << compression;
     }
 
-    TestFolder fFolder;
+    TemporaryFolder fFolder;
 };
 
 TEST_F(PictureFilesTest, EveryKindComesBack)
@@ -75,7 +75,7 @@ TEST_F(PictureFilesTest, APictureThatIsNotFinishedLeavesTheOldOne)
         sink->PutRows(picture.Row(0), picture.Info().RowBytes(), 1);
     }
     EXPECT_EQ(fFolder.Get("p.png"), "old");
-    EXPECT_EQ(fFolder.FileCount(), 1);
+    EXPECT_EQ(fFolder.Count(), 1);
 }
 
 } // namespace

@@ -40,7 +40,7 @@ std::filesystem::path SourceFile(const std::string& name)
 
 LumohostTest::Run LumohostTest::RunLumohost(const std::vector<std::string>& arguments, int status) const
 {
-    const TestFolder folder;
+    const TemporaryFolder folder;
     std::string command = Quoted(Argument(Native(LUMOHOST)));
     for (const std::string& argument : arguments)
         command += ' ' + Quoted(argument);

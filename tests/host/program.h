@@ -1,7 +1,7 @@
 // The built lumohost, run as a process.
 #pragma once
 
-#include "host/test_folder.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -27,5 +27,5 @@ protected:
 
     std::string Path(const char* name) const { return Argument(fFolder / name); }
 
-    TestFolder fFolder;
+    TemporaryFolder fFolder;
 };

@@ -1,8 +1,9 @@
 // Scratch files in a real folder.
 #include "pixels/scratch_files.h"
 
-#include "foundation/temporary_folder.h"
+#include "foundation/spec_folder.h"
 #include "pixels/virtual_heap.h"
+#include "platform/process_number.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +11,7 @@ namespace {
 
 TEST(ScratchFilesOnDisk, OfADeadProcessAreRemoved)
 {
-    const TemporaryFolder folder;
+    const SpecFolder folder;
     constexpr const char* kDead = "4294967292_1_KVM_0.tmp"; // no system counts so far
     const std::string alive = std::to_string(Platform::ProcessNumber()) + "_1_KVM_0.tmp";
     const char* const others[] = {alive.c_str(),
@@ -20,13 +21,13 @@ TEST(ScratchFilesOnDisk, OfADeadProcessAreRemoved)
                                   "4294967292_KVM_0.tmp",
                                   "99999999999999999999_1_KVM_0.tmp",
                                   "notes.txt"};
-    folder.Write(kDead, "scratch");
+    folder.Put(kDead, "scratch");
     for (const char* const other : others)
-        folder.Write(other, "scratch");
+        folder.Put(other, "scratch");
     Kesto::RemoveStaleScratchFiles(folder.Spec());
-    EXPECT_EQ(folder.Content(kDead), "none");
+    EXPECT_EQ(folder.Get(kDead), "none");
     for (const char* const other : others)
-        EXPECT_EQ(folder.Content(other), "scratch") << other;
+        EXPECT_EQ(folder.Get(other), "scratch") << other;
     Kesto::RemoveStaleScratchFiles(folder.File("missing"));
 }
 

@@ -3,7 +3,7 @@
 #include "foundation/file_port.h"
 #include "foundation/memory_container.h"
 #include "foundation/settings_store.h"
-#include "foundation/temporary_folder.h"
+#include "foundation/spec_folder.h"
 
 #include <gmock/gmock.h>
 
@@ -68,18 +68,18 @@ auto ThrowsCode(std::uint32_t code)
 
 class ReplaceFile : public testing::Test {
 protected:
-    ReplaceFile() { fFolder.Write("file", "old"); }
+    ReplaceFile() { fFolder.Put("file", "old"); }
 
     void Replace() const { CFile(fFolder.File("file")).ReplaceContents(std::vector<std::byte>(100'000)); }
 
     void ExpectToKeepTheOldFile(std::uint32_t code) const
     {
         EXPECT_THAT([this] { Replace(); }, ThrowsCode(code));
-        EXPECT_EQ(fFolder.Content("file"), "old");
+        EXPECT_EQ(fFolder.Get("file"), "old");
         EXPECT_EQ(fFolder.Count(), 1);
     }
 
-    TemporaryFolder fFolder;
+    SpecFolder fFolder;
 };
 
 // The folder that holds the user's data is the test's own.
@@ -94,7 +94,7 @@ protected:
         return folder;
     }
 
-    TemporaryFolder fFolder;
+    SpecFolder fFolder;
     Environment fVariable{"XDG_CONFIG_HOME", fFolder.Path().c_str()};
     CSettingsStore fStore;
     CMemoryContainer fData;
@@ -127,7 +127,7 @@ TEST_F(ReplaceFile, LeavesTheOldFileToWhoReadsIt)
     char text[3];
     reader.Read(text, 3);
     EXPECT_EQ(std::string_view(text, 3), "old");
-    EXPECT_EQ(fFolder.Content("file").size(), 100'000u);
+    EXPECT_EQ(fFolder.Get("file").size(), 100'000u);
 }
 
 TEST(FilePortOnAFullDevice, ThrowsForTheBytesThatWereNotTaken)
@@ -140,7 +140,7 @@ TEST(FilePortOnAFullDevice, ThrowsForTheBytesThatWereNotTaken)
 TEST_F(UserDataFolder, HoldsValuesBelowTheLevelsOfTheirKeyAndFilesBelowTheNamesOfTheHost)
 {
     EXPECT_TRUE(fStore.WriteSettingsData("Software\\Orlen\\Key", "Preferences", "", fData, true));
-    EXPECT_EQ(fFolder.Content("Software/Orlen/Key/Preferences"), "value");
+    EXPECT_EQ(fFolder.Get("Software/Orlen/Key/Preferences"), "value");
     EXPECT_TRUE(fStore.WriteSettingsData("", "", "Prefs.lgp", fData, false));
     EXPECT_TRUE(Settings().Path().View().starts_with(fFolder.Path().native()));
     EXPECT_TRUE(CFile(Settings().Child("Prefs.lgp")).OpenIfPresent(FileMode::kRead));
@@ -162,7 +162,7 @@ TEST_F(UserDataFolder, IsNotLeftByNamesThatLeadElsewhere)
 
 TEST_F(UserDataFolder, IsFoundInTheHomeFolderByDefaultAndMustBeAFolder)
 {
-    fFolder.Write("Orlen", "a file in the way");
+    fFolder.Put("Orlen", "a file in the way");
     EXPECT_THAT([&] { Settings(); }, ThrowsCode(ENOTDIR));
     const Environment config("XDG_CONFIG_HOME", "not/from/the/root");
     const Environment home("HOME", fFolder.Path().c_str());

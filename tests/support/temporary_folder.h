@@ -1,4 +1,4 @@
-// A folder of a test's own, gone when the test ends.
+// A folder of a test's own, with a space in its name, gone when the test ends.
 #pragma once
 
 #include <filesystem>
@@ -8,21 +8,22 @@
 #include <string>
 #include <string_view>
 
-class TestFolder {
+class TemporaryFolder {
 public:
-    TestFolder()
-        : fPath(std::filesystem::temp_directory_path() / ("lumohost test " + std::to_string(std::random_device{}())))
+    TemporaryFolder()
+        : fPath(std::filesystem::temp_directory_path() / ("sidecar test " + std::to_string(std::random_device{}())))
     {
         std::filesystem::create_directories(fPath);
     }
-    ~TestFolder()
+    ~TemporaryFolder()
     {
         std::error_code ignored;
         std::filesystem::remove_all(fPath, ignored);
     }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
+    const std::filesystem::path& Path() const { return fPath; }
     std::filesystem::path operator/(std::string_view name) const { return fPath / name; }
 
     std::filesystem::path Put(std::string_view name, std::string_view bytes) const
@@ -38,7 +39,8 @@ public:
         return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "none";
     }
 
-    std::ptrdiff_t FileCount() const
+    // How many files and folders lie in it.
+    std::ptrdiff_t Count() const
     {
         return std::distance(std::filesystem::directory_iterator(fPath), std::filesystem::directory_iterator());
     }
