@@ -1,3 +1,4 @@
+// The edition of the host that this build is for.
 #include "foundation/settings_locations.h"
 
 namespace Kesto {

@@ -1,3 +1,4 @@
+// The names that every layout may use for numbers, one row each.
 #include "layout/keywords.h"
 
 namespace Kesto {

@@ -1,3 +1,4 @@
+// The keys that views may have in a layout, one row each.
 #include "layout/keywords.h"
 
 namespace Kesto {

@@ -1,3 +1,4 @@
+// The classes that a layout may name, one row each.
 #include "layout/keywords.h"
 
 namespace Kesto {

@@ -1,3 +1,4 @@
+// From the selectors of an export to the handlers of the plug-in.
 #include "plugin/dispatch.h"
 
 #include "plugin/single_plugin.h"

@@ -1,3 +1,4 @@
+// From the selectors of a file format to the handlers of the plug-in.
 #include "plugin/dispatch.h"
 
 #include "plugin/plugin_registry.h"

@@ -1,3 +1,4 @@
+// Unfiltering byte by byte: the meaning of the filters, and what the fast twins are held against.
 #include "images/png/unfilter.h"
 
 #include <cstddef>

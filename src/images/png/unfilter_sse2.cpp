@@ -1,3 +1,4 @@
+// Unfiltering along a diagonal with pairs of the registers that every processor has.
 #include "images/png/diagonal.h"
 #include "images/png/unfilter_twins.h"
 

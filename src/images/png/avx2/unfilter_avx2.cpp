@@ -1,3 +1,4 @@
+// Unfiltering along a diagonal with the registers of AVX2.
 #include "images/png/diagonal.h"
 #include "images/png/unfilter_twins.h"
 

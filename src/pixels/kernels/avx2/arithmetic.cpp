@@ -1,3 +1,4 @@
+// Arithmetic, copying, filling, exchanging and table lookup, 32 bytes at a time.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

@@ -1,3 +1,4 @@
+// The tables of the AVX2 kernels: the plain one, with all that has a fast twin replaced.
 #include "pixels/kernels/avx2/tables.h"
 
 namespace Kesto::Kernels {

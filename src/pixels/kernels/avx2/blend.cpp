@@ -1,3 +1,4 @@
+// Blending, 32 pixels of a plane at a time, by the arithmetic that equals the blend table.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

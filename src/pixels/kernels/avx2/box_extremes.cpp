@@ -1,3 +1,4 @@
+// The largest, the smallest, and the range of the pixels in upright boxes of any size.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

@@ -1,3 +1,4 @@
+// Means of upright boxes, from running sums of their columns.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

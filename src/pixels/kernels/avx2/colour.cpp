@@ -1,3 +1,4 @@
+// Noise, eight pixels at once with a generator each, and hue to RGB.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

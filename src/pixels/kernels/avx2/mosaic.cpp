@@ -1,3 +1,4 @@
+// Rows of mosaic cells.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

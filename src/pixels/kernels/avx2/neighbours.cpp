@@ -1,3 +1,4 @@
+// Kernels of the 3 by 3 neighbourhood: sharpening, the mean, embossing.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

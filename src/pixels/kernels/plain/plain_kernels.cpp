@@ -1,3 +1,4 @@
+// The table of the plain loops.
 #include "pixels/kernels/kernel_table.h"
 #include "pixels/kernels/plain/arithmetic.h"
 #include "pixels/kernels/plain/blend.h"
