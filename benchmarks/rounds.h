@@ -1,5 +1,5 @@
-// Times contenders side by side: each round runs every contender once, so that whatever else the machine does meets all
-// of them; the median over the rounds counts.
+// Times contenders side by side: each round runs every contender once, so that whatever else the
+// machine does meets all of them; the median over the rounds counts.
 #pragma once
 
 #include <algorithm>
@@ -24,19 +24,21 @@ struct Contender {
     std::function<void()> cleanUp = [] {};
 };
 
-// Seconds since some moment: of time, or of the processor's work for this process, which is what counts for contenders
-// that only compute, since it leaves out the time that other processes take away.
+// Seconds since some moment: of time, or of the processor's work for this process, which is what
+// counts for contenders that only compute, since it leaves out the time that other processes take
+// away.
 inline double WallSeconds()
 {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
 }
 inline double ProcessorSeconds()
 {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-// Seconds that one run of a contender takes: the median over the rounds, and the round that met the least of what else
-// the machine does.
+// Seconds that one run of a contender takes: the median over the rounds, and the round that met the
+// least of what else the machine does.
 struct Seconds {
     double median;
     double best;
@@ -65,7 +67,8 @@ inline std::vector<Seconds> TimeRounds(std::size_t rounds, const std::vector<Con
 }
 
 // The medians alone.
-inline std::vector<double> MedianSeconds(std::size_t rounds, const std::vector<Contender>& contenders,
+inline std::vector<double> MedianSeconds(std::size_t rounds,
+                                         const std::vector<Contender>& contenders,
                                          double (*now)() = WallSeconds)
 {
     std::vector<double> medians;

@@ -59,7 +59,7 @@ function(sidecar_write_resource_source out)
     set(source ${CMAKE_CURRENT_BINARY_DIR}/sidecar_resources.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT
 "// Generated from resources/resources.list.
-#include \"platform/linux/resource_table.h\"
+#include \"platform/system/linux/resource_table.h\"
 ${blobs}
 namespace Platform {
 const ResourceRow kResourceRows[] = {

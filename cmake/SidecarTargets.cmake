@@ -1,9 +1,22 @@
 # The kinds of target that the folders are made of. Every folder of src/ is one layer: a static library that may use
 # the layers named before it in SIDECAR_LAYERS, and no other.
 
-# Lowest first. tools/checks/layers.py reads this list and holds the include lines against it.
-set(SIDECAR_LAYERS
-  platform foundation pixels images drawing view layout controls plugin dialogs formats)
+# Lowest first: a layer, then its sub-folders. tools/checks/layers.py reads these rows and holds the include lines
+# against their order.
+set(SIDECAR_HOUSE
+  "platform:   system files input graphics windows"
+  "foundation: base errors streams localization alerts settings"
+  "pixels:     pixmaps kernels tiles operations"
+  "images:     icons png pictures"
+  "drawing:    regions ports tools frames"
+  "view:       messages input process tasks tree window"
+  "layout:     language vocabulary placement build"
+  "controls:   base frames text buttons fields scrolling sliders popups lists tabs tools"
+  "plugin:     suites frame format filter export view_info"
+  "dialogs:    settings plugin_dialog preview"
+  "formats:    electricimage")
+set(SIDECAR_LAYERS ${SIDECAR_HOUSE})
+list(TRANSFORM SIDECAR_LAYERS REPLACE ":.*" "")
 
 # sidecar_layer(NAME [GENERATED file...] [EXCEPT file...] [LIBRARIES target...])
 # Makes sidecar_NAME of every source in the folder and its folders, linked with all lower layers that exist. Of the
@@ -12,9 +25,9 @@ function(sidecar_layer name)
   cmake_parse_arguments(layer "" "" "GENERATED;EXCEPT;LIBRARIES" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h *.cpp)
   if(WIN32)
-    list(FILTER sources EXCLUDE REGEX "^linux/")
+    list(FILTER sources EXCLUDE REGEX "(^|/)linux/")
   else()
-    list(FILTER sources EXCLUDE REGEX "^win32/")
+    list(FILTER sources EXCLUDE REGEX "(^|/)win32/")
   endif()
   if(layer_EXCEPT)
     list(REMOVE_ITEM sources ${layer_EXCEPT})

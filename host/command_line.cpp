@@ -48,22 +48,28 @@ int RunLumohost(std::vector<std::string> arguments)
     app.footer("\nlumohost COMMAND --help tells more, with examples.");
 
     CLI::App* const info = app.add_subcommand("info", "List the frames of a file");
-    CLI::App* const open = app.add_subcommand("open", "Open a file through the module and write it as a picture");
-    CLI::App* const save = app.add_subcommand("save", "Save a picture as a file through the module");
-    CLI::App* const assemble = app.add_subcommand("assemble", "Make a file of many frames from pictures");
-    CLI::App* const selectors = app.add_subcommand("selectors", "Show what the module answers to each selector");
-    const std::pair<CLI::App*, Command> commands[] = {{info, AddInfo(*info)},
-                                                      {open, AddOpen(*open, common)},
-                                                      {save, AddSave(*save, common)},
-                                                      {assemble, AddAssemble(*assemble)},
-                                                      {selectors, AddSelectors(*selectors, common)}};
+    CLI::App* const open =
+        app.add_subcommand("open", "Open a file through the module and write it as a picture");
+    CLI::App* const save =
+        app.add_subcommand("save", "Save a picture as a file through the module");
+    CLI::App* const assemble =
+        app.add_subcommand("assemble", "Make a file of many frames from pictures");
+    CLI::App* const selectors =
+        app.add_subcommand("selectors", "Show what the module answers to each selector");
+    const std::pair<CLI::App*, Command> commands[] = {
+        {info, AddInfo(*info)},
+        {open, AddOpen(*open, common)},
+        {save, AddSave(*save, common)},
+        {assemble, AddAssemble(*assemble)},
+        {selectors, AddSelectors(*selectors, common)}};
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kMisused;
     }
-    const auto named = std::ranges::find_if(commands, [](const auto& entry) { return entry.first->parsed(); });
+    const auto named =
+        std::ranges::find_if(commands, [](const auto& entry) { return entry.first->parsed(); });
     if (named == std::end(commands)) {
         std::fputs(app.help().c_str(), stderr);
         return kMisused;

@@ -9,8 +9,8 @@ bool MessagesGoToTerminal();
 // Its width in characters; 80 when it can't be told.
 int TerminalWidth();
 
-// From now on the interrupt key (Ctrl-C) and a request to end don't kill the program but make Interrupted() true. A
-// second one kills.
+// From now on the interrupt key (Ctrl-C) and a request to end don't kill the program but make
+// Interrupted() true. A second one kills.
 void CatchInterrupts();
 bool Interrupted();
 

@@ -25,7 +25,8 @@ public:
     // The bytes of a resource, valid while the library is loaded; empty when there is none.
     std::span<const std::byte> ResourceBytes(const char* type, const char* name) const;
 
-    // The name under which the system keeps the product's module, such as "sidecar.so", in the program's own folder.
+    // The name under which the system keeps the product's module, such as "sidecar.so", in the
+    // program's own folder.
     static std::filesystem::path DefaultPath();
 
 private:

@@ -12,7 +12,10 @@ constexpr int kWidestBar = 50;
 
 } // namespace
 
-ProgressBar::ProgressBar(std::string title) : fTitle(std::move(title)), fEnabled(MessagesGoToTerminal()) {}
+ProgressBar::ProgressBar(std::string title)
+    : fTitle(std::move(title)), fEnabled(MessagesGoToTerminal())
+{
+}
 
 ProgressBar::~ProgressBar()
 {

@@ -1,10 +1,11 @@
-// Decoding and encoding of 4096 by 4096 RGB pictures through the module's entry, a file service in memory below it,
-// against a copy of the pixels, a plain codec on the same host, and run-length TGA in two well-kept programs. Then the
-// memory that a picture of 30000 by 2000 takes of a host with 1 MiB.
+// Decoding and encoding of 4096 by 4096 RGB pictures through the module's entry, a file service in
+// memory below it, against a copy of the pixels, a plain codec on the same host, and run-length TGA
+// in two well-kept programs. Then the memory that a picture of 30000 by 2000 takes of a host with 1
+// MiB.
 //
-// The host counts the rows it is handed, so that what is measured is the module and the file service. A save has its
-// rows copied in by the host, one by one, for both codecs alike; since these copies and those of the file service are half
-// of it, it is also measured without them.
+// The host counts the rows it is handed, so that what is measured is the module and the file
+// service. A save has its rows copied in by the host, one by one, for both codecs alike; since
+// these copies and those of the file service are half of it, it is also measured without them.
 #include "lean_host.h"
 #include "pictures.h"
 #include "plain_codec.h"
@@ -51,7 +52,8 @@ void WriteTga(const std::string& path, const Bytes& pixels)
     const auto out = OIIO::ImageOutput::create(path);
     OIIO::ImageSpec spec(kSide, kSide, 3, OIIO::TypeDesc::UINT8);
     spec.attribute("compression", "rle");
-    if (!out || !out->open(path, spec) || !out->write_image(OIIO::TypeDesc::UINT8, pixels.data()) || !out->close())
+    if (!out || !out->open(path, spec) || !out->write_image(OIIO::TypeDesc::UINT8, pixels.data()) ||
+        !out->close())
         Die("OpenImageIO can't write " + path);
 }
 
@@ -75,7 +77,8 @@ std::string Percent(size_t part, size_t whole)
 
 void CheckBothWays(LeanHost& host, Bytes& pixels)
 {
-    const Bytes ours(host.file.begin() + 41, host.file.begin() + static_cast<std::ptrdiff_t>(host.fileSize));
+    const Bytes ours(host.file.begin() + 41,
+                     host.file.begin() + static_cast<std::ptrdiff_t>(host.fileSize));
     LeanHost other;
     other.picture = pixels.data();
     PlainSave(other, kSide, kSide);
@@ -88,13 +91,16 @@ void CheckBothWays(LeanHost& host, Bytes& pixels)
         Die("the picture does not come back");
 }
 
-void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, double decodePlain, double encodePlain)
+void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, double decodePlain,
+                 double encodePlain)
 {
     const Scratch scratch;
-    const std::string tga = scratch.Path("in.tga"), raw = scratch.Path("in.rgb"), out = scratch.Path("out.tga");
+    const std::string tga = scratch.Path("in.tga"), raw = scratch.Path("in.rgb"),
+                      out = scratch.Path("out.tga");
     WriteTga(tga, pixels);
     std::ofstream(raw, std::ios::binary)
-        .write(reinterpret_cast<const char*>(pixels.data()), static_cast<std::streamsize>(pixels.size()));
+        .write(reinterpret_cast<const char*>(pixels.data()),
+               static_cast<std::streamsize>(pixels.size()));
     LeanHost saved;
     saved.picture = pixels.data();
     saved.Save(kSide, kSide);
@@ -112,31 +118,40 @@ void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, doubl
     Bytes copy(pixels.size());
     const std::string size = std::to_string(kSide) + "x" + std::to_string(kSide);
 
-    Race decode("decode, " + name + ", packed to " + Percent(saved.fileSize, pixels.size()) + " of its pixels");
+    Race decode("decode, " + name + ", packed to " + Percent(saved.fileSize, pixels.size()) +
+                " of its pixels");
     decode.Enter("the module", onHost(opener, [](LeanHost& host) { host.Open(); }));
     decode.Enter(
-        "memcpy of the pixels", [&] { std::memcpy(copy.data(), pixels.data(), copy.size()); }, decodeCopy);
+        "memcpy of the pixels", [&] { std::memcpy(copy.data(), pixels.data(), copy.size()); },
+        decodeCopy);
     decode.Enter("plain decoder, same host", onHost(opener, PlainOpen), decodePlain);
     decode.Enter("OpenImageIO, run-length TGA, in memory", [&] { ReadTga(tga, copy); });
     decode.Enter(
-        "ImageMagick, run-length TGA, whole process", [&] { RunProgram("convert " + tga + " null:"); }, 0, kSlow);
+        "ImageMagick, run-length TGA, whole process",
+        [&] { RunProgram("convert " + tga + " null:"); }, 0, kSlow);
     decode.Run(kRounds);
 
     Race encode("encode, " + name);
     encode.Enter("the module", onHost(saver, [](LeanHost& host) { host.Save(kSide, kSide); }));
-    encode.Enter("memcpy of the pixels", [&] { std::memcpy(copy.data(), pixels.data(), copy.size()); });
-    encode.Enter("plain encoder, same host", onHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
+    encode.Enter("memcpy of the pixels",
+                 [&] { std::memcpy(copy.data(), pixels.data(), copy.size()); });
+    encode.Enter("plain encoder, same host",
+                 onHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
                  encodePlain);
     encode.Enter("OpenImageIO, run-length TGA, in memory", [&] { WriteTga(out, pixels); });
     encode.Enter(
         "ImageMagick, run-length TGA, whole process",
-        [&] { RunProgram("convert -size " + size + " -depth 8 rgb:" + raw + " -compress RLE " + out); }, 0, kSlow);
+        [&] {
+            RunProgram("convert -size " + size + " -depth 8 rgb:" + raw + " -compress RLE " + out);
+        },
+        0, kSlow);
     encode.Run(kRounds);
 
     saver.sparing = plainSaver.sparing = true;
     Race alone("encode, " + name + ", without the host's copies of rows and file");
     alone.Enter("the module", onHost(saver, [](LeanHost& host) { host.Save(kSide, kSide); }));
-    alone.Enter("plain encoder, same host", onHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
+    alone.Enter("plain encoder, same host",
+                onHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
                 encodePlain);
     alone.Run(kRounds);
 }
@@ -145,14 +160,15 @@ void ShowMemory()
 {
     constexpr int kWidth = 30000, kHeight = 2000;
     const auto show = [](const char* what, const LeanHost& host) {
-        std::printf("  %-6s peak %.2f MiB in buffers of", what, static_cast<double>(host.peak) / (1 << 20));
+        std::printf("  %-6s peak %.2f MiB in buffers of", what,
+                    static_cast<double>(host.peak) / (1 << 20));
         for (const int64_t size : host.requests)
             std::printf(" %lld", static_cast<long long>(size));
         std::printf(" bytes; %lld rows\n", static_cast<long long>(host.rows));
     };
-    std::printf(
-        "memory, %d by %d RGB (%.0f MiB of pixels), host limit 1 MiB, with 1 MiB more for the module's budget\n",
-        kWidth, kHeight, 3.0 * kWidth * kHeight / (1 << 20));
+    std::printf("memory, %d by %d RGB (%.0f MiB of pixels), host limit 1 MiB, with 1 MiB more for "
+                "the module's budget\n",
+                kWidth, kHeight, 3.0 * kWidth * kHeight / (1 << 20));
     LeanHost saver;
     saver.makeRow = [](int row, uint8_t* bytes) { CartoonRow(kWidth, row, bytes); };
     saver.Save(kWidth, kHeight);

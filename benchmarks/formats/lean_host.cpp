@@ -108,7 +108,8 @@ void LeanHost::MakeCurrent()
 void LeanHost::Open()
 {
     MakeCurrent();
-    for (const int16_t selector : {kFormatReadPrepare, kFormatReadStart, kFormatReadContinue, kFormatReadFinish})
+    for (const int16_t selector :
+         {kFormatReadPrepare, kFormatReadStart, kFormatReadContinue, kFormatReadFinish})
         Call(selector);
 }
 
@@ -120,7 +121,8 @@ void LeanHost::Save(int width, int height)
     record.rowCount = static_cast<int16_t>(height);
     record.planeCount = 3;
     record.channelDepth = 8;
-    for (const int16_t selector : {kFormatWritePrepare, kFormatWriteStart, kFormatWriteContinue, kFormatWriteFinish})
+    for (const int16_t selector :
+         {kFormatWritePrepare, kFormatWriteStart, kFormatWriteContinue, kFormatWriteFinish})
         Call(selector);
 }
 
@@ -169,7 +171,8 @@ int64_t FastGetPosition(HostFile)
 int16_t FastSetPosition(HostFile, int16_t mode, int64_t offset)
 {
     size_t& position = Bench::gHost->position;
-    position = static_cast<size_t>(offset + (mode == kHostSeekFromCurrent ? static_cast<int64_t>(position) : 0));
+    position = static_cast<size_t>(
+        offset + (mode == kHostSeekFromCurrent ? static_cast<int64_t>(position) : 0));
     return kHostNoError;
 }
 

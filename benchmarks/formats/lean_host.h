@@ -1,5 +1,5 @@
-// The leanest host that a module can be driven by: one file in memory, one RGB picture, buffers with a limit, no checks.
-// What it costs itself is the same for whatever runs on it.
+// The leanest host that a module can be driven by: one file in memory, one RGB picture, buffers
+// with a limit, no checks. What it costs itself is the same for whatever runs on it.
 #pragma once
 
 #include "lumograph/lumograph.h"
@@ -24,8 +24,8 @@ struct LeanHost {
     size_t position = 0;
     uint8_t* picture = nullptr; // rows come from here and go here; null: they are counted only
     std::function<void(int row, uint8_t* bytes)> makeRow; // or rows are made one by one
-    bool sparing =
-        false; // copies next to nothing: every row is the first one, and the file is a megabyte written round
+    bool sparing = false; // copies next to nothing: every row is the first one, and the file is a
+                          // megabyte written round
     int64_t memoryLimit = 1 << 20;
     int64_t used = 0;
     int64_t peak = 0;

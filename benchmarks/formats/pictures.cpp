@@ -13,11 +13,13 @@ Bytes PhotoLike(int width, int height)
     size_t at = 0;
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            const int light = 128 + static_cast<int>(60 * std::sin(x * 0.004) + 50 * std::cos(y * 0.003));
+            const int light =
+                128 + static_cast<int>(60 * std::sin(x * 0.004) + 50 * std::cos(y * 0.003));
             const auto grain = static_cast<uint32_t>(random());
             for (int part = 0; part < 3; ++part)
-                picture[at++] = static_cast<uint8_t>(
-                    std::clamp(light + part * 8 + static_cast<int>((grain >> (8 + 4 * part)) & 15) - 8, 0, 255));
+                picture[at++] = static_cast<uint8_t>(std::clamp(
+                    light + part * 8 + static_cast<int>((grain >> (8 + 4 * part)) & 15) - 8, 0,
+                    255));
         }
     return picture;
 }

@@ -49,7 +49,8 @@ void EncodeRow(HostFile file, const uint8_t* row, int bytes)
         const bool run = bytes - position > kUnit && SamePixel(pixel, pixel + kUnit);
         int count = run ? 2 : 1;
         while (position + count * kUnit < bytes &&
-               SamePixel(run ? pixel : pixel + count * kUnit, pixel + (run ? count : count + 1) * kUnit) == run)
+               SamePixel(run ? pixel : pixel + count * kUnit,
+                         pixel + (run ? count : count + 1) * kUnit) == run)
             ++count;
         while (count > 0) {
             const int length = std::min(count, 128);
@@ -79,9 +80,11 @@ void PlainOpen(LeanHost& host)
     record.rowsAddress = record.bufferSuite->Lock(buffer, 0);
     for (int first = 0; first < record.rowCount; first += chunk) {
         const int end = std::min<int>(first + chunk, record.rowCount);
-        record.exchangeRect = {static_cast<int16_t>(first), 0, static_cast<int16_t>(end), record.columnCount};
+        record.exchangeRect = {static_cast<int16_t>(first), 0, static_cast<int16_t>(end),
+                               record.columnCount};
         for (int row = first; row < end; ++row)
-            DecodeRow(file, static_cast<uint8_t*>(record.rowsAddress) + (row - first) * rowBytes, rowBytes);
+            DecodeRow(file, static_cast<uint8_t*>(record.rowsAddress) + (row - first) * rowBytes,
+                      rowBytes);
         record.exchangeRows();
     }
     record.bufferSuite->Free(buffer);
@@ -100,7 +103,8 @@ void PlainSave(LeanHost& host, int width, int height)
     record.bufferSuite->Allocate(8 * width, &buffer);
     record.rowsAddress = record.bufferSuite->Lock(buffer, 0);
     for (int row = 0; row < height; ++row) {
-        record.exchangeRect = {static_cast<int16_t>(row), 0, static_cast<int16_t>(row + 1), record.columnCount};
+        record.exchangeRect = {static_cast<int16_t>(row), 0, static_cast<int16_t>(row + 1),
+                               record.columnCount};
         record.exchangeRows();
         EncodeRow(file, static_cast<const uint8_t*>(record.rowsAddress), width * kUnit);
     }

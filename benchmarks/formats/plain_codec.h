@@ -1,5 +1,5 @@
-// The yardstick: a decoder and an encoder for 24 bits as one would write them first, a byte at a time, with the same calls
-// to the host and the same chunks of rows.
+// The yardstick: a decoder and an encoder for 24 bits as one would write them first, a byte at a
+// time, with the same calls to the host and the same chunks of rows.
 #pragma once
 
 #include "lean_host.h"

@@ -1,5 +1,5 @@
-// Measures contestants in turn, round after round, so that what disturbs the machine disturbs them all, and compares the
-// medians.
+// Measures contestants in turn, round after round, so that what disturbs the machine disturbs them
+// all, and compares the medians.
 #pragma once
 
 #include <algorithm>
@@ -15,7 +15,8 @@ class Race {
 public:
     explicit Race(std::string name) : fName(std::move(name)) {}
 
-    // `every`: runs in each so many rounds only, for those that take long. `aim`: the ratio to reach, 0 for none.
+    // `every`: runs in each so many rounds only, for those that take long. `aim`: the ratio to
+    // reach, 0 for none.
     void Enter(std::string name, std::function<void()> run, double aim = 0, int every = 1)
     {
         fEntrants.push_back({std::move(name), std::move(run), aim, every, {}});
@@ -32,7 +33,8 @@ public:
         std::printf("%s\n  %-46s %8.2f ms\n", fName.c_str(), fEntrants[0].name.c_str(), ours * 1e3);
         for (size_t i = 1; i < fEntrants.size(); ++i) {
             const double theirs = Median(fEntrants[i].seconds);
-            std::printf("  %-46s %8.2f ms   ours is %6.2f x", fEntrants[i].name.c_str(), theirs * 1e3, theirs / ours);
+            std::printf("  %-46s %8.2f ms   ours is %6.2f x", fEntrants[i].name.c_str(),
+                        theirs * 1e3, theirs / ours);
             if (fEntrants[i].aim > 0)
                 std::printf("   aim %.1f x", fEntrants[i].aim);
             std::printf("\n");
@@ -63,7 +65,8 @@ private:
 
     static double Median(std::vector<double> values)
     {
-        std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
+        std::ranges::nth_element(values,
+                                 values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
         return values[values.size() / 2];
     }
 

@@ -1,10 +1,11 @@
-// Settings and files against the bare calls beneath them. A ratio of 1 is the cost of the bare call.
-#include "foundation/file_port.h"
-#include "foundation/memory_container.h"
-#include "foundation/plugin_settings.h"
-#include "foundation/settings_file.h"
-#include "foundation/settings_store.h"
+// Settings and files against the bare calls beneath them. A ratio of 1 is the cost of the bare
+// call.
+#include "foundation/settings/plugin_settings.h"
+#include "foundation/settings/settings_file.h"
+#include "foundation/settings/settings_store.h"
 #include "foundation/spec_folder.h"
+#include "foundation/streams/file_port.h"
+#include "foundation/streams/memory_container.h"
 #include "rounds.h"
 
 #include <cstdio>
@@ -30,7 +31,8 @@ private:
     CFileSpec fFolder;
 };
 
-void Compare(const char* name, int repeats, const std::function<void()>& ours, const std::function<void()>& bare)
+void Compare(const char* name, int repeats, const std::function<void()>& ours,
+             const std::function<void()>& bare)
 {
     const auto repeat = [repeats](const std::function<void()>& call) {
         return [repeats, &call] {
@@ -38,9 +40,10 @@ void Compare(const char* name, int repeats, const std::function<void()>& ours, c
                 call();
         };
     };
-    const std::vector<double> seconds = Bench::MedianSeconds(kRounds, {{repeat(ours)}, {repeat(bare)}});
-    std::printf("%-44s %9.0f ns %9.0f ns %7.2f\n", name, seconds[0] / repeats * 1e9, seconds[1] / repeats * 1e9,
-                seconds[0] / seconds[1]);
+    const std::vector<double> seconds =
+        Bench::MedianSeconds(kRounds, {{repeat(ours)}, {repeat(bare)}});
+    std::printf("%-44s %9.0f ns %9.0f ns %7.2f\n", name, seconds[0] / repeats * 1e9,
+                seconds[1] / repeats * 1e9, seconds[0] / seconds[1]);
 }
 
 void CompareSettings(const SpecFolder& folder)
@@ -84,7 +87,8 @@ void CompareSettings(const SpecFolder& folder)
         });
 }
 
-void CompareTransfers(const SpecFolder& folder, std::size_t size, const char* readName, const char* writeName)
+void CompareTransfers(const SpecFolder& folder, std::size_t size, const char* readName,
+                      const char* writeName)
 {
     constexpr std::uint64_t kPlace = std::uint64_t{5} << 30;
     const std::string path = (folder.Path() / "scratch").string();

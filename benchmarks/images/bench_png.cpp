@@ -1,10 +1,10 @@
-// The PNG decoder against the bare inflate of the same data, which no decoder can do without, and against its peers. With
-// an argument, only the pictures whose names contain it.
-#include "foundation/memory_container.h"
+// The PNG decoder against the bare inflate of the same data, which no decoder can do without, and
+// against its peers. With an argument, only the pictures whose names contain it.
+#include "foundation/streams/memory_container.h"
 #include "images/png/png_decoder.h"
 #include "peers.h"
 #include "pictures.h"
-#include "pixels/memory_pixmap.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 #include "rounds.h"
 
 #include <malloc.h>
@@ -59,23 +59,28 @@ void Run(const Race& race)
                 decode(file);
         };
     };
-    const std::vector<double> seconds = MedianSeconds(race.rounds, {{[&] { Inflate(data, room); }},
-                                                                    {[&] {
-                                                                        for (const auto& stream : streams) {
-                                                                            Kesto::CPNGDecoder decoder;
-                                                                            Keep(*decoder.Decode(*stream));
-                                                                        }
-                                                                    }},
-                                                                    {all(DecodeWithLibpng)},
-                                                                    {all(DecodeWithSpng)},
-                                                                    {all(DecodeWithStb)}});
-    std::printf("%-28s %9.2f %11.2f %8.2f %8.2f %9.2f\n", race.name, seconds[1] * 1e3, seconds[0] / seconds[1],
-                seconds[2] / seconds[1], seconds[3] / seconds[1], seconds[4] / seconds[1]);
+    const std::vector<double> seconds =
+        MedianSeconds(race.rounds, {{[&] { Inflate(data, room); }},
+                                    {[&] {
+                                        for (const auto& stream : streams) {
+                                            Kesto::CPNGDecoder decoder;
+                                            Keep(*decoder.Decode(*stream));
+                                        }
+                                    }},
+                                    {all(DecodeWithLibpng)},
+                                    {all(DecodeWithSpng)},
+                                    {all(DecodeWithStb)}});
+    std::printf("%-28s %9.2f %11.2f %8.2f %8.2f %9.2f\n", race.name, seconds[1] * 1e3,
+                seconds[0] / seconds[1], seconds[2] / seconds[1], seconds[3] / seconds[1],
+                seconds[4] / seconds[1]);
 }
 
 Race RaceOf(const char* name, const TestPNG::Picture& picture, int filters)
 {
-    return {name, {Write(picture, filters)}, 15, (picture.samples.size() + static_cast<std::size_t>(picture.height))};
+    return {name,
+            {Write(picture, filters)},
+            15,
+            (picture.samples.size() + static_cast<std::size_t>(picture.height))};
 }
 
 Race IconRace()
@@ -92,8 +97,8 @@ int main(int count, char** arguments)
 {
     if (count > 1)
         onlyPictures = arguments[1];
-    // Memory that was freed is kept. Else each contender's first touch of fresh pages would be timed too, and only for
-    // those whose blocks happen to pass the allocator's limits.
+    // Memory that was freed is kept. Else each contender's first touch of fresh pages would be
+    // timed too, and only for those whose blocks happen to pass the allocator's limits.
     mallopt(M_MMAP_THRESHOLD, 1 << 30);
     mallopt(M_TRIM_THRESHOLD, 1 << 30);
 

@@ -56,15 +56,17 @@ Bytes Write(const TestPNG::Picture& picture, int filters)
             out.insert(out.end(), bytes, bytes + size);
         },
         nullptr);
-    const auto width = static_cast<png_uint_32>(picture.width), height = static_cast<png_uint_32>(picture.height);
-    png_set_IHDR(png, info, width, height, 8, picture.colorType, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE,
-                 PNG_FILTER_TYPE_BASE);
+    const auto width = static_cast<png_uint_32>(picture.width),
+               height = static_cast<png_uint_32>(picture.height);
+    png_set_IHDR(png, info, width, height, 8, picture.colorType, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
     if (!picture.palette.empty())
         png_set_PLTE(png, info, reinterpret_cast<png_const_colorp>(picture.palette.data()),
                      static_cast<int>(picture.palette.size() / 3));
     png_set_filter(png, PNG_FILTER_TYPE_BASE, filters);
     png_set_compression_level(png, 6);
-    auto rows = RowsOf(const_cast<std::uint8_t*>(picture.samples.data()), width * picture.Channels(), height);
+    auto rows = RowsOf(const_cast<std::uint8_t*>(picture.samples.data()),
+                       width * picture.Channels(), height);
     png_set_rows(png, info, rows.data());
     png_write_png(png, info, PNG_TRANSFORM_IDENTITY, nullptr);
     png_destroy_write_struct(&png, &info);
@@ -96,11 +98,13 @@ void DecodeWithLibpng(const Bytes& file)
         std::memcpy(out, from.file.data() + from.at, size);
         from.at += size;
     });
-    png_set_crc_action(png, PNG_CRC_QUIET_USE, PNG_CRC_QUIET_USE); // nobody else looks at the checksums
+    png_set_crc_action(png, PNG_CRC_QUIET_USE,
+                       PNG_CRC_QUIET_USE); // nobody else looks at the checksums
     png_read_info(png, info);
     png_set_expand(png);
     png_read_update_info(png, info);
-    const std::size_t rowBytes = png_get_rowbytes(png, info), height = png_get_image_height(png, info);
+    const std::size_t rowBytes = png_get_rowbytes(png, info),
+                      height = png_get_image_height(png, info);
     const std::unique_ptr<std::uint8_t[]> samples(new std::uint8_t[rowBytes * height]);
     png_read_image(png, RowsOf(samples.get(), rowBytes, height).data());
     png_destroy_read_struct(&png, &info, nullptr);
@@ -127,7 +131,8 @@ void DecodeWithStb(const Bytes& file)
 {
     int width = 0, height = 0, channels = 0;
     const std::unique_ptr<stbi_uc, void (*)(void*)> samples(
-        stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &width, &height, &channels, 0),
+        stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &width, &height,
+                              &channels, 0),
         stbi_image_free);
     if (samples == nullptr)
         throw std::runtime_error("stb_image did not decode the file");

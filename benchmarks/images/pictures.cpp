@@ -18,7 +18,8 @@ template <class Paint>
 TestPNG::Picture Painted(std::int32_t side, std::uint8_t colorType, const Paint& paint)
 {
     TestPNG::Picture picture{side, side, colorType, false, {}, {}, {}};
-    picture.samples.resize(static_cast<std::size_t>(side) * static_cast<std::size_t>(side) * picture.Channels());
+    picture.samples.resize(static_cast<std::size_t>(side) * static_cast<std::size_t>(side) *
+                           picture.Channels());
     std::uint8_t* sample = picture.samples.data();
     for (std::int32_t y = 0; y < side; ++y)
         for (std::int32_t x = 0; x < side; ++x, sample += picture.Channels())
@@ -31,16 +32,19 @@ TestPNG::Picture Painted(std::int32_t side, std::uint8_t colorType, const Paint&
 TestPNG::Picture PhotoLike(std::int32_t side, std::uint8_t colorType)
 {
     std::minstd_rand random(1);
-    return Painted(side, colorType, [&, channels = colorType == 0 ? 1 : 3](auto x, auto y, std::uint8_t* sample) {
-        const double light = 120 + 50 * std::sin(x * 0.004 + 2 * std::sin(y * 0.011)) + 40 * std::cos(y * 0.003) +
-                             12 * std::sin(x * 0.09) * std::sin(y * 0.07);
-        for (int c = 0; c < channels; ++c) {
-            const auto grain = static_cast<std::uint32_t>(random()) >> 4;
-            sample[c] = ToByte(light + 15 * c * std::sin(x * 0.002) + (grain & 3) + (grain >> 2 & 3) - 3.0);
-        }
-        if (colorType == 6)
-            sample[3] = ToByte(std::min({x, y, side - 1 - x, side - 1 - y}) * 2);
-    });
+    return Painted(side, colorType,
+                   [&, channels = colorType == 0 ? 1 : 3](auto x, auto y, std::uint8_t* sample) {
+                       const double light =
+                           120 + 50 * std::sin(x * 0.004 + 2 * std::sin(y * 0.011)) +
+                           40 * std::cos(y * 0.003) + 12 * std::sin(x * 0.09) * std::sin(y * 0.07);
+                       for (int c = 0; c < channels; ++c) {
+                           const auto grain = static_cast<std::uint32_t>(random()) >> 4;
+                           sample[c] = ToByte(light + 15 * c * std::sin(x * 0.002) + (grain & 3) +
+                                              (grain >> 2 & 3) - 3.0);
+                       }
+                       if (colorType == 6)
+                           sample[3] = ToByte(std::min({x, y, side - 1 - x, side - 1 - y}) * 2);
+                   });
 }
 
 TestPNG::Picture DitheredPhotoLike(std::int32_t side)
@@ -64,7 +68,8 @@ TestPNG::Picture DitheredPhotoLike(std::int32_t side)
 TestPNG::Picture DrawingLike(std::int32_t side)
 {
     TestPNG::Picture picture = Painted(side, 3, [](auto x, auto y, std::uint8_t* sample) {
-        const int area = static_cast<int>(x / 61 + 3 * std::sin(y * 0.02)) * 31 + (y + x / 7) / 47 * 17;
+        const int area =
+            static_cast<int>(x / 61 + 3 * std::sin(y * 0.02)) * 31 + (y + x / 7) / 47 * 17;
         const bool isShaded = area % 3 == 0;
         const int shade = isShaded ? (x + y + (x * 7 ^ y * 13) % 5) / 24 % 10 : 0;
         *sample = static_cast<std::uint8_t>((area % 190 + 190) % 190 + shade);
@@ -77,7 +82,9 @@ TestPNG::Picture DrawingLike(std::int32_t side)
 TestPNG::Picture IconLike(std::int32_t side, std::uint32_t seed)
 {
     std::minstd_rand random(seed + 1);
-    const auto upTo = [&](double limit) { return limit * static_cast<double>(random() % 1000) / 1000; };
+    const auto upTo = [&](double limit) {
+        return limit * static_cast<double>(random() % 1000) / 1000;
+    };
     const double middleX = side * 0.4 + upTo(side * 0.2), middleY = side * 0.4 + upTo(side * 0.2);
     const double radius = side * 0.2 + upTo(side * 0.25);
     const double color[] = {upTo(255), upTo(255), upTo(255)};

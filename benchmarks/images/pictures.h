@@ -5,7 +5,8 @@
 
 namespace Bench {
 
-// Light and dark with grain, as a camera delivers it; alpha fades out at the borders. Any colour type but the palette's.
+// Light and dark with grain, as a camera delivers it; alpha fades out at the borders. Any colour
+// type but the palette's.
 TestPNG::Picture PhotoLike(std::int32_t side, std::uint8_t colorType);
 
 // The same light in the 216 colours of six levels each, and the error to the next level as grain.

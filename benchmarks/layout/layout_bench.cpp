@@ -1,9 +1,10 @@
-// How fast layout texts are parsed: the frame dialog's, and one of 1,000 views against the time that pugixml needs for a
-// document of the same content. Both are measured in turns in the same run; the medians count.
-#include "layout/generator.h"
-#include "layout/keywords.h"
+// How fast layout texts are parsed: the frame dialog's, and one of 1,000 views against the time
+// that pugixml needs for a document of the same content. Both are measured in turns in the same
+// run; the medians count.
 #include "layout/layout_texts.h"
-#include "layout/rapid_view_scope.h"
+#include "layout/placement/generator.h"
+#include "layout/placement/rapid_view_scope.h"
+#include "layout/vocabulary/keywords.h"
 
 #include <pugixml.hpp>
 
@@ -39,8 +40,8 @@ double Seconds(Run run)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// All that a program does to read a text, from making the root scope with all constants to letting go of the proxies.
-// Returns the seconds that only the parse took.
+// All that a program does to read a text, from making the root scope with all constants to letting
+// go of the proxies. Returns the seconds that only the parse took.
 double ParseLayout(const std::string& text)
 {
     CIdleGenerator generator;
@@ -59,7 +60,8 @@ void ParseXml(const std::string& text)
 
 double Median(std::vector<double> values)
 {
-    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
+    std::ranges::nth_element(values,
+                             values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
     return values[values.size() / 2];
 }
 
@@ -74,7 +76,8 @@ std::size_t AllocationsOfExpressions()
 {
     CExpressionScope scope;
     scope.AddVariable("width", 100);
-    constexpr const char* kExpression = "min(width, 40) * 2 + dim(7, 3) - (width / 3 == 33) + in(3, 1, 2, 3) + unknown";
+    constexpr const char* kExpression =
+        "min(width, 40) * 2 + dim(7, 3) - (width / 3 == 33) + in(3, 1, 2, 3) + unknown";
     scope.IsCondition(kExpression);
     const std::size_t before = gAllocations;
     for (int i = 0; i < 1000; ++i)
@@ -102,7 +105,8 @@ void operator delete(void* bytes, std::size_t) noexcept
 
 int main()
 {
-    // The heap keeps its pages between runs, for both: otherwise the kernel's work of handing them out is most of the time.
+    // The heap keeps its pages between runs, for both: otherwise the kernel's work of handing them
+    // out is most of the time.
     mallopt(M_TRIM_THRESHOLD, 256 << 20);
     mallopt(M_MMAP_THRESHOLD, 256 << 20);
     constexpr int kViews = 1000;
@@ -117,11 +121,13 @@ int main()
     }
     const double layoutTime = Median(layoutTimes);
     const double xmlTime = Median(xmlTimes);
-    std::printf("frame dialog: %.1f us (wanted: below 20); with a fresh root scope and all constants %.1f us\n",
+    std::printf("frame dialog: %.1f us (wanted: below 20); with a fresh root scope and all "
+                "constants %.1f us\n",
                 Median(dialogParseTimes) * 1e6, Median(dialogTimes) * 1e6);
-    std::printf("%d views, %zu bytes: %.1f us, %.0f MB/s (wanted: 100)\n", kViews, layout.size(), layoutTime * 1e6,
-                static_cast<double>(layout.size()) / layoutTime / 1e6);
-    std::printf("the same as XML, %zu bytes, pugixml: %.1f us; ours is %.2f times as fast (wanted: 3)\n", xml.size(),
-                xmlTime * 1e6, xmlTime / layoutTime);
+    std::printf("%d views, %zu bytes: %.1f us, %.0f MB/s (wanted: 100)\n", kViews, layout.size(),
+                layoutTime * 1e6, static_cast<double>(layout.size()) / layoutTime / 1e6);
+    std::printf(
+        "the same as XML, %zu bytes, pugixml: %.1f us; ours is %.2f times as fast (wanted: 3)\n",
+        xml.size(), xmlTime * 1e6, xmlTime / layoutTime);
     std::printf("allocations of 1,000 expressions: %zu (wanted: 0)\n", AllocationsOfExpressions());
 }

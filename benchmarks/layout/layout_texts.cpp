@@ -25,8 +25,9 @@ constexpr Property kEdit[] = {{"view_id", "Group/Field", true},
                               {"number_minimum", "1"},
                               {"number_maximum", "10 + 20 * 3"},
                               {"view_binding", "kBind_FixedTop + kBind_FixedLeft"}};
-constexpr Property kPush[] = {
-    {"view_id", "Group/Button", true}, {"button_label", "$$$/Group/Button=Apply", true}, {"width", "100"}};
+constexpr Property kPush[] = {{"view_id", "Group/Button", true},
+                              {"button_label", "$$$/Group/Button=Apply", true},
+                              {"width", "100"}};
 
 struct Syntax {
     std::string_view beforeView, afterName, between, afterKey, quote, valueQuote, leaf, open, close;
@@ -34,8 +35,8 @@ struct Syntax {
 constexpr Syntax kVex{"", "(", ", ", ": ", "'", "", ");\n", ") {\n", "}\n"};
 constexpr Syntax kXml{"<", " ", " ", "=", "\"", "\"", "/>\n", ">\n", ""};
 
-void AppendView(std::string& out, const Syntax& syntax, std::string_view name, std::span<const Property> properties,
-                int number, bool isLeaf)
+void AppendView(std::string& out, const Syntax& syntax, std::string_view name,
+                std::span<const Property> properties, int number, bool isLeaf)
 {
     out.append(syntax.beforeView).append(name).append(syntax.afterName);
     for (const Property& property : properties) {

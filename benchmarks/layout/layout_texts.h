@@ -3,6 +3,7 @@
 
 #include <string>
 
-// `views` panes in frames of four; every value that the language could compute is an attribute's text in the XML.
+// `views` panes in frames of four; every value that the language could compute is an attribute's
+// text in the XML.
 std::string MakeLayoutText(int views);
 std::string MakeXmlText(int views);

@@ -1,9 +1,9 @@
-// The tile store against bare positioned reads and writes of the same bytes in the same order, the cost of finding a
-// resident tile, and a pixmap of 2 GiB in 64 MiB.
-#include "pixels/virtual_pixmap.h"
-#include "platform/files.h"
-#include "platform/process_number.h"
-#include "platform/user_folders.h"
+// The tile store against bare positioned reads and writes of the same bytes in the same order, the
+// cost of finding a resident tile, and a pixmap of 2 GiB in 64 MiB.
+#include "pixels/tiles/virtual_pixmap.h"
+#include "platform/files/files.h"
+#include "platform/files/folders.h"
+#include "platform/system/process.h"
 #include "rounds.h"
 
 #include <chrono>
@@ -35,8 +35,9 @@ std::vector<std::uint32_t> Shuffled(std::uint32_t count)
 class BareFile {
 public:
     BareFile(std::uint32_t count, std::size_t tileBytes)
-        : fPath(Platform::JoinPath(Platform::TemporaryFolder(),
-                                   "bench_tile_store." + std::to_string(Platform::ProcessNumber()))),
+        : fPath(
+              Platform::JoinPath(Platform::TemporaryFolder(),
+                                 "bench_tile_store." + std::to_string(Platform::ProcessNumber()))),
           fTileBytes(tileBytes), fOrder(Shuffled(count))
     {
         fFile.Open(fPath, Platform::FileMode::kReplace);
@@ -74,7 +75,8 @@ private:
 // An array of tiles that is in memory as a whole or on the disk as a whole.
 class Store {
 public:
-    Store(std::uint32_t count, std::uint8_t sizeClass) : fOrder(Shuffled(count)), fTiles(sizeClass, false, fHeap)
+    Store(std::uint32_t count, std::uint8_t sizeClass)
+        : fOrder(Shuffled(count)), fTiles(sizeClass, false, fHeap)
     {
         fHeap.SetBudget(2 * kBytes);
         fTiles.Resize(count);
@@ -113,8 +115,8 @@ void ComparePaging(std::uint8_t sizeClass)
                                        {[&] { bare.Read(); }}});
     const auto print = [&](const char* what, double ours, double peer) {
         std::printf("%-32s %4llu KiB  %8.0f MB/s  %6.2f of the bare call\n", what,
-                    static_cast<unsigned long long>(tileBytes >> 10), static_cast<double>(kBytes) / ours / 1e6,
-                    peer / ours);
+                    static_cast<unsigned long long>(tileBytes >> 10),
+                    static_cast<double>(kBytes) / ours / 1e6, peer / ours);
     };
     print("page-out to a recycled slot", seconds[0], seconds[1]);
     print("page-in", seconds[2], seconds[3]);
@@ -179,10 +181,12 @@ void WalkLargePixmap()
                 most = std::max(most, heap.AllocatedBytes());
             }
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-    std::printf("2 GiB pixmap in 64 MiB, walked twice: %llu wrong words, blocks at most %llu MiB, process at most %s, "
+    std::printf("2 GiB pixmap in 64 MiB, walked twice: %llu wrong words, blocks at most %llu MiB, "
+                "process at most %s, "
                 "%.1f s\n",
-                static_cast<unsigned long long>(wrong), static_cast<unsigned long long>(most / kMiB),
-                PeakMemory().c_str(), elapsed.count());
+                static_cast<unsigned long long>(wrong),
+                static_cast<unsigned long long>(most / kMiB), PeakMemory().c_str(),
+                elapsed.count());
 }
 
 void OpenFiles()
@@ -197,8 +201,8 @@ void OpenFiles()
                                                                       heap.InitializeLater(folders);
                                                                       heap.SetBudget(kMiB);
                                                                   }}});
-    std::printf("%-32s %.2f ms, put off %.4f ms\n", "16 scratch files, made and deleted", seconds[0] * 1e3,
-                seconds[1] * 1e3);
+    std::printf("%-32s %.2f ms, put off %.4f ms\n", "16 scratch files, made and deleted",
+                seconds[0] * 1e3, seconds[1] * 1e3);
 }
 
 } // namespace

@@ -1,7 +1,8 @@
-// Posting and dispatching events while a thousand wait, against a std::priority_queue of closures that keeps the same
-// order. Ours allocates an event for each post and locks twice; the peer does neither.
+// Posting and dispatching events while a thousand wait, against a std::priority_queue of closures
+// that keeps the same order. Ours allocates an event for each post and locks twice; the peer does
+// neither.
 #include "rounds.h"
-#include "view/process.h"
+#include "view/process/process.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -39,7 +40,10 @@ private:
 
 class Closures {
 public:
-    void Post(std::int8_t priority, std::function<void()> call) { fQueue.push({priority, fNext++, std::move(call)}); }
+    void Post(std::int8_t priority, std::function<void()> call)
+    {
+        fQueue.push({priority, fNext++, std::move(call)});
+    }
     void Dispatch()
     {
         // A priority_queue lets nobody move out of it but so.
@@ -100,14 +104,16 @@ void Measure(std::uint64_t priorities)
         Closures queue;
         theirs = {};
         RunAll(
-            [&](std::uint64_t i) { queue.Post(PriorityOf(i, priorities), [order = &theirs, i] { order->Note(i); }); },
+            [&](std::uint64_t i) {
+                queue.Post(PriorityOf(i, priorities), [order = &theirs, i] { order->Note(i); });
+            },
             [&] { queue.Dispatch(); });
     };
     const auto seconds = Bench::MedianSeconds(9, {{events}, {closures}});
-    std::printf(
-        "An event posted and dispatched, %llu priorities: %.1f ns; speed against a priority_queue %.2f; order %s\n",
-        static_cast<unsigned long long>(priorities), seconds[0] / kEvents * 1e9, seconds[1] / seconds[0],
-        ours.hash == theirs.hash ? "the same" : "DIFFERENT");
+    std::printf("An event posted and dispatched, %llu priorities: %.1f ns; speed against a "
+                "priority_queue %.2f; order %s\n",
+                static_cast<unsigned long long>(priorities), seconds[0] / kEvents * 1e9,
+                seconds[1] / seconds[0], ours.hash == theirs.hash ? "the same" : "DIFFERENT");
 }
 
 } // namespace

@@ -1,9 +1,9 @@
-// A message that climbs ten levels, against the same climb with bare virtual calls; and looking up ids, against hash
-// maps that hold the same texts.
+// A message that climbs ten levels, against the same climb with bare virtual calls; and looking up
+// ids, against hash maps that hold the same texts.
 #include "rounds.h"
-#include "view/message_ids.h"
-#include "view/message_recorder.h"
-#include "view/messenger.h"
+#include "view/messages/message_ids.h"
+#include "view/messages/message_recorder.h"
+#include "view/messages/messenger.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -89,7 +89,8 @@ void MeasureSend()
     const std::size_t allocations = gAllocations;
     for (std::size_t i = 0; i < kSends; ++i)
         leaf->Send(message);
-    std::printf("Send through %zu levels: %zu allocations in %zu sends\n", kLevels, gAllocations - allocations, kSends);
+    std::printf("Send through %zu levels: %zu allocations in %zu sends\n", kLevels,
+                gAllocations - allocations, kSends);
 
     const auto send = [&] {
         for (std::size_t i = 0; i < kSends; ++i)
@@ -100,13 +101,17 @@ void MeasureSend()
             Bench::Keep(lowest->Send(message));
     };
     const auto seconds = Bench::MedianSeconds(201, {{send}, {climb}});
-    std::printf("Send through %zu levels: %.1f ns; speed against two bare virtual calls a level %.2f\n", kLevels,
-                seconds[0] / kSends * 1e9, seconds[1] / seconds[0]);
+    std::printf(
+        "Send through %zu levels: %.1f ns; speed against two bare virtual calls a level %.2f\n",
+        kLevels, seconds[0] / kSends * 1e9, seconds[1] / seconds[0]);
 }
 
 struct TextHash {
     using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    std::size_t operator()(std::string_view text) const
+    {
+        return std::hash<std::string_view>()(text);
+    }
 };
 
 void MeasureIds(std::size_t count)
@@ -117,14 +122,15 @@ void MeasureIds(std::size_t count)
         names.push_back("Project/Dialog" + std::to_string(i / 20) + "/Setting" + std::to_string(i));
         standard.emplace(names.back(), CObjID(names.back().c_str()).Value());
     }
-    std::vector<Bench::Contender> contenders = {{[&] {
-                                                    for (const std::string& name : names)
-                                                        Bench::Keep(CObjID(name.c_str()));
-                                                }},
-                                                {[&] {
-                                                    for (const std::string& name : names)
-                                                        Bench::Keep(standard.find(std::string_view(name.c_str())));
-                                                }}};
+    std::vector<Bench::Contender> contenders = {
+        {[&] {
+            for (const std::string& name : names)
+                Bench::Keep(CObjID(name.c_str()));
+        }},
+        {[&] {
+            for (const std::string& name : names)
+                Bench::Keep(standard.find(std::string_view(name.c_str())));
+        }}};
 #ifdef SIDECAR_HAS_ABSL
     const absl::flat_hash_map<std::string, std::uint32_t> flat(standard.begin(), standard.end());
     contenders.push_back({[&] {
@@ -133,8 +139,8 @@ void MeasureIds(std::size_t count)
     }});
 #endif
     const auto seconds = Bench::MedianSeconds(401, contenders);
-    std::printf("An id of %zu texts that are known: %.1f ns; speed against std::unordered_map %.2f", count,
-                seconds[0] / static_cast<double>(count) * 1e9, seconds[1] / seconds[0]);
+    std::printf("An id of %zu texts that are known: %.1f ns; speed against std::unordered_map %.2f",
+                count, seconds[0] / static_cast<double>(count) * 1e9, seconds[1] / seconds[0]);
     if (seconds.size() > 2)
         std::printf(", against absl::flat_hash_map %.2f", seconds[2] / seconds[0]);
     std::printf("\n");
@@ -161,8 +167,8 @@ void MeasureNewIds()
             Bench::Keep(standard.emplace(name, 0).first);
     };
     const auto seconds = Bench::MedianSeconds(11, {{insert}, {intern, nextNames}});
-    std::printf("An id of a new text: %.1f ns; speed against std::unordered_map %.2f\n", seconds[1] / kNew * 1e9,
-                seconds[0] / seconds[1]);
+    std::printf("An id of a new text: %.1f ns; speed against std::unordered_map %.2f\n",
+                seconds[1] / kNew * 1e9, seconds[0] / seconds[1]);
 }
 
 } // namespace

@@ -1,7 +1,8 @@
-// Opens any bytes as a file, from load to unload, under hosts of many tempers. Whatever the bytes say, the run ends with
-// a code that is in the list, and the host has nothing to complain about.
+// Opens any bytes as a file, from load to unload, under hosts of many tempers. Whatever the bytes
+// say, the run ends with a code that is in the list, and the host has nothing to complain about.
 //
-//   0   1  four bits: silent, quiet, resident, without handles; above them, how far the host's space of 16 bytes is
+//   0   1  four bits: silent, quiet, resident, without handles; above them, how far the host's
+//   space of 16 bytes is
 //          shifted left
 //   1   1  the frame that the user chooses; 255 cancels
 //   2   1  0, or the number of the call that fails, from 1
@@ -46,8 +47,13 @@ void OpenUnder(uint8_t temper, uint8_t fault, std::span<const uint8_t> file)
     if (fault != 0)
         host.fault = Fault{.at = fault - 1};
     const Outcome outcome = host.Open(file);
-    constexpr int16_t kCodes[] = {
-        0, kHostFailed, kHostIoError, kHostMemoryFull, kHostUserCanceled, kHostBadMode, kHostCannotRead};
+    constexpr int16_t kCodes[] = {0,
+                                  kHostFailed,
+                                  kHostIoError,
+                                  kHostMemoryFull,
+                                  kHostUserCanceled,
+                                  kHostBadMode,
+                                  kHostCannotRead};
     Require(std::ranges::find(kCodes, outcome.code) != std::end(kCodes));
     Require(outcome.code != kHostIoError || fault != 0);
     Require(outcome.code != 0 || host.RowsExchanged() == host.record.rowCount || fault != 0);
@@ -60,8 +66,8 @@ void OpenUnder(uint8_t temper, uint8_t fault, std::span<const uint8_t> file)
 // What came before must not show in the next file.
 void OpenASoundOne()
 {
-    static const Bytes file =
-        OneFrameFile({.width = 2, .height = 2, .packing = 1, .pixels = {0x02, 1, 2, 3, 0x80, 4, 5, 6}});
+    static const Bytes file = OneFrameFile(
+        {.width = 2, .height = 2, .packing = 1, .pixels = {0x02, 1, 2, 3, 0x80, 4, 5, 6}});
     ScriptableHost host;
     Require(host.Open(file) == Outcome{});
     Require(host.document.samples == Bytes{1, 2, 3, 1, 2, 3, 1, 2, 3, 4, 5, 6});

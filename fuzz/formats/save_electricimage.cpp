@@ -20,13 +20,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const int kind = data[0] % 4;
     Picture picture(kModes[kind], 1 + data[1], 1 + data[2] % 32, kPlanes[kind]);
     const auto samples = std::span(data, size).subspan(kHead);
-    std::copy_n(samples.begin(), std::min(samples.size(), picture.samples.size()), picture.samples.begin());
+    std::copy_n(samples.begin(), std::min(samples.size(), picture.samples.size()),
+                picture.samples.begin());
 
     AlertCapture alerts;
     ScriptableHost host;
     host.noting = false;
-    const bool returns = host.Save(picture) == Outcome{} && host.Open(Bytes(host.file)) == Outcome{} &&
-                         host.document.samples == picture.samples && host.document.width == picture.width;
+    const bool returns =
+        host.Save(picture) == Outcome{} && host.Open(Bytes(host.file)) == Outcome{} &&
+        host.document.samples == picture.samples && host.document.width == picture.width;
     host.Call(kFormatUnload);
     if (!returns || !host.Misuse().empty() || host.Buffers() != 0 || host.OpenFiles() != 0)
         std::abort();

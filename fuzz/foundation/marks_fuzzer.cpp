@@ -1,8 +1,8 @@
-// Expands the marks of any text and puts arguments into it. The first byte chooses the argument's number, a zero parts
-// the text from the argument.
-#include "foundation/marks.h"
-#include "foundation/string_table.h"
-#include "foundation/unicode.h"
+// Expands the marks of any text and puts arguments into it. The first byte chooses the argument's
+// number, a zero parts the text from the argument.
+#include "foundation/base/unicode.h"
+#include "foundation/localization/marks.h"
+#include "foundation/localization/string_table.h"
 
 #include <cstdlib>
 
@@ -12,11 +12,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     const std::string_view input(reinterpret_cast<const char*>(data) + 1, size - 1);
     Kesto::CText text(input.substr(0, input.find('\0')));
-    const Kesto::CText argument(input.substr(std::min(text.ByteLength() + std::size_t{1}, input.size())));
-    const std::size_t marks = std::ranges::count(text.View(), '^') + std::ranges::count(text.View(), '\\');
+    const Kesto::CText argument(
+        input.substr(std::min(text.ByteLength() + std::size_t{1}, input.size())));
+    const std::size_t marks =
+        std::ranges::count(text.View(), '^') + std::ranges::count(text.View(), '\\');
     const Kesto::CText before = text;
     Kesto::ExpandMarks(text);
-    if (text.CharCount() != Kesto::CountCharacters(text.View()) || (marks == 0 && !text.SharesBufferWith(before)))
+    if (text.CharCount() != Kesto::CountCharacters(text.View()) ||
+        (marks == 0 && !text.SharesBufferWith(before)))
         std::abort();
     const std::uint32_t length = text.ByteLength();
     const bool hasPlace = text.View().find('^' + std::to_string(data[0])) != std::string_view::npos;

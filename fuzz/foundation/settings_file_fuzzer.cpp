@@ -1,8 +1,9 @@
-// Loads any bytes as a settings file. What loads without an error is saved and must load again as the same.
-#include "foundation/exceptions.h"
-#include "foundation/memory_container.h"
-#include "foundation/plugin_settings.h"
-#include "foundation/settings_file.h"
+// Loads any bytes as a settings file. What loads without an error is saved and must load again as
+// the same.
+#include "foundation/errors/exceptions.h"
+#include "foundation/settings/plugin_settings.h"
+#include "foundation/settings/settings_file.h"
+#include "foundation/streams/memory_container.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -24,8 +25,10 @@ bool SameBits(const Kesto::WindowState& a, const Kesto::WindowState& b)
 {
     bool same = true;
     Kesto::VisitWindowStateFields(a, [&](const auto& field, const char*) {
-        const auto offset = reinterpret_cast<const char*>(&field) - reinterpret_cast<const char*>(&a);
-        same = same && std::memcmp(&field, reinterpret_cast<const char*>(&b) + offset, sizeof field) == 0;
+        const auto offset =
+            reinterpret_cast<const char*>(&field) - reinterpret_cast<const char*>(&a);
+        same = same &&
+               std::memcmp(&field, reinterpret_cast<const char*>(&b) + offset, sizeof field) == 0;
     });
     return same;
 }

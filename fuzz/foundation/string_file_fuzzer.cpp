@@ -1,5 +1,6 @@
-// Reads any bytes as a string file. What it brings must be found again, each key in the chain of its bucket.
-#include "foundation/string_file.h"
+// Reads any bytes as a string file. What it brings must be found again, each key in the chain of
+// its bucket.
+#include "foundation/localization/string_file.h"
 
 #include <cstdlib>
 
@@ -11,7 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::uint32_t bucket = 0; bucket < Kesto::kTableBuckets; ++bucket)
         for (const std::string_view key : table.ChainKeys(bucket)) {
             ++keys;
-            if (key.size() < 2 || Kesto::PlaceOf(key).bucket != bucket || table.Find(key) == nullptr)
+            if (key.size() < 2 || Kesto::PlaceOf(key).bucket != bucket ||
+                table.Find(key) == nullptr)
                 std::abort();
         }
     if (keys != table.Size())

@@ -1,9 +1,9 @@
-// Takes any bytes for an icon store: all but the last few are the index, the rest is each of its data files. Whatever the
-// store says that it has must lie in its data.
+// Takes any bytes for an icon store: all but the last few are the index, the rest is each of its
+// data files. Whatever the store says that it has must lie in its data.
 //
 //   0   1  how many bytes at the end are the data file
 //   1      the index, then the data file
-#include "images/resource_data_provider.h"
+#include "images/icons/resource_data_provider.h"
 
 #include <cstdlib>
 #include <stdexcept>
@@ -43,7 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto bytes = std::as_bytes(std::span(data + 1, size - 1));
     const std::size_t dataBytes = std::min<std::size_t>(data[0], bytes.size());
     CResourceDataProvider store([&](std::string_view type, std::string_view) {
-        return std::optional(type == "IDXF" ? bytes.first(bytes.size() - dataBytes) : bytes.last(dataBytes));
+        return std::optional(type == "IDXF" ? bytes.first(bytes.size() - dataBytes)
+                                            : bytes.last(dataBytes));
     });
     try {
         for (const std::string& name : store.GetNames())

@@ -1,8 +1,10 @@
-// Decodes any bytes, and the same bytes once more with the same decoder: both end in the same pixels or the same failure.
+// Decodes any bytes, and the same bytes once more with the same decoder: both end in the same
+// pixels or the same failure.
 //
-// Bytes that begin as a PNG file are one. Few changes to such leave its compressed rows sound, so others are the parts of
-// a file that has sound ones: the sizes of palette and transparency, the header, palette, transparency, rows.
-#include "foundation/exceptions.h"
+// Bytes that begin as a PNG file are one. Few changes to such leave its compressed rows sound, so
+// others are the parts of a file that has sound ones: the sizes of palette and transparency, the
+// header, palette, transparency, rows.
+#include "foundation/errors/exceptions.h"
 #include "images/png/decoding.h"
 
 #include <cstdlib>
@@ -24,7 +26,8 @@ End EndOf(Kesto::CPNGDecoder& decoder, Kesto::CMemoryContainer& stream)
 {
     try {
         const auto pixmap = decoder.Decode(stream);
-        return pixmap == nullptr ? End{{}, {}, "null"} : End{pixmap->GetSize(), SamplesOf(*pixmap), {}};
+        return pixmap == nullptr ? End{{}, {}, "null"}
+                                 : End{pixmap->GetSize(), SamplesOf(*pixmap), {}};
     } catch (const Kesto::CError& error) {
         return {{}, {}, std::string(error.ErrorText().View())};
     }
@@ -41,9 +44,10 @@ Bytes FileFrom(std::span<const std::uint8_t> input)
     };
     Bytes sizes = take(2);
     sizes.resize(2);
-    const Bytes header = take(13), palette = take(std::size_t{3} * sizes[0]), transparency = take(sizes[1]);
-    return FileOf(
-        header, {Chunk("PLTE", palette), Chunk("tRNS", transparency), Chunk("IDAT", Deflated(take(input.size()), 1))});
+    const Bytes header = take(13), palette = take(std::size_t{3} * sizes[0]),
+                transparency = take(sizes[1]);
+    return FileOf(header, {Chunk("PLTE", palette), Chunk("tRNS", transparency),
+                           Chunk("IDAT", Deflated(take(input.size()), 1))});
 }
 
 } // namespace

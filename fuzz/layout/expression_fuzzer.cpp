@@ -1,5 +1,5 @@
 // Any text through each evaluator. The first byte chooses it.
-#include "layout/expression_scope.h"
+#include "layout/language/expression_scope.h"
 
 #include <stdexcept>
 #include <string>

@@ -19,9 +19,11 @@ public:
 std::string EndOf(const std::string& text, Kesto::ParseListener* listener)
 {
     CRecordingGenerator generator;
-    const auto root = Kesto::CRapidViewScope::CreateRootScope(nullptr, &generator, nullptr, listener, true);
+    const auto root =
+        Kesto::CRapidViewScope::CreateRootScope(nullptr, &generator, nullptr, listener, true);
     const std::string error = LogicErrorOf([&] { root->Parse(text.c_str()); });
-    return error + std::to_string(generator.fMeasured.size()) + ' ' + std::to_string(generator.fBuilt.size());
+    return error + std::to_string(generator.fMeasured.size()) + ' ' +
+           std::to_string(generator.fBuilt.size());
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The subcommands of lumohost. Each adds itself to the command line, with a help text that teaches, and runs when it was
-// named. A run throws what failed and returns the exit status otherwise.
+// The subcommands of lumohost. Each adds itself to the command line, with a help text that teaches,
+// and runs when it was named. A run throws what failed and returns the exit status otherwise.
 #pragma once
 
 #include "driver/operation.h"

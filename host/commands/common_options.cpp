@@ -23,26 +23,35 @@ int64_t ParseSize(const std::string& text)
     int64_t value = -1;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     const std::string unit(end, text.data() + text.size());
-    const int shift = unit.empty() ? 0 : unit == "K" ? 10 : unit == "M" ? 20 : unit == "G" ? 30 : -1;
+    const int shift = unit.empty()  ? 0
+                      : unit == "K" ? 10
+                      : unit == "M" ? 20
+                      : unit == "G" ? 30
+                                    : -1;
     if (error != std::errc() || value < 0 || value > (int64_t{1} << 32) || shift < 0)
-        throw Failure("\"" + text + "\" is no size", "Write bytes, or a number with K, M or G behind it, such as 4M.");
+        throw Failure("\"" + text + "\" is no size",
+                      "Write bytes, or a number with K, M or G behind it, such as 4M.");
     return value << shift;
 }
 
 void AddModuleOptions(CLI::App& subcommand, CommonOptions& common)
 {
-    subcommand.add_option("--module", common.modulePath, "The plug-in module [the one beside this program]")
+    subcommand
+        .add_option("--module", common.modulePath,
+                    "The plug-in module [the one beside this program]")
         ->type_name("PATH");
     subcommand
         .add_option("--memory-limit", common.memoryLimit,
-                    "Bytes that the module is told it may use for rows, with K, M or G [4M]. The scratch memory that "
+                    "Bytes that the module is told it may use for rows, with K, M or G [4M]. The "
+                    "scratch memory that "
                     "the module asked for when it prepared is granted on top")
         ->type_name("SIZE");
     subcommand.add_flag("-v,--verbose", common.operation.verbose,
                         "Show each selector, its answer, and the memory used");
     subcommand
         .add_option("--abort-at", common.operation.abortAt,
-                    "Answer \"stop\" to the module's Nth question whether to stop: for trying how a module ends")
+                    "Answer \"stop\" to the module's Nth question whether to stop: for trying how "
+                    "a module ends")
         ->type_name("N")
         ->check(CLI::NonNegativeNumber);
 }

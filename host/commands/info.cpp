@@ -64,10 +64,11 @@ std::string RangeText(const EIFrameReport& frame)
 void PrintFrame(const EIFrameReport& frame)
 {
     const EIFrameFields& fields = frame.fields;
-    const std::string size = std::to_string(fields.Width()) + " x " + std::to_string(fields.Height());
-    std::printf("%5u  %-14s %-8s %-14s %-5s %12u  %7u%s\n", frame.number, size.c_str(), ModeName(fields),
-                LayoutName(fields).c_str(), fields.packing == 0 ? "raw" : "runs", fields.dataSize,
-                unsigned{fields.lutCount}, RangeText(frame).c_str());
+    const std::string size =
+        std::to_string(fields.Width()) + " x " + std::to_string(fields.Height());
+    std::printf("%5u  %-14s %-8s %-14s %-5s %12u  %7u%s\n", frame.number, size.c_str(),
+                ModeName(fields), LayoutName(fields).c_str(), fields.packing == 0 ? "raw" : "runs",
+                fields.dataSize, unsigned{fields.lutCount}, RangeText(frame).c_str());
     for (const std::string& fault : frame.faults)
         std::printf("       fault: %s\n", fault.c_str());
 }
@@ -82,9 +83,11 @@ int RunInfo(const InfoOptions& options)
     EIFrameWalker walker(PathOf(options.file));
     Json frames = Json::array();
     if (!options.json) {
-        std::printf("%s: version %u, %u frame%s\n", options.file.c_str(), unsigned{walker.File().version},
-                    walker.File().frameCount, walker.File().frameCount == 1 ? "" : "s");
-        std::printf("frame  size           mode     layout         rows         bytes  colours  range\n");
+        std::printf("%s: version %u, %u frame%s\n", options.file.c_str(),
+                    unsigned{walker.File().version}, walker.File().frameCount,
+                    walker.File().frameCount == 1 ? "" : "s");
+        std::printf(
+            "frame  size           mode     layout         rows         bytes  colours  range\n");
     }
     bool sound = true;
     uint32_t listed = 0;
@@ -113,8 +116,8 @@ int RunInfo(const InfoOptions& options)
                           std::to_string(walker.File().frameCount) + " frames",
                       "The file is cut off; fetch it again from where it came.", kHostEndOfFile);
     if (!sound)
-        throw Failure(options.file + " has frames with faults", "The frames without a fault can still be opened.",
-                      kHostCannotRead);
+        throw Failure(options.file + " has frames with faults",
+                      "The frames without a fault can still be opened.", kHostCannotRead);
     return 0;
 }
 
@@ -123,12 +126,15 @@ int RunInfo(const InfoOptions& options)
 Command AddInfo(CLI::App& subcommand)
 {
     auto options = std::make_shared<InfoOptions>();
-    subcommand.add_option("file", options->file, "An ElectricImage file")->required()->type_name("FILE");
+    subcommand.add_option("file", options->file, "An ElectricImage file")
+        ->required()
+        ->type_name("FILE");
     subcommand.add_flag("--json", options->json, "The same as JSON, for programs");
-    subcommand.footer("Reads the headers only, and no module. The exit status is 0 when all frames are sound.\n\n"
-                      "Examples:\n"
-                      "  lumohost info five-frames.ei\n"
-                      "  lumohost info five-frames.ei --json | jq '.frames[].layout'");
+    subcommand.footer(
+        "Reads the headers only, and no module. The exit status is 0 when all frames are sound.\n\n"
+        "Examples:\n"
+        "  lumohost info five-frames.ei\n"
+        "  lumohost info five-frames.ei --json | jq '.frames[].layout'");
     return [options] { return RunInfo(*options); };
 }
 

@@ -44,7 +44,8 @@ private:
 class TrialFolder {
 public:
     TrialFolder()
-        : fPath(std::filesystem::temp_directory_path() / ("lumohost-" + std::to_string(std::random_device{}())))
+        : fPath(std::filesystem::temp_directory_path() /
+                ("lumohost-" + std::to_string(std::random_device{}())))
     {
         std::filesystem::create_directory(fPath);
         Wedge wedge;
@@ -74,7 +75,8 @@ struct Answer {
 };
 
 // Sends one selector to a fresh module and takes what it left down again.
-Answer Ask(const PluginModule& module, int16_t selector, const std::filesystem::path& file, const CommonOptions& common)
+Answer Ask(const PluginModule& module, int16_t selector, const std::filesystem::path& file,
+           const CommonOptions& common)
 {
     intptr_t data = 0;
     Answer answer = {selector, 0, {}, -1};
@@ -114,9 +116,9 @@ void PrintTable(const std::vector<Answer>& answers)
     std::printf("selector                 result  says\n");
     for (const Answer& answer : answers) {
         const std::string remark = RemarkOf(answer);
-        std::printf("%3d  %-18s  %6d  %s%s%s\n", answer.selector, SelectorName(answer.selector), answer.code,
-                    std::string(DescribeResult(answer.code).text).c_str(), remark.empty() ? "" : " -- ",
-                    remark.c_str());
+        std::printf("%3d  %-18s  %6d  %s%s%s\n", answer.selector, SelectorName(answer.selector),
+                    answer.code, std::string(DescribeResult(answer.code).text).c_str(),
+                    remark.empty() ? "" : " -- ", remark.c_str());
     }
 }
 
@@ -158,12 +160,14 @@ Command AddSelectors(CLI::App& subcommand, CommonOptions& common)
     auto json = std::make_shared<bool>(false);
     subcommand.add_flag("--json", *json, "The same as JSON, for programs");
     AddModuleOptions(subcommand, common);
-    subcommand.footer(
-        "For authors of modules: each selector is sent alone to a module that knows of none before, with a\n"
-        "record about a grey document of 8 x 8 pixels and its file. Continue and finish therefore find no\n"
-        "session. What a selector leaves behind (an open file after a start) stands behind its result.\n\n"
-        "Example:\n"
-        "  lumohost selectors --module ./mymodule.so");
+    subcommand.footer("For authors of modules: each selector is sent alone to a module that knows "
+                      "of none before, with a\n"
+                      "record about a grey document of 8 x 8 pixels and its file. Continue and "
+                      "finish therefore find no\n"
+                      "session. What a selector leaves behind (an open file after a start) stands "
+                      "behind its result.\n\n"
+                      "Example:\n"
+                      "  lumohost selectors --module ./mymodule.so");
     return [json, &common] { return RunSelectors(common, *json); };
 }
 

@@ -17,8 +17,9 @@ struct Property {
 
 // A host without windows of its own: medium dark, ordinary contrast and tabs, no scaling.
 constexpr std::array kProperties = {
-    Property{kPropertyUiBrightness, 1}, Property{kPropertyHighContrast, 0}, Property{kPropertyLargeTabs, 0},
-    Property{kPropertyUiScale, 100},    Property{kPropertyHighDpi, 1},
+    Property{kPropertyUiBrightness, 1}, Property{kPropertyHighContrast, 0},
+    Property{kPropertyLargeTabs, 0},    Property{kPropertyUiScale, 100},
+    Property{kPropertyHighDpi, 1},
 };
 
 int32_t GetProperty(uint32_t signature, uint32_t key, int32_t index, intptr_t* value, void** handle)
@@ -41,7 +42,8 @@ constexpr HostPropertySuite kPropertySuite = {GetProperty};
 
 bool IsPropertySuite(const char* name, int32_t version)
 {
-    return name && std::string_view(name) == kHostPropertySuiteName && version == kHostPropertySuiteVersion;
+    return name && std::string_view(name) == kHostPropertySuiteName &&
+           version == kHostPropertySuiteVersion;
 }
 
 int32_t AcquireSuite(const char* name, int32_t version, const void** suite)

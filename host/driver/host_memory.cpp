@@ -23,11 +23,13 @@ MemoryBook gBook;
 std::vector<std::unique_ptr<HostBufferBlock>> gBuffers;
 std::vector<std::unique_ptr<HostHandleBlock>> gHandles;
 
-// The place of a live block; a pointer that is none counts as a fault. Modules hold a handful of blocks at a time.
+// The place of a live block; a pointer that is none counts as a fault. Modules hold a handful of
+// blocks at a time.
 template <class Block>
 auto FindBlock(std::vector<std::unique_ptr<Block>>& blocks, Block* block)
 {
-    const auto found = std::ranges::find(blocks, block, [](const auto& held) { return held.get(); });
+    const auto found =
+        std::ranges::find(blocks, block, [](const auto& held) { return held.get(); });
     if (found == blocks.end())
         ++gBook.faults;
     return found;
@@ -150,8 +152,14 @@ int32_t HandleSize(HostHandle handle)
 
 constexpr HostBufferSuite kBufferSuite = {
     kHostBufferSuiteVersion, kHostBufferSuiteCount, {}, Allocate, Lock, Unlock, Free, Space, {}};
-constexpr HostHandleSuite kHandleSuite = {
-    kHostHandleSuiteVersion, kHostHandleSuiteCount, {}, NewHandle, DisposeHandle, LockHandle, UnlockHandle, HandleSize};
+constexpr HostHandleSuite kHandleSuite = {kHostHandleSuiteVersion,
+                                          kHostHandleSuiteCount,
+                                          {},
+                                          NewHandle,
+                                          DisposeHandle,
+                                          LockHandle,
+                                          UnlockHandle,
+                                          HandleSize};
 
 } // namespace
 

@@ -2,8 +2,9 @@
 //
 // The suites are tables of plain functions without a context, so there is one book for the process.
 //
-// Space() tells the limit minus what is given out. Beyond that a module may go on asking within the head-room: the
-// memoryBudget that it asked for in its prepare selector. So a module can fill Space() with rows and still get its scratch.
+// Space() tells the limit minus what is given out. Beyond that a module may go on asking within the
+// head-room: the memoryBudget that it asked for in its prepare selector. So a module can fill
+// Space() with rows and still get its scratch.
 #pragma once
 
 #include "lumograph/suites.h"

@@ -44,13 +44,14 @@ Operation::~Operation()
     ResetBuffers();
 }
 
-// What a host has to fill before the first selector; the picture's fields come from the module or from the document.
+// What a host has to fill before the first selector; the picture's fields come from the module or
+// from the document.
 void Operation::BuildRecord()
 {
     fRecord.abortCheck = AbortCheck;
     fRecord.progressReport = ReportProgress;
-    fRecord.memoryBudget =
-        static_cast<int32_t>(std::min<int64_t>(fOptions.memoryLimit, std::numeric_limits<int32_t>::max()));
+    fRecord.memoryBudget = static_cast<int32_t>(
+        std::min<int64_t>(fOptions.memoryLimit, std::numeric_limits<int32_t>::max()));
     fRecord.exchangeRows = ExchangeRows;
     fRecord.bufferSuite = BufferSuite();
     fRecord.handleSuite = HandleSuite();
@@ -66,7 +67,8 @@ int16_t Operation::Call(int16_t selector)
 {
     const int16_t code = fModule.Call(selector, &fRecord, fData);
     if (fOptions.verbose)
-        std::fprintf(stderr, "%2d %-18s %s\n", selector, SelectorName(selector), ResultLine(code).c_str());
+        std::fprintf(stderr, "%2d %-18s %s\n", selector, SelectorName(selector),
+                     ResultLine(code).c_str());
     return code;
 }
 
@@ -79,13 +81,15 @@ void Operation::RequireCall(int16_t selector, const Phases& phases)
         return;
     const FileServiceReport files = FileServiceInspect(&fRecord);
     const std::string what = std::string("can't ") + phases.deed + " " + TextOf(fFile);
-    // The module has one code for all that is wrong with a file; the file service knows better when the system refused.
+    // The module has one code for all that is wrong with a file; the file service knows better when
+    // the system refused.
     if (code == kHostCannotRead && files.openResult != kHostNoError)
         throw FailureOf(what, files.openResult);
     throw FailureOf(what, code);
 }
 
-void Operation::Run(const Phases& phases, const std::function<void()>& started, const std::function<bool()>& more)
+void Operation::Run(const Phases& phases, const std::function<void()>& started,
+                    const std::function<bool()>& more)
 {
     RequireCall(phases.prepare, phases);
     SetMemoryHeadRoom(fRecord.memoryBudget);
@@ -115,7 +119,8 @@ std::vector<std::string> Operation::Leftovers() const
     const MemoryBook& memory = Memory();
     std::vector<std::string> lines;
     if (memory.buffers > 0)
-        lines.push_back(Counted(memory.buffers, "buffer") + " not given back, " + Counted(memory.used, "byte"));
+        lines.push_back(Counted(memory.buffers, "buffer") + " not given back, " +
+                        Counted(memory.used, "byte"));
     if (memory.locked > 0)
         lines.push_back(Counted(memory.locked, "buffer") + " still locked");
     if (memory.faults > 0)
@@ -139,7 +144,8 @@ void Operation::ReportProgress(int32_t current, int32_t total)
         gCurrent->fProgress->Show(current, total);
 }
 
-// Nothing is thrown through the module: a failure waits in fCallbackFailure, and the module gets its code.
+// Nothing is thrown through the module: a failure waits in fCallbackFailure, and the module gets
+// its code.
 int16_t Operation::ExchangeRows()
 {
     if (!gCurrent || !gCurrent->fExchange)

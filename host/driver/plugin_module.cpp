@@ -5,12 +5,13 @@
 namespace Host {
 
 PluginModule::PluginModule(const std::filesystem::path& path)
-    : fLibrary(path),
-      fProperties(ParsePropertyList(fLibrary.ResourceBytes(kHostPropertyListType, kHostPropertyListName))),
+    : fLibrary(path), fProperties(ParsePropertyList(
+                          fLibrary.ResourceBytes(kHostPropertyListType, kHostPropertyListName))),
       fEntry(fLibrary.FindFunction<HostEntry>(fProperties.entry.c_str()))
 {
     if (!fEntry)
-        throw Failure("the module has no function " + fProperties.entry + ", though its property list names it",
+        throw Failure("the module has no function " + fProperties.entry +
+                          ", though its property list names it",
                       "The module's author should check its export list.");
 }
 

@@ -13,8 +13,9 @@ using Json = nlohmann::json;
 
 std::string Upper(std::string text)
 {
-    std::ranges::transform(text, text.begin(),
-                           [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::ranges::transform(text, text.begin(), [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
     return text;
 }
 
@@ -59,7 +60,8 @@ PropertyList ReadFormat(const Json& format)
     return list;
 }
 
-void RequireExtension(const std::vector<std::string>& known, const std::filesystem::path& file, const char* deed)
+void RequireExtension(const std::vector<std::string>& known, const std::filesystem::path& file,
+                      const char* deed)
 {
     const std::string extension = TextOf(file.extension());
     if (!extension.empty() && std::ranges::find(known, Upper(extension.substr(1))) != known.end())
@@ -67,7 +69,8 @@ void RequireExtension(const std::vector<std::string>& known, const std::filesyst
     std::string names;
     for (const std::string& name : known)
         names += (names.empty() ? "." : ", .") + name;
-    throw Failure(TextOf(file) + ": the module doesn't " + deed + " files with the extension \"" + extension + "\"",
+    throw Failure(TextOf(file) + ": the module doesn't " + deed + " files with the extension \"" +
+                      extension + "\"",
                   "It takes " + names + "; rename the file if it is of that kind.", kHostBadMode);
 }
 
@@ -86,7 +89,8 @@ try {
     for (const Json& item : list.at("Tagls"))
         if (item.value("Kind", "") == "Format")
             return ReadFormat(item);
-    throw Failure("the module's property list declares no file format", "Is it a filter? Name a format with --module.");
+    throw Failure("the module's property list declares no file format",
+                  "Is it a filter? Name a format with --module.");
 } catch (const Json::exception& error) {
     throw Failure(std::string("the module's property list can't be read: ") + error.what(),
                   "The module's author should check its resource JSON_TAGL.");
@@ -108,19 +112,21 @@ void RequirePicture(const PropertyList& list, const PictureInfo& info)
 {
     const std::string size = std::to_string(info.width) + " x " + std::to_string(info.height);
     if (info.width < 1 || info.height < 1)
-        throw Failure("the picture has no pixels: its size is " + size, "The file is damaged or empty.",
-                      kHostCannotRead);
-    if ((list.maxWidth > 0 && info.width > list.maxWidth) || (list.maxHeight > 0 && info.height > list.maxHeight))
+        throw Failure("the picture has no pixels: its size is " + size,
+                      "The file is damaged or empty.", kHostCannotRead);
+    if ((list.maxWidth > 0 && info.width > list.maxWidth) ||
+        (list.maxHeight > 0 && info.height > list.maxHeight))
         throw Failure("the picture is too large for the module: " + size + ", the limit is " +
                           std::to_string(list.maxWidth) + " x " + std::to_string(list.maxHeight),
                       "Make it smaller or cut it into parts.", kHostBadMode);
     if (std::ranges::find(list.modes, ModeKey(info.mode)) == list.modes.end())
-        throw Failure(std::string("the module doesn't serve the mode of the picture: ") + KindOf(info),
+        throw Failure(std::string("the module doesn't serve the mode of the picture: ") +
+                          KindOf(info),
                       "Convert the picture to another mode.", kHostBadMode);
     const auto mode = static_cast<size_t>(info.mode);
     if (mode < list.maxChannels.size() && info.planes > list.maxChannels[mode])
-        throw Failure("the picture has " + std::to_string(info.planes) + " channels, the module takes " +
-                          std::to_string(list.maxChannels[mode]),
+        throw Failure("the picture has " + std::to_string(info.planes) +
+                          " channels, the module takes " + std::to_string(list.maxChannels[mode]),
                       "Convert the picture to another mode.", kHostBadMode);
 }
 

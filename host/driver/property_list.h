@@ -1,7 +1,7 @@
 // What a module declares of itself: the resource JSON_TAGL of type JSON.
 //
-// The host believes the list and nothing else: a file, size or mode that the list doesn't allow is refused before the
-// module is called.
+// The host believes the list and nothing else: a file, size or mode that the list doesn't allow is
+// refused before the module is called.
 #pragma once
 
 #include "pictures/picture.h"
@@ -28,7 +28,8 @@ struct PropertyList {
     bool loadUnload = false;          // the module wants the selectors load and unload
 };
 
-// Reads the first file format of the list. Throws Failure for a text that is no property list or names no format.
+// Reads the first file format of the list. Throws Failure for a text that is no property list or
+// names no format.
 PropertyList ParsePropertyList(std::span<const std::byte> json);
 
 // Each throws Failure when the list doesn't allow it.

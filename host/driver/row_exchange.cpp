@@ -11,11 +11,12 @@ namespace {
 
 Failure BadExchange(const std::string& what)
 {
-    return Failure("the module's exchange of rows names " + what, "This is a fault of the module; please report it.",
-                   kHostBadParameter);
+    return Failure("the module's exchange of rows names " + what,
+                   "This is a fault of the module; please report it.", kHostBadParameter);
 }
 
-// The bytes of one row of `width` four-byte pixels, turned so that position i goes to plane order[i].
+// The bytes of one row of `width` four-byte pixels, turned so that position i goes to plane
+// order[i].
 void Reorder(uint8_t* to, const uint8_t* from, int32_t width, const std::array<int16_t, 4>& order)
 {
     if (order == std::array<int16_t, 4>{3, 0, 1, 2}) {
@@ -41,7 +42,8 @@ void ForEachSample(const Exchange& exchange, const PictureInfo& info, int32_t y,
         uint8_t* sample = row + (plane - exchange.firstPlane) * exchange.planeStride;
         const int32_t target = exchange.order[static_cast<size_t>(plane)];
         for (int32_t x = exchange.left; x < exchange.right; ++x, sample += exchange.pixelStride)
-            move(*sample, static_cast<size_t>(x) * static_cast<size_t>(info.planes) + static_cast<size_t>(target));
+            move(*sample, static_cast<size_t>(x) * static_cast<size_t>(info.planes) +
+                              static_cast<size_t>(target));
     }
 }
 
@@ -68,13 +70,17 @@ Exchange Exchange::Of(const HostFormatRecord& record, const PictureInfo& info)
         throw BadExchange("a rectangle outside the picture: " + std::to_string(rect.left) + ", " +
                           std::to_string(rect.top) + " to " + std::to_string(rect.right) + ", " +
                           std::to_string(rect.bottom));
-    if (exchange.firstPlane < 0 || exchange.lastPlane >= info.planes || exchange.firstPlane > exchange.lastPlane)
-        throw BadExchange("planes that the picture hasn't got: " + std::to_string(exchange.firstPlane) + " to " +
-                          std::to_string(exchange.lastPlane));
+    if (exchange.firstPlane < 0 || exchange.lastPlane >= info.planes ||
+        exchange.firstPlane > exchange.lastPlane)
+        throw BadExchange(
+            "planes that the picture hasn't got: " + std::to_string(exchange.firstPlane) + " to " +
+            std::to_string(exchange.lastPlane));
     for (size_t i = 0; i < exchange.order.size(); ++i) {
         exchange.order[i] = record.planeOrder[i];
-        if (i < static_cast<size_t>(info.planes) && (exchange.order[i] < 0 || exchange.order[i] >= info.planes))
-            throw BadExchange("a plane order without that plane: " + std::to_string(exchange.order[i]));
+        if (i < static_cast<size_t>(info.planes) &&
+            (exchange.order[i] < 0 || exchange.order[i] >= info.planes))
+            throw BadExchange("a plane order without that plane: " +
+                              std::to_string(exchange.order[i]));
     }
     return exchange;
 }
@@ -96,7 +102,8 @@ bool Exchange::IsPlainOrder(const PictureInfo& info) const
 void RowDelivery::Take(const Exchange& exchange)
 {
     const int32_t rows = exchange.bottom - exchange.top;
-    const bool next = !fGathered && exchange.top == fPassed && exchange.IsWholeRows(fInfo) && exchange.rowStride > 0;
+    const bool next = !fGathered && exchange.top == fPassed && exchange.IsWholeRows(fInfo) &&
+                      exchange.rowStride > 0;
     if (next && exchange.IsPlainOrder(fInfo))
         fSink.PutRows(exchange.bytes, static_cast<size_t>(exchange.rowStride), rows);
     else if (next && fInfo.planes == 4)
@@ -111,7 +118,8 @@ void RowDelivery::PassReordered(const Exchange& exchange)
 {
     fBand.resize(fInfo.RowBytes());
     for (int32_t y = exchange.top; y < exchange.bottom; ++y) {
-        Reorder(fBand.data(), exchange.bytes + (y - exchange.top) * exchange.rowStride, fInfo.width, exchange.order);
+        Reorder(fBand.data(), exchange.bytes + (y - exchange.top) * exchange.rowStride, fInfo.width,
+                exchange.order);
         fSink.PutRows(fBand.data(), fBand.size(), 1);
     }
 }
@@ -119,7 +127,8 @@ void RowDelivery::PassReordered(const Exchange& exchange)
 void RowDelivery::Gather(const Exchange& exchange)
 {
     if (exchange.top < fPassed)
-        throw BadExchange("row " + std::to_string(exchange.top) + ", which it has delivered before");
+        throw BadExchange("row " + std::to_string(exchange.top) +
+                          ", which it has delivered before");
     if (!fGathered) {
         const size_t samples = fInfo.RowBytes() * static_cast<size_t>(fInfo.height - fPassed);
         fGathered = std::make_unique<uint8_t[]>(samples);
@@ -144,7 +153,8 @@ void RowDelivery::Finish()
 {
     if (!IsComplete())
         throw Failure("the module delivered " + std::to_string(fDelivered) + " of " +
-                          std::to_string(int64_t{fInfo.width} * fInfo.height * fInfo.planes) + " samples",
+                          std::to_string(int64_t{fInfo.width} * fInfo.height * fInfo.planes) +
+                          " samples",
                       "This is a fault of the module; please report it.");
     if (fGathered)
         fSink.PutRows(fGathered.get(), fInfo.RowBytes(), fInfo.height - fPassed);
@@ -157,9 +167,11 @@ void SupplyRows(const Exchange& exchange, PictureSource& source)
     for (int32_t y = exchange.top; y < exchange.bottom; ++y) {
         const uint8_t* row = source.Row(y);
         if (plain)
-            std::memcpy(exchange.bytes + (y - exchange.top) * exchange.rowStride, row, info.RowBytes());
+            std::memcpy(exchange.bytes + (y - exchange.top) * exchange.rowStride, row,
+                        info.RowBytes());
         else
-            ForEachSample(exchange, info, y, [row](uint8_t& sample, size_t at) { sample = row[at]; });
+            ForEachSample(exchange, info, y,
+                          [row](uint8_t& sample, size_t at) { sample = row[at]; });
     }
 }
 

@@ -1,7 +1,8 @@
 // Rows that pass between a module and a picture.
 //
-// A module names a rectangle, a range of planes and where their bytes lie: pixelStride from pixel to pixel, rowStride from
-// row to row, planeStride from plane to plane. planeOrder says which of the picture's planes each position holds.
+// A module names a rectangle, a range of planes and where their bytes lie: pixelStride from pixel
+// to pixel, rowStride from row to row, planeStride from plane to plane. planeOrder says which of
+// the picture's planes each position holds.
 #pragma once
 
 #include "lumograph/records.h"
@@ -21,8 +22,8 @@ struct Exchange {
     ptrdiff_t pixelStride, rowStride, planeStride;
     std::array<int16_t, 4> order; // the picture's plane at each position
 
-    // Throws Failure for a rectangle or planes outside the picture, an order that names no plane, or rows without an
-    // address.
+    // Throws Failure for a rectangle or planes outside the picture, an order that names no plane,
+    // or rows without an address.
     static Exchange Of(const HostFormatRecord& record, const PictureInfo& info);
 
     // All planes of whole rows, pixel by pixel, as pictures have them; but for their order.
@@ -30,8 +31,9 @@ struct Exchange {
     bool IsPlainOrder(const PictureInfo& info) const;
 };
 
-// Takes a module's rows and hands them to a sink from the top down. Whole rows in their order go straight through; what
-// comes in another way (plane by plane, column by column, out of order) is gathered in memory first.
+// Takes a module's rows and hands them to a sink from the top down. Whole rows in their order go
+// straight through; what comes in another way (plane by plane, column by column, out of order) is
+// gathered in memory first.
 class RowDelivery {
 public:
     RowDelivery(const PictureInfo& info, PictureSink& sink) : fInfo(info), fSink(sink) {}
@@ -53,9 +55,10 @@ private:
     PictureSink& fSink;
     int32_t fPassed = 0; // rows that the sink has
     int64_t fDelivered = 0;
-    std::unique_ptr<uint8_t[]> fGathered; // the rows from fPassed on, once something came in another way
-    std::vector<bool> fCame;              // which samples of these there are
-    std::vector<uint8_t> fBand;           // rows in the picture's order of planes
+    std::unique_ptr<uint8_t[]>
+        fGathered;              // the rows from fPassed on, once something came in another way
+    std::vector<bool> fCame;    // which samples of these there are
+    std::vector<uint8_t> fBand; // rows in the picture's order of planes
 };
 
 // Fills a module's rows from a source.

@@ -41,7 +41,8 @@ void Describe(HostFormatRecord& record, const PictureInfo& info)
 
 } // namespace
 
-Session::Session(const PluginModule& module, const OperationOptions& options) : fModule(module), fOptions(options)
+Session::Session(const PluginModule& module, const OperationOptions& options)
+    : fModule(module), fOptions(options)
 {
     if (fModule.Properties().loadUnload)
         SendAlone(kFormatLoad);
@@ -52,8 +53,8 @@ Session::~Session()
     if (fModule.Properties().loadUnload)
         SendAlone(kFormatUnload);
     if (fOptions.verbose && Memory().handles > 0)
-        std::fprintf(stderr, "%d handles of %lld bytes were the data word's and end with it\n", int{Memory().handles},
-                     static_cast<long long>(Memory().handleBytes));
+        std::fprintf(stderr, "%d handles of %lld bytes were the data word's and end with it\n",
+                     int{Memory().handles}, static_cast<long long>(Memory().handleBytes));
     ReleaseHandles();
 }
 
@@ -80,10 +81,13 @@ PictureInfo Session::Open(const std::filesystem::path& file, PictureSink& sink)
             RequirePicture(fModule.Properties(), info);
             sink.Begin(info);
             delivery.emplace(info, sink);
-            operation.SetExchange([&](const HostFormatRecord& record) { delivery->Take(Exchange::Of(record, info)); });
+            operation.SetExchange([&](const HostFormatRecord& record) {
+                delivery->Take(Exchange::Of(record, info));
+            });
         },
         [&] {
-            return !delivery->IsComplete() && std::exchange(before, delivery->Delivered()) < delivery->Delivered();
+            return !delivery->IsComplete() &&
+                   std::exchange(before, delivery->Delivered()) < delivery->Delivered();
         });
     delivery->Finish();
     ReportBooks(operation);
@@ -102,8 +106,9 @@ SaveReport Session::Save(PictureSource& picture, const std::filesystem::path& fi
     operation.Run(kOptionsPhases);
     operation.Run(kEstimatePhases);
     const SaveReport report = {operation.Record().estimateMin, operation.Record().estimateMax};
-    operation.SetExchange(
-        [&](const HostFormatRecord& record) { SupplyRows(Exchange::Of(record, picture.Info()), picture); });
+    operation.SetExchange([&](const HostFormatRecord& record) {
+        SupplyRows(Exchange::Of(record, picture.Info()), picture);
+    });
     operation.Run(kWritePhases);
     ReportBooks(operation);
     operation.Commit();
@@ -118,9 +123,11 @@ void Session::ReportBooks(const Operation& operation) const
     if (!fOptions.verbose)
         return;
     const MemoryBook& memory = Memory();
-    std::fprintf(stderr, "memory: peak %lld bytes in buffers, limit %lld, head-room %lld, %d requests refused\n",
-                 static_cast<long long>(memory.peak), static_cast<long long>(memory.limit),
-                 static_cast<long long>(memory.headRoom), int{memory.refused});
+    std::fprintf(
+        stderr,
+        "memory: peak %lld bytes in buffers, limit %lld, head-room %lld, %d requests refused\n",
+        static_cast<long long>(memory.peak), static_cast<long long>(memory.limit),
+        static_cast<long long>(memory.headRoom), int{memory.refused});
     if (leftovers.empty())
         std::fprintf(stderr, "every buffer, lock, file and suite was given back\n");
 }

@@ -7,8 +7,9 @@
 //   options, estimate and write, likewise           for each document that is saved
 //   unload                                          once
 //
-// What the property list doesn't allow is refused before a selector is sent. A failing start ends its group; after a good
-// start the finish always comes. The data word is 0 at first and stays the module's own until the unload.
+// What the property list doesn't allow is refused before a selector is sent. A failing start ends
+// its group; after a good start the finish always comes. The data word is 0 at first and stays the
+// module's own until the unload.
 #pragma once
 
 #include "driver/operation.h"
@@ -30,7 +31,8 @@ public:
     // Opens the first frame of `file` and hands its picture to `sink`. Throws what failed.
     PictureInfo Open(const std::filesystem::path& file, PictureSink& sink);
 
-    // Saves the picture as `file`, which changes only when everything went well. Throws what failed.
+    // Saves the picture as `file`, which changes only when everything went well. Throws what
+    // failed.
     SaveReport Save(PictureSource& picture, const std::filesystem::path& file);
 
 private:

@@ -58,8 +58,10 @@ struct Box {
     Box(ColourList::iterator begin, ColourList::iterator end) : first(begin), last(end)
     {
         for (const int shift : kChannelShifts) {
-            const auto [low, high] = std::ranges::minmax_element(
-                first, last, {}, [shift](const CountedColour& entry) { return Channel(entry.colour, shift); });
+            const auto [low, high] =
+                std::ranges::minmax_element(first, last, {}, [shift](const CountedColour& entry) {
+                    return Channel(entry.colour, shift);
+                });
             const int range = Channel(high->colour, shift) - Channel(low->colour, shift);
             if (range > extent) {
                 extent = range;
@@ -79,12 +81,15 @@ struct Box {
     // The second half by pixels, with at least one colour left in each; this box keeps the first.
     Box SplitOff()
     {
-        std::sort(first, last, [shift = widestShift](const CountedColour& a, const CountedColour& b) {
-            return std::pair(Channel(a.colour, shift), a.colour) < std::pair(Channel(b.colour, shift), b.colour);
-        });
+        std::sort(first, last,
+                  [shift = widestShift](const CountedColour& a, const CountedColour& b) {
+                      return std::pair(Channel(a.colour, shift), a.colour) <
+                             std::pair(Channel(b.colour, shift), b.colour);
+                  });
         const int64_t half = Pixels() / 2;
         auto middle = first + 1;
-        for (int64_t sum = first->pixels; middle + 1 < last && sum + middle->pixels <= half; ++middle)
+        for (int64_t sum = first->pixels; middle + 1 < last && sum + middle->pixels <= half;
+             ++middle)
             sum += middle->pixels;
         const Box second(middle, last);
         *this = Box(first, middle);
@@ -129,9 +134,10 @@ ColourTable::ColourTable(PictureSource& picture, int bits, bool reduce, const st
         return;
     ColourList colours = CountColours(picture);
     if (colours.size() > fSize && !reduce)
-        throw Failure(name + " has " + std::to_string(colours.size()) + " colours, " + std::to_string(bits) +
-                          " bits hold " + std::to_string(fSize),
-                      "Give more --bits, or let similar colours share an entry with --reduce.", kHostBadMode);
+        throw Failure(name + " has " + std::to_string(colours.size()) + " colours, " +
+                          std::to_string(bits) + " bits hold " + std::to_string(fSize),
+                      "Give more --bits, or let similar colours share an entry with --reduce.",
+                      kHostBadMode);
     std::vector<Box> boxes = CutColours(colours, fSize);
     std::ranges::sort(boxes, {}, &Box::Mean);
     for (size_t i = 0; i < boxes.size(); ++i) {

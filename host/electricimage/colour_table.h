@@ -12,9 +12,10 @@ namespace Host {
 // A table of at most 1 << bits colours for a picture, and the index of each of its colours.
 class ColourTable {
 public:
-    // Looks at all rows of the picture. A picture with an index for each of its colours in reach keeps its table as it
-    // is; otherwise the colours in use get a table of their own. If they are too many, `reduce` lets similar ones share
-    // an entry; without it that is a Failure. `name` is the picture's, for messages.
+    // Looks at all rows of the picture. A picture with an index for each of its colours in reach
+    // keeps its table as it is; otherwise the colours in use get a table of their own. If they are
+    // too many, `reduce` lets similar ones share an entry; without it that is a Failure. `name` is
+    // the picture's, for messages.
     ColourTable(PictureSource& picture, int bits, bool reduce, const std::string& name);
 
     const Palette& Colours() const { return fPalette; }

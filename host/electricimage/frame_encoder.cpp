@@ -28,8 +28,8 @@ public:
 class IndexedRows final : public RowConverter {
 public:
     IndexedRows(PictureSource& picture, const FrameOptions& options, const std::string& name)
-        : fInfo(picture.Info()), fBits(options.indexBits), fTable(picture, fBits, options.reduce, name),
-          fIndices(static_cast<size_t>(fInfo.width))
+        : fInfo(picture.Info()), fBits(options.indexBits),
+          fTable(picture, fBits, options.reduce, name), fIndices(static_cast<size_t>(fInfo.width))
     {
     }
 
@@ -49,7 +49,8 @@ public:
         std::fill_n(out, (fIndices.size() * static_cast<size_t>(fBits) + 7) / 8, uint8_t{0});
         size_t bit = 0;
         for (const uint8_t index : fIndices) {
-            out[bit / 8] = static_cast<uint8_t>(out[bit / 8] | index << (8 - static_cast<size_t>(fBits) - bit % 8));
+            out[bit / 8] = static_cast<uint8_t>(
+                out[bit / 8] | index << (8 - static_cast<size_t>(fBits) - bit % 8));
             bit += static_cast<size_t>(fBits);
         }
     }
@@ -68,7 +69,8 @@ std::array<uint8_t, 4> PixelAt(const PictureInfo& info, const uint8_t* row, int3
 {
     const uint8_t* pixel = row + static_cast<size_t>(x) * static_cast<size_t>(info.planes);
     if (info.planes == 1)
-        return {info.palette.red[*pixel], info.palette.green[*pixel], info.palette.blue[*pixel], 255};
+        return {info.palette.red[*pixel], info.palette.green[*pixel], info.palette.blue[*pixel],
+                255};
     return {pixel[0], pixel[1], pixel[2], info.planes == 4 ? pixel[3] : uint8_t{255}};
 }
 
@@ -111,15 +113,17 @@ private:
 
 class DepthRows final : public RowConverter {
 public:
-    DepthRows(const PictureInfo& info, const FrameOptions& options, const std::string& name) : fWidth(info.width)
+    DepthRows(const PictureInfo& info, const FrameOptions& options, const std::string& name)
+        : fWidth(info.width)
     {
         if (info.mode != PictureMode::kGrayscale)
-            throw Failure(name + " is " + KindOf(info) + "; a depth frame is made of a grey picture",
+            throw Failure(name + " is " + KindOf(info) +
+                              "; a depth frame is made of a grey picture",
                           "Convert the picture to grey first.", kHostBadMode);
         const double span = double{options.range.maximum} - double{options.range.minimum};
         for (size_t level = 0; level < fDepths.size(); ++level)
-            fDepths[level] =
-                static_cast<float>(double{options.range.minimum} + span * static_cast<double>(level) / 255.0);
+            fDepths[level] = static_cast<float>(double{options.range.minimum} +
+                                                span * static_cast<double>(level) / 255.0);
         if (options.infiniteWhite)
             fDepths[255] = std::numeric_limits<float>::infinity();
     }
@@ -168,10 +172,13 @@ std::unique_ptr<RowConverter> MakeConverter(PictureSource& picture, const FrameO
 
 } // namespace
 
-void PackRow(const uint8_t* row, size_t bytes, size_t unit, const std::function<void(const void*, size_t)>& put)
+void PackRow(const uint8_t* row, size_t bytes, size_t unit,
+             const std::function<void(const void*, size_t)>& put)
 {
     const size_t units = bytes / unit;
-    const auto same = [&](size_t a, size_t b) { return std::memcmp(row + a * unit, row + b * unit, unit) == 0; };
+    const auto same = [&](size_t a, size_t b) {
+        return std::memcmp(row + a * unit, row + b * unit, unit) == 0;
+    };
     for (size_t at = 0; at < units;) {
         size_t count = 1;
         const bool run = at + 1 < units && same(at, at + 1);
@@ -188,7 +195,8 @@ void PackRow(const uint8_t* row, size_t bytes, size_t unit, const std::function<
     }
 }
 
-FrameEncoder::FrameEncoder(const std::filesystem::path& path, uint32_t frameCount) : fPending(path), fName(TextOf(path))
+FrameEncoder::FrameEncoder(const std::filesystem::path& path, uint32_t frameCount)
+    : fPending(path), fName(TextOf(path))
 {
     RawFile file;
     Require(fPending.Create(file), fName);
@@ -197,7 +205,8 @@ FrameEncoder::FrameEncoder(const std::filesystem::path& path, uint32_t frameCoun
     Put(header.data(), header.size());
 }
 
-void FrameEncoder::Append(PictureSource& picture, const FrameOptions& options, const std::string& name)
+void FrameEncoder::Append(PictureSource& picture, const FrameOptions& options,
+                          const std::string& name)
 {
     const PictureInfo& info = picture.Info();
     if (info.width > kLargestSide || info.height > kLargestSide)
@@ -215,10 +224,12 @@ void FrameEncoder::Append(PictureSource& picture, const FrameOptions& options, c
     Put(blank.data(), blank.size());
     if (const Palette* colours = converter->Colours())
         for (size_t i = 0; i < fields.lutCount; ++i) {
-            const std::array<uint8_t, 3> entry = {colours->red[i], colours->green[i], colours->blue[i]};
+            const std::array<uint8_t, 3> entry = {colours->red[i], colours->green[i],
+                                                  colours->blue[i]};
             Put(entry.data(), entry.size());
         }
-    // The range block counts as data: the next frame is looked for behind the data and the colour table only.
+    // The range block counts as data: the next frame is looked for behind the data and the colour
+    // table only.
     const int64_t dataAt = fFile->Position();
     if (fields.frameType == kEIDepthFrame) {
         const auto range = EncodeRange(options.storeRange ? options.range : EIRange{});
@@ -233,7 +244,8 @@ void FrameEncoder::Append(PictureSource& picture, const FrameOptions& options, c
 
     const int64_t end = fFile->Position();
     if (end - dataAt > std::numeric_limits<uint32_t>::max())
-        throw Failure(name + " makes a frame of more than 4 GB", "Make the picture smaller.", kHostBadMode);
+        throw Failure(name + " makes a frame of more than 4 GB", "Make the picture smaller.",
+                      kHostBadMode);
     fields.dataSize = static_cast<uint32_t>(end - dataAt);
     const auto header = EncodeFrameHeader(fields);
     Require(fFile->Seek(kHostSeekFromStart, headerAt), fName);

@@ -1,4 +1,5 @@
-// ElectricImage headers as the host itself reads and writes them, apart from any module: for `info` and `assemble`.
+// ElectricImage headers as the host itself reads and writes them, apart from any module: for `info`
+// and `assemble`.
 //
 // Big-endian but for 16-bit pixels and floats, which are little-endian. See docs/electricimage.md.
 #pragma once

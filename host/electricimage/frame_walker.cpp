@@ -35,9 +35,11 @@ EIFrameWalker::EIFrameWalker(const std::filesystem::path& path)
     if (Read(0, bytes))
         fHeader = DecodeFileHeader(bytes);
     if (fHeader.frameCount == 0 || fHeader.version >= kFirstUnknownVersion)
-        throw Failure(TextOf(path) + " is not an ElectricImage file: version " + std::to_string(fHeader.version) +
-                          ", " + std::to_string(fHeader.frameCount) + " frames",
-                      "A file of this format has a version below 256 and at least one frame.", kHostCannotRead);
+        throw Failure(TextOf(path) + " is not an ElectricImage file: version " +
+                          std::to_string(fHeader.version) + ", " +
+                          std::to_string(fHeader.frameCount) + " frames",
+                      "A file of this format has a version below 256 and at least one frame.",
+                      kHostCannotRead);
 }
 
 std::optional<EIFrameReport> EIFrameWalker::Next()
@@ -65,10 +67,13 @@ void EIFrameWalker::FindFaults(EIFrameReport& frame) const
         if (found)
             frame.faults.push_back(text);
     };
-    const bool alphaGood = fields.alphaDepth == 0 || (fields.bitDepth == 24 && fields.alphaDepth == 8);
-    fault(fields.frameType > kEIDepthFrame, "unknown frame type " + std::to_string(fields.frameType));
+    const bool alphaGood =
+        fields.alphaDepth == 0 || (fields.bitDepth == 24 && fields.alphaDepth == 8);
+    fault(fields.frameType > kEIDepthFrame,
+          "unknown frame type " + std::to_string(fields.frameType));
     fault(fields.packing > 1, "unknown packing " + std::to_string(fields.packing));
-    fault(!alphaGood, std::to_string(fields.alphaDepth) + " bits of alpha beside " + std::to_string(fields.bitDepth));
+    fault(!alphaGood, std::to_string(fields.alphaDepth) + " bits of alpha beside " +
+                          std::to_string(fields.bitDepth));
     fault(alphaGood && !IsKnownLayout(fields),
           "unknown pixel length of " + std::to_string(fields.PixelBits()) + " bits");
     fault(fields.Width() < 1 || fields.Height() < 1, "bounds without pixels");

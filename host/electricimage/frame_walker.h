@@ -1,7 +1,7 @@
 // Walks the frames of an ElectricImage file by their headers, without a look at the pixels.
 //
-// Nothing in the file is trusted: a walk reads headers only, ends where the file ends, and tells what is wrong with each
-// frame instead of giving up.
+// Nothing in the file is trusted: a walk reads headers only, ends where the file ends, and tells
+// what is wrong with each frame instead of giving up.
 #pragma once
 
 #include "electricimage/frame_layout.h"
@@ -24,7 +24,8 @@ struct EIFrameReport {
 
 class EIFrameWalker {
 public:
-    // Opens the file and reads its header. Throws Failure when it can't be read or isn't of this format.
+    // Opens the file and reads its header. Throws Failure when it can't be read or isn't of this
+    // format.
     explicit EIFrameWalker(const std::filesystem::path& path);
 
     const EIFileFields& File() const { return fHeader; }

@@ -11,7 +11,10 @@
 
 // What a HostFile points at.
 struct HostFileBlock {
-    HostFileBlock(Host::RawFile file, int16_t mode, size_t bufferSize) : fFile(std::move(file), mode, bufferSize) {}
+    HostFileBlock(Host::RawFile file, int16_t mode, size_t bufferSize)
+        : fFile(std::move(file), mode, bufferSize)
+    {
+    }
 
     Host::BufferedFile fFile;
 };

@@ -18,14 +18,16 @@ size_t gBufferSize = Host::kDefaultFileBuffer;
 
 FileBinding* FindBinding(const HostFormatRecord* record)
 {
-    const auto found = std::ranges::find(Bindings(), record, [](const auto& binding) { return binding->Record(); });
+    const auto found = std::ranges::find(Bindings(), record,
+                                         [](const auto& binding) { return binding->Record(); });
     return found == Bindings().end() ? nullptr : found->get();
 }
 
 // The binding that a file belongs to; null for a handle that was closed or never given out.
 FileBinding* FindOwner(HostFile file)
 {
-    const auto found = std::ranges::find_if(Bindings(), [&](const auto& binding) { return binding->Owns(file); });
+    const auto found =
+        std::ranges::find_if(Bindings(), [&](const auto& binding) { return binding->Owns(file); });
     return found == Bindings().end() ? nullptr : found->get();
 }
 
@@ -71,7 +73,8 @@ int64_t FastGetPosition(HostFile file)
 
 int16_t FastSetPosition(HostFile file, int16_t mode, int64_t offset)
 {
-    return file ? Noted(file, file->fFile.Seek(mode, offset)) : static_cast<int16_t>(kHostBadParameter);
+    return file ? Noted(file, file->fFile.Seek(mode, offset))
+                : static_cast<int16_t>(kHostBadParameter);
 }
 
 int16_t FastClose(HostFile file)
@@ -84,7 +87,8 @@ int16_t FileServiceBind(const HostFormatRecord* record, const char* path)
 try {
     FileServiceUnbind(record);
     const std::string_view text(path);
-    Bindings().push_back(std::make_unique<FileBinding>(record, std::u8string(text.begin(), text.end())));
+    Bindings().push_back(
+        std::make_unique<FileBinding>(record, std::u8string(text.begin(), text.end())));
     return kHostNoError;
 } catch (...) {
     return kHostMemoryFull;

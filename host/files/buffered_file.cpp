@@ -18,7 +18,8 @@ int64_t BufferedFile::Position() const
     return fWriting ? fBase + (fWrite.cursor - fBuffer.get()) : fBase - (fRead.end - fRead.cursor);
 }
 
-// The window is too short: deliver it, then either fill it anew or, for a large request, read past it.
+// The window is too short: deliver it, then either fill it anew or, for a large request, read past
+// it.
 int16_t BufferedFile::ReadMore(int64_t& count, void* bytes)
 {
     const int64_t wanted = count;
@@ -50,7 +51,8 @@ int16_t BufferedFile::ReadMore(int64_t& count, void* bytes)
     return result != kHostNoError ? result : static_cast<int16_t>(kHostEndOfFile);
 }
 
-// The room is too short: what is held goes out first, so that the bytes reach the file in the order of the calls.
+// The room is too short: what is held goes out first, so that the bytes reach the file in the order
+// of the calls.
 int16_t BufferedFile::WriteMore(int64_t count, const void* bytes)
 {
     if (!fWriting || !fFile.IsOpen())

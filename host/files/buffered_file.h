@@ -1,8 +1,9 @@
 // A file with a position and a buffer, so that a call for a byte or two costs a few instructions.
 //
-// Invariant: at any time at most one window is in use. In a file opened to read, fRead spans the bytes of the buffer that
-// are not yet delivered; in a file opened to write, fWrite spans the room that is left. The window of the other direction
-// stays empty, so the fast paths below need no question about the mode: they just don't apply.
+// Invariant: at any time at most one window is in use. In a file opened to read, fRead spans the
+// bytes of the buffer that are not yet delivered; in a file opened to write, fWrite spans the room
+// that is left. The window of the other direction stays empty, so the fast paths below need no
+// question about the mode: they just don't apply.
 #pragma once
 
 #include "files/raw_file.h"
@@ -18,13 +19,15 @@ inline constexpr size_t kDefaultFileBuffer = size_t{256} * 1024;
 
 class BufferedFile {
 public:
-    // Takes an open file. `mode` is kHostOpenToRead or kHostOpenToWrite; `bufferSize` is in bytes, at least 1.
+    // Takes an open file. `mode` is kHostOpenToRead or kHostOpenToWrite; `bufferSize` is in bytes,
+    // at least 1.
     BufferedFile(RawFile file, int16_t mode, size_t bufferSize = kDefaultFileBuffer);
     ~BufferedFile() { Close(); }
     BufferedFile(const BufferedFile&) = delete;
     BufferedFile& operator=(const BufferedFile&) = delete;
 
-    // Reads `count` bytes and leaves in `count` how many came; fewer than asked for is kHostEndOfFile or a read error.
+    // Reads `count` bytes and leaves in `count` how many came; fewer than asked for is
+    // kHostEndOfFile or a read error.
     int16_t Read(int64_t& count, void* bytes)
     {
         if (!fRead.Has(count))
@@ -34,7 +37,8 @@ public:
         return kHostNoError;
     }
 
-    // Takes `count` bytes. What the disk says of them may come at a later call, at the latest at Close.
+    // Takes `count` bytes. What the disk says of them may come at a later call, at the latest at
+    // Close.
     int16_t Write(int64_t count, const void* bytes)
     {
         if (!fWrite.Has(count))
@@ -46,11 +50,12 @@ public:
 
     int64_t Position() const;
 
-    // Moves the position as FastSetPosition does. Any place at or behind the start is allowed; reading behind the end
-    // delivers nothing, writing behind the end leaves zeros between.
+    // Moves the position as FastSetPosition does. Any place at or behind the start is allowed;
+    // reading behind the end delivers nothing, writing behind the end leaves zeros between.
     int16_t Seek(int16_t mode, int64_t offset);
 
-    // Writes what is held back and closes. The first failure of any write of this file is the result.
+    // Writes what is held back and closes. The first failure of any write of this file is the
+    // result.
     int16_t Close();
 
 private:
@@ -59,7 +64,10 @@ private:
         unsigned char* end = nullptr;
 
         // A negative count is a very large one here, and so never fits.
-        bool Has(int64_t count) const { return static_cast<uint64_t>(count) <= static_cast<uint64_t>(end - cursor); }
+        bool Has(int64_t count) const
+        {
+            return static_cast<uint64_t>(count) <= static_cast<uint64_t>(end - cursor);
+        }
     };
 
     // Pixels and control bytes come one to four bytes at a time: those are copied without a call.
@@ -90,7 +98,8 @@ private:
     size_t fBufferSize;
     Window fRead;
     Window fWrite;
-    int64_t fBase = 0;               // reading: the file offset of fRead.end; writing: that of the buffer's first byte
+    int64_t fBase =
+        0; // reading: the file offset of fRead.end; writing: that of the buffer's first byte
     int16_t fFailure = kHostNoError; // of a write, kept until Close
     bool fWriting;
 };

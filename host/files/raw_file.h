@@ -1,7 +1,7 @@
 // An open file, read and written by offset.
 //
-// There is no current position and no buffer: each call is one request to the system, so callers bring large blocks.
-// Results are codes of the host's protocol (lumograph/results.h).
+// There is no current position and no buffer: each call is one request to the system, so callers
+// bring large blocks. Results are codes of the host's protocol (lumograph/results.h).
 #pragma once
 
 #include <cstddef>
@@ -25,8 +25,8 @@ public:
 
     bool IsOpen() const { return fHandle != kNoHandle; }
 
-    // Reads at `offset` until `count` bytes are there or the file ends; `count` then holds how many were delivered.
-    // The end of the file is no failure here.
+    // Reads at `offset` until `count` bytes are there or the file ends; `count` then holds how many
+    // were delivered. The end of the file is no failure here.
     int16_t ReadAt(int64_t offset, void* bytes, size_t& count) const;
 
     // Writes all of the bytes at `offset`.
@@ -35,7 +35,8 @@ public:
     // The file's length in bytes, or -1.
     int64_t Size() const;
 
-    // Closes the file; a write that the system held back can fail here. Closing a closed file does nothing.
+    // Closes the file; a write that the system held back can fail here. Closing a closed file does
+    // nothing.
     int16_t Close();
 
 private:

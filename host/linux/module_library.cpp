@@ -11,7 +11,8 @@ ModuleLibrary::ModuleLibrary(const std::filesystem::path& path)
     : fHandle(dlopen(std::filesystem::absolute(path).c_str(), RTLD_NOW | RTLD_LOCAL))
 {
     if (!fHandle)
-        throw Failure("the module can't be loaded: " + std::string(dlerror()), "Name another one with --module PATH.");
+        throw Failure("the module can't be loaded: " + std::string(dlerror()),
+                      "Name another one with --module PATH.");
 }
 
 ModuleLibrary::~ModuleLibrary()
@@ -29,7 +30,8 @@ std::span<const std::byte> ModuleLibrary::ResourceBytes(const char* type, const 
     const auto find = FindFunction<HostModuleResource>("ModuleResource");
     size_t size = 0;
     const void* bytes = find ? find(type, name, &size) : nullptr;
-    return bytes ? std::span(static_cast<const std::byte*>(bytes), size) : std::span<const std::byte>();
+    return bytes ? std::span(static_cast<const std::byte*>(bytes), size)
+                 : std::span<const std::byte>();
 }
 
 std::filesystem::path ModuleLibrary::DefaultPath()

@@ -27,10 +27,13 @@ uint8_t Paeth(int left, int up, int corner)
 }
 
 // Writes the filter's number and the differences of `row` to what the filter foretells.
-void FilterRow(RowFilter filter, const uint8_t* row, const uint8_t* up, size_t bytes, size_t pixel, uint8_t* out)
+void FilterRow(RowFilter filter, const uint8_t* row, const uint8_t* up, size_t bytes, size_t pixel,
+               uint8_t* out)
 {
     *out++ = filter;
-    const auto leftOf = [&](const uint8_t* line, size_t i) { return i < pixel ? 0 : int{line[i - pixel]}; };
+    const auto leftOf = [&](const uint8_t* line, size_t i) {
+        return i < pixel ? 0 : int{line[i - pixel]};
+    };
     switch (filter) {
     case kNone:
         std::copy_n(row, bytes, out);
@@ -127,14 +130,17 @@ void PngBands::Finish()
 void PngBands::Submit(bool last)
 {
     Band next;
-    next.before = fBand.rows.empty() ? fBand.before
-                                     : std::vector<uint8_t>(fBand.rows.end() - static_cast<ptrdiff_t>(fLayout.rowBytes),
-                                                            fBand.rows.end());
+    next.before =
+        fBand.rows.empty()
+            ? fBand.before
+            : std::vector<uint8_t>(fBand.rows.end() - static_cast<ptrdiff_t>(fLayout.rowBytes),
+                                   fBand.rows.end());
     fBand.last = last;
     while (fPacking.size() > std::max(std::thread::hardware_concurrency(), 1u))
         PutOldest();
-    fPacking.push_back(
-        std::async(std::launch::async, [layout = fLayout, band = std::move(fBand)] { return Pack(layout, band); }));
+    fPacking.push_back(std::async(std::launch::async, [layout = fLayout, band = std::move(fBand)] {
+        return Pack(layout, band);
+    }));
     fBand = std::move(next);
 }
 
@@ -142,7 +148,8 @@ void PngBands::PutOldest()
 {
     const Piece piece = fPacking.front().get();
     fPacking.pop_front();
-    fChecksum = static_cast<uint32_t>(adler32_combine(fChecksum, piece.checksum, static_cast<z_off_t>(piece.length)));
+    fChecksum = static_cast<uint32_t>(
+        adler32_combine(fChecksum, piece.checksum, static_cast<z_off_t>(piece.length)));
     fPut(piece.bytes);
 }
 
@@ -153,7 +160,8 @@ std::vector<uint8_t> PngBands::Filter(const PngBandLayout& layout, const Band& b
     std::vector<uint8_t> trial(bytes + 1);
     const uint8_t* up = band.before.data();
     uint8_t* out = filtered.data();
-    for (const uint8_t* row = band.rows.data(); row < band.rows.data() + band.rows.size(); row += bytes) {
+    for (const uint8_t* row = band.rows.data(); row < band.rows.data() + band.rows.size();
+         row += bytes) {
         const bool plain = layout.indexed || layout.level == 0;
         FilterRow(plain ? kNone : kSub, row, up, bytes, layout.pixelBytes, out);
         if (!plain && layout.level > 1) {
@@ -176,11 +184,14 @@ std::vector<uint8_t> PngBands::Filter(const PngBandLayout& layout, const Band& b
 PngBands::Piece PngBands::Pack(const PngBandLayout& layout, const Band& band)
 {
     std::vector<uint8_t> filtered = Filter(layout, band);
-    const int strategy = layout.indexed ? Z_DEFAULT_STRATEGY : layout.level <= 1 ? Z_RLE : Z_FILTERED;
+    const int strategy = layout.indexed      ? Z_DEFAULT_STRATEGY
+                         : layout.level <= 1 ? Z_RLE
+                                             : Z_FILTERED;
     Deflater deflater(layout.level, strategy);
     Piece piece;
     piece.length = filtered.size();
-    piece.checksum = static_cast<uint32_t>(adler32(1, filtered.data(), static_cast<uInt>(filtered.size())));
+    piece.checksum =
+        static_cast<uint32_t>(adler32(1, filtered.data(), static_cast<uInt>(filtered.size())));
     piece.bytes = deflater.Pack(filtered, band.last ? Z_FINISH : Z_SYNC_FLUSH);
     return piece;
 }

@@ -1,5 +1,6 @@
-// Packs the rows of a PNG picture on all processors: bands of rows become pieces of one zlib stream, each packed on its
-// own, with a point between them where a reader needs nothing from before.
+// Packs the rows of a PNG picture on all processors: bands of rows become pieces of one zlib
+// stream, each packed on its own, with a point between them where a reader needs nothing from
+// before.
 #pragma once
 
 #include <cstddef>
@@ -16,12 +17,14 @@ struct PngBandLayout {
     size_t rowBytes;
     size_t pixelBytes;
     bool indexed; // neighbouring indices tell nothing of each other: rows stay unfiltered
-    int level;    // of zlib, 0 to 9; at 1 the rows are only filtered and packed by runs and frequencies
+    int level;    // of zlib, 0 to 9; at 1 the rows are only filtered and packed by runs and
+                  // frequencies
 };
 
 class PngBands {
 public:
-    // `put` receives the stream piece by piece, in order, in calls of AddRows and Finish; it may throw.
+    // `put` receives the stream piece by piece, in order, in calls of AddRows and Finish; it may
+    // throw.
     using Put = std::function<void(std::span<const uint8_t>)>;
     PngBands(const PngBandLayout& layout, Put put);
 

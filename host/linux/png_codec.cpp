@@ -1,5 +1,6 @@
-// PNG through libpng; the pixels of written pictures are packed by PngBands. libpng reports errors by a jump back to setjmp: the functions that set one hold no objects that
-// need an end of their own, and what outlives the jump stands in the class.
+// PNG through libpng; the pixels of written pictures are packed by PngBands. libpng reports errors
+// by a jump back to setjmp: the functions that set one hold no objects that need an end of their
+// own, and what outlives the jump stands in the class.
 #include "pictures/png_codec.h"
 
 #include "failure.h"
@@ -121,7 +122,8 @@ private:
 
     void ReadPixels()
     {
-        fPixels = std::make_unique_for_overwrite<uint8_t[]>(fInfo.RowBytes() * static_cast<size_t>(fInfo.height));
+        fPixels = std::make_unique_for_overwrite<uint8_t[]>(fInfo.RowBytes() *
+                                                            static_cast<size_t>(fInfo.height));
         std::vector<png_bytep> rows;
         for (int32_t y = 0; y < fInfo.height; ++y)
             rows.push_back(fPixels.get() + static_cast<size_t>(y) * fInfo.RowBytes());
@@ -172,7 +174,10 @@ public:
         fBands.emplace(layout, [this](std::span<const uint8_t> bytes) { PutChunk("IDAT", bytes); });
     }
 
-    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override { fBands->AddRows(rows, stride, count); }
+    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override
+    {
+        fBands->AddRows(rows, stride, count);
+    }
 
     void Finish() override
     {
@@ -202,8 +207,9 @@ private:
 
     void WriteHeader()
     {
-        png_set_IHDR(fPng, fHeader, static_cast<png_uint_32>(fInfo.width), static_cast<png_uint_32>(fInfo.height), 8,
-                     ColourType(), PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+        png_set_IHDR(fPng, fHeader, static_cast<png_uint_32>(fInfo.width),
+                     static_cast<png_uint_32>(fInfo.height), 8, ColourType(), PNG_INTERLACE_NONE,
+                     PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         if (fInfo.mode == PictureMode::kIndexed)
             WritePalette();
         png_write_info(fPng, fHeader);
@@ -219,8 +225,10 @@ private:
 
     void PutChunk(const char* type, std::span<const uint8_t> bytes)
     {
-        RequirePng(Guarded(
-            fPng, [&] { png_write_chunk(fPng, reinterpret_cast<png_const_bytep>(type), bytes.data(), bytes.size()); }));
+        RequirePng(Guarded(fPng, [&] {
+            png_write_chunk(fPng, reinterpret_cast<png_const_bytep>(type), bytes.data(),
+                            bytes.size());
+        }));
     }
 
     void RequirePng(bool good)

@@ -78,8 +78,8 @@ int16_t RawFile::ReadAt(int64_t offset, void* bytes, size_t& count) const
     size_t done = 0;
     int16_t result = kHostNoError;
     while (done < count) {
-        const ssize_t now =
-            pread(Descriptor(fHandle), target + done, count - done, offset + static_cast<int64_t>(done));
+        const ssize_t now = pread(Descriptor(fHandle), target + done, count - done,
+                                  offset + static_cast<int64_t>(done));
         if (now < 0 && errno == EINTR)
             continue;
         if (now < 0)
@@ -119,7 +119,8 @@ int16_t RawFile::Close()
     if (!IsOpen())
         return kHostNoError;
     const int closed = close(Descriptor(std::exchange(fHandle, kNoHandle)));
-    return closed == 0 || errno == EINTR ? static_cast<int16_t>(kHostNoError) : ResultOf(errno, kHostIoError);
+    return closed == 0 || errno == EINTR ? static_cast<int16_t>(kHostNoError)
+                                         : ResultOf(errno, kHostIoError);
 }
 
 } // namespace Host

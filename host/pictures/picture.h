@@ -1,5 +1,5 @@
-// Pictures as they pass between picture files, the driver of modules and the frame encoder: 8 bits a channel, the
-// channels of a pixel side by side, rows from the top.
+// Pictures as they pass between picture files, the driver of modules and the frame encoder: 8 bits
+// a channel, the channels of a pixel side by side, rows from the top.
 #pragma once
 
 #include "lumograph/records.h"
@@ -48,13 +48,13 @@ public:
     virtual ~PictureSource() = default;
     virtual const PictureInfo& Info() const = 0;
 
-    // The pixels of a row, Info().RowBytes() of them, valid until the next call. Rows may be asked for in any order;
-    // from the top down is fastest.
+    // The pixels of a row, Info().RowBytes() of them, valid until the next call. Rows may be asked
+    // for in any order; from the top down is fastest.
     virtual const uint8_t* Row(int32_t y) = 0;
 };
 
-// A picture to be written. Nothing stands under the file's name before Finish; an object that ends without it leaves
-// nothing behind. Failures are thrown as Failure.
+// A picture to be written. Nothing stands under the file's name before Finish; an object that ends
+// without it leaves nothing behind. Failures are thrown as Failure.
 class PictureSink {
 public:
     virtual ~PictureSink() = default;

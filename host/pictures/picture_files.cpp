@@ -15,8 +15,9 @@ namespace {
 std::string LowerExtension(const std::filesystem::path& path)
 {
     std::string extension = TextOf(path.extension());
-    std::ranges::transform(extension, extension.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::ranges::transform(extension, extension.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
     return extension;
 }
 
@@ -33,12 +34,14 @@ std::unique_ptr<PictureSource> OpenPicture(const std::filesystem::path& path)
         return OpenPnm(std::move(file), path);
     if (magic != std::array{'\x89', 'P'})
         throw Failure(TextOf(path) + " is not a picture that this program reads",
-                      "Give it a PNG, PGM, PPM or PAM file; convert others first.", kHostCannotRead);
+                      "Give it a PNG, PGM, PPM or PAM file; convert others first.",
+                      kHostCannotRead);
     file.Close();
     return OpenPng(path);
 }
 
-std::unique_ptr<PictureSink> CreatePicture(const std::filesystem::path& path, const PictureOptions& options)
+std::unique_ptr<PictureSink> CreatePicture(const std::filesystem::path& path,
+                                           const PictureOptions& options)
 {
     const std::string extension = LowerExtension(path);
     if (extension == ".png")
@@ -47,7 +50,8 @@ std::unique_ptr<PictureSink> CreatePicture(const std::filesystem::path& path, co
         return CreatePnm(path, PnmKind::kPnm);
     if (extension == ".pam")
         return CreatePnm(path, PnmKind::kPam);
-    throw Failure("the extension of " + TextOf(path) + " names no picture format that this program writes",
+    throw Failure("the extension of " + TextOf(path) +
+                      " names no picture format that this program writes",
                   "Use .png, or .ppm, .pgm or .pam for plain pixels.", kHostBadMode);
 }
 

@@ -15,7 +15,9 @@ struct PictureOptions {
 // Opens a picture of any of the formats, told by its first bytes. Throws Failure.
 std::unique_ptr<PictureSource> OpenPicture(const std::filesystem::path& path);
 
-// A sink for the format that the name's extension tells. Throws Failure for an extension that is none of them.
-std::unique_ptr<PictureSink> CreatePicture(const std::filesystem::path& path, const PictureOptions& options);
+// A sink for the format that the name's extension tells. Throws Failure for an extension that is
+// none of them.
+std::unique_ptr<PictureSink> CreatePicture(const std::filesystem::path& path,
+                                           const PictureOptions& options);
 
 } // namespace Host

@@ -101,7 +101,8 @@ Header ParseHeader(std::string_view text)
 
 class PnmSource final : public PictureSource {
 public:
-    PnmSource(RawFile file, const std::filesystem::path& path) : fFile(std::move(file)), fName(TextOf(path))
+    PnmSource(RawFile file, const std::filesystem::path& path)
+        : fFile(std::move(file)), fName(TextOf(path))
     {
         std::string text(kHeaderLimit, '\0');
         size_t count = text.size();
@@ -129,13 +130,14 @@ public:
 private:
     void Check(const Header& header) const
     {
-        const bool sized =
-            std::min(header.width, header.height) >= 1 && std::max(header.width, header.height) <= kLargestSide;
+        const bool sized = std::min(header.width, header.height) >= 1 &&
+                           std::max(header.width, header.height) <= kLargestSide;
         const bool kind = header.planes == 1 || header.planes == 3 || header.planes == 4;
         if (!sized || !kind || header.maximum != 255)
-            throw Failure(fName + " has a header that this program can't read",
-                          "The sides must be 1 to 1000000, the planes 1, 3 or 4, and the greatest value 255.",
-                          kHostCannotRead);
+            throw Failure(
+                fName + " has a header that this program can't read",
+                "The sides must be 1 to 1000000, the planes 1, 3 or 4, and the greatest value 255.",
+                kHostCannotRead);
     }
 
     void LoadBand(int32_t y)
@@ -146,7 +148,8 @@ private:
         const size_t wanted = static_cast<size_t>(rows) * fInfo.RowBytes();
         fBand.resize(wanted);
         size_t count = wanted;
-        const int64_t offset = fPixels + static_cast<int64_t>(y) * static_cast<int64_t>(fInfo.RowBytes());
+        const int64_t offset =
+            fPixels + static_cast<int64_t>(y) * static_cast<int64_t>(fInfo.RowBytes());
         Require(fFile.ReadAt(offset, fBand.data(), count), fName);
         Require(count == wanted ? kHostNoError : kHostEndOfFile, fName);
         fHeld = rows;
@@ -164,13 +167,17 @@ private:
 
 class PnmSink final : public PictureSink {
 public:
-    PnmSink(const std::filesystem::path& path, PnmKind kind) : fPending(path), fName(TextOf(path)), fKind(kind) {}
+    PnmSink(const std::filesystem::path& path, PnmKind kind)
+        : fPending(path), fName(TextOf(path)), fKind(kind)
+    {
+    }
 
     void Begin(const PictureInfo& info) override
     {
         fInfo = info;
         if (info.planes == 4 && fKind == PnmKind::kPnm)
-            throw Failure(fName + " can't hold alpha", "Write a .pam or a .png file.", kHostBadMode);
+            throw Failure(fName + " can't hold alpha", "Write a .pam or a .png file.",
+                          kHostBadMode);
         RawFile file;
         Require(fPending.Create(file), fName);
         fFile.emplace(std::move(file), kHostOpenToWrite);
@@ -202,7 +209,8 @@ private:
     std::string HeaderText() const
     {
         const int32_t planes = fInfo.mode == PictureMode::kIndexed ? 3 : fInfo.planes;
-        const std::string width = std::to_string(fInfo.width), height = std::to_string(fInfo.height);
+        const std::string width = std::to_string(fInfo.width),
+                          height = std::to_string(fInfo.height);
         if (fKind == PnmKind::kPnm)
             return (planes == 1 ? "P5\n" : "P6\n") + width + " " + height + "\n255\n";
         const char* tuple = planes == 1 ? "GRAYSCALE" : planes == 3 ? "RGB" : "RGB_ALPHA";
@@ -210,7 +218,10 @@ private:
                "\nMAXVAL 255\nTUPLTYPE " + tuple + "\nENDHDR\n";
     }
 
-    void Put(const void* bytes, size_t count) { Require(fFile->Write(static_cast<int64_t>(count), bytes), fName); }
+    void Put(const void* bytes, size_t count)
+    {
+        Require(fFile->Write(static_cast<int64_t>(count), bytes), fName);
+    }
 
     void PutColours(const uint8_t* indices)
     {

@@ -1,4 +1,5 @@
-// The plain formats PGM ("P5"), PPM ("P6") and PAM ("P7"): a short text header, then the bytes of the rows.
+// The plain formats PGM ("P5"), PPM ("P6") and PAM ("P7"): a short text header, then the bytes of
+// the rows.
 #pragma once
 
 #include "files/raw_file.h"

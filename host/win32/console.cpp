@@ -9,7 +9,8 @@ namespace {
 
 std::atomic<bool> gInterrupted = false;
 
-// Called on a thread of the system's. The first interrupt is taken; the next one goes to the system, which ends us.
+// Called on a thread of the system's. The first interrupt is taken; the next one goes to the
+// system, which ends us.
 BOOL WINAPI OnInterrupt(DWORD event)
 {
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)

@@ -22,7 +22,8 @@ std::string ToUtf8(const wchar_t* text)
 int main()
 {
     int count = 0;
-    const std::unique_ptr<LPWSTR, decltype(&LocalFree)> wide(CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+    const std::unique_ptr<LPWSTR, decltype(&LocalFree)> wide(
+        CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
     std::vector<std::string> arguments;
     for (int i = 1; i < count; ++i)
         arguments.push_back(ToUtf8(wide.get()[i]));

@@ -9,10 +9,12 @@
 namespace Host {
 
 ModuleLibrary::ModuleLibrary(const std::filesystem::path& path)
-    : fHandle(LoadLibraryExW(std::filesystem::absolute(path).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH))
+    : fHandle(LoadLibraryExW(std::filesystem::absolute(path).c_str(), nullptr,
+                             LOAD_WITH_ALTERED_SEARCH_PATH))
 {
     if (!fHandle)
-        throw Failure("the module " + TextOf(path) + " can't be loaded: system error " + std::to_string(GetLastError()),
+        throw Failure("the module " + TextOf(path) + " can't be loaded: system error " +
+                          std::to_string(GetLastError()),
                       "Name another one with --module PATH.");
 }
 
@@ -23,7 +25,8 @@ ModuleLibrary::~ModuleLibrary()
 
 ModuleLibrary::Address ModuleLibrary::FindAddress(const char* name) const
 {
-    return reinterpret_cast<Address>(reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(fHandle), name)));
+    return reinterpret_cast<Address>(
+        reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(fHandle), name)));
 }
 
 std::span<const std::byte> ModuleLibrary::ResourceBytes(const char* type, const char* name) const

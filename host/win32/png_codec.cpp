@@ -59,8 +59,9 @@ void Check(HRESULT result, const std::string& name, int16_t code)
 {
     if (SUCCEEDED(result))
         return;
-    throw Failure(name + ": the picture codec failed with " + std::to_string(result) + ". " + ResultLine(code), {},
-                  code);
+    throw Failure(name + ": the picture codec failed with " + std::to_string(result) + ". " +
+                      ResultLine(code),
+                  {}, code);
 }
 
 struct Codec {
@@ -69,8 +70,8 @@ struct Codec {
 
     explicit Codec(const std::string& name, int16_t code)
     {
-        Check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
-                               factory.PutVoid()),
+        Check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                               IID_IWICImagingFactory, factory.PutVoid()),
               name, code);
     }
 };
@@ -110,15 +111,17 @@ bool HasAlpha(const GUID& format)
 {
     const GUID* const alphas[] = {&GUID_WICPixelFormat32bppBGRA, &GUID_WICPixelFormat32bppRGBA,
                                   &GUID_WICPixelFormat64bppRGBA, &GUID_WICPixelFormat64bppBGRA};
-    return std::ranges::any_of(alphas, [&](const GUID* alpha) { return IsEqualGUID(*alpha, format) != 0; });
+    return std::ranges::any_of(alphas,
+                               [&](const GUID* alpha) { return IsEqualGUID(*alpha, format) != 0; });
 }
 
 class PngSource final : public PictureSource {
 public:
-    explicit PngSource(const std::filesystem::path& path) : fName(TextOf(path)), fCodec(fName, kHostCannotRead)
+    explicit PngSource(const std::filesystem::path& path)
+        : fName(TextOf(path)), fCodec(fName, kHostCannotRead)
     {
-        Need(fCodec.factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ,
-                                                       WICDecodeMetadataCacheOnDemand, fDecoder.Put()));
+        Need(fCodec.factory->CreateDecoderFromFilename(
+            path.c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand, fDecoder.Put()));
         Need(fDecoder->GetFrame(0, fFrame.Put()));
         UINT width = 0, height = 0;
         Need(fFrame->GetSize(&width, &height));
@@ -143,8 +146,9 @@ private:
 
     void DescribePicture()
     {
-        const auto small = std::ranges::find_if(
-            kSmallFormats, [&](const SmallFormat& known) { return IsEqualGUID(known.format, fFormat) != 0; });
+        const auto small = std::ranges::find_if(kSmallFormats, [&](const SmallFormat& known) {
+            return IsEqualGUID(known.format, fFormat) != 0;
+        });
         fInfo.mode = PictureMode::kRgb;
         fInfo.planes = HasAlpha(fFormat) ? 4 : 3;
         if (small != std::end(kSmallFormats)) {
@@ -196,7 +200,8 @@ private:
         Need(converter->Initialize(fFrame.Get(), wanted, WICBitmapDitherTypeNone, nullptr, 0,
                                    WICBitmapPaletteTypeCustom));
         for (int32_t y = 0; y < fInfo.height; ++y)
-            CopyRow(converter.Get(), y, fPixels.data() + static_cast<size_t>(y) * fInfo.RowBytes(), fInfo.RowBytes());
+            CopyRow(converter.Get(), y, fPixels.data() + static_cast<size_t>(y) * fInfo.RowBytes(),
+                    fInfo.RowBytes());
         if (fInfo.planes > 1)
             SwapRedAndBlue(fPixels.data(), fPixels.size(), fInfo.planes);
     }
@@ -212,7 +217,8 @@ private:
         for (int32_t y = 0; y < fInfo.height; ++y) {
             CopyRow(fFrame.Get(), y, packed.data(), packed.size());
             for (size_t bit = 0; bit < static_cast<size_t>(fInfo.width) * bits; bit += bits)
-                *out++ = static_cast<uint8_t>((packed[bit / 8] >> (8 - bits - bit % 8) & top) * scale);
+                *out++ =
+                    static_cast<uint8_t>((packed[bit / 8] >> (8 - bits - bit % 8) & top) * scale);
         }
     }
 
@@ -255,7 +261,8 @@ public:
         GUID format = Format();
         Need(fFrame->SetPixelFormat(&format));
         if (IsEqualGUID(format, Format()) == 0)
-            throw Failure(fName + ": the picture codec has no pixels of this kind", {}, kHostWriteError);
+            throw Failure(fName + ": the picture codec has no pixels of this kind", {},
+                          kHostWriteError);
         if (info.mode == PictureMode::kIndexed)
             WritePalette();
     }
@@ -267,7 +274,8 @@ public:
             std::copy_n(rows, fRow.size(), fRow.data());
             if (fInfo.planes > 1)
                 SwapRedAndBlue(fRow.data(), fRow.size(), fInfo.planes);
-            Need(fFrame->WritePixels(1, static_cast<UINT>(fRow.size()), static_cast<UINT>(fRow.size()), fRow.data()));
+            Need(fFrame->WritePixels(1, static_cast<UINT>(fRow.size()),
+                                     static_cast<UINT>(fRow.size()), fRow.data()));
         }
     }
 

@@ -62,8 +62,8 @@ RawFile& RawFile::operator=(RawFile&& other) noexcept
 int16_t RawFile::OpenToRead(const std::filesystem::path& path)
 {
     Close();
-    HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     fHandle = reinterpret_cast<intptr_t>(handle);
     if (!IsOpen())
         return ResultOf(GetLastError(), kHostIoError);
@@ -77,8 +77,9 @@ int16_t RawFile::OpenToRead(const std::filesystem::path& path)
 int16_t RawFile::Create(const std::filesystem::path& path)
 {
     Close();
-    HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE handle =
+        CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                    nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     fHandle = reinterpret_cast<intptr_t>(handle);
     return IsOpen() ? static_cast<int16_t>(kHostNoError) : ResultOf(GetLastError(), kHostIoError);
 }
@@ -92,7 +93,8 @@ int16_t RawFile::ReadAt(int64_t offset, void* bytes, size_t& count) const
         OVERLAPPED where = AtOffset(offset + static_cast<int64_t>(done));
         DWORD now = 0;
         const DWORD wanted = static_cast<DWORD>(std::min(count - done, kLargestRequest));
-        if (!ReadFile(SystemHandle(fHandle), target + done, wanted, &now, &where) && GetLastError() != ERROR_HANDLE_EOF)
+        if (!ReadFile(SystemHandle(fHandle), target + done, wanted, &now, &where) &&
+            GetLastError() != ERROR_HANDLE_EOF)
             result = kHostReadError;
         if (result != kHostNoError || now == 0)
             break;

@@ -1,9 +1,10 @@
-/* What every header of the host's protocol builds on: fixed-width types, layout checks and the version of the protocol.
+/* What every header of the host's protocol builds on: fixed-width types, layout checks and the
+ * version of the protocol.
  *
- * The protocol is plain C with the platform's default calling convention and 64-bit pointers. All values are in the
- * machine's own byte order, which is little-endian on every supported system. Records marked as packed are laid out
- * byte by byte as their offsets say, so that pointers may lie at addresses that are multiples of 4 only: copy such a
- * field, never take its address.
+ * The protocol is plain C with the platform's default calling convention and 64-bit pointers. All
+ * values are in the machine's own byte order, which is little-endian on every supported system.
+ * Records marked as packed are laid out byte by byte as their offsets say, so that pointers may lie
+ * at addresses that are multiples of 4 only: copy such a field, never take its address.
  *
  * These headers compile alone, as C11 and as C++20. */
 #ifndef LUMOGRAPH_BASE_H
@@ -23,7 +24,7 @@
 #endif
 
 /* Fails the build when a field of a record is not where the host puts it. */
-#define LUMOGRAPH_OFFSET(type, field, offset)                                                                          \
+#define LUMOGRAPH_OFFSET(type, field, offset)                                                      \
     LUMOGRAPH_ASSERT(offsetof(type, field) == (offset), #type "." #field " must lie at " #offset)
 
 LUMOGRAPH_ASSERT(sizeof(void*) == 8, "the host's protocol has 64-bit pointers");

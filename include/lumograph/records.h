@@ -32,9 +32,10 @@ LUMOGRAPH_OFFSET(HostPlaybackBlock, playMode, 2);
 /* The record of a file format. Fields that are not named here belong to the host. */
 typedef struct HostFormatRecord {
     uint8_t host00[4];
-    uint8_t (*abortCheck)(void);                            /* non-zero: stop, the user asked for it */
+    uint8_t (*abortCheck)(void); /* non-zero: stop, the user asked for it */
     void (*progressReport)(int32_t current, int32_t total); /* before each row */
-    int32_t memoryBudget; /* bytes; a prepare selector says what the module asks the host to leave to it */
+    int32_t memoryBudget; /* bytes; a prepare selector says what the module asks the host to leave
+                             to it */
     int32_t estimateMin;  /* bytes of the file to be written, at least */
     int32_t estimateMax;  /* and at most */
     uint8_t host20[0x20];
@@ -66,7 +67,8 @@ typedef struct HostFormatRecord {
     const HostHandleSuite* handleSuite;
     uint8_t host424[4];
     const void* hostProcsA;
-    int16_t (*exchangeRows)(void); /* passes exchangeRect between the picture and rowsAddress; 0 is success */
+    int16_t (*exchangeRows)(
+        void); /* passes exchangeRect between the picture and rowsAddress; 0 is success */
     const HostBasicSuite* basicSuite;
     uint8_t host440[0x10];
     const HostPlaybackBlock* playbackBlock; /* null: an ordinary run */

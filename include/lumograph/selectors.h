@@ -4,7 +4,8 @@
 
 #include "base.h"
 
-/* Entries of file formats. One host operation is prepare, start, continue (repeated while the host wishes), finish. */
+/* Entries of file formats. One host operation is prepare, start, continue (repeated while the host
+ * wishes), finish. */
 enum {
     kFormatAbout = 0, /* the record is a HostAboutRecord */
     kFormatReadPrepare = 1,
@@ -28,7 +29,8 @@ enum {
     kFormatExtension21 = 21,
     kFormatExtension22 = 22,
     kFormatExtension23 = 23,
-    kFormatLoad = 24,   /* once, when the property list says "LoadUnload": the module stays resident from here */
+    kFormatLoad = 24,   /* once, when the property list says "LoadUnload": the module stays resident
+                           from here */
     kFormatUnload = 25, /* the end of that */
     kFormatExtension26 = 26,
     kFormatForwardedFirst = 27,
@@ -54,6 +56,12 @@ enum {
 };
 
 /* Entries of exports. */
-enum { kExportAbout = 0, kExportPrepare = 1, kExportStart = 2, kExportFinish = 3, kExportParameters = 4 };
+enum {
+    kExportAbout = 0,
+    kExportPrepare = 1,
+    kExportStart = 2,
+    kExportFinish = 3,
+    kExportParameters = 4
+};
 
 #endif

@@ -1,4 +1,5 @@
-/* Function tables that the host hands to a module. A null pointer to a suite or to a function of it means: not there. */
+/* Function tables that the host hands to a module. A null pointer to a suite or to a function of it
+ * means: not there. */
 #ifndef LUMOGRAPH_SUITES_H
 #define LUMOGRAPH_SUITES_H
 
@@ -9,12 +10,14 @@ LUMOGRAPH_BEGIN
 /* A piece of memory that the host gave out; the address is to be had by locking it. */
 typedef struct HostBufferBlock* HostBuffer;
 
-/* Working memory for pixels. A module gives back each buffer that it was given, in the phase that asked for it. */
+/* Working memory for pixels. A module gives back each buffer that it was given, in the phase that
+ * asked for it. */
 typedef struct HostBufferSuite {
     int16_t version; /* kHostBufferSuiteVersion */
     int16_t count;   /* functions in the table, at least kHostBufferSuiteCount */
     uint8_t reserved[4];
-    /* Asks for `size` bytes, of any content. On 0 the buffer stands in `*buffer`; any other result leaves it alone. */
+    /* Asks for `size` bytes, of any content. On 0 the buffer stands in `*buffer`; any other result
+     * leaves it alone. */
     int16_t (*Allocate)(int32_t size, HostBuffer* buffer);
     /* Returns the address of the bytes, valid until Unlock, or null. */
     void* (*Lock)(HostBuffer buffer, uint8_t moveHigh);
@@ -45,7 +48,8 @@ typedef struct HostHandleSuite {
     uint8_t reserved[4];
     HostHandle (*New)(int32_t size); /* null when there is no memory */
     void (*Dispose)(HostHandle handle);
-    void* (*Lock)(HostHandle handle, uint8_t moveHigh); /* the address, valid until Unlock, or null */
+    void* (*Lock)(HostHandle handle,
+                  uint8_t moveHigh); /* the address, valid until Unlock, or null */
     void (*Unlock)(HostHandle handle);
     int32_t (*Size)(HostHandle handle);
 } HostHandleSuite;
@@ -62,7 +66,8 @@ LUMOGRAPH_OFFSET(HostHandleSuite, Size, 0x28);
 
 /* Where named suites come from. */
 typedef struct HostSuiteTable {
-    /* On 0 the suite's table stands in `*suite` until it is released as often as it was acquired. */
+    /* On 0 the suite's table stands in `*suite` until it is released as often as it was acquired.
+     */
     int32_t (*AcquireSuite)(const char* name, int32_t version, const void** suite);
     int32_t (*ReleaseSuite)(const char* name, int32_t version);
 } HostSuiteTable;
@@ -81,8 +86,10 @@ LUMOGRAPH_OFFSET(HostBasicSuite, suites, 0x08);
 enum { kHostPropertySuiteVersion = 1 };
 
 typedef struct HostPropertySuite {
-    /* On 0 a number stands in `*value` or a block in `*handle`, whichever kind the property is; either may be null. */
-    int32_t (*GetProperty)(uint32_t signature, uint32_t key, int32_t index, intptr_t* value, void** handle);
+    /* On 0 a number stands in `*value` or a block in `*handle`, whichever kind the property is;
+     * either may be null. */
+    int32_t (*GetProperty)(uint32_t signature, uint32_t key, int32_t index, intptr_t* value,
+                           void** handle);
 } HostPropertySuite;
 
 LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);

@@ -1,6 +1,6 @@
-#include "dialogs/settings_dialog.h"
-#include "dialogs/task.h"
-#include "view/process.h"
+#include "dialogs/settings/settings_dialog.h"
+#include "dialogs/settings/task.h"
+#include "view/process/process.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +34,10 @@ public:
         EXPECT_FALSE(send);
         fShown = Current();
     }
-    CMessenger* FocusOfControl(CObjID id) override { return id == CObjID("Test/Control") ? &fControl : nullptr; }
+    CMessenger* FocusOfControl(CObjID id) override
+    {
+        return id == CObjID("Test/Control") ? &fControl : nullptr;
+    }
     CMessenger* PreviewMessenger() override { return fHasPreview ? &fPreview : nullptr; }
     CMessenger& DialogMessenger() override { return fWindow; }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "formats/electricimage/choose_frame.h"
-#include "plugin/format_dialog.h"
+#include "plugin/format/format_dialog.h"
 
 #include <optional>
 
@@ -11,7 +11,8 @@ namespace Testing {
 class FrameAnswer {
 public:
     // A frame number to accept, or nothing to cancel.
-    explicit FrameAnswer(std::optional<uint32_t> frame) : fBefore(Project::SetFrameDialogMaker(Make)), fFrame(frame)
+    explicit FrameAnswer(std::optional<uint32_t> frame)
+        : fBefore(Project::SetFrameDialogMaker(Make)), fFrame(frame)
     {
         gAnswer = this;
     }

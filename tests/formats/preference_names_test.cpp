@@ -1,6 +1,6 @@
 #include "formats/electricimage/preference_names.h"
 
-#include "foundation/localize.h"
+#include "foundation/localization/localize.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
-// How pixels travel from the file to the host: layouts, packets, chunks, and the calls that this takes.
+// How pixels travel from the file to the host: layouts, packets, chunks, and the calls that this
+// takes.
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
@@ -14,8 +15,11 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 EIFrame Frame(const char* layout, int width, int height, Bytes pixels, uint8_t packing = 0)
 {
-    return {
-        .layout = Layout(layout), .width = width, .height = height, .packing = packing, .pixels = std::move(pixels)};
+    return {.layout = Layout(layout),
+            .width = width,
+            .height = height,
+            .packing = packing,
+            .pixels = std::move(pixels)};
 }
 
 class ReadPixels : public ModuleTest {
@@ -37,28 +41,30 @@ TEST_F(ReadPixels, EachLayoutAndPacketHasItsReadsAndSamples)
         EIFrame frame;
         std::vector<int64_t> reads; // of the pixels
         Bytes samples;
-    } const kRows[] = {{Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF}), {2, 2}, {1, 0, 1, 1, 0, 0, 1, 1, 0, 1,
-                                                                                     0, 0, 0, 0, 0, 0, 0, 1, 1, 0}},
-                       {Frame("indexed2", 5, 1, {0x1B, 0xC0}), {2}, {0, 1, 2, 3, 3}},
-                       {Frame("indexed4", 3, 1, {0xA5, 0xF0}), {2}, {10, 5, 15}},
-                       {Frame("indexed8", 3, 1, {0, 200, 255}), {3}, {0, 200, 255}},
-                       {Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84}),
-                        {8},
-                        {255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8}},
-                       {Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6}), {6}, {1, 2, 3, 4, 5, 6}},
-                       {Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6}), {8}, {1, 2, 3, 9, 4, 5, 6, 8}},
-                       {Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3}), {4}, {1, 2, 3, 9}},
-                       {Frame("depth32", 8, 1, depths), {32}, {0, 128, 255, 255, 0, 255, 0, 0}},
-                       {Frame("rgb24", 4, 1, {0x03, 1, 2, 3}, 1), {1, 3}, {1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}},
-                       {Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1), {1, 6}, {1, 2, 3, 4, 5, 6}},
-                       // A run of 7 over rows of 3, then a literal of 5 whose last two are never wanted.
-                       {Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE}, 1),
-                        {1, 1, 1, 2, 3},
-                        {9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5}},
-                       {Frame("indexed8", 1, 1, {0x7F, 9}, 1), {1, 1}, {9}},
-                       {Frame("indexed8", 2, 1, {0x01, 5}, 1), {1, 1}, {5, 5}},
-                       {Frame("indexed8", 1, 1, {0xFF, 7}, 1), {1, 1}, {7}},
-                       {Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1), {1, 1, 1, 1}, {3, 4}}};
+    } const kRows[] = {
+        {Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF}),
+         {2, 2},
+         {1, 0, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0}},
+        {Frame("indexed2", 5, 1, {0x1B, 0xC0}), {2}, {0, 1, 2, 3, 3}},
+        {Frame("indexed4", 3, 1, {0xA5, 0xF0}), {2}, {10, 5, 15}},
+        {Frame("indexed8", 3, 1, {0, 200, 255}), {3}, {0, 200, 255}},
+        {Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84}),
+         {8},
+         {255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8}},
+        {Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6}), {6}, {1, 2, 3, 4, 5, 6}},
+        {Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6}), {8}, {1, 2, 3, 9, 4, 5, 6, 8}},
+        {Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3}), {4}, {1, 2, 3, 9}},
+        {Frame("depth32", 8, 1, depths), {32}, {0, 128, 255, 255, 0, 255, 0, 0}},
+        {Frame("rgb24", 4, 1, {0x03, 1, 2, 3}, 1), {1, 3}, {1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}},
+        {Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1), {1, 6}, {1, 2, 3, 4, 5, 6}},
+        // A run of 7 over rows of 3, then a literal of 5 whose last two are never wanted.
+        {Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE}, 1),
+         {1, 1, 1, 2, 3},
+         {9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5}},
+        {Frame("indexed8", 1, 1, {0x7F, 9}, 1), {1, 1}, {9}},
+        {Frame("indexed8", 2, 1, {0x01, 5}, 1), {1, 1}, {5, 5}},
+        {Frame("indexed8", 1, 1, {0xFF, 7}, 1), {1, 1}, {7}},
+        {Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1), {1, 1, 1, 1}, {3, 4}}};
     for (const auto& [frame, reads, samples] : kRows) {
         EXPECT_EQ(Samples(frame), samples) << frame.layout.name;
         const auto all = host.Amounts(Kind::kRead);
@@ -94,7 +100,8 @@ TEST_F(ReadPixels, DepthFramesOfOtherLengths)
     for (const uint8_t bits : {0, 3, 12, 40, 255}) {
         frame.layout.bitDepth = bits;
         frame.layout.alphaDepth = 0;
-        EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostFailed, kFormatReadContinue})) << int{bits};
+        EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostFailed, kFormatReadContinue}))
+            << int{bits};
         EXPECT_THAT(alerts.texts, ElementsAre("Internal plane depth error")) << int{bits};
         alerts.texts.clear();
         EXPECT_EQ(host.Buffers(), size_t{0});
@@ -106,9 +113,9 @@ TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
     const EIFrame frame = Frame("rgb24", 10, 7, Bytes(210));
     host.memoryLimit = 3 * 30 + 29;
     Samples(frame);
-    EXPECT_THAT(
-        host.CallsOf(Kind::kExchange),
-        ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6}, HostCall{Kind::kExchange, 6, 7}));
+    EXPECT_THAT(host.CallsOf(Kind::kExchange),
+                ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6},
+                            HostCall{Kind::kExchange, 6, 7}));
     EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(90, 60));
     host.memoryLimit = 1 << 20;
     Samples(frame);
@@ -142,11 +149,13 @@ TEST_F(ReadPixels, AbortAndProgressComeBeforeEachRow)
     Samples(Frame("rgb24", 2, 3, Bytes(18)));
     std::vector<HostCall> rows;
     for (const HostCall& call : host.Calls())
-        if (call.kind == Kind::kAbort || call.kind == Kind::kProgress || (call.kind == Kind::kRead && call.a == 6))
+        if (call.kind == Kind::kAbort || call.kind == Kind::kProgress ||
+            (call.kind == Kind::kRead && call.a == 6))
             rows.push_back(call);
     std::vector<HostCall> expected = {{Kind::kRead, 6, 0}};
     for (int row = 0; row < 3; ++row)
-        expected.insert(expected.end(), {{Kind::kAbort, 0, 0}, {Kind::kProgress, row, 3}, {Kind::kRead, 6, 0}});
+        expected.insert(expected.end(),
+                        {{Kind::kAbort, 0, 0}, {Kind::kProgress, row, 3}, {Kind::kRead, 6, 0}});
     EXPECT_EQ(rows, expected);
 }
 
@@ -156,22 +165,29 @@ TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
     frame.low = frame.high = 0;
     host.memoryLimit = 4;
     const float above = std::nextafter(5.0F, 6.0F);
-    const Bytes packets = {0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0, 0, 0x40, 0, 0, 0x40, 0x40, 0, 0, 0x80, 0x40};
+    const Bytes packets = {0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0,    0,
+                           0x40, 0, 0, 0x40, 0x40, 0,    0, 0x80, 0x40};
     struct {
         const char* name;
         Bytes pixels, samples;
-    } const kRows[] = {{"a range and an infinity", FloatBytes({-1, 3, kInfinity, 1, 7, 2}), {0, 128, 255, 64, 255, 96}},
-                       {"equal values: a scale of 1", FloatBytes({5, 5, kInfinity, 5, 5, 5}), {0, 0, 255, 0, 0, 0}},
-                       {"nearly equal values too", FloatBytes({5, above, 5, above, 5, 5}), Bytes(6, 0)},
-                       {"infinities alone", FloatBytes(std::vector(6, kInfinity)), Bytes(6, 255)},
-                       {"packets", packets, {0, 0, 0, 85, 170, 255}}};
+    } const kRows[] = {
+        {"a range and an infinity",
+         FloatBytes({-1, 3, kInfinity, 1, 7, 2}),
+         {0, 128, 255, 64, 255, 96}},
+        {"equal values: a scale of 1",
+         FloatBytes({5, 5, kInfinity, 5, 5, 5}),
+         {0, 0, 255, 0, 0, 0}},
+        {"nearly equal values too", FloatBytes({5, above, 5, above, 5, 5}), Bytes(6, 0)},
+        {"infinities alone", FloatBytes(std::vector(6, kInfinity)), Bytes(6, 255)},
+        {"packets", packets, {0, 0, 0, 85, 170, 255}}};
     for (const auto& [name, pixels, samples] : kRows) {
         frame.pixels = pixels;
         frame.packing = pixels.size() < 24;
         EXPECT_EQ(Samples(frame), samples) << name;
         EXPECT_EQ(host.Count(Kind::kExchange), 2) << "the first pass is for the module alone";
         EXPECT_EQ(host.Count(Kind::kAbort), 6);
-        EXPECT_THAT(host.CallsOf(Kind::kSeek), ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 6 + 32 + 12}));
+        EXPECT_THAT(host.CallsOf(Kind::kSeek),
+                    ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 6 + 32 + 12}));
     }
 }
 
@@ -194,15 +210,18 @@ TEST_F(ReadPixels, RandomPicturesOfEveryLayoutComeBack)
     const auto upTo = [&](int most) { return std::uniform_int_distribution(1, most)(random); };
     for (int round = 0; round < 60; ++round)
         for (const EILayout& layout : AllLayouts()) {
-            EIFrame frame{.layout = layout, .width = upTo(round < 50 ? 40 : 700), .height = upTo(20)};
+            EIFrame frame{
+                .layout = layout, .width = upTo(round < 50 ? 40 : 700), .height = upTo(20)};
             frame.packing = static_cast<uint8_t>(round % 3 != 0);
             frame.lut = RandomLut(layout.frameType == 2 ? 0 : upTo(30), random);
             const Bytes rows = RandomRows(layout, frame.width, frame.height, random);
             frame.pixels = frame.packing ? EncodeRow(rows, layout.Unit()) : rows;
             ScriptableHost each;
             each.memoryLimit = int64_t{layout.planes} * frame.width * upTo(frame.height + 2);
-            ASSERT_EQ(each.Open(OneFrameFile(frame)), Outcome{}) << layout.name << " round " << round;
-            ASSERT_EQ(each.document.samples, PictureOf(frame, rows).samples) << layout.name << " round " << round;
+            ASSERT_EQ(each.Open(OneFrameFile(frame)), Outcome{})
+                << layout.name << " round " << round;
+            ASSERT_EQ(each.document.samples, PictureOf(frame, rows).samples)
+                << layout.name << " round " << round;
             ExpectClean(each);
         }
 }
@@ -212,7 +231,8 @@ TEST_F(ReadPixels, AnyPacketStreamReadsAsThePlainDecoderSays)
     Random random(11);
     for (int round = 0; round < 400; ++round) {
         const EILayout& layout = AllLayouts()[static_cast<size_t>(round) % 8]; // depth aside
-        EIFrame frame{.layout = layout, .width = 1 + round % 61, .height = 1 + round % 7, .packing = 1};
+        EIFrame frame{
+            .layout = layout, .width = 1 + round % 61, .height = 1 + round % 7, .packing = 1};
         frame.pixels.resize(static_cast<size_t>(random() % 600) + 1);
         std::ranges::generate(frame.pixels, [&] { return static_cast<uint8_t>(random()); });
         const size_t size = layout.RowBytes(frame.width) * static_cast<size_t>(frame.height);
@@ -221,7 +241,8 @@ TEST_F(ReadPixels, AnyPacketStreamReadsAsThePlainDecoderSays)
         const Outcome outcome = each.Open(OneFrameFile(frame));
         ASSERT_EQ(outcome.code, rows ? 0 : kHostCannotRead) << layout.name << " round " << round;
         if (rows) {
-            ASSERT_EQ(each.document.samples, PictureOf(frame, *rows).samples) << layout.name << " round " << round;
+            ASSERT_EQ(each.document.samples, PictureOf(frame, *rows).samples)
+                << layout.name << " round " << round;
         }
         ExpectClean(each);
     }

@@ -1,4 +1,5 @@
-// What the reader accepts of a file, what it tells the host about the picture, and which frame it opens.
+// What the reader accepts of a file, what it tells the host about the picture, and which frame it
+// opens.
 #include "formats/frame_answer.h"
 #include "support/ei_file.h"
 #include "support/module_test.h"
@@ -22,7 +23,8 @@ EIFrame SmallFrame(const EILayout& layout)
     return {.layout = layout, .width = 2, .height = 1, .pixels = Bytes(layout.RowBytes(2) + 1, 7)};
 }
 
-// One small file for each defect that the reader refuses at its start, and the alert of an interactive session.
+// One small file for each defect that the reader refuses at its start, and the alert of an
+// interactive session.
 struct BadFile {
     std::string name;
     Bytes bytes;
@@ -34,7 +36,9 @@ std::vector<BadFile> BadFiles()
     const auto shaped = [](uint8_t bitDepth, uint8_t frameType, uint8_t alphaDepth) {
         return OneFrameFile(SmallFrame(EILayout{"", bitDepth, frameType, alphaDepth, 0, 0}));
     };
-    const auto cut = [](Bytes file, size_t size) { return Bytes(file.begin(), file.begin() + ptrdiff_t(size)); };
+    const auto cut = [](Bytes file, size_t size) {
+        return Bytes(file.begin(), file.begin() + ptrdiff_t(size));
+    };
     const EIFrame good = SmallFrame(Layout("rgb24"));
     EIFrame empty = good, packed = good, coloured = good;
     empty.dataSize = 0;
@@ -59,7 +63,8 @@ std::vector<BadFile> BadFiles()
         {"range of 24 bits", shaped(24, 2, 0)},
     };
     for (const uint8_t depth : {0, 3, 5, 7, 9, 12, 15, 40, 48, 64, 255})
-        files.push_back({"depth " + std::to_string(depth), shaped(depth, 0, 0), "Unknown bit depth, contact author"});
+        files.push_back({"depth " + std::to_string(depth), shaped(depth, 0, 0),
+                         "Unknown bit depth, contact author"});
     return files;
 }
 
@@ -70,7 +75,8 @@ TEST_F(ReadStart, BadFilesAreRefusedWithTheirMessages)
             ScriptableHost each;
             AlertCapture shown;
             each.playback.playMode = silent ? kHostPlaySilent : 1;
-            EXPECT_EQ(each.Open(bad.bytes), (Outcome{kHostCannotRead, kFormatReadStart})) << bad.name;
+            EXPECT_EQ(each.Open(bad.bytes), (Outcome{kHostCannotRead, kFormatReadStart}))
+                << bad.name;
             const bool tells = !silent && *bad.alert != 0;
             EXPECT_EQ(shown.texts, std::vector<std::string>(tells ? 1 : 0, bad.alert)) << bad.name;
             ExpectClean(each, 0, 1); // a failed start leaves the file open
@@ -84,7 +90,9 @@ TEST_F(ReadStart, MissingHostPartsAreTold)
     EXPECT_EQ(host.Open(file), (Outcome{kHostCannotRead, kFormatReadStart}));
     void (*const breaks[])(ScriptableHost&) = {
         [](ScriptableHost& one) { one.record.bufferSuite = nullptr; },
-        [](ScriptableHost& one) { one.record.exchangeRows = nullptr; }, // is missed at the start alone
+        [](ScriptableHost& one) {
+            one.record.exchangeRows = nullptr;
+        }, // is missed at the start alone
         [](ScriptableHost& one) { one.buffers.version = 1; },
         [](ScriptableHost& one) { one.buffers.count = 7; },
         [](ScriptableHost& one) { one.buffers.Allocate = nullptr; },
@@ -95,7 +103,8 @@ TEST_F(ReadStart, MissingHostPartsAreTold)
     for (size_t part = 0; part < std::size(breaks); ++part) {
         ScriptableHost early, late;
         breaks[part](early);
-        EXPECT_EQ(early.Open(file), (Outcome{kHostMissingSuite, part == 1 ? kFormatReadStart : kFormatReadPrepare}));
+        EXPECT_EQ(early.Open(file),
+                  (Outcome{kHostMissingSuite, part == 1 ? kFormatReadStart : kFormatReadPrepare}));
         ExpectClean(early);
         // What breaks later is missed by the start, or leaves the continue without memory.
         const bool started = part >= 2;
@@ -114,15 +123,17 @@ TEST_F(ReadStart, TheHostIsToldThePicture)
 {
     for (const EILayout& layout : AllLayouts()) {
         ScriptableHost each;
-        each.file = FileOf({{.layout = layout, .width = 31, .height = 12, .top = -5, .left = -9, .pixels = {1}}}, 0xFF);
+        each.file = FileOf(
+            {{.layout = layout, .width = 31, .height = 12, .top = -5, .left = -9, .pixels = {1}}},
+            0xFF);
         each.file[14] = each.file[16] = 0x7F; // the height and width fields count for nothing
         each.record.rowsAddress = &each;
         EXPECT_EQ(each.Call(kFormatReadPrepare), 0);
         EXPECT_EQ(each.record.memoryBudget, 0x100000);
         EXPECT_EQ(each.Call(kFormatReadStart), 0);
         const HostFormatRecord& told = each.record;
-        EXPECT_THAT((std::array{int{told.colorMode}, int{told.planeCount}, int{told.channelDepth}, int{told.rowCount},
-                                int{told.columnCount}}),
+        EXPECT_THAT((std::array{int{told.colorMode}, int{told.planeCount}, int{told.channelDepth},
+                                int{told.rowCount}, int{told.columnCount}}),
                     ElementsAre(layout.mode, layout.planes, 8, 12, 31))
             << layout.name;
         EXPECT_THAT((std::array{int{told.rowStride}, int{told.pixelStride}, int{told.planeStride}}),
@@ -168,8 +179,11 @@ TEST_F(ReadStart, AChosenFrameIsReachedBySeeks)
         ScriptableHost each;
         const FrameAnswer answer(frame);
         const bool there = frame >= 1 && frame <= 5;
-        EXPECT_EQ(each.Open(FiveFrames()), there ? Outcome{} : (Outcome{kHostBadMode, kFormatReadStart})) << frame;
-        EXPECT_THAT((std::array<int64_t, 3>{answer.asked, answer.offered, answer.range}), ElementsAre(1, 1, 5));
+        EXPECT_EQ(each.Open(FiveFrames()),
+                  there ? Outcome{} : (Outcome{kHostBadMode, kFormatReadStart}))
+            << frame;
+        EXPECT_THAT((std::array<int64_t, 3>{answer.asked, answer.offered, answer.range}),
+                    ElementsAre(1, 1, 5));
         EXPECT_EQ(each.CallsOf(Kind::kSeek), std::vector(kSkips, kSkips + (there ? frame - 1 : 0)));
         EXPECT_EQ(each.document.width, there ? static_cast<int>(frame) : 0);
         ExpectClean(each, 0, there ? 0 : 1);
@@ -195,7 +209,8 @@ TEST_F(ReadStart, NobodyIsAskedWithoutNeed)
     EXPECT_EQ(answer.asked, 1);
 }
 
-// The first frame's pixels are a frame of their own, so that a reader that could not move finds one to go on with.
+// The first frame's pixels are a frame of their own, so that a reader that could not move finds one
+// to go on with.
 TEST_F(ReadStart, AFailedSkipIsToldAndReadingGoesOn)
 {
     const Bytes inner = OneFrameFile({.width = 9, .height = 1, .pixels = Bytes(27)});
@@ -218,13 +233,19 @@ TEST_F(ReadStart, FramesThatEndEarlyWhileSkippingAreRefused)
 
 TEST_F(ReadStart, BoundsWithoutAPictureEndInTheContinue)
 {
-    const std::pair<int, int> sizes[] = {{0, 1}, {1, 0}, {0, 0}, {-1, 1}, {1, -1}, {-3, -3}, {40000, 1}, {1, 40000}};
+    const std::pair<int, int> sizes[] = {{0, 1},  {1, 0},   {0, 0},     {-1, 1},
+                                         {1, -1}, {-3, -3}, {40000, 1}, {1, 40000}};
     for (const EILayout& layout : AllLayouts())
         for (const auto& [width, height] : sizes) {
             ScriptableHost each;
-            const EIFrame frame{
-                .layout = layout, .width = width, .height = height, .top = -20000, .left = -20000, .pixels = Bytes(64)};
-            EXPECT_EQ(each.Open(OneFrameFile(frame)), (Outcome{kHostMemoryFull, kFormatReadContinue}))
+            const EIFrame frame{.layout = layout,
+                                .width = width,
+                                .height = height,
+                                .top = -20000,
+                                .left = -20000,
+                                .pixels = Bytes(64)};
+            EXPECT_EQ(each.Open(OneFrameFile(frame)),
+                      (Outcome{kHostMemoryFull, kFormatReadContinue}))
                 << layout.name << " " << width << " " << height;
             ExpectClean(each);
         }
@@ -235,10 +256,11 @@ TEST_F(ReadStart, DepthFramesMeasureTheirRange)
     struct {
         float low, high;
         bool scans;
-    } const kRanges[] = {{0, 1, false},           {0, 0, true},          {1, 0, true},
-                         {-5, 5, false},          {0, kInfinity, true},  {kInfinity, kInfinity, true},
-                         {0, 0.9e-6F, true},      {-kInfinity, 1, true}, {0, std::nanf(""), false},
-                         {1000, 1000.001F, false}};
+    } const kRanges[] = {
+        {0, 1, false},           {0, 0, true},          {1, 0, true},
+        {-5, 5, false},          {0, kInfinity, true},  {kInfinity, kInfinity, true},
+        {0, 0.9e-6F, true},      {-kInfinity, 1, true}, {0, std::nanf(""), false},
+        {1000, 1000.001F, false}};
     for (const auto& [low, high, scans] : kRanges) {
         EIFrame frame = SmallFrame(Layout("depth32"));
         frame.low = low;

@@ -1,5 +1,5 @@
-// Every call that the host can refuse, refused one after the other, and the user's stop at every chance: each run ends
-// with its code and leaves nothing behind but what it must.
+// Every call that the host can refuse, refused one after the other, and the user's stop at every
+// chance: each run ends with its code and leaves nothing behind but what it must.
 #include "formats/frame_answer.h"
 #include "support/ei_file.h"
 #include "support/module_test.h"
@@ -20,8 +20,8 @@ struct End {
 
 std::ostream& operator<<(std::ostream& out, const End& end)
 {
-    return out << end.outcome << ", " << end.buffers << " buffers, " << end.files << " files, " << end.locked
-               << " locked";
+    return out << end.outcome << ", " << end.buffers << " buffers, " << end.files << " files, "
+               << end.locked << " locked";
 }
 
 End EndOf(const Outcome& outcome, ScriptableHost& host)
@@ -31,7 +31,8 @@ End EndOf(const Outcome& outcome, ScriptableHost& host)
     return end;
 }
 
-// A call that can fail in a run where nothing does: its kind, its number among its kind, and the selector it fell in.
+// A call that can fail in a run where nothing does: its kind, its number among its kind, and the
+// selector it fell in.
 struct Place {
     Kind kind;
     int number;
@@ -52,10 +53,12 @@ std::vector<Place> PlacesOf(const Run& run, int16_t finish)
     std::map<Kind, int> numbers;
     auto selector = static_cast<int16_t>(finish - 4);
     for (const HostCall& call : host.Calls()) {
-        if (call.kind == Kind::kHandleLock) // each selector locks its session; the first one makes it before
+        if (call.kind ==
+            Kind::kHandleLock) // each selector locks its session; the first one makes it before
             ++selector;
         if (call.kind <= kLastThatCanFail)
-            places.push_back({call.kind, numbers[call.kind]++, std::max(selector, static_cast<int16_t>(finish - 3))});
+            places.push_back({call.kind, numbers[call.kind]++,
+                              std::max(selector, static_cast<int16_t>(finish - 3))});
     }
     EXPECT_EQ(selector, finish);
     ExpectClean(host);
@@ -89,7 +92,9 @@ End ExpectedOfOpen(const Place& place)
     case Kind::kPosition:
         return {{kHostIoError, at}}; // there is no way back to such a place
     case Kind::kAllocate:
-        return place.number == 0 ? End{} : End{{kHostMemoryFull, at}, 1}; // fewer rows will do; the rows' buffer stays
+        return place.number == 0
+                   ? End{}
+                   : End{{kHostMemoryFull, at}, 1}; // fewer rows will do; the rows' buffer stays
     case Kind::kClose:
         return {};
     default:
@@ -156,7 +161,10 @@ TEST_F(Unlucky, EveryCallOfASaveFailsOnce)
                 expected = {{}, 0, place.kind != Kind::kClose && place.kind != Kind::kPosition};
             else if (place.kind == Kind::kHandleLock)
                 // The continue gives the buffer back; without its session it can't.
-                expected = {{kHostMemoryFull, at}, at == kFormatWriteContinue, 0, at == kFormatWriteContinue};
+                expected = {{kHostMemoryFull, at},
+                            at == kFormatWriteContinue,
+                            0,
+                            at == kFormatWriteContinue};
             EXPECT_EQ(Fail(run, place), expected) << "mode " << mode << ", " << place;
         }
     }
@@ -171,7 +179,8 @@ TEST_F(Unlucky, AStopIsObeyedAtEveryRow)
         for (int check = 0; check < whole.Count(Kind::kAbort); ++check) {
             ScriptableHost each;
             each.abortAt = check;
-            EXPECT_EQ(EndOf(each.Open(file), each), (End{{kHostUserCanceled, kFormatReadContinue}}));
+            EXPECT_EQ(EndOf(each.Open(file), each),
+                      (End{{kHostUserCanceled, kFormatReadContinue}}));
             EXPECT_EQ(each.Count(Kind::kAbort), check + 1);
             EXPECT_EQ(each.Count(Kind::kProgress), check);
         }
@@ -192,7 +201,8 @@ TEST_F(Unlucky, AFailureLeavesTheNextSessionAlone)
     const Picture picture(kHostModeRGB, 7, 5, 4, RandomRows(Layout("argb32"), 7, 5, random));
     EXPECT_EQ(host.Save(picture), Outcome{});
     const Bytes good = host.file;
-    EIFrame packed{.layout = Layout("indexed8"), .width = 3, .height = 1, .packing = 1, .pixels = {0x7F, 1}};
+    EIFrame packed{
+        .layout = Layout("indexed8"), .width = 3, .height = 1, .packing = 1, .pixels = {0x7F, 1}};
     const Bytes spilling = OneFrameFile(packed);
     packed.pixels = {0x7F};
     const Bytes broken = OneFrameFile(packed);
@@ -215,7 +225,8 @@ TEST_F(Unlucky, AFailureLeavesTheNextSessionAlone)
         EXPECT_EQ(host.document.samples, picture.samples);
     }
     EXPECT_EQ(host.Call(kFormatUnload), 0);
-    EXPECT_EQ(host.OpenFiles(), size_t{3}) << "one for each failed start without an object left to close it";
+    EXPECT_EQ(host.OpenFiles(), size_t{3})
+        << "one for each failed start without an object left to close it";
     EXPECT_EQ(host.Buffers(), size_t{0});
 }
 

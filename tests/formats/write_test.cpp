@@ -37,7 +37,8 @@ protected:
     Bytes Packets(const Picture& picture)
     {
         EXPECT_EQ(host.Save(picture), Outcome{});
-        return {host.file.begin() + kHeads + (picture.mode == kHostModeRGB ? 3 : 768), host.file.end()};
+        return {host.file.begin() + kHeads + (picture.mode == kHostModeRGB ? 3 : 768),
+                host.file.end()};
     }
     int16_t Estimate(int depth, int columns, int rows, int planes)
     {
@@ -68,15 +69,19 @@ TEST_F(WriteFile, RowsBecomePackets)
         {grey(Bytes(300, 9)), {0x7F, 9, 0x7F, 9, 0x2B, 9}},
         {grey(Ramp(0, 128)), Join({{0xFF}, Ramp(0, 128)})},
         {grey(Ramp(0, 129)), Join({{0xFF}, Ramp(0, 128), {0x80, 128}})},
-        {grey(Join({Ramp(0, 200), Bytes(3, 200)})), Join({{0xFF}, Ramp(0, 128), {0xC7}, Ramp(128, 72), {0x02, 200}})},
+        {grey(Join({Ramp(0, 200), Bytes(3, 200)})),
+         Join({{0xFF}, Ramp(0, 128), {0xC7}, Ramp(128, 72), {0x02, 200}})},
         // The last pixel equals what this host's buffers hold behind the row, so it stands alone.
         {grey({1, 0xCD}), {0x80, 1, 0x80, 0xCD}},
         // Each row starts afresh.
         {grey({4, 4, 4, 4, 4, 5}, 2), {0x02, 4, 0x01, 4, 0x80, 5}},
         // Wider pixels are compared whole.
-        {Picture(kHostModeRGB, 3, 1, 3, {1, 2, 3, 1, 2, 3, 1, 2, 4}), {0x01, 1, 2, 3, 0x80, 1, 2, 4}},
-        {Picture(kHostModeRGB, 3, 1, 3, {7, 7, 7, 7, 7, 8, 7, 7, 7}), {0x82, 7, 7, 7, 7, 7, 8, 7, 7, 7}},
-        {Picture(kHostModeRGB, 3, 1, 4, {1, 2, 3, 9, 1, 2, 3, 9, 1, 2, 3, 8}), {0x01, 9, 1, 2, 3, 0x80, 8, 1, 2, 3}},
+        {Picture(kHostModeRGB, 3, 1, 3, {1, 2, 3, 1, 2, 3, 1, 2, 4}),
+         {0x01, 1, 2, 3, 0x80, 1, 2, 4}},
+        {Picture(kHostModeRGB, 3, 1, 3, {7, 7, 7, 7, 7, 8, 7, 7, 7}),
+         {0x82, 7, 7, 7, 7, 7, 8, 7, 7, 7}},
+        {Picture(kHostModeRGB, 3, 1, 4, {1, 2, 3, 9, 1, 2, 3, 9, 1, 2, 3, 8}),
+         {0x01, 9, 1, 2, 3, 0x80, 8, 1, 2, 3}},
         {Picture(kHostModeRGB, 4, 0, 3), {}}};
     for (const auto& [picture, packets] : kRows)
         EXPECT_EQ(Packets(picture), packets) << picture.samples.size() << " samples";
@@ -85,15 +90,20 @@ TEST_F(WriteFile, RowsBecomePackets)
 TEST_F(WriteFile, AFileByteByByte)
 {
     EXPECT_EQ(host.Save(Picture(kHostModeRGB, 0x102, 1, 4)), Outcome{});
-    const Bytes head = {0, 5, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0,  0, 1, 1, 2, 24, 0, // version to frame type
-                        0, 0, 0, 0, 0, 1, 1, 2, 1, 8, 0, 0, 0, 15, 0, 1, 0, 0};       // bounds to colours
+    const Bytes head = {0, 5, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0,  0, 1, 1, 2, 24,
+                        0, // version to frame type
+                        0, 0, 0, 0, 0, 1, 1, 2, 1, 8, 0, 0, 0, 15, 0, 1, 0, 0}; // bounds to colours
     const Bytes rest = {0, 0, 0, 0x7F, 0, 0, 0, 0, 0x7F, 0, 0, 0, 0, 0x01, 0, 0, 0, 0};
     EXPECT_EQ(host.file, Join({head, rest}));
 }
 
 TEST_F(WriteFile, ColoursOfOtherPlaneCountsHaveThreeOrFour)
 {
-    EIFrame frame{.width = 2, .height = 1, .packing = 1, .lut = {0, 0, 0}, .pixels = {0x81, 1, 0, 0, 2, 0, 0}};
+    EIFrame frame{.width = 2,
+                  .height = 1,
+                  .packing = 1,
+                  .lut = {0, 0, 0},
+                  .pixels = {0x81, 1, 0, 0, 2, 0, 0}};
     EXPECT_EQ(host.Save(Picture(kHostModeRGB, 2, 1, 1, {1, 2})), Outcome{});
     EXPECT_EQ(host.file, OneFrameFile(frame));
     frame.layout = Layout("rgb24alpha8");
@@ -105,11 +115,13 @@ TEST_F(WriteFile, ColoursOfOtherPlaneCountsHaveThreeOrFour)
 TEST_F(WriteFile, OtherModesAreRefusedBeforeAFileIsMade)
 {
     for (const int mode : {-1, 0, 4, 5, 9}) {
-        EXPECT_EQ(host.Save(Picture(mode, 1, 1, 1)), (Outcome{kHostBadMode, kFormatWriteStart})) << mode;
+        EXPECT_EQ(host.Save(Picture(mode, 1, 1, 1)), (Outcome{kHostBadMode, kFormatWriteStart}))
+            << mode;
         EXPECT_EQ(host.Count(Kind::kOpen), 0);
     }
     host.buffers.version = 3;
-    EXPECT_EQ(host.Save(Picture(kHostModeRGB, 1, 1, 3)), (Outcome{kHostMissingSuite, kFormatWritePrepare}));
+    EXPECT_EQ(host.Save(Picture(kHostModeRGB, 1, 1, 3)),
+              (Outcome{kHostMissingSuite, kFormatWritePrepare}));
 }
 
 TEST_F(WriteFile, TheStartTellsTheHostWhatToDeliver)
@@ -127,10 +139,13 @@ TEST_F(WriteFile, TheStartTellsTheHostWhatToDeliver)
         EXPECT_EQ(record.memoryBudget, 0x100000);
         EXPECT_EQ(each.Call(kFormatWriteStart), 0);
         const HostRect16 rect = record.exchangeRect;
-        EXPECT_THAT((std::array{rect.top, rect.left, rect.bottom, rect.right}), ElementsAre(0, 0, 1, 11));
-        EXPECT_THAT((std::array{int{record.firstPlane}, int{record.lastPlane}}), ElementsAre(0, planes - 1));
-        EXPECT_THAT((std::array{int{record.pixelStride}, int{record.planeStride}, int{record.rowStride}}),
-                    ElementsAre(planes, 1, 11))
+        EXPECT_THAT((std::array{rect.top, rect.left, rect.bottom, rect.right}),
+                    ElementsAre(0, 0, 1, 11));
+        EXPECT_THAT((std::array{int{record.firstPlane}, int{record.lastPlane}}),
+                    ElementsAre(0, planes - 1));
+        EXPECT_THAT(
+            (std::array{int{record.pixelStride}, int{record.planeStride}, int{record.rowStride}}),
+            ElementsAre(planes, 1, 11))
             << "the row stride is the measure of the buffer, not of the row";
         EXPECT_NE(RowsAddress(each), nullptr);
         EXPECT_THAT(each.Amounts(Kind::kAllocate), ElementsAre(88));
@@ -151,7 +166,8 @@ TEST_F(WriteFile, APacketIsTwoWrites)
 {
     host.Save(TwoRuns());
     EXPECT_THAT(host.Amounts(Kind::kWrite), ElementsAre(6, 32, 3, 1, 3, 1, 3, 6, 32));
-    EXPECT_THAT(host.CallsOf(Kind::kSeek), ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 0}));
+    EXPECT_THAT(host.CallsOf(Kind::kSeek),
+                ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 0}));
 }
 
 TEST_F(WriteFile, AContinueWithoutABufferIsOutOfMemory)
@@ -159,13 +175,15 @@ TEST_F(WriteFile, AContinueWithoutABufferIsOutOfMemory)
     EXPECT_EQ(host.Call(kFormatWritePrepare), 0);
     EXPECT_EQ(host.Call(kFormatWriteContinue), kHostMemoryFull);
     EXPECT_EQ(host.Call(kFormatWriteFinish), 0);
-    EXPECT_EQ(host.Count(Kind::kExchange) + host.Count(Kind::kPosition) + host.Count(Kind::kClose), 0);
+    EXPECT_EQ(host.Count(Kind::kExchange) + host.Count(Kind::kPosition) + host.Count(Kind::kClose),
+              0);
 }
 
 TEST_F(WriteFile, ACancelledWriteStillPatchesItsHeader)
 {
     host.abortAt = 2;
-    EXPECT_EQ(host.Save(Picture(kHostModeRGB, 2, 5, 3)), (Outcome{kHostUserCanceled, kFormatWriteContinue}));
+    EXPECT_EQ(host.Save(Picture(kHostModeRGB, 2, 5, 3)),
+              (Outcome{kHostUserCanceled, kFormatWriteContinue}));
     EXPECT_EQ(host.file.size(), kHeads + 3 + 2 * 4);
     EXPECT_EQ(Bytes(host.file.begin() + 30, host.file.begin() + 34), (Bytes{0, 0, 0, 8}));
     ExpectClean(host);
@@ -174,11 +192,16 @@ TEST_F(WriteFile, ACancelledWriteStillPatchesItsHeader)
 TEST_F(WriteFile, FailuresAreShownOnlyAfterARead)
 {
     const std::pair<Fault, const char*> kRows[] = {
-        {{Kind::kWrite, 0}, "File error, writing header"},    {{Kind::kWrite, 1}, "File error, writing frame"},
-        {{Kind::kWrite, 2}, "File error, writing LUT"},       {{Kind::kWrite, 3}, "File error, writing run length"},
-        {{Kind::kWrite, 4}, "File error, writing run value"}, {{Kind::kWrite, 5}, "File error, writing run length"},
-        {{Kind::kWrite, 6}, "File error, writing run value"}, {{Kind::kWrite, 7}, "File error, writing header"},
-        {{Kind::kWrite, 8}, "File error, writing frame"},     {{Kind::kSeek, 0}, "File error while seeking"}};
+        {{Kind::kWrite, 0}, "File error, writing header"},
+        {{Kind::kWrite, 1}, "File error, writing frame"},
+        {{Kind::kWrite, 2}, "File error, writing LUT"},
+        {{Kind::kWrite, 3}, "File error, writing run length"},
+        {{Kind::kWrite, 4}, "File error, writing run value"},
+        {{Kind::kWrite, 5}, "File error, writing run length"},
+        {{Kind::kWrite, 6}, "File error, writing run value"},
+        {{Kind::kWrite, 7}, "File error, writing header"},
+        {{Kind::kWrite, 8}, "File error, writing frame"},
+        {{Kind::kSeek, 0}, "File error while seeking"}};
     for (const auto& [fault, text] : kRows)
         for (const bool afterRead : {false, true}) {
             ScriptableHost each;
@@ -221,11 +244,14 @@ TEST_F(WriteFile, RandomDocumentsComeBack)
         frame.height = std::uniform_int_distribution(1, 12)(random);
         frame.lut = RandomLut(mode == kHostModeRGB ? 1 : 256, random);
         const Bytes rows = RandomRows(frame.layout, frame.width, frame.height, random);
-        for (auto rest = std::span(rows); !rest.empty(); rest = rest.subspan(frame.layout.RowBytes(frame.width))) {
-            const Bytes packets = EncodeRow(rest.first(frame.layout.RowBytes(frame.width)), frame.layout.Unit(), 0xCD);
+        for (auto rest = std::span(rows); !rest.empty();
+             rest = rest.subspan(frame.layout.RowBytes(frame.width))) {
+            const Bytes packets = EncodeRow(rest.first(frame.layout.RowBytes(frame.width)),
+                                            frame.layout.Unit(), 0xCD);
             frame.pixels.insert(frame.pixels.end(), packets.begin(), packets.end());
         }
-        const Picture picture = PictureOf(frame, rows); // a grey document comes back as an indexed one
+        const Picture picture =
+            PictureOf(frame, rows); // a grey document comes back as an indexed one
         Picture document = picture;
         document.mode = mode;
         ScriptableHost each;

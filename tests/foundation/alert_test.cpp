@@ -1,6 +1,6 @@
 // Message boxes, and the reporter that shows failures in them.
-#include "foundation/alert.h"
-#include "foundation/reporter.h"
+#include "foundation/alerts/alert.h"
+#include "foundation/alerts/reporter.h"
 
 #include "foundation/test_process.h"
 #include "support/alert_capture.h"
@@ -13,20 +13,24 @@ namespace {
 
 constexpr std::uint32_t kForeground = 0x10000;
 
-std::uint32_t FlagsOf(int buttons, AlertButton defaultButton = AlertButton::kNone, int icon = 0, int modality = 0)
+std::uint32_t FlagsOf(int buttons, AlertButton defaultButton = AlertButton::kNone, int icon = 0,
+                      int modality = 0)
 {
     AlertCapture user;
-    ShowAlert(AlertButtons{buttons}, AlertIcon{icon}, AlertModality{modality}, "message", "", "title", defaultButton);
+    ShowAlert(AlertButtons{buttons}, AlertIcon{icon}, AlertModality{modality}, "message", "",
+              "title", defaultButton);
     return user.boxes.at(0).flags;
 }
 
-AlertButton Show(const char* message = "m", const char* explanation = "", Platform::AlertParentWindow parent = nullptr)
+AlertButton Show(const char* message = "m", const char* explanation = "",
+                 Platform::NativeWindow parent = nullptr)
 {
-    return ShowAlert(AlertButtons::kYesNo, AlertIcon::kNone, AlertModality::kTask, message, explanation,
-                     "$$$/Test/Alert/Title=Trouble", AlertButton::kNone, parent);
+    return ShowAlert(AlertButtons::kYesNo, AlertIcon::kNone, AlertModality::kTask, message,
+                     explanation, "$$$/Test/Alert/Title=Trouble", AlertButton::kNone, parent);
 }
 
-// The text of the box that the reporter shows for a failure; "beep" if it only beeps, "" if it is silent.
+// The text of the box that the reporter shows for a failure; "beep" if it only beeps, "" if it is
+// silent.
 CText Reported(const CException& failure)
 {
     AlertCapture user;
@@ -45,12 +49,13 @@ TEST(Alert, ChoosesItsButtonsAndTheDefaultAmongThem)
         AlertButton defaultButton;
         std::uint32_t flags;
     } rows[] = {
-        {0, kNone, 0},       {0, kCancel, 0},     {9, kNo, 0},         {-1, kOK, 0},   {1, kNone, 1},
-        {1, kOK, 1},         {1, kCancel, 0x101}, {1, kNo, 1},         {2, kYes, 4},   {2, kNo, 0x104},
-        {7, kNone, 4},       {7, kNo, 0x104},     {7, kCancel, 4},     {3, kYes, 3},   {3, kNo, 0x103},
-        {3, kCancel, 0x203}, {6, kNo, 0x103},     {6, kCancel, 0x203}, {8, kNone, 3},  {8, kNo, 0x103},
-        {8, kCancel, 0x203}, {4, kRetry, 5},      {4, kCancel, 0x105}, {5, kAbort, 2}, {5, kRetry, 0x102},
-        {5, kIgnore, 0x202},
+        {0, kNone, 0},       {0, kCancel, 0},     {9, kNo, 0},         {-1, kOK, 0},
+        {1, kNone, 1},       {1, kOK, 1},         {1, kCancel, 0x101}, {1, kNo, 1},
+        {2, kYes, 4},        {2, kNo, 0x104},     {7, kNone, 4},       {7, kNo, 0x104},
+        {7, kCancel, 4},     {3, kYes, 3},        {3, kNo, 0x103},     {3, kCancel, 0x203},
+        {6, kNo, 0x103},     {6, kCancel, 0x203}, {8, kNone, 3},       {8, kNo, 0x103},
+        {8, kCancel, 0x203}, {4, kRetry, 5},      {4, kCancel, 0x105}, {5, kAbort, 2},
+        {5, kRetry, 0x102},  {5, kIgnore, 0x202},
     };
     for (const auto& row : rows)
         EXPECT_EQ(FlagsOf(row.buttons, row.defaultButton), row.flags | kForeground)
@@ -64,23 +69,25 @@ TEST(Alert, ChoosesIconAndModality)
         EXPECT_EQ(FlagsOf(0, AlertButton::kNone, icon), icons[icon] | kForeground) << icon;
     const std::uint32_t modalities[] = {0, 0x2000, 0x1000, 0};
     for (int modality = 0; modality < 4; ++modality)
-        EXPECT_EQ(FlagsOf(0, AlertButton::kNone, 0, modality), modalities[modality] | kForeground) << modality;
+        EXPECT_EQ(FlagsOf(0, AlertButton::kNone, 0, modality), modalities[modality] | kForeground)
+            << modality;
 }
 
 TEST(Alert, LocalisesItsTextsAndStandsBeforeTheFrontWindowUnlessItIsGivenOne)
 {
-    int front = 0;
-    int other = 0;
+    int places[2] = {};
+    const auto front = reinterpret_cast<Platform::NativeWindow>(&places[0]);
+    const auto other = reinterpret_cast<Platform::NativeWindow>(&places[1]);
     TestProcess process;
-    process.frontWindow = &front;
+    process.frontWindow = front;
     AlertCapture user;
     Show("$$$/Test/Alert/Message=Disk^rfull.", "$$$/Test/Alert/Explanation=Free some space.");
     EXPECT_EQ(user.boxes.at(0).text, "Disk\rfull.\n\nFree some space.");
     EXPECT_EQ(user.boxes[0].title, "Trouble");
-    EXPECT_EQ(user.boxes[0].parent, &front);
-    Show("message", "$$$/Test/Alert/Nothing", &other);
+    EXPECT_EQ(user.boxes[0].parent, front);
+    Show("message", "$$$/Test/Alert/Nothing", other);
     EXPECT_EQ(user.boxes.at(1).text, "message") << "the explanation resolves to nothing";
-    EXPECT_EQ(user.boxes[1].parent, &other);
+    EXPECT_EQ(user.boxes[1].parent, other);
 }
 
 TEST(Alert, ReturnsTheAnswerOfTheYoungestHook)
@@ -97,7 +104,8 @@ TEST(Alert, ReturnsTheAnswerOfTheYoungestHook)
 TEST(Reporter, ShowsTaskAndErrorInAStopAlert)
 {
     AlertCapture user;
-    CServiceT<CReporter>::Get()->Report(CError("$$$/Test/Reporter/Task=The frame was not read.", "The disk is gone."));
+    CServiceT<CReporter>::Get()->Report(
+        CError("$$$/Test/Reporter/Task=The frame was not read.", "The disk is gone."));
     ASSERT_EQ(user.boxes.size(), 1U);
     EXPECT_EQ(user.boxes[0].text, "The frame was not read.\n\nThe disk is gone.");
     EXPECT_EQ(user.boxes[0].title, "Error");

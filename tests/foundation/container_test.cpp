@@ -1,10 +1,10 @@
 // Blocks of memory, streams of values, and the containers that stand on both.
-#include "foundation/block.h"
-#include "foundation/block_container.h"
-#include "foundation/exceptions.h"
-#include "foundation/file_container.h"
-#include "foundation/memory_container.h"
+#include "foundation/base/block.h"
+#include "foundation/errors/exceptions.h"
 #include "foundation/spec_folder.h"
+#include "foundation/streams/block_container.h"
+#include "foundation/streams/file_container.h"
+#include "foundation/streams/memory_container.h"
 
 #include <gmock/gmock.h>
 
@@ -80,9 +80,11 @@ template <class Call>
 void ExpectEndOfData(Call call)
 {
     EXPECT_THAT(call, testing::Throws<CError>(testing::AllOf(
-                          testing::Property(&CError::ErrorText, "$$$/Kesto/Container/Error/EndOfData=The end of data "
-                                                                "was reached while reading from a container."),
-                          testing::Property(&CError::IsQuiet, false), testing::Property(&CError::IsAlert, true))));
+                          testing::Property(&CError::ErrorText,
+                                            "$$$/Kesto/Container/Error/EndOfData=The end of data "
+                                            "was reached while reading from a container."),
+                          testing::Property(&CError::IsQuiet, false),
+                          testing::Property(&CError::IsAlert, true))));
 }
 
 // A container over memory, over a block, and over a file, by number.
@@ -95,7 +97,8 @@ class Container : public testing::TestWithParam<std::size_t> {
     CFileContainer fOverFile{fPort};
 
 protected:
-    CContainer& container = *std::array<CContainer*, 3>{&fMemory, &fOverBlock, &fOverFile}[GetParam()];
+    CContainer& container =
+        *std::array<CContainer*, 3>{&fMemory, &fOverBlock, &fOverFile}[GetParam()];
 };
 INSTANTIATE_TEST_SUITE_P(Stores, Container, testing::Range(std::size_t{0}, std::size_t{3}));
 
@@ -146,14 +149,17 @@ TEST(Stream, LaysOutEachWidthInBothByteOrdersAndReadsItBack)
         std::endian order;
         std::string_view bytes;
     } rows[] = {
-        {std::endian::big, "Kest\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0A\x0B\x0C\x0D\x0E\x0F\xC0\0\0\0\0\0\0\0"
-                           "\x80\x80\0\xFF\xFF\xFF\xFE\x80\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF\0\0\0\x02"sv},
-        {std::endian::little, "tseK\x01\x03\x02\x07\x06\x05\x04\x0F\x0E\x0D\x0C\x0B\x0A\x09\x08\0\0\0\0\0\0\0\xC0"
-                              "\x80\0\x80\xFE\xFF\xFF\xFF\0\0\0\0\0\0\0\x80\xFF\xFF\xFF\xFF\x02\0\0\0"sv},
+        {std::endian::big,
+         "Kest\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0A\x0B\x0C\x0D\x0E\x0F\xC0\0\0\0\0\0\0\0"
+         "\x80\x80\0\xFF\xFF\xFF\xFE\x80\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF\0\0\0\x02"sv},
+        {std::endian::little,
+         "tseK\x01\x03\x02\x07\x06\x05\x04\x0F\x0E\x0D\x0C\x0B\x0A\x09\x08\0\0\0\0\0\0\0\xC0"
+         "\x80\0\x80\xFE\xFF\xFF\xFF\0\0\0\0\0\0\0\x80\xFF\xFF\xFF\xFF\x02\0\0\0"sv},
     };
     for (const auto& row : rows) {
         CMemoryContainer stream;
-        EXPECT_EQ(stream.IsSwapped(), std::endian::native == std::endian::little) << "a new stream is big-endian";
+        EXPECT_EQ(stream.IsSwapped(), std::endian::native == std::endian::little)
+            << "a new stream is big-endian";
         stream.SetByteOrder(row.order);
         EXPECT_EQ(stream.IsSwapped(), row.order != std::endian::native);
         EachValue([&](auto write, auto, auto value) { (stream.*write)(value); });

@@ -1,8 +1,8 @@
 // What the debug log gets: reports, and the checks of operating-system answers that fail.
-#include "foundation/debug_report.h"
-#include "foundation/exceptions.h"
-#include "foundation/system_checks.h"
-#include "platform/last_error.h"
+#include "foundation/errors/debug_report.h"
+#include "foundation/errors/exceptions.h"
+#include "foundation/errors/system_checks.h"
+#include "platform/system/errors.h"
 
 #include "foundation/test_process.h"
 
@@ -18,8 +18,8 @@ using namespace Kesto;
 
 namespace {
 
-// Whether `report` brings the log the line, in one of a few attempts: all processes of the machine share the log, and
-// another may start it anew at any time.
+// Whether `report` brings the log the line, in one of a few attempts: all processes of the machine
+// share the log, and another may start it anew at any time.
 bool LogGets(const std::string& line, const std::function<void()>& report)
 {
     std::error_code ignored; // the folder is missing on a bare Windows
@@ -51,10 +51,12 @@ Code CodeOf(std::uint32_t lastError, const std::function<void()>& check)
 
 TEST(DebugReport, WritesMessageFileAndLineAndThrowsWhenAskedTo)
 {
-    EXPECT_TRUE(LogGets("It is odd,pane.cpp,17", [] { DebugReport("It is odd", "pane.cpp", 17, false); }));
+    EXPECT_TRUE(
+        LogGets("It is odd,pane.cpp,17", [] { DebugReport("It is odd", "pane.cpp", 17, false); }));
     EXPECT_TRUE(LogGets(",,18", [] { DebugReport(nullptr, nullptr, 18, false); }));
-    EXPECT_TRUE(LogGets("No process,worker.cpp,21",
-                        [] { std::thread([] { DebugReport("No process", "worker.cpp", 21, false); }).join(); }));
+    EXPECT_TRUE(LogGets("No process,worker.cpp,21", [] {
+        std::thread([] { DebugReport("No process", "worker.cpp", 21, false); }).join();
+    }));
     EXPECT_THROW(DebugReport("Stop here", "pane.cpp", 19, true), CDebugError);
 }
 
@@ -63,7 +65,8 @@ TEST(DebugReport, IsPostedFromOtherThreadsThanTheMainOne)
     TestProcess process;
     process.isMainThread = false;
     DebugReport("From afar", "worker.cpp", 20, true);
-    EXPECT_EQ(process.posted, (std::vector<TestProcess::Report>{{"From afar", "worker.cpp", 20, true}}));
+    EXPECT_EQ(process.posted,
+              (std::vector<TestProcess::Report>{{"From afar", "worker.cpp", 20, true}}));
 }
 
 TEST(MainThread, IsTheOneThatFirstAsked)
@@ -84,18 +87,22 @@ TEST(SystemChecks, ThrowTheirCodeAndLogTheirNameAndTheCallersPlace)
         Code withoutLastError;
     } rows[] = {
         {"OSThrow", [](bool good) { OSThrow(good ? 0 : 7, "a.cpp", 31); }, 7, 7},
-        {"OSThrowLast", [](bool good) { good ? void() : OSThrowLast("a.cpp", 31); }, 5, std::nullopt},
-        {"OSThrowLastNull", [](bool good) { OSThrowLastNull(good ? &kSomething : nullptr, "a.cpp", 31); }, 5, 14},
+        {"OSThrowLast", [](bool good) { good ? void() : OSThrowLast("a.cpp", 31); }, 5,
+         std::nullopt},
+        {"OSThrowLastNull",
+         [](bool good) { OSThrowLastNull(good ? &kSomething : nullptr, "a.cpp", 31); }, 5, 14},
         {"OSThrowLastZero", [](bool good) { OSThrowLastZero(good, "a.cpp", 31); }, 5, 0},
         {"OSThrowLastFalse", [](bool good) { OSThrowLastFalse(good, "a.cpp", 31); }, 5, 0},
-        {"OSThrowNull", [](bool good) { OSThrowNull(good ? &kSomething : nullptr, "a.cpp", 31); }, 14, 14},
+        {"OSThrowNull", [](bool good) { OSThrowNull(good ? &kSomething : nullptr, "a.cpp", 31); },
+         14, 14},
         {"OSThrowZero", [](bool good) { OSThrowZero(good, 7, "a.cpp", 31); }, 7, 7},
         {"OSThrowFalse", [](bool good) { OSThrowFalse(good, 7, "a.cpp", 31); }, 7, 7},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_TRUE(LogGets("Exception thrown: \"CSystemError from " + std::string(row.name) + "\".,a.cpp,31",
-                            [&] { EXPECT_EQ(CodeOf(5, [&] { row.check(false); }), row.withLastError5); }));
+        EXPECT_TRUE(LogGets(
+            "Exception thrown: \"CSystemError from " + std::string(row.name) + "\".,a.cpp,31",
+            [&] { EXPECT_EQ(CodeOf(5, [&] { row.check(false); }), row.withLastError5); }));
         EXPECT_EQ(CodeOf(0, [&] { row.check(false); }), row.withoutLastError);
         EXPECT_EQ(CodeOf(5, [&] { row.check(true); }), std::nullopt);
     }
@@ -108,6 +115,7 @@ TEST(SystemChecks, KnowTheirCaller)
 {
     constexpr std::uint32_t kLine = __LINE__ + 1;
     const auto check = [] { OSThrow(7); };
-    EXPECT_TRUE(LogGets("Exception thrown: \"CSystemError from OSThrow\".," __FILE__ "," + std::to_string(kLine),
+    EXPECT_TRUE(LogGets("Exception thrown: \"CSystemError from OSThrow\".," __FILE__ "," +
+                            std::to_string(kLine),
                         [&] { EXPECT_EQ(CodeOf(0, check), 7U); }));
 }

@@ -1,5 +1,5 @@
-#include "foundation/exceptions.h"
-#include "platform/error_text.h"
+#include "foundation/errors/exceptions.h"
+#include "platform/system/errors.h"
 
 #include <gmock/gmock.h>
 
@@ -58,17 +58,23 @@ TEST(Error, TakesOverWhatAnotherExceptionAnswers)
 {
     const CAbort abort(true, false);
     const CException& base = abort;
-    EXPECT_EQ(AnswersOf(CError(base)), Answers("$$$/Kesto/Abort/Task=The operation was not completed.",
-                                               "$$$/Kesto/Abort/Error=The operation has been canceled.", true, false));
-    EXPECT_EQ(AnswersOf(CError("outer", CError("inner", "why", true, false))), Answers("outer", "why", true, false));
+    EXPECT_EQ(AnswersOf(CError(base)),
+              Answers("$$$/Kesto/Abort/Task=The operation was not completed.",
+                      "$$$/Kesto/Abort/Error=The operation has been canceled.", true, false));
+    EXPECT_EQ(AnswersOf(CError("outer", CError("inner", "why", true, false))),
+              Answers("outer", "why", true, false));
 }
 
 TEST(SystemError, HasTheSystemsTextForACode)
 {
-    EXPECT_EQ(SystemText(0), "$$$/Kesto/SystemError/Win/Unknown=An unknown operating system error has occurred.");
-    EXPECT_THAT(SystemText(2), AnyOf(HasSubstr("file"), HasSubstr("File"))); // no such file, on both systems
-    EXPECT_THAT(SystemText(Platform::kOutOfMemoryCode), AnyOf(HasSubstr("memory"), HasSubstr("storage")));
-    for (const std::uint32_t code : {193U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) // no system knows all of them
+    EXPECT_EQ(SystemText(0),
+              "$$$/Kesto/SystemError/Win/Unknown=An unknown operating system error has occurred.");
+    EXPECT_THAT(SystemText(2),
+                AnyOf(HasSubstr("file"), HasSubstr("File"))); // no such file, on both systems
+    EXPECT_THAT(SystemText(Platform::kOutOfMemoryCode),
+                AnyOf(HasSubstr("memory"), HasSubstr("storage")));
+    for (const std::uint32_t code :
+         {193U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) // no system knows all of them
         EXPECT_LT(SystemText(code).size(), 256U) << code;
 }
 
@@ -76,6 +82,7 @@ TEST(DebugError, TellsMessageAndPlace)
 {
     EXPECT_EQ(AnswersOf(CDebugError("broken", "pane.cpp", 4294967295U)),
               Answers("broken", "File pane.cpp, Line 4294967295.", false, true));
-    EXPECT_EQ(AnswersOf(CDebugError(nullptr, nullptr, 7)),
-              Answers("An unknown debugging error was generated.", "File not specified.", false, true));
+    EXPECT_EQ(
+        AnswersOf(CDebugError(nullptr, nullptr, 7)),
+        Answers("An unknown debugging error was generated.", "File not specified.", false, true));
 }

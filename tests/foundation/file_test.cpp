@@ -1,6 +1,6 @@
-#include "foundation/exceptions.h"
-#include "foundation/file_port.h"
+#include "foundation/errors/exceptions.h"
 #include "foundation/spec_folder.h"
+#include "foundation/streams/file_port.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,8 @@ TEST_F(File, IsReplacedAndNothingStaysBeside)
 
 TEST_F(File, NeedsAFolderAndReplacesNone)
 {
-    EXPECT_THROW(CFile(folder.File("none").Child("file")).ReplaceContents(Bytes("new")), CSystemError);
+    EXPECT_THROW(CFile(folder.File("none").Child("file")).ReplaceContents(Bytes("new")),
+                 CSystemError);
     std::filesystem::create_directory(folder.Path() / "folder");
     EXPECT_THROW(CFile(folder.File("folder")).ReplaceContents(Bytes("new")), CSystemError);
     EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "folder"));

@@ -1,7 +1,7 @@
 // How literals and the marks in them become texts.
-#include "foundation/localize.h"
-#include "foundation/marks.h"
-#include "foundation/string_table.h"
+#include "foundation/localization/localize.h"
+#include "foundation/localization/marks.h"
+#include "foundation/localization/string_table.h"
 
 #include "foundation/test_process.h"
 
@@ -48,7 +48,8 @@ TEST_F(Localizing, GivesTheDefaultOfAnUnknownKeyAndLeavesOtherTextsAlone)
         EXPECT_EQ(Localized(literal), "") << literal;
     for (const char* text : {"", "$", "$$", "plain", " $$$/A=B", "$$/A=B"})
         EXPECT_EQ(Localized(text), text);
-    EXPECT_EQ(CServiceT<CStringTable>::Get()->Size(), before + 5) << "literals without a key are not kept";
+    EXPECT_EQ(CServiceT<CStringTable>::Get()->Size(), before + 5)
+        << "literals without a key are not kept";
     EXPECT_TRUE(Localized("$$$/A=other").SharesBufferWith(Localized("$$$/A")));
 }
 
@@ -56,7 +57,8 @@ TEST_F(Localizing, PrefersTheTableAndAsksTheProcessOnceForAKey)
 {
     CServiceT<CStringTable>::Get()->Add("/A", "the table's ^r", false);
     process.translations = {{"$$$/A=default", "the host's"}, {"$$$/B=default", "trans^rlation"}};
-    EXPECT_EQ(Localized("$$$/A=default"), "the table's ^r"); // expanded when it was loaded, not here
+    EXPECT_EQ(Localized("$$$/A=default"),
+              "the table's ^r"); // expanded when it was loaded, not here
     EXPECT_EQ(Localized("$$$/B=default"), "trans^rlation");
     EXPECT_EQ(Localized("$$$/B=other default"), "trans^rlation");
     EXPECT_EQ(Localized("$$$/C=first"), "first");
@@ -79,22 +81,24 @@ TEST(Marks, CaretsStandForCharacters)
         const char* mark;
         const char* text;
     } rows[] = {
-        {"^!", "\u00AC"}, {"^\"", "\""},    {"^U", "\""},     {"^#", "\u2318"},  {"^*", "*"},       {"^A", "'"},
-        {"^B", "\u2022"}, {"^C", "\u00A9"}, {"^D", "\u00B0"}, {"^E", "\u00EA"},  {"^F", "/"},       {"^I", "\u2206"},
-        {"^L", "\\"},     {"^l", "\\"},     {"^N", "\r\n"},   {"^O", "Control"}, {"^o", "control"}, {"^P", "Alt"},
-        {"^p", "alt"},    {"^Q", "?"},      {"^R", "\u00AE"}, {"^S", "\u2211"},  {"^T", "\u2122"},  {"^V", "|"},
-        {"^[", "\u201C"}, {"^]", "\u201D"}, {"^^", "^"},      {"^`", "`"},       {"^b", "\b"},      {"^e", "\u00E9"},
-        {"^n", "\n"},     {"^r", "\r"},     {"^t", "\t"},     {"^{", "\u2018"},  {"^}", "\u2019"},
+        {"^!", "\u00AC"},  {"^\"", "\""},     {"^U", "\""},     {"^#", "\u2318"}, {"^*", "*"},
+        {"^A", "'"},       {"^B", "\u2022"},  {"^C", "\u00A9"}, {"^D", "\u00B0"}, {"^E", "\u00EA"},
+        {"^F", "/"},       {"^I", "\u2206"},  {"^L", "\\"},     {"^l", "\\"},     {"^N", "\r\n"},
+        {"^O", "Control"}, {"^o", "control"}, {"^P", "Alt"},    {"^p", "alt"},    {"^Q", "?"},
+        {"^R", "\u00AE"},  {"^S", "\u2211"},  {"^T", "\u2122"}, {"^V", "|"},      {"^[", "\u201C"},
+        {"^]", "\u201D"},  {"^^", "^"},       {"^`", "`"},      {"^b", "\b"},     {"^e", "\u00E9"},
+        {"^n", "\n"},      {"^r", "\r"},      {"^t", "\t"},     {"^{", "\u2018"}, {"^}", "\u2019"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(Expanded(CText::Join({"<", row.mark, ">"})), CText::Join({"<", row.text, ">"})) << row.mark;
+        EXPECT_EQ(Expanded(CText::Join({"<", row.mark, ">"})), CText::Join({"<", row.text, ">"}))
+            << row.mark;
     EXPECT_EQ(Expanded("\\n\\r\\t\\\"\\\\."), "\n\r\t\"\\.");
 }
 
 TEST(Marks, StayWhenUnknown)
 {
-    for (const char* text :
-         {"^0^1^2^9", "^a^Z^ ^~", "\\a\\^r\\\u00E9", "^\\n", "^\u00E9^\u2318", "plain", "end^", "end\\"})
+    for (const char* text : {"^0^1^2^9", "^a^Z^ ^~", "\\a\\^r\\\u00E9", "^\\n", "^\u00E9^\u2318",
+                             "plain", "end^", "end\\"})
         EXPECT_EQ(Expanded(text), text);
     EXPECT_EQ(Expanded("^r^"), "\r^");
     EXPECT_EQ(Expanded("^^r"), "^r"); // what comes of a mark begins no other
@@ -120,7 +124,8 @@ TEST(Arguments, ReplaceTheFirstPlaceOnly)
     EXPECT_EQ(Replaced("^1 of 12, ^0", 1, "3"), "3 of 12, ^0");
     EXPECT_EQ(Replaced("^10 ^1", 10, "ten"), "ten ^1");
     EXPECT_EQ(Replaced("^10", 1, "one"), "one0") << "a number is not looked at to its end";
-    EXPECT_EQ(Replaced("^0 (^1)", 0, "$$$/Test/Arguments/Font=Sans^Tserif"), "Sans\u2122serif (^1)");
+    EXPECT_EQ(Replaced("^0 (^1)", 0, "$$$/Test/Arguments/Font=Sans^Tserif"),
+              "Sans\u2122serif (^1)");
     EXPECT_EQ(Replaced(Replaced("^0 and ^1", 0, "^1"), 1, "x"), "x and ^1");
 }
 

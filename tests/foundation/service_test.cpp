@@ -1,4 +1,4 @@
-#include "foundation/service.h"
+#include "foundation/base/service.h"
 
 #include <gmock/gmock.h>
 

@@ -1,10 +1,10 @@
 // The state of a window, and the file that keeps it and the settings of a project.
-#include "foundation/settings_file.h"
+#include "foundation/settings/settings_file.h"
 
-#include "foundation/exceptions.h"
-#include "foundation/memory_container.h"
-#include "foundation/plugin_settings.h"
-#include "foundation/window_state.h"
+#include "foundation/errors/exceptions.h"
+#include "foundation/settings/plugin_settings.h"
+#include "foundation/settings/window_state.h"
+#include "foundation/streams/memory_container.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +56,8 @@ struct NumberSettings : PluginSettings {
 const WindowState kDefaults = WindowState::FromNothing();
 constexpr WindowState kWindow{3, 1, 1.5, -2, 3e10, 4, 5, 6, 7, 8, 640, 480, -0.25, 99, -3, 32767};
 
-// A file that was saved, byte order by byte order: 20 bytes of header, the window's chunk, the project's, and a zero.
+// A file that was saved, byte order by byte order: 20 bytes of header, the window's chunk, the
+// project's, and a zero.
 class SettingsFile : public testing::TestWithParam<std::endian> {
 protected:
     SettingsFile()
@@ -95,7 +96,8 @@ protected:
     CMemoryContainer fFile;
 };
 
-INSTANTIATE_TEST_SUITE_P(ByteOrders, SettingsFile, testing::Values(std::endian::big, std::endian::little));
+INSTANTIATE_TEST_SUITE_P(ByteOrders, SettingsFile,
+                         testing::Values(std::endian::big, std::endian::little));
 
 } // namespace
 
@@ -105,18 +107,21 @@ TEST(WindowState, HasItsDefaultsOrTheSizeOfTheView)
     EXPECT_EQ(WindowState::FromNothing(), Sized(0, 0, -50, -33));
     EXPECT_EQ(FromLayout({}), Sized(0, 0));
     EXPECT_EQ(FromLayout({{"width", 320}, {"height", 200.5}}), Sized(320, 200.5));
-    EXPECT_EQ(FromLayout({{"width", 320}, {"height", 200.5}, {"window_size_x", 7}}), Sized(7, 200.5));
+    EXPECT_EQ(FromLayout({{"width", 320}, {"height", 200.5}, {"window_size_x", 7}}),
+              Sized(7, 200.5));
 }
 
 TEST(WindowState, ReadsEveryLayoutKey)
 {
     Keys keys;
     for (const char* key :
-         {"window_state", "window_monitor", "window_last_left", "window_last_top", "window_last_right",
-          "window_last_bottom", "window_user_left", "window_user_top", "window_user_right", "window_user_bottom",
-          "window_size_x", "window_size_y", "window_position_x", "window_position_y", "window_slop_x", "window_slop_y"})
+         {"window_state", "window_monitor", "window_last_left", "window_last_top",
+          "window_last_right", "window_last_bottom", "window_user_left", "window_user_top",
+          "window_user_right", "window_user_bottom", "window_size_x", "window_size_y",
+          "window_position_x", "window_position_y", "window_slop_x", "window_slop_y"})
         keys.emplace(key, keys.size() + 1);
-    EXPECT_EQ(FromLayout(keys), (WindowState{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
+    EXPECT_EQ(FromLayout(keys),
+              (WindowState{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
 }
 
 TEST(WindowState, HoldsNumbersWithinItsIntegerFields)
@@ -125,8 +130,11 @@ TEST(WindowState, HoldsNumbersWithinItsIntegerFields)
     expected.state = std::numeric_limits<std::int32_t>::max();
     expected.slopX = -32768;
     expected.slopY = 32767;
-    EXPECT_EQ(FromLayout({{"window_state", 1e300}, {"window_slop_x", -1e300}, {"window_slop_y", 40000}}), expected);
-    EXPECT_EQ(FromLayout({{"window_monitor", std::numeric_limits<double>::quiet_NaN()}}), Sized(0, 0));
+    EXPECT_EQ(
+        FromLayout({{"window_state", 1e300}, {"window_slop_x", -1e300}, {"window_slop_y", 40000}}),
+        expected);
+    EXPECT_EQ(FromLayout({{"window_monitor", std::numeric_limits<double>::quiet_NaN()}}),
+              Sized(0, 0));
 }
 
 TEST_P(SettingsFile, HasItsNumbersInTheirPlaces)
@@ -146,16 +154,18 @@ TEST_P(SettingsFile, HasItsNumbersInTheirPlaces)
             EXPECT_EQ(fFile.ReadUInt32(), number) << row.place;
     }
     fFile.Seek(48);
-    VisitWindowStateFields(
-        kWindow, [&]<class T>(const T& field, const char* name) { EXPECT_EQ(fFile.ReadValue<T>(), field) << name; });
+    VisitWindowStateFields(kWindow, [&]<class T>(const T& field, const char* name) {
+        EXPECT_EQ(fFile.ReadValue<T>(), field) << name;
+    });
     EXPECT_EQ(std::to_integer<char>(fFile.Bytes()[0]), GetParam() == std::endian::big ? 'K' : 't');
 }
 
 TEST_P(SettingsFile, IsReadByChunksAndPassesWhatItDoesNotKnow)
 {
     const struct {
-        std::vector<std::pair<std::uint64_t, std::uint32_t>> changes; // a number at a place, one at a time
-        bool window;                                                  // is loaded
+        std::vector<std::pair<std::uint64_t, std::uint32_t>>
+            changes; // a number at a place, one at a time
+        bool window; // is loaded
         bool project;
     } rows[] = {
         {{{0, MakeTag("Kesu")}, {4, MakeTag("Proi")}, {12, 1}, {16, 4}}, false, false},
@@ -186,7 +196,8 @@ TEST_P(SettingsFile, EndsWithTheEndOfDataErrorWhereverItIsCut)
 
 TEST_P(SettingsFile, SurvivesSizesThatLie)
 {
-    // A chunk that says it ends within the state: the bytes there are taken for an owner, and the file for cut.
+    // A chunk that says it ends within the state: the bytes there are taken for an owner, and the
+    // file for cut.
     for (const std::uint32_t size : {1u, 8u, 115u, 117u, 0x7FFFFFFFu, 0xFFFFFFECu, 0xFFFFFFFFu}) {
         Put(36, size);
         Load(kSize, true);

@@ -1,12 +1,12 @@
-#include "foundation/settings_store.h"
+#include "foundation/settings/settings_store.h"
 
-#include "foundation/exceptions.h"
-#include "foundation/localize.h"
-#include "foundation/memory_container.h"
-#include "foundation/settings_locations.h"
-#include "foundation/settings_record.h"
+#include "foundation/errors/exceptions.h"
+#include "foundation/localization/localize.h"
+#include "foundation/settings/settings_locations.h"
+#include "foundation/settings/settings_record.h"
 #include "foundation/spec_folder.h"
-#include "platform/user_folders.h"
+#include "foundation/streams/memory_container.h"
+#include "platform/files/folders.h"
 
 #include <gmock/gmock.h>
 
@@ -29,7 +29,10 @@ protected:
         fData.SetSize(0);
         fData.Write(text.data(), text.size());
     }
-    std::string_view Text() const { return {reinterpret_cast<const char*>(fData.Bytes().data()), fData.GetSize()}; }
+    std::string_view Text() const
+    {
+        return {reinterpret_cast<const char*>(fData.Bytes().data()), fData.GetSize()};
+    }
 
     bool Read(const char* fileName) { return ReadSettingsData("", "", fileName, fData, false); }
     bool Write(const char* fileName) { return WriteSettingsData("", "", fileName, fData, false); }
@@ -102,7 +105,8 @@ TEST_F(SettingsStore, KeepsAValueUnderKeyPathAndName)
 {
     // A registry outlives the test, so each run takes a key of its own.
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-    const CText key = CText::Join({"$$$/SettingsStoreTest/Key=SidecarTest^L", std::to_string(now), "^LLevel"});
+    const CText key =
+        CText::Join({"$$$/SettingsStoreTest/Key=SidecarTest^L", std::to_string(now), "^LLevel"});
     const CText name("$$$/SettingsStoreTest/Name=Value");
     EXPECT_FALSE(ReadSettingsData(key, name, "file", fData, true));
     for (const char* text : {"first and longer", "second"}) {
@@ -125,7 +129,8 @@ TEST(SettingsFolder, HasTheNamesOfItsEdition)
 {
     EXPECT_THAT(SettingsFolderNames(Edition::kLumograph),
                 ElementsAre("Orlen", "Orlen Lumograph 2025", "Orlen Lumograph 2025 Settings"));
-    EXPECT_THAT(SettingsFolderNames(Edition::kQuartets), ElementsAre("Orlen", "Orlen Lumograph 2025", "Quartets"));
+    EXPECT_THAT(SettingsFolderNames(Edition::kQuartets),
+                ElementsAre("Orlen", "Orlen Lumograph 2025", "Quartets"));
 
     CSettingsStore store;
     CFileSpec folder;
@@ -133,7 +138,8 @@ TEST(SettingsFolder, HasTheNamesOfItsEdition)
     std::filesystem::path path(folder.Path().CStr());
     EXPECT_TRUE(std::filesystem::is_directory(path));
     for (const int level : {2, 1, 0}) {
-        EXPECT_EQ(path.filename().string(), SettingsFolderNames(HostEdition())[static_cast<std::size_t>(level)].View());
+        EXPECT_EQ(path.filename().string(),
+                  SettingsFolderNames(HostEdition())[static_cast<std::size_t>(level)].View());
         path = path.parent_path();
     }
 }

@@ -1,7 +1,7 @@
 // A temporary folder whose files have specs.
 #pragma once
 
-#include "foundation/file_spec.h"
+#include "foundation/streams/file_spec.h"
 #include "support/temporary_folder.h"
 
 class SpecFolder : public TemporaryFolder {

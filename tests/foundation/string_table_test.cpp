@@ -1,7 +1,8 @@
-// The string table, and the files that fill it. This program has two string files of its own in place of the module's.
-#include "foundation/memory_container.h"
-#include "foundation/string_file.h"
-#include "foundation/string_table.h"
+// The string table, and the files that fill it. This program has two string files of its own in
+// place of the module's.
+#include "foundation/localization/string_file.h"
+#include "foundation/localization/string_table.h"
+#include "foundation/streams/memory_container.h"
 
 #include <gmock/gmock.h>
 
@@ -106,7 +107,8 @@ TEST(StringFile, IsReadInEitherByteOrder)
         EXPECT_EQ(TextIn(table, "/A/B"), "caf\u00E9 \U0001F600");
         EXPECT_EQ(table.Size(), kOwnTexts + 1);
         ParseStringFile(table, Units(u"$$$/A=a", bigEndian), true);
-        EXPECT_EQ(TextIn(table, "/A"), bigEndian ? "a" : "(none)") << "it is big-endian without a mark";
+        EXPECT_EQ(TextIn(table, "/A"), bigEndian ? "a" : "(none)")
+            << "it is big-endian without a mark";
     }
 }
 
@@ -157,8 +159,9 @@ TEST(StringFile, IsIgnoredBelowTwoUnitsAndLosesALastOddByte)
 TEST(StringFile, ReplacesTheTextsOfEarlierFilesWhenTold)
 {
     CStringTable table;
-    for (const auto& [file, replace, text] :
-         {std::tuple(u"/A=first", true, "first"), {u"/A=second", false, "first"}, {u"/A=third", true, "third"}}) {
+    for (const auto& [file, replace, text] : {std::tuple(u"/A=first", true, "first"),
+                                              {u"/A=second", false, "first"},
+                                              {u"/A=third", true, "third"}}) {
         ParseStringFile(table, Units(file, true), replace);
         EXPECT_EQ(TextIn(table, "/A"), text);
     }

@@ -1,7 +1,7 @@
 // A process for tests that translates from a map, and is current as long as it lives.
 #pragma once
 
-#include "foundation/process_services.h"
+#include "foundation/base/process_services.h"
 
 #include <map>
 #include <string>
@@ -23,9 +23,10 @@ public:
         return found != translations.end();
     }
     bool UsesOwnStringsOnly() override { return ownStringsOnly; }
-    Platform::AlertParentWindow AlertParent() override { return frontWindow; }
+    Platform::NativeWindow AlertParent() override { return frontWindow; }
     bool IsMainThread() override { return isMainThread; }
-    bool PostDebugReport(const char* message, const char* file, std::uint32_t line, bool throwIt) override
+    bool PostDebugReport(const char* message, const char* file, std::uint32_t line,
+                         bool throwIt) override
     {
         posted.emplace_back(message, file, line, throwIt);
         return true;
@@ -34,7 +35,7 @@ public:
     std::map<std::string, std::string> translations; // by the whole literal
     bool ownStringsOnly = false;
     bool isMainThread = true;
-    Platform::AlertParentWindow frontWindow = nullptr;
+    Platform::NativeWindow frontWindow = nullptr;
     std::vector<Kesto::CText> asked;
     std::vector<Report> posted;
 

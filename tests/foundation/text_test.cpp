@@ -1,5 +1,5 @@
-#include "foundation/text.h"
-#include "foundation/unicode.h"
+#include "foundation/base/text.h"
+#include "foundation/base/unicode.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,8 @@ using namespace Kesto;
 
 TEST(Text, IsEmptyWithoutABuffer)
 {
-    for (const CText& text : {CText(), CText(""), CText(static_cast<const char*>(nullptr)), CText(std::string())}) {
+    for (const CText& text :
+         {CText(), CText(""), CText(static_cast<const char*>(nullptr)), CText(std::string())}) {
         EXPECT_TRUE(text.IsEmpty());
         EXPECT_STREQ(text.CStr(), "");
         EXPECT_EQ(text.CharCount(), 0U);

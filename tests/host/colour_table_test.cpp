@@ -27,7 +27,8 @@ TEST(ColourTable, KeepsAPaletteWhoseIndicesFit)
 
 TEST(ColourTable, GivesEachColourItsEntryWhenTheyFit)
 {
-    MadePicture picture(PictureMode::kRgb, 4, 4, 3, [](int32_t y, int32_t at) { return at % 3 == 0 ? 60 * y : 7; });
+    MadePicture picture(PictureMode::kRgb, 4, 4, 3,
+                        [](int32_t y, int32_t at) { return at % 3 == 0 ? 60 * y : 7; });
     ColourTable table(picture, 2, false, "picture");
     for (int32_t y = 0; y < 4; ++y) {
         const size_t index = Convert(table, picture, y)[0];

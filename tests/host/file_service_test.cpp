@@ -79,10 +79,10 @@ TEST_F(FileServiceTest, PiecesOfAnySizeCrossTheBuffer)
         EXPECT_EQ(fResult, kHostNoError);
     }
     EXPECT_EQ(read, content.substr(0, read.size()));
-    const std::pair<int16_t, int64_t> moves[] = {{kHostSeekFromStart, 5},    {kHostSeekFromCurrent, 3},
-                                                 {kHostSeekFromStart, 0},    {kHostSeekFromStart, 250},
-                                                 {kHostSeekFromCurrent, -2}, {kHostSeekFromCurrent, -200},
-                                                 {kHostSeekFromCurrent, -9}, {kHostSeekFromStart, 299}};
+    const std::pair<int16_t, int64_t> moves[] = {
+        {kHostSeekFromStart, 5},    {kHostSeekFromCurrent, 3},  {kHostSeekFromStart, 0},
+        {kHostSeekFromStart, 250},  {kHostSeekFromCurrent, -2}, {kHostSeekFromCurrent, -200},
+        {kHostSeekFromCurrent, -9}, {kHostSeekFromStart, 299}};
     for (const auto& [mode, offset] : moves) {
         const int64_t target = mode == kHostSeekFromStart ? offset : FastGetPosition(file) + offset;
         EXPECT_EQ(FastSetPosition(file, mode, offset), kHostNoError);
@@ -111,7 +111,8 @@ TEST_F(FileServiceTest, RefusesPlacesBeforeTheStartAndCallsWithoutAFile)
     HostFile file = Open("in", kHostOpenToRead);
     Read(file, 4);
     EXPECT_EQ(FastSetPosition(file, kHostSeekFromCurrent, -5), kHostBadParameter);
-    EXPECT_EQ(FastSetPosition(file, kHostSeekFromCurrent, std::numeric_limits<int64_t>::max()), kHostBadParameter);
+    EXPECT_EQ(FastSetPosition(file, kHostSeekFromCurrent, std::numeric_limits<int64_t>::max()),
+              kHostBadParameter);
     EXPECT_EQ(FastSetPosition(file, 2, 0), kHostBadParameter);
     EXPECT_EQ(FastGetPosition(file), 4);
     int64_t count = -1;

@@ -34,7 +34,8 @@ TEST(PackRow, MakesRunsAndLiterals)
             Bytes row;
             for (size_t i = 0; i < unit * units; ++i)
                 row.push_back(static_cast<uint8_t>(Texture(3, static_cast<int32_t>(i / unit))));
-            EXPECT_EQ(Testing::DecodePackets(Packed(row, unit), unit, row.size()), row) << unit << " x " << units;
+            EXPECT_EQ(Testing::DecodePackets(Packed(row, unit), unit, row.size()), row)
+                << unit << " x " << units;
         }
 }
 
@@ -56,7 +57,8 @@ protected:
 
 TEST_F(FrameFileTest, SixteenBitsPutTheLowByteFirst)
 {
-    MadePicture orange(PictureMode::kRgb, 1, 1, 3, [](int32_t, int32_t at) { return at ? 132 * (2 - at) : 255; });
+    MadePicture orange(PictureMode::kRgb, 1, 1, 3,
+                       [](int32_t, int32_t at) { return at ? 132 * (2 - at) : 255; });
     const std::string file = Encode(orange, {.kind = FrameKind::kRgb16, .raw = true});
     ASSERT_EQ(file.size(), 6u + 32 + 2);
     EXPECT_EQ(file.substr(38), std::string({'\x00', '\x7E'})); // 31 << 10 | 16 << 5
@@ -87,10 +89,12 @@ TEST_F(FrameFileTest, FaultsOfAHeaderAreNamed)
     fields.packing = 2;
     fields.bottom = -4;
     const auto header = EncodeFrameHeader(fields);
-    fFolder.Put("frames.ei", std::string("\0\5\0\0\0\1", 6) + std::string(header.begin(), header.end()));
+    fFolder.Put("frames.ei",
+                std::string("\0\5\0\0\0\1", 6) + std::string(header.begin(), header.end()));
     EXPECT_EQ(EIFrameWalker(fFile).Next()->faults,
-              (std::vector<std::string>{"unknown frame type 3", "unknown packing 2", "unknown pixel length of 5 bits",
-                                        "bounds without pixels", "data size 0"}));
+              (std::vector<std::string>{"unknown frame type 3", "unknown packing 2",
+                                        "unknown pixel length of 5 bits", "bounds without pixels",
+                                        "data size 0"}));
 }
 
 TEST_F(FrameFileTest, WhatIsNotFinishedLeavesNothing)

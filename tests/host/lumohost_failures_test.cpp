@@ -13,17 +13,21 @@ protected:
         WritePicture(picture, fFolder / "p.ppm");
     }
 
-    // Expects that the run fails with the status and says each of the words, and that it leaves no file behind.
-    void ExpectFailure(int status, const std::vector<std::string>& arguments, const std::vector<std::string>& words)
+    // Expects that the run fails with the status and says each of the words, and that it leaves no
+    // file behind.
+    void ExpectFailure(int status, const std::vector<std::string>& arguments,
+                       const std::vector<std::string>& words)
     {
         const auto files = fFolder.Count();
         const std::string messages = RunLumohost(arguments, status).messages;
         for (const std::string& word : words)
-            EXPECT_NE(messages.find(word), std::string::npos) << "\"" << word << "\" in: " << messages;
+            EXPECT_NE(messages.find(word), std::string::npos)
+                << "\"" << word << "\" in: " << messages;
         EXPECT_EQ(fFolder.Count(), files) << messages;
     }
 
-    const std::string fPicture = Path("p.ppm"), fImage = Path("o.img"), fPng = Path("o.png"), fFrames = Path("o.ei");
+    const std::string fPicture = Path("p.ppm"), fImage = Path("o.img"), fPng = Path("o.png"),
+                      fFrames = Path("o.ei");
     const std::string fSample = Argument(SourceFile("samples/rgb-24.ei"));
 };
 
@@ -39,7 +43,8 @@ TEST_F(FailuresTest, MistakesOnTheCommandLineHaveAStatusOfTheirOwn)
 TEST_F(FailuresTest, ThePropertyListRefusesBeforeTheModuleIsAsked)
 {
     fFolder.Put("picture.gif", "GIF89a");
-    ExpectFailure(1, {"open", Path("picture.gif"), "-o", fPng}, {"\".gif\"", ".IMG, .EI, .EIZ, .EIZZ"});
+    ExpectFailure(1, {"open", Path("picture.gif"), "-o", fPng},
+                  {"\".gif\"", ".IMG, .EI, .EIZ, .EIZZ"});
     ExpectFailure(1, {"save", fPicture, "-o", fFrames}, {"\".ei\"", "It takes .IMG;"});
     MadePicture wide(PictureMode::kGrayscale, 30001, 1, 1, Texture);
     WritePicture(wide, fFolder / "wide.pgm");
@@ -50,18 +55,22 @@ TEST_F(FailuresTest, ThePropertyListRefusesBeforeTheModuleIsAsked)
 
 TEST_F(FailuresTest, CodesComeWithTheirTextAndAWayOut)
 {
-    const std::string text = Argument(fFolder.Put("text.img", "no picture at all, though long enough for the headers"));
+    const std::string text =
+        Argument(fFolder.Put("text.img", "no picture at all, though long enough for the headers"));
     const std::string five = Argument(SourceFile("samples/five-frames.ei"));
     ExpectFailure(1, {"open", Path("missing.img"), "-o", fPng},
                   {"The file or directory could not be found. (-43)", "Check the spelling"});
-    ExpectFailure(1, {"open", text, "-o", fPng}, {"isn't in the format. (-30501)", "lumohost info"});
+    ExpectFailure(1, {"open", text, "-o", fPng},
+                  {"isn't in the format. (-30501)", "lumohost info"});
     ExpectFailure(1, {"info", text}, {"is not an ElectricImage file"});
     ExpectFailure(1, {"open", fSample, "-o", fPng, "--memory-limit", "100"},
                   {"There is not enough memory. (-108)", "--memory-limit"});
     ExpectFailure(1, {"open", fSample, "-o", fPng, "--memory-limit", "lots"}, {"is no size"});
     ExpectFailure(1, {"open", fSample, "-o", Path("no/folder/o.png")}, {"(-43)"});
-    ExpectFailure(1, {"selectors", "--module", Path("missing.so")}, {"can't be loaded", "--module PATH"});
-    ExpectFailure(1, {"open", five, "-o", fPng, "--frame", "2"}, {"frame 2 can't be chosen", "Leave --frame out"});
+    ExpectFailure(1, {"selectors", "--module", Path("missing.so")},
+                  {"can't be loaded", "--module PATH"});
+    ExpectFailure(1, {"open", five, "-o", fPng, "--frame", "2"},
+                  {"frame 2 can't be chosen", "Leave --frame out"});
 }
 
 TEST_F(FailuresTest, AStoppedOrBrokenRunLeavesTheOldFile)
@@ -73,7 +82,8 @@ TEST_F(FailuresTest, AStoppedOrBrokenRunLeavesTheOldFile)
     fFolder.Put("o.img", "old");
     ExpectFailure(130, {"save", fPicture, "-o", fImage, "--abort-at", "20"}, {"canceled. (-128)"});
     ExpectFailure(130, {"save", fPicture, "-o", Path("new.img"), "--abort-at", "1"}, {});
-    ExpectFailure(130, {"open", Argument(whole), "-o", fPng, "--abort-at", "100"}, {"canceled. (-128)"});
+    ExpectFailure(130, {"open", Argument(whole), "-o", fPng, "--abort-at", "100"},
+                  {"canceled. (-128)"});
     ExpectFailure(1, {"open", Path("cut.eiz"), "-o", fPng}, {"(-30501)"});
     ExpectFailure(1, {"info", Path("cut.eiz")}, {"frames with faults"});
     EXPECT_EQ(fFolder.Get("o.img") + fFolder.Get("o.png"), "oldold");

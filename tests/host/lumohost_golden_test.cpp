@@ -1,4 +1,5 @@
-// What lumohost says of the samples, held against files in tests/host/golden. golden/make writes them anew.
+// What lumohost says of the samples, held against files in tests/host/golden. golden/make writes
+// them anew.
 #include "host/program.h"
 #include "host/test_pictures.h"
 
@@ -29,7 +30,8 @@ std::map<std::string, std::string> Samples()
 {
     std::map<std::string, std::string> samples;
     for (const auto& entry : std::filesystem::directory_iterator(SourceFile("samples")))
-        if (const std::string name = entry.path().filename().string(); name != "make" && name.find(".md") == name.npos)
+        if (const std::string name = entry.path().filename().string();
+            name != "make" && name.find(".md") == name.npos)
             samples[name] = Argument(entry.path());
     return samples;
 }
@@ -68,7 +70,8 @@ TEST_F(Golden, PicturesOfTheSamples)
         RunLumohost({"open", path, "-o", Path("p.png")});
         const std::string& picture = pictures[name] = Describe(*OpenPicture(fFolder / "p.png"));
         text += name + ": " + picture + "\n";
-        if (const auto raw = pictures.find(name.substr(0, name.size() - 1)); raw != pictures.end()) {
+        if (const auto raw = pictures.find(name.substr(0, name.size() - 1));
+            raw != pictures.end()) {
             EXPECT_EQ(picture, raw->second) << name << " is the same packed";
             ++pairs;
         }
@@ -84,7 +87,8 @@ TEST_F(Golden, AnswersToTheSelectors)
 
 TEST_F(Golden, JsonTellsTheSameAsTheTables)
 {
-    const auto file = nlohmann::json::parse(RunLumohost({"info", "--json", Samples()["five-frames.ei"]}).output);
+    const auto file =
+        nlohmann::json::parse(RunLumohost({"info", "--json", Samples()["five-frames.ei"]}).output);
     ASSERT_EQ(file.at("frames").size(), 5u);
     EXPECT_EQ(file["frames"][2]["layout"], "8-bit indexed");
     EXPECT_EQ(file["frames"][4]["range"], (nlohmann::json{10.0, 1000.0}));

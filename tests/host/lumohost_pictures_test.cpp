@@ -44,26 +44,34 @@ TEST_F(PicturesTest, TheEstimateAndTheRealSizeAreShown)
 {
     MadePicture picture(PictureMode::kRgb, 64, 64, 3, Texture);
     WritePicture(picture, fFolder / "in.ppm");
-    const std::string said = RunLumohost({"save", Path("in.ppm"), "-o", Path("out.img"), "--verbose"}).messages;
+    const std::string said =
+        RunLumohost({"save", Path("in.ppm"), "-o", Path("out.img"), "--verbose"}).messages;
     const std::string size = std::to_string(std::filesystem::file_size(fFolder / "out.img"));
-    EXPECT_NE(said.find("estimate was 12388 to 12388 bytes; the file has " + size), std::string::npos) << said;
-    EXPECT_NE(said.find("every buffer, lock, file and suite was given back"), std::string::npos) << said;
+    EXPECT_NE(said.find("estimate was 12388 to 12388 bytes; the file has " + size),
+              std::string::npos)
+        << said;
+    EXPECT_NE(said.find("every buffer, lock, file and suite was given back"), std::string::npos)
+        << said;
 }
 
 TEST_F(PicturesTest, AssemblesFramesOfAllLayouts)
 {
-    MadePicture colours(PictureMode::kRgb, 19, 5, 3, [](int32_t y, int32_t at) { return (y + at / 3) % 2 * 255; });
-    MadePicture grey(PictureMode::kGrayscale, 19, 5, 1, [](int32_t y, int32_t at) { return (y + at) % 2 * 255; });
+    MadePicture colours(PictureMode::kRgb, 19, 5, 3,
+                        [](int32_t y, int32_t at) { return (y + at / 3) % 2 * 255; });
+    MadePicture grey(PictureMode::kGrayscale, 19, 5, 1,
+                     [](int32_t y, int32_t at) { return (y + at) % 2 * 255; });
     WritePicture(colours, fFolder / "c.png");
     WritePicture(grey, fFolder / "g.png");
     const std::string c = Path("c.png");
-    RunLumohost({"assemble", c, c, c, c, Path("g.png"), "-o", Path("all.ei"), "--bits", "1,4,16,32,depth", "--depth",
-                 "1:5", "--raw"});
+    RunLumohost({"assemble", c, c, c, c, Path("g.png"), "-o", Path("all.ei"), "--bits",
+                 "1,4,16,32,depth", "--depth", "1:5", "--raw"});
     EIFrameWalker walker(fFolder / "all.ei");
     std::string layouts;
     while (const auto frame = walker.Next())
-        layouts += LayoutName(frame->fields) + (frame->fields.packing == 0 ? " raw, " : " packed, ");
-    EXPECT_EQ(layouts, "1-bit indexed raw, 4-bit indexed raw, 16-bit RGB raw, 32-bit RGBA raw, depth raw, ");
+        layouts +=
+            LayoutName(frame->fields) + (frame->fields.packing == 0 ? " raw, " : " packed, ");
+    EXPECT_EQ(layouts,
+              "1-bit indexed raw, 4-bit indexed raw, 16-bit RGB raw, 32-bit RGBA raw, depth raw, ");
 
     // Each layout alone comes back through the module as the black and white that it was.
     for (const char* bits : {"1", "2", "4", "8", "16", "24", "32"}) {
@@ -72,7 +80,8 @@ TEST_F(PicturesTest, AssemblesFramesOfAllLayouts)
         const auto planes = static_cast<size_t>(opened->Info().planes);
         const Bytes pixels = AllPixels(*opened);
         for (size_t i = 0; i < 19 * 5; ++i)
-            ASSERT_EQ(pixels[i * planes], (i / 19 + i % 19) % 2 * 255) << bits << " bits, pixel " << i;
+            ASSERT_EQ(pixels[i * planes], (i / 19 + i % 19) % 2 * 255)
+                << bits << " bits, pixel " << i;
     }
 }
 
@@ -80,9 +89,12 @@ TEST_F(PicturesTest, DepthComesAsGreyWithOrWithoutItsRange)
 {
     MadePicture grey(PictureMode::kGrayscale, 256, 2, 1, [](int32_t, int32_t at) { return at; });
     WritePicture(grey, fFolder / "g.png");
-    for (const std::vector<std::string>& further :
-         {std::vector<std::string>{}, {"--no-range"}, {"--no-range", "--raw"}, {"--infinite-white"}}) {
-        std::vector<std::string> arguments = {"assemble", Path("g.png"), "-o", Path("d.ei"), "--depth", "-3:1250.5"};
+    for (const std::vector<std::string>& further : {std::vector<std::string>{},
+                                                    {"--no-range"},
+                                                    {"--no-range", "--raw"},
+                                                    {"--infinite-white"}}) {
+        std::vector<std::string> arguments = {"assemble",   Path("g.png"), "-o",
+                                              Path("d.ei"), "--depth",     "-3:1250.5"};
         arguments.insert(arguments.end(), further.begin(), further.end());
         RunLumohost(arguments);
         const auto opened = Opened("d.ei");
@@ -91,7 +103,8 @@ TEST_F(PicturesTest, DepthComesAsGreyWithOrWithoutItsRange)
     }
 }
 
-// Rows that are all alike but for their first pixel, so that the file is small and the decoding quick.
+// Rows that are all alike but for their first pixel, so that the file is small and the decoding
+// quick.
 int WideRow(int32_t y, int32_t at)
 {
     return at == 0 ? y : 0x55;
@@ -103,8 +116,9 @@ TEST_F(PicturesTest, ALargePictureNeedsOneMegabyteOfBuffers)
     FrameEncoder encoder(fFolder / "wide.img", 1);
     encoder.Append(wide, {}, "wide");
     encoder.Finish();
-    const std::string said =
-        RunLumohost({"open", Path("wide.img"), "-o", Path("wide.png"), "--memory-limit", "1M", "--verbose"}).messages;
+    const std::string said = RunLumohost({"open", Path("wide.img"), "-o", Path("wide.png"),
+                                          "--memory-limit", "1M", "--verbose"})
+                                 .messages;
     ASSERT_NE(said.find("peak "), std::string::npos) << said;
     const long peak = std::stol(said.substr(said.find("peak ") + 5));
     EXPECT_GT(peak, 90000 * 2);

@@ -16,7 +16,8 @@ protected:
         EXPECT_EQ(read->Info().mode, picture.Info().mode) << name;
         EXPECT_EQ(read->Info().width, picture.Info().width) << name;
         EXPECT_EQ(read->Info().palette.red, picture.Info().palette.red) << name;
-        EXPECT_EQ(AllPixels(*read), AllPixels(picture)) << name << " packed at level " << compression;
+        EXPECT_EQ(AllPixels(*read), AllPixels(picture))
+            << name << " packed at level " << compression;
     }
 
     TemporaryFolder fFolder;
@@ -57,8 +58,8 @@ TEST_F(PictureFilesTest, RowsOfAPlainPictureComeInAnyOrder)
 
 TEST_F(PictureFilesTest, BadPicturesAreRefused)
 {
-    for (const char* const bytes :
-         {"", "hello", "P6 1 1 65535\n000000", "P5 0 5 255\n", "P7\n# no end", "P6 -4 4 255\n", "\x89PNG\r\n\x1a\n"})
+    for (const char* const bytes : {"", "hello", "P6 1 1 65535\n000000", "P5 0 5 255\n",
+                                    "P7\n# no end", "P6 -4 4 255\n", "\x89PNG\r\n\x1a\n"})
         EXPECT_THROW(OpenPicture(fFolder.Put("bad", bytes)), Failure) << bytes;
     const auto cut = OpenPicture(fFolder.Put("cut.ppm", "P6 # cut\n2 2 255\n123456789"));
     EXPECT_THROW(cut->Row(0), Failure);

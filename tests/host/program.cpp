@@ -38,17 +38,20 @@ std::filesystem::path SourceFile(const std::string& name)
     return Native(SIDECAR_SOURCE_DIR) / name;
 }
 
-LumohostTest::Run LumohostTest::RunLumohost(const std::vector<std::string>& arguments, int status) const
+LumohostTest::Run LumohostTest::RunLumohost(const std::vector<std::string>& arguments,
+                                            int status) const
 {
     const TemporaryFolder folder;
     std::string command = Quoted(Argument(Native(LUMOHOST)));
     for (const std::string& argument : arguments)
         command += ' ' + Quoted(argument);
-    command += " >" + Quoted(Argument(folder / "output")) + " 2>" + Quoted(Argument(folder / "messages"));
+    command +=
+        " >" + Quoted(Argument(folder / "output")) + " 2>" + Quoted(Argument(folder / "messages"));
     if (kIsWindows)
         command = Quoted(command); // the command processor takes one pair off
     const int ended = std::system(command.c_str());
-    Run run{kIsWindows ? ended : ended >> 8 & 0xFF, TextFile(folder / "output"), TextFile(folder / "messages")};
+    Run run{kIsWindows ? ended : ended >> 8 & 0xFF, TextFile(folder / "output"),
+            TextFile(folder / "messages")};
     EXPECT_EQ(run.status, status) << command << '\n' << run.output << run.messages;
     return run;
 }

@@ -51,8 +51,9 @@ TEST(PropertyList, LimitsExtensionsSizesModesAndChannels)
 
 TEST(PropertyList, IsRefusedWhenBroken)
 {
-    for (const char* const text : {"", "{\"Tagls\": [{\"Kind\": \"Filter\"}]}",
-                                   "{\"Tagls\": [{\"Kind\": \"Format\", \"Name\": 5}]}", "{\"Tagls\": [7]}"})
+    for (const char* const text :
+         {"", "{\"Tagls\": [{\"Kind\": \"Filter\"}]}",
+          "{\"Tagls\": [{\"Kind\": \"Format\", \"Name\": 5}]}", "{\"Tagls\": [7]}"})
         EXPECT_THROW(Parse(text), Failure) << text;
 }
 

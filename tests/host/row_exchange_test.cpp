@@ -71,7 +71,8 @@ TEST_F(RowExchangeTest, WholeRowsGoStraightThrough)
 
 TEST_F(RowExchangeTest, PlanesGoWhereTheOrderSays)
 {
-    for (const auto& order : {std::array<int16_t, 4>{3, 0, 1, 2}, std::array<int16_t, 4>{2, 1, 0, 3}}) {
+    for (const auto& order :
+         {std::array<int16_t, 4>{3, 0, 1, 2}, std::array<int16_t, 4>{2, 1, 0, 3}}) {
         Bytes turned(fPicture.size());
         for (size_t i = 0; i < turned.size(); ++i)
             turned[i] = fPicture[i / 4 * 4 + static_cast<size_t>(order[i % 4])];
@@ -114,7 +115,8 @@ TEST_F(RowExchangeTest, MissingAndRepeatedRowsAreFailures)
 
 TEST_F(RowExchangeTest, NothingOutsideThePictureIsTouched)
 {
-    for (const HostRect16 rect : {HostRect16{0, 0, 5, 5}, {-1, 0, 1, 5}, {0, 0, 1, 6}, {2, 0, 1, 5}})
+    for (const HostRect16 rect :
+         {HostRect16{0, 0, 5, 5}, {-1, 0, 1, 5}, {0, 0, 1, 6}, {2, 0, 1, 5}})
         EXPECT_THROW(Of(rect, fPicture.data()), Failure);
     EXPECT_THROW(Of({0, 0, 1, 5}, nullptr), Failure);
     fRecord.planeOrder[2] = 4;
@@ -126,7 +128,8 @@ TEST_F(RowExchangeTest, NothingOutsideThePictureIsTouched)
 
 TEST_F(RowExchangeTest, RowsAreSuppliedAsTheModuleAsks)
 {
-    MadePicture picture(PictureMode::kRgb, 5, 4, 4, [this](int32_t y, int32_t at) { return fPicture[20 * y + at]; });
+    MadePicture picture(PictureMode::kRgb, 5, 4, 4,
+                        [this](int32_t y, int32_t at) { return fPicture[20 * y + at]; });
     Bytes rows(40);
     SupplyRows(Of({1, 0, 3, 5}, rows.data()), picture);
     EXPECT_TRUE(std::equal(rows.begin(), rows.end(), fPicture.begin() + 20));

@@ -17,7 +17,8 @@ class MadePicture final : public PictureSource {
 public:
     using Content = std::function<int(int32_t y, int32_t at)>;
     MadePicture(PictureMode mode, int32_t width, int32_t height, int32_t planes, Content content)
-        : fInfo{mode, width, height, planes, Palette::Grays()}, fContent(std::move(content)), fRow(fInfo.RowBytes())
+        : fInfo{mode, width, height, planes, Palette::Grays()}, fContent(std::move(content)),
+          fRow(fInfo.RowBytes())
     {
     }
 
@@ -47,7 +48,8 @@ inline Bytes AllPixels(PictureSource& picture)
 }
 
 // Writes the picture as a file of the kind that the name tells.
-inline void WritePicture(PictureSource& picture, const std::filesystem::path& path, int compression = 1)
+inline void WritePicture(PictureSource& picture, const std::filesystem::path& path,
+                         int compression = 1)
 {
     const auto sink = CreatePicture(path, {compression});
     sink->Begin(picture.Info());

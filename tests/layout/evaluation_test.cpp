@@ -1,5 +1,5 @@
 // What expressions and statements amount to.
-#include "layout/expression_scope.h"
+#include "layout/language/expression_scope.h"
 #include "layout/recording_generator.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,8 @@ using namespace Kesto;
 
 namespace {
 
-constexpr const char* kParameterError = "Warning! (static_cast<long>(paramErr) == static_cast<long>(noErr))";
+constexpr const char* kParameterError =
+    "Warning! (static_cast<long>(paramErr) == static_cast<long>(noErr))";
 
 TEST(Expressions, HaveTheirValues)
 {
@@ -50,9 +51,11 @@ TEST(Expressions, NestAsDeepAsTheLimit)
 {
     CExpressionScope scope;
     constexpr std::size_t kLimit = CExpressionScope::kMaxNesting;
-    for (const auto& [open, close] : {std::pair{"(", ")"}, std::pair{"-", ""}, std::pair{"max(0,", ")"}}) {
+    for (const auto& [open, close] :
+         {std::pair{"(", ")"}, std::pair{"-", ""}, std::pair{"max(0,", ")"}}) {
         EXPECT_NO_THROW(scope.EvaluateInteger(Nested(kLimit, open, "1", close).c_str()));
-        EXPECT_EQ(LogicErrorOf([&] { scope.EvaluateInteger(Nested(kLimit + 1, open, "1", close).c_str()); }),
+        EXPECT_EQ(LogicErrorOf(
+                      [&] { scope.EvaluateInteger(Nested(kLimit + 1, open, "1", close).c_str()); }),
                   "Warning! (nesting < kMaxNesting)");
         EXPECT_EQ(scope.EvaluateInteger("(1)"), 1);
     }
@@ -63,7 +66,8 @@ TEST(Evaluators, RefuseWhatIsNoWholeDefinedSum)
     CExpressionScope scope;
     for (const char* text : {"", "1 2", "unknown", "1 < 2", "!1", "(1 < 2)"})
         EXPECT_EQ(LogicErrorOf([&] { scope.EvaluateInteger(text); }), kParameterError) << text;
-    EXPECT_EQ(LogicErrorOf([&] { scope.EvaluateInteger("4 / (2 - 2)"); }), "Warning! (divisor != 0)");
+    EXPECT_EQ(LogicErrorOf([&] { scope.EvaluateInteger("4 / (2 - 2)"); }),
+              "Warning! (divisor != 0)");
     for (const char* text : {"unknown", "0", ")"})
         EXPECT_FALSE(scope.EvaluateCondition(text)) << text;
     EXPECT_TRUE(scope.EvaluateCondition("(1 < 2)"));
@@ -74,7 +78,8 @@ TEST(Statements, AssignInStepsAndAlignCenters)
     CExpressionScope scope;
     scope.EvaluateStatements("step(100, 10, &a, & b, &c);d = a + c; steps = 3;");
     EXPECT_EQ(scope.EvaluateInteger("b * 1000 + d + steps"), 110223);
-    scope.EvaluateStatements("align_centers(10, 20, 40, &a, &b); align_centers(1, -5, -2, &c, &d);");
+    scope.EvaluateStatements(
+        "align_centers(10, 20, 40, &a, &b); align_centers(1, -5, -2, &c, &d);");
     EXPECT_EQ(scope.EvaluateInteger("a * 100 + b"), 2010);
     EXPECT_EQ(scope.EvaluateInteger("c * 100 + d"), 302);
     std::string heights;
@@ -90,8 +95,8 @@ TEST(Statements, AssignInStepsAndAlignCenters)
 TEST(Statements, LeaveNoTraceWhenTheyFail)
 {
     CExpressionScope scope;
-    for (const char* text :
-         {"step(1, 2, &a, b);", "step(1, 2, &a)", "align_centers(1, 2, 3, &a);", "a = 1", "", "a = (;"})
+    for (const char* text : {"step(1, 2, &a, b);", "step(1, 2, &a)", "align_centers(1, 2, 3, &a);",
+                             "a = 1", "", "a = (;"})
         EXPECT_EQ(LogicErrorOf([&] { scope.EvaluateStatements(text); }), kParameterError) << text;
     EXPECT_FALSE(scope.IsDefined("a"));
 }

@@ -22,12 +22,13 @@ std::string ErrorOf(const char* text)
 std::pair<std::int32_t, std::string> PropertyOf(const char* text, const char* name)
 {
     std::pair<std::int32_t, std::string> found;
-    CRecordingGenerator generator([&](std::string_view, CExpressionScope& properties, CExpressionScope&) {
-        const char* string = "";
-        properties.GetIntVariable(name, &found.first);
-        properties.GetStringVariable(name, &string);
-        found.second = string;
-    });
+    CRecordingGenerator generator(
+        [&](std::string_view, CExpressionScope& properties, CExpressionScope&) {
+            const char* string = "";
+            properties.GetIntVariable(name, &found.first);
+            properties.GetStringVariable(name, &string);
+            found.second = string;
+        });
     generator.Parse(text);
     return found;
 }
@@ -44,14 +45,15 @@ TEST(Parse, SaysWhatItRefuses)
 {
     for (const char* text : {"", " \r\n", "a = 1;", "A(); B();"})
         EXPECT_EQ(ErrorOf(text), "Warning! (viewProxyList.list->size() == 1)") << text;
-    for (const char* text :
-         {"A(a: 1,);", "A(a: 1) { B( }", "A(a: 'open);", "A()", "A() {", "A();;", "step(1, 2, &a, b); A();",
-          "A(a: 1 + );", "A(a: b c);", "A(a = 1);", "A(1a: 1);", "A() { // remark\n }", "\x80();"})
+    for (const char* text : {"A(a: 1,);", "A(a: 1) { B( }", "A(a: 'open);", "A()", "A() {", "A();;",
+                             "step(1, 2, &a, b); A();", "A(a: 1 + );", "A(a: b c);", "A(a = 1);",
+                             "A(1a: 1);", "A() { // remark\n }", "\x80();"})
         EXPECT_EQ(ErrorOf(text), "Warning! (*definition == 0)") << text;
     for (const char* text : {"x = y; A();", "A(x: y);"})
         EXPECT_EQ(ErrorOf(text), "Warning! (variable != NULL)") << text;
     EXPECT_EQ(ErrorOf("A(x: 1 / 0);"), "Warning! (divisor != 0)");
-    for (const char* text : {"A();", "x = y + 0; A(x: (y));"}) // an undefined expression is no unknown name
+    for (const char* text :
+         {"A();", "x = y + 0; A(x: (y));"}) // an undefined expression is no unknown name
         EXPECT_EQ(ErrorOf(text), "") << text;
 }
 
@@ -78,21 +80,25 @@ TEST(Parse, KeepsStringsAsTheyAre)
 TEST(Parse, LimitsAssignmentsToTheirBlock)
 {
     std::string seen;
-    CRecordingGenerator generator([&](std::string_view name, CExpressionScope& properties, CExpressionScope&) {
-        std::int32_t font = -1;
-        properties.GetIntVariable("f", &font);
-        seen.append(name).append(std::to_string(font)).append(" ");
-    });
+    CRecordingGenerator generator(
+        [&](std::string_view name, CExpressionScope& properties, CExpressionScope&) {
+            std::int32_t font = -1;
+            properties.GetIntVariable("f", &font);
+            seen.append(name).append(std::to_string(font)).append(" ");
+        });
     generator.Parse("f = 1; A(f: 9) { B(); f = 2; C() { f = 3; D(); } E(f: f + 5); F(); } f = 7;");
     EXPECT_EQ(seen, "A9 B1 C2 D3 E7 F2 ");
 }
 
 TEST(Parse, NestsViewsAsDeepAsTheLimit)
 {
-    for (const auto& [depth, error] : {std::pair{CExpressionScope::kMaxNesting, ""},
-                                       {CExpressionScope::kMaxNesting + 1, "Warning! (nesting < kMaxNesting)"},
-                                       {100000, "Warning! (nesting < kMaxNesting)"}})
-        EXPECT_EQ(ErrorOf(Nested(static_cast<std::size_t>(depth), "A(){", "B();", "}").c_str()), error) << depth;
+    for (const auto& [depth, error] :
+         {std::pair{CExpressionScope::kMaxNesting, ""},
+          {CExpressionScope::kMaxNesting + 1, "Warning! (nesting < kMaxNesting)"},
+          {100000, "Warning! (nesting < kMaxNesting)"}})
+        EXPECT_EQ(ErrorOf(Nested(static_cast<std::size_t>(depth), "A(){", "B();", "}").c_str()),
+                  error)
+            << depth;
 }
 
 TEST(Parse, ReadsTheFrameDialog)
@@ -101,15 +107,17 @@ TEST(Parse, ReadsTheFrameDialog)
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     std::string fonts;
     std::int32_t features = 0;
-    CRecordingGenerator generator([&](std::string_view name, CExpressionScope& properties, CExpressionScope&) {
+    CRecordingGenerator generator([&](std::string_view name, CExpressionScope& properties,
+                                      CExpressionScope&) {
         std::int32_t font = -1;
         properties.GetIntVariable(name == "CPushButton" ? "push_button_font" : "text_font", &font);
         fonts += std::to_string(font) + ' ';
         properties.GetIntVariable("window_features", &features);
     });
     generator.Parse(text.c_str());
-    EXPECT_THAT(generator.fBuilt, ElementsAre("PDialog", "CFramePane", "CFramePane", "CStaticText", "CEditNumber",
-                                              "CStaticText", "CFramePane", "CFramePane", "CPushButton", "CPushButton"));
+    EXPECT_THAT(generator.fBuilt, ElementsAre("PDialog", "CFramePane", "CFramePane", "CStaticText",
+                                              "CEditNumber", "CStaticText", "CFramePane",
+                                              "CFramePane", "CPushButton", "CPushButton"));
     EXPECT_EQ(features, 2 + 4 + 8 + 16 + 128 + 256);
     EXPECT_EQ(fonts, "-1 10 10 10 10 10 10 10 6 6 ");
 }
@@ -118,7 +126,8 @@ TEST(ViewScopes, NeedAGenerator)
 {
     CExpressionScope plain;
     for (CExpressionScope* const parent : {&plain, static_cast<CExpressionScope*>(nullptr)})
-        EXPECT_EQ(LogicErrorOf([&] { CRapidViewScope scope(parent, nullptr); }), "Warning! (viewParentScope)");
+        EXPECT_EQ(LogicErrorOf([&] { CRapidViewScope scope(parent, nullptr); }),
+                  "Warning! (viewParentScope)");
     CRecordingGenerator generator;
     CRapidViewScope parent(nullptr, &generator);
     CRapidViewScope child(&parent, nullptr);

@@ -1,5 +1,5 @@
 // Random expressions, written down while they are computed in 64 bits.
-#include "layout/expression_scope.h"
+#include "layout/language/expression_scope.h"
 #include "layout/recording_generator.h"
 
 #include <gtest/gtest.h>
@@ -28,21 +28,27 @@ constexpr int kSumLevel = 5; // from here on the operators are arithmetic
 constexpr int kPrefixLevel = 7;
 constexpr int kLeafLevel = 8;
 
-const Operator kOperators[] = {{"||", 1, 1, 2, std::logical_or<>()}, {"&&", 2, 2, 3, std::logical_and<>()},
-                               {"<", 3, 4, 4, std::less<>()},        {"<=", 3, 4, 4, std::less_equal<>()},
-                               {">", 3, 4, 4, std::greater<>()},     {">=", 3, 4, 4, std::greater_equal<>()},
-                               {"==", 4, 5, 5, std::equal_to<>()},   {"!=", 4, 5, 5, std::not_equal_to<>()},
-                               {"+", 5, 5, 6, std::plus<>()},        {"-", 5, 5, 6, std::minus<>()},
-                               {"*", 6, 6, 7, std::multiplies<>()},  {"/", 6, 6, 7, std::divides<>()},
-                               {"%", 6, 6, 7, std::divides<>()}};
+const Operator kOperators[] = {
+    {"||", 1, 1, 2, std::logical_or<>()}, {"&&", 2, 2, 3, std::logical_and<>()},
+    {"<", 3, 4, 4, std::less<>()},        {"<=", 3, 4, 4, std::less_equal<>()},
+    {">", 3, 4, 4, std::greater<>()},     {">=", 3, 4, 4, std::greater_equal<>()},
+    {"==", 4, 5, 5, std::equal_to<>()},   {"!=", 4, 5, 5, std::not_equal_to<>()},
+    {"+", 5, 5, 6, std::plus<>()},        {"-", 5, 5, 6, std::minus<>()},
+    {"*", 6, 6, 7, std::multiplies<>()},  {"/", 6, 6, 7, std::divides<>()},
+    {"%", 6, 6, 7, std::divides<>()}};
 
-constexpr const char* kLeaves[] = {"0",          "1",     "2",     "31",      "32",  "2147483647", "2147483648",
-                                   "4294967295", "small", "large", "nothing", "min", "in_x"};
-const std::map<std::string, std::int32_t> kVariables{{"small", -3}, {"large", 2147483600}, {"min", 4}, {"in_x", 17}};
+constexpr const char* kLeaves[] = {"0",          "1",          "2",          "31",    "32",
+                                   "2147483647", "2147483648", "4294967295", "small", "large",
+                                   "nothing",    "min",        "in_x"};
+const std::map<std::string, std::int32_t> kVariables{
+    {"small", -3}, {"large", 2147483600}, {"min", 4}, {"in_x", 17}};
 
 struct Expression {
     // In parentheses only where the binding calls for it.
-    std::string Within(int leastLevel) const { return level < leastLevel ? "(" + text + ")" : text; }
+    std::string Within(int leastLevel) const
+    {
+        return level < leastLevel ? "(" + text + ")" : text;
+    }
 
     std::string text;
     int level;
@@ -72,8 +78,10 @@ Expression RandomPrefix(std::mt19937& random, int depth)
 
 Expression RandomCall(std::mt19937& random, int depth)
 {
-    const std::string function = std::array{"min", "max", "dim", "in"}[static_cast<std::size_t>(UpTo(random, 3))];
-    std::vector<std::optional<Number>> values(function == "dim" ? 2U : 2U + static_cast<unsigned>(UpTo(random, 1)));
+    const std::string function =
+        std::array{"min", "max", "dim", "in"}[static_cast<std::size_t>(UpTo(random, 3))];
+    std::vector<std::optional<Number>> values(
+        function == "dim" ? 2U : 2U + static_cast<unsigned>(UpTo(random, 1)));
     std::string text = function + " ( ";
     for (std::optional<Number>& value : values) {
         const Expression argument = RandomExpression(random, depth);
@@ -85,11 +93,13 @@ Expression RandomCall(std::mt19937& random, int depth)
         return call;
     const Number first = *values[0];
     if (function == "min" || function == "max")
-        call.value = function == "min" ? *std::ranges::min_element(values) : *std::ranges::max_element(values);
+        call.value = function == "min" ? *std::ranges::min_element(values)
+                                       : *std::ranges::max_element(values);
     else if (function == "dim")
         call.value = first > *values[1] ? Wrapped(first - *values[1]) : 0;
     else
-        call.value = first >= 0 && first < 32 && std::count(values.begin(), values.end(), first) > 1;
+        call.value =
+            first >= 0 && first < 32 && std::count(values.begin(), values.end(), first) > 1;
     return call;
 }
 
@@ -98,7 +108,8 @@ Expression RandomOperation(std::mt19937& random, int depth)
     const Operator& chosen = kOperators[UpTo(random, 12)];
     const Expression a = RandomExpression(random, depth);
     const Expression b = RandomExpression(random, depth);
-    Expression both{a.Within(chosen.leftLevel) + chosen.sign + b.Within(chosen.rightLevel), chosen.level, std::nullopt};
+    Expression both{a.Within(chosen.leftLevel) + chosen.sign + b.Within(chosen.rightLevel),
+                    chosen.level, std::nullopt};
     if (!a.value || !b.value)
         return both;
     if (a.value == VexUndefined || b.value == VexUndefined)
@@ -136,7 +147,8 @@ TEST(RandomExpressions, HaveTheirValues)
             ASSERT_EQ(ValueOf(scope, text), expression.value) << text;
         } else {
             ++divisions;
-            ASSERT_EQ(LogicErrorOf([&] { ValueOf(scope, text); }), "Warning! (divisor != 0)") << text;
+            ASSERT_EQ(LogicErrorOf([&] { ValueOf(scope, text); }), "Warning! (divisor != 0)")
+                << text;
         }
     }
     EXPECT_GT(divisions, 50);

@@ -1,9 +1,9 @@
 // A generator that makes no views and tells what it was handed.
 #pragma once
 
-#include "layout/generator.h"
-#include "layout/keywords.h"
-#include "layout/rapid_view_scope.h"
+#include "layout/placement/generator.h"
+#include "layout/placement/rapid_view_scope.h"
+#include "layout/vocabulary/keywords.h"
 
 #include <functional>
 #include <memory>
@@ -13,9 +13,12 @@
 
 class CRecordingGenerator : public Kesto::CGenerator {
 public:
-    using OnMeasure = std::function<void(std::string_view, Kesto::CExpressionScope&, Kesto::CExpressionScope&)>;
+    using OnMeasure =
+        std::function<void(std::string_view, Kesto::CExpressionScope&, Kesto::CExpressionScope&)>;
 
-    explicit CRecordingGenerator(OnMeasure onMeasure = nullptr) : fOnMeasure(std::move(onMeasure)) {}
+    explicit CRecordingGenerator(OnMeasure onMeasure = nullptr) : fOnMeasure(std::move(onMeasure))
+    {
+    }
 
     void Measure(std::string_view className, Kesto::CExpressionScope* properties,
                  Kesto::CExpressionScope* layoutScope) override
@@ -25,7 +28,8 @@ public:
             fOnMeasure(className, *properties, *layoutScope);
     }
 
-    Kesto::CView* Build(std::string_view className, Kesto::CExpressionScope*, Kesto::CView*) override
+    Kesto::CView* Build(std::string_view className, Kesto::CExpressionScope*,
+                        Kesto::CView*) override
     {
         fBuilt.emplace_back(className);
         return nullptr;
@@ -33,7 +37,8 @@ public:
 
     void Parse(const char* text)
     {
-        const auto root = Kesto::CRapidViewScope::CreateRootScope(nullptr, this, nullptr, nullptr, true);
+        const auto root =
+            Kesto::CRapidViewScope::CreateRootScope(nullptr, this, nullptr, nullptr, true);
         for (const Kesto::VexConstant& constant : Kesto::ClassConstants())
             root->AddConstant(constant.name, constant.value);
         root->Parse(text);
@@ -58,7 +63,8 @@ std::string LogicErrorOf(Run run)
     return "";
 }
 
-// The value of any expression, conditions in parentheses included; throws std::runtime_error if it can't be read.
+// The value of any expression, conditions in parentheses included; throws std::runtime_error if it
+// can't be read.
 inline std::int32_t ValueOf(Kesto::CExpressionScope& scope, const std::string& text)
 {
     struct ValueScope : Kesto::CExpressionScope {
@@ -73,7 +79,8 @@ inline std::int32_t ValueOf(Kesto::CExpressionScope& scope, const std::string& t
 }
 
 // `core` within that many pairs of `open` and `close`.
-inline std::string Nested(std::size_t depth, std::string_view open, std::string_view core, std::string_view close)
+inline std::string Nested(std::size_t depth, std::string_view open, std::string_view core,
+                          std::string_view close)
 {
     std::string text;
     for (std::size_t i = 0; i < depth; ++i)

@@ -1,8 +1,8 @@
 // Variables, their chain and their order, and the records that describe them.
-#include "layout/expression_scope.h"
-#include "layout/keywords.h"
+#include "layout/language/expression_scope.h"
+#include "layout/language/vex_properties.h"
 #include "layout/recording_generator.h"
-#include "layout/vex_properties.h"
+#include "layout/vocabulary/keywords.h"
 
 #include <gmock/gmock.h>
 
@@ -63,8 +63,10 @@ TEST(Scopes, ReadByType)
     EXPECT_EQ(integer, 7);
     EXPECT_FALSE(scope.GetIntVariable("unknown", &integer));
     EXPECT_EQ(integer, 7);
-    EXPECT_EQ(LogicErrorOf([&] { scope.GetIntVariable("number", nullptr); }), "Warning! (value != NULL)");
-    EXPECT_EQ(LogicErrorOf([&] { scope.GetFourCharVariable("unknown", nullptr); }), "Warning! (value != NULL)");
+    EXPECT_EQ(LogicErrorOf([&] { scope.GetIntVariable("number", nullptr); }),
+              "Warning! (value != NULL)");
+    EXPECT_EQ(LogicErrorOf([&] { scope.GetFourCharVariable("unknown", nullptr); }),
+              "Warning! (value != NULL)");
 }
 
 TEST(Scopes, ListTheirVariablesByBucket)
@@ -83,7 +85,8 @@ TEST(Scopes, ListTheirVariablesByBucket)
         scope.ListVariables(list);
         ASSERT_EQ(list.Count(), static_cast<std::size_t>(5 + more));
         std::vector<std::string> names;
-        for (const CVexVariableProperty* entry = list.First(); entry != nullptr; entry = list.Next(entry))
+        for (const CVexVariableProperty* entry = list.First(); entry != nullptr;
+             entry = list.Next(entry))
             if (!entry->Name()->starts_with("zz"))
                 names.push_back(*entry->Name() + ' ' + std::to_string(entry->Type()));
         EXPECT_EQ(names, (std::vector<std::string>{"00A 0", "0A 3", "A 1", "B 0", "C 1"}));
@@ -151,7 +154,8 @@ TEST(PropertyLists, NumberTheirEntries)
     b.SetName("b");
     list.Insert(1, b);
     std::string names;
-    for (const CVexVariableProperty* entry = list.Next(nullptr); entry != nullptr; entry = list.Next(entry))
+    for (const CVexVariableProperty* entry = list.Next(nullptr); entry != nullptr;
+         entry = list.Next(entry))
         names += *entry->Name() + std::to_string(entry->Id());
     EXPECT_EQ(names, "a0b1c2");
     list.Remove(0);
@@ -166,7 +170,8 @@ TEST(Enumerations, AreFoundByName)
     EXPECT_EQ(*VexEnumeration("vertical").At(1).Name(), "align_top");
     EXPECT_EQ(VexEnumeration("vertical").At(1).Integer(), 4);
     EXPECT_EQ(VexEnumeration("placement").At(2).Type(), CVexProperty::kType_Enumerated);
-    EXPECT_THAT([] { VexEnumeration("colour"); }, testing::ThrowsMessage<std::range_error>("Enum name not found."));
+    EXPECT_THAT([] { VexEnumeration("colour"); },
+                testing::ThrowsMessage<std::range_error>("Enum name not found."));
 }
 
 TEST(Vocabulary, NamesEachWordOnce)

@@ -20,8 +20,8 @@ std::string MistakesIn(const char* text)
     std::string found;
     for (const Diagnostic& diagnostic : CheckLayout(source)) {
         const SourcePlace place = source.PlaceOf(diagnostic.position);
-        found += (found.empty() ? "" : ", ") + std::to_string(place.line) + ':' + std::to_string(place.column) + ' ' +
-                 diagnostic.kind;
+        found += (found.empty() ? "" : ", ") + std::to_string(place.line) + ':' +
+                 std::to_string(place.column) + ' ' + diagnostic.kind;
     }
     return found;
 }
@@ -39,15 +39,19 @@ TEST(Check, FindsMistakesAndTheirPlaces)
         {"PDialog(); align_centers(1, 20, 30, a, &b);", "1:42 ampersand"},
         // the vocabulary
         {"PDialog(magin: 4) { CStatcText(); }", "1:9 unknown-key, 1:21 unknown-class"},
-        {"PDialog(width: kBind_Sizable, height: 2 * high);", "1:16 unknown-constant, 1:43 unknown-constant"},
+        {"PDialog(width: kBind_Sizable, height: 2 * high);",
+         "1:16 unknown-constant, 1:43 unknown-constant"},
         // scopes
         {"step(1, 2, &w); PDialog(width: w, height: width) { h = w; CPane(height: h) {} }", ""},
         {"PDialog() { CPane() { h = 1; } CPane(height: h); }", "1:46 unknown-constant"},
         // kinds of values, and identifiers
-        {"PDialog(width: 'broad', window_title: 5, view_id: 5);", "1:16 wrong-kind, 1:39 wrong-kind"},
-        {"PDialog(width: 'abcd') { CEditNumber(number_value: '1.5', number_maximum: 'several'); }", "1:75 wrong-kind"},
+        {"PDialog(width: 'broad', window_title: 5, view_id: 5);",
+         "1:16 wrong-kind, 1:39 wrong-kind"},
+        {"PDialog(width: 'abcd') { CEditNumber(number_value: '1.5', number_maximum: 'several'); }",
+         "1:75 wrong-kind"},
         {"t = 'broad'; PDialog(width: t, window_title: t);", "1:29 wrong-kind"},
-        {"PDialog(view_id: 'a') { CPane(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }", "1:76 duplicate-id"},
+        {"PDialog(view_id: 'a') { CPane(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }",
+         "1:76 duplicate-id"},
         // what the parser throws
         {"a = 1;\n", "2:1 views"},
         {"PDialog();\nCPane();", "2:1 views"},
@@ -100,7 +104,8 @@ std::string Formatted(const std::string& text)
 
 TEST(Format, WritesOneForm)
 {
-    EXPECT_EQ(Formatted("\r\na=1 ;step(1,-2,& x,&y);PDialog( width:( 1+ - 2)*min (a,3),title:'a  b' ){CPane();}"),
+    EXPECT_EQ(Formatted("\r\na=1 ;step(1,-2,& x,&y);PDialog( width:( 1+ - 2)*min (a,3),title:'a  "
+                        "b' ){CPane();}"),
               "a = 1;\nstep(1, -2, &x, &y);\n\n"
               "PDialog(width: (1 + -2) * min(a, 3), title: 'a  b') {\n    CPane();\n}\n");
     EXPECT_EQ(Formatted("A(a: (!b||-1<=+c), d: 'two\nlines') {}"),
@@ -125,7 +130,8 @@ TEST(Format, RefusesBrokenTexts)
 
 TEST(Dump, ShowsEveryScope)
 {
-    const nlohmann::json view = DumpLayout(CSourceText("a", "A(width: 7, t: 'x', u: q + 1) { v = 2; B(); w = v; }"));
+    const nlohmann::json view =
+        DumpLayout(CSourceText("a", "A(width: 7, t: 'x', u: q + 1) { v = 2; B(); w = v; }"));
     EXPECT_EQ(view["properties"], (nlohmann::json{{"width", 7}, {"t", "x"}, {"u", nullptr}}));
     EXPECT_EQ(view["variables"], (nlohmann::json{{"v", 2}, {"w", 2}}));
     EXPECT_EQ(view["children"][0]["class"], "B");

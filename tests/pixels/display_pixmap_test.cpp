@@ -1,8 +1,8 @@
 // Pixmaps in bitmaps of the graphics system.
-#include "pixels/display_pixmap.h"
+#include "pixels/pixmaps/display_pixmap.h"
 
-#include "foundation/exceptions.h"
-#include "pixels/pixmap_port.h"
+#include "foundation/errors/exceptions.h"
+#include "pixels/pixmaps/pixmap_port.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 // Which scratch files the heap opens, and where.
-#include "foundation/exceptions.h"
+#include "foundation/errors/exceptions.h"
 #include "pixels/lying_disk.h"
-#include "pixels/virtual_heap.h"
-#include "platform/process_number.h"
+#include "pixels/tiles/virtual_heap.h"
+#include "platform/system/process.h"
 
 #include <gmock/gmock.h>
 
@@ -57,8 +57,10 @@ TEST_F(ScratchFolders, GetFilesOfTheProcessTheTimeAndTheIndexThatAreDeletedLastT
     }
     ASSERT_EQ(paths.size(), 2U);
     std::uint32_t time = 0;
-    ASSERT_EQ(std::sscanf(paths[0].c_str() + NameOf(paths[0]), "%*u_%u_KVM_", &time), 1) << paths[0];
-    const std::string start = std::to_string(Platform::ProcessNumber()) + "_" + std::to_string(time) + "_KVM_";
+    ASSERT_EQ(std::sscanf(paths[0].c_str() + NameOf(paths[0]), "%*u_%u_KVM_", &time), 1)
+        << paths[0];
+    const std::string start =
+        std::to_string(Platform::ProcessNumber()) + "_" + std::to_string(time) + "_KVM_";
     EXPECT_EQ(paths[0].substr(NameOf(paths[0])), start + "0.tmp");
     EXPECT_EQ(paths[1].substr(NameOf(paths[1])), start + "1.tmp");
     EXPECT_TRUE(disk.files.empty());
@@ -70,7 +72,8 @@ TEST_F(ScratchFolders, AreOnFixedVolumesWithTheMostRoomFirst)
     disk.AddVolume("/small", 1000);
     disk.AddVolume("/large", 3 * kGiB);
     disk.AddVolume("/remote", 4 * kGiB) = {.mounted = true, .remote = true, .freeBytes = 4 * kGiB};
-    disk.AddVolume("/disc", 4 * kGiB) = {.mounted = true, .fixed = true, .cdRom = true, .freeBytes = 4 * kGiB};
+    disk.AddVolume("/disc", 4 * kGiB) = {
+        .mounted = true, .fixed = true, .cdRom = true, .freeBytes = 4 * kGiB};
     disk.AddVolume("/gone", 4 * kGiB) = {.fixed = true, .freeBytes = 4 * kGiB};
     EXPECT_THAT(FoldersFor(), ElementsAre("/large", "/v/tmp", "/small"));
 }

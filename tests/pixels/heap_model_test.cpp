@@ -1,7 +1,8 @@
-// Random use of the heap against a plain model of what each tile holds, on a sound and on a failing disk.
-#include "foundation/exceptions.h"
+// Random use of the heap against a plain model of what each tile holds, on a sound and on a failing
+// disk.
+#include "foundation/errors/exceptions.h"
 #include "pixels/lying_disk.h"
-#include "pixels/virtual_tile_array.h"
+#include "pixels/tiles/virtual_tile_array.h"
 
 #include <gtest/gtest.h>
 
@@ -32,8 +33,14 @@ struct ModelArray {
     {
     }
 
-    std::size_t TileBytes() const { return static_cast<std::size_t>(Kesto::TileClassBytes(tiles.GetMemoryClass())); }
-    bool IsLocked(std::uint32_t index) const { return std::ranges::count(locks, index, &Lock::index) != 0; }
+    std::size_t TileBytes() const
+    {
+        return static_cast<std::size_t>(Kesto::TileClassBytes(tiles.GetMemoryClass()));
+    }
+    bool IsLocked(std::uint32_t index) const
+    {
+        return std::ranges::count(locks, index, &Lock::index) != 0;
+    }
 
     void Unlock(Lock lock, bool dirty, bool touch)
     {
@@ -54,7 +61,8 @@ public:
         : fRandom(seed), fHeap(limits), fFaults(faultsPerThousand), fHighest(limits.fBudget)
     {
         LyingDisk& disk = LyingDisk::Reset();
-        disk.failsLength = disk.failsWrite = disk.failsRead = disk.cutsRead = [this] { return Below(1000) < fFaults; };
+        disk.failsLength = disk.failsWrite = disk.failsRead =
+            disk.cutsRead = [this] { return Below(1000) < fFaults; };
     }
 
     // A step that the disk stops must have changed nothing that the model knows of.
@@ -66,7 +74,8 @@ public:
             ++fFailures;
             ASSERT_GT(fFaults, 0);
         }
-        fHighest = std::max({fHighest, fHeap.Budget(), LockedBytes() + Kesto::TileClassBytes(kMostClass)});
+        fHighest =
+            std::max({fHighest, fHeap.Budget(), LockedBytes() + Kesto::TileClassBytes(kMostClass)});
         ASSERT_LE(fHeap.AllocatedBytes(), fHighest);
         ASSERT_LE(fHeap.UnusedBytes(), fHeap.AllocatedBytes());
     }
@@ -96,7 +105,10 @@ private:
                 bytes += array->IsLocked(i) ? array->TileBytes() : 0;
         return bytes;
     }
-    std::size_t Any(std::size_t count) { return static_cast<std::size_t>(Below(static_cast<int>(count))); }
+    std::size_t Any(std::size_t count)
+    {
+        return static_cast<std::size_t>(Below(static_cast<int>(count)));
+    }
     std::uint64_t SomeKiB(int bound) { return static_cast<std::uint64_t>(Below(bound)) * 1024; }
 
     void TakeStep()
@@ -110,7 +122,8 @@ private:
         const std::size_t which = Any(fArrays.size());
         ModelArray& array = *fArrays[which];
         if (step == 1 && fArrays.size() > 4)
-            return static_cast<void>(fArrays.erase(fArrays.begin() + static_cast<std::ptrdiff_t>(which)));
+            return static_cast<void>(
+                fArrays.erase(fArrays.begin() + static_cast<std::ptrdiff_t>(which)));
         if (step < 5)
             return Resize(array);
         if (step < 7)
@@ -149,7 +162,8 @@ private:
         void* pointer = nullptr;
         array.tiles.Lock(index, pointer, touch);
         if (const std::optional<Bytes>& expected = array.expected[index]) {
-            EXPECT_TRUE(std::equal(expected->begin(), expected->end(), static_cast<const std::uint8_t*>(pointer)));
+            EXPECT_TRUE(std::equal(expected->begin(), expected->end(),
+                                   static_cast<const std::uint8_t*>(pointer)));
         }
         return {index, pointer};
     }
@@ -187,8 +201,9 @@ TEST(HeapModel, HoldsUnderTinyBudgetsOverManyFilesAndOnADiskThatFails)
         Kesto::CVirtualHeapLimits limits;
         int faults; // of a thousand calls of the disk
     };
-    const Case cases[] = {
-        {{.fBudget = 8 * 1024}, 0}, {{.fBudget = 32 * 1024, .fFileSize = 192 * 1024}, 0}, {{.fBudget = 8 * 1024}, 30}};
+    const Case cases[] = {{{.fBudget = 8 * 1024}, 0},
+                          {{.fBudget = 32 * 1024, .fFileSize = 192 * 1024}, 0},
+                          {{.fBudget = 8 * 1024}, 30}};
     for (const auto& [limits, faults] : cases)
         for (std::uint32_t seed = 1; seed < 9; ++seed) {
             SCOPED_TRACE(seed);

@@ -1,7 +1,7 @@
 // Slots, handles, free lists, eviction, the budget, and what a failing disk leaves.
-#include "foundation/exceptions.h"
+#include "foundation/errors/exceptions.h"
 #include "pixels/lying_disk.h"
-#include "pixels/virtual_pixmap.h"
+#include "pixels/tiles/virtual_pixmap.h"
 
 #include <gmock/gmock.h>
 
@@ -28,7 +28,8 @@ constexpr std::uint64_t kKiB = 1024;
 
 class Tiles : public Kesto::CVirtualTileArray {
 public:
-    Tiles(std::uint8_t memoryClass, CVirtualHeap& heap, std::uint32_t count, bool discardable = false)
+    Tiles(std::uint8_t memoryClass, CVirtualHeap& heap, std::uint32_t count,
+          bool discardable = false)
         : CVirtualTileArray(memoryClass, discardable, heap)
     {
         Resize(count);
@@ -61,7 +62,9 @@ public:
         void* pointer = Hold(index);
         const auto* const bytes = static_cast<const std::uint8_t*>(pointer);
         const std::uint64_t size = TileClassBytes(GetMemoryClass());
-        const int value = std::count(bytes, bytes + size, *bytes) == static_cast<std::ptrdiff_t>(size) ? *bytes : -1;
+        const int value =
+            std::count(bytes, bytes + size, *bytes) == static_cast<std::ptrdiff_t>(size) ? *bytes
+                                                                                         : -1;
         Unlock(index, pointer, false, false);
         return value;
     }
@@ -75,7 +78,10 @@ public:
 
 class Heap : public ::testing::Test {
 protected:
-    static auto At(std::uint64_t position) { return ::testing::Field(&Testing::Access::position, position); }
+    static auto At(std::uint64_t position)
+    {
+        return ::testing::Field(&Testing::Access::position, position);
+    }
 
     LyingDisk& disk = LyingDisk::Reset();
 };
@@ -118,7 +124,8 @@ TEST_F(Heap, GoesOnInTheNextFileAndThenHasNoMoreTiles)
         for (int i = 0; i < 100; ++i)
             heap.AcquireTile(8, 8, 1);
     };
-    const Kesto::CText text("$$$/Kesto/VirtualHeap/AcquireTileError=No more virtual tiles can be allocated.");
+    const Kesto::CText text(
+        "$$$/Kesto/VirtualHeap/AcquireTileError=No more virtual tiles can be allocated.");
     EXPECT_THAT(acquireMany, Throws<CError>(Property(&CError::ErrorText, text)));
 }
 
@@ -198,8 +205,11 @@ TEST_F(Heap, GivesTheSmallestFreeBlocksBackFirst)
 
 TEST_F(Heap, StepsAsideWithSomeSlack)
 {
-    for (const auto& [bytes, freed] : std::map<std::uint64_t, std::uint64_t>{
-             {1, 5 * kKiB}, {80 * kKiB, 85 * kKiB}, {1024 * kKiB, (1024 + 64) * kKiB}, {2048 * kKiB, 2112 * kKiB}}) {
+    for (const auto& [bytes, freed] :
+         std::map<std::uint64_t, std::uint64_t>{{1, 5 * kKiB},
+                                                {80 * kKiB, 85 * kKiB},
+                                                {1024 * kKiB, (1024 + 64) * kKiB},
+                                                {2048 * kKiB, 2112 * kKiB}}) {
         CVirtualHeap heap;
         Tiles tiles(2, heap, 4096);
         tiles.WriteAll();
@@ -219,7 +229,8 @@ TEST_F(Heap, GivesUpTheDataOfDiscardableTiles)
     EXPECT_EQ(heap.EvictBytes(1), 64 * kKiB);
     EXPECT_TRUE(disk.writes.empty());
     EXPECT_TRUE(tiles.GetTile(0)->Has(CVirtualTile::kSaved));
-    EXPECT_EQ(*static_cast<char*>(tiles.Hold(0)), 0) << "the head of the block is what the small slot holds";
+    EXPECT_EQ(*static_cast<char*>(tiles.Hold(0)), 0)
+        << "the head of the block is what the small slot holds";
     ASSERT_EQ(disk.reads.size(), 1U);
     EXPECT_EQ(disk.reads[0].size, kKiB);
 }
@@ -294,7 +305,8 @@ TEST_F(FailingDisk, KeepsWhatIsInMemoryOrInItsSlot)
 {
     tiles.WriteAll();
     disk.failsWrite = [] { return true; };
-    EXPECT_THAT([&] { tiles.Read(0); }, Throws<CSystemError>(Property(&CSystemError::Code, Testing::kDiskFull)));
+    EXPECT_THAT([&] { tiles.Read(0); },
+                Throws<CSystemError>(Property(&CSystemError::Code, Testing::kDiskFull)));
     EXPECT_THROW(heap.SetBudget(0), CSystemError);
     EXPECT_EQ(tiles.Read(7), 7);
     disk.failsWrite = nullptr;

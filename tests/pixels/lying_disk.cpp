@@ -1,7 +1,7 @@
 #include "pixels/lying_disk.h"
 
-#include "platform/files.h"
-#include "platform/user_folders.h"
+#include "platform/files/files.h"
+#include "platform/files/folders.h"
 
 #include <algorithm>
 #include <cstring>
@@ -80,10 +80,13 @@ Transfer FileHandle::ReadAt(void* buffer, std::size_t size, std::uint64_t positi
     if (Ask(disk.failsRead))
         return {0, Testing::kReadFailed};
     const std::vector<std::byte>& file = FileOf(fNative);
-    std::size_t done = position < file.size() ? std::min(size, file.size() - static_cast<std::size_t>(position)) : 0;
+    std::size_t done = position < file.size()
+                           ? std::min(size, file.size() - static_cast<std::size_t>(position))
+                           : 0;
     if (Ask(disk.cutsRead))
         done /= 2;
-    std::copy_n(file.begin() + static_cast<std::ptrdiff_t>(position), done, static_cast<std::byte*>(buffer));
+    std::copy_n(file.begin() + static_cast<std::ptrdiff_t>(position), done,
+                static_cast<std::byte*>(buffer));
     return {done, 0};
 }
 
@@ -95,7 +98,8 @@ Transfer FileHandle::WriteAt(const void* buffer, std::size_t size, std::uint64_t
     const std::size_t done = fails ? size / 2 : size;
     std::vector<std::byte>& file = FileOf(fNative);
     file.resize(std::max<std::size_t>(file.size(), static_cast<std::size_t>(position) + done));
-    std::copy_n(static_cast<const std::byte*>(buffer), done, file.begin() + static_cast<std::ptrdiff_t>(position));
+    std::copy_n(static_cast<const std::byte*>(buffer), done,
+                file.begin() + static_cast<std::ptrdiff_t>(position));
     return {done, fails ? Testing::kDiskFull : 0};
 }
 

@@ -1,9 +1,10 @@
-// A machine whose files live in memory, whose volumes are made up, and whose disk fails when it is told to.
+// A machine whose files live in memory, whose volumes are made up, and whose disk fails when it is
+// told to.
 //
 // It stands where the platform's files and volumes stand otherwise.
 #pragma once
 
-#include "platform/volumes.h"
+#include "platform/files/volumes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,7 +41,8 @@ struct LyingDisk {
     std::vector<std::string> listed;                      // what a machine names as its volumes
     std::string temporary = "/v/tmp";
 
-    // Asked before each step. A write that fails has written half; a read that is short ends at its half.
+    // Asked before each step. A write that fails has written half; a read that is short ends at its
+    // half.
     std::function<bool()> failsOpen, failsLength, failsWrite, failsRead, cutsRead;
 };
 

@@ -1,5 +1,5 @@
 // The arithmetic of contiguous pixmaps and their views.
-#include "pixels/memory_pixmap.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +22,10 @@ TEST(RowBytes, ArePaddedToTheAlignment)
     struct Case {
         std::int32_t width, bits, alignment, bytes;
     };
-    for (const Case& one : {Case{5, 8, 4, 8}, Case{9, 1, 1, 2}, Case{8, 1, 1, 1}, Case{0, 8, 4, 0}, Case{4, 8, 4, 4},
-                            Case{3, 16, 4, 8}, Case{5, 32, 4, 20}, Case{1, 1, 64, 64}, Case{7, 24, 3, 21},
-                            Case{-5, 8, 4, -4}, Case{-1, 1, 4, 0}, Case{0x7ffffffc / 4, 32, 4, 0x7ffffffc}})
+    for (const Case& one :
+         {Case{5, 8, 4, 8}, Case{9, 1, 1, 2}, Case{8, 1, 1, 1}, Case{0, 8, 4, 0}, Case{4, 8, 4, 4},
+          Case{3, 16, 4, 8}, Case{5, 32, 4, 20}, Case{1, 1, 64, 64}, Case{7, 24, 3, 21},
+          Case{-5, 8, 4, -4}, Case{-1, 1, 4, 0}, Case{0x7ffffffc / 4, 32, 4, 0x7ffffffc}})
         EXPECT_EQ(CBasicPixmap::ComputeRowBytes(one.width, one.bits, one.alignment), one.bytes)
             << one.width << " of " << one.bits << " by " << one.alignment;
     EXPECT_THROW(CBasicPixmap::ComputeRowBytes(0x20000000, 32, 4), std::length_error);
@@ -106,7 +107,8 @@ TEST(MemoryPixmap, IsAsBeforeAfterASizeThatCannotBe)
 
 TEST(MemoryPixmap, ErasesWholeBytesUpTo32Bits)
 {
-    for (const auto& [bits, first] : {std::pair{8, 0}, {16, 0}, {32, 0}, {64, 7}, {24, 7}, {1, 7}}) {
+    for (const auto& [bits, first] :
+         {std::pair{8, 0}, {16, 0}, {32, 0}, {64, 7}, {24, 7}, {1, 7}}) {
         CMemoryPixmap pixmap(bits, 8, 3, 2, 4, 0);
         const auto bytes = static_cast<std::size_t>(pixmap.GetRowBytes()) * 6;
         std::memset(pixmap.GetBaseAddress(), 7, bytes);
@@ -122,7 +124,9 @@ protected:
     std::string Text(const CBasicPixmap& of) const
     {
         if (view.planeCount == 0)
-            return view.planePointers == nullptr && view.rowBytes == 0 && view.width == 0 ? "nothing" : "half reset";
+            return view.planePointers == nullptr && view.rowBytes == 0 && view.width == 0
+                       ? "nothing"
+                       : "half reset";
         const auto pair = [](std::int64_t a, char between, std::int64_t b) {
             return std::to_string(a) + between + std::to_string(b) + ' ';
         };
@@ -131,8 +135,8 @@ protected:
                pair(view.planePointers[0] - of.GetBaseAddress(), '.', view.bitOffset);
     }
 
-    std::string Part(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, std::int32_t first,
-                     std::int32_t count)
+    std::string Part(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+                     std::int32_t first, std::int32_t count)
     {
         pixmap.GetView(view, x, y, width, height, first, count);
         return Text(pixmap);
@@ -166,7 +170,8 @@ TEST_F(View, OfAPartOrAllAndOfPlanesInRange)
     for (const std::int32_t first : {0, 9})
         EXPECT_EQ(Part(0, 0, 0, 0, first, 0), "nothing");
 
-    EXPECT_EQ(Part({90, 203, 104, 900}), "100,203 4*3 planes 0+1 at 36.0 ") << "clipped to the bounds";
+    EXPECT_EQ(Part({90, 203, 104, 900}), "100,203 4*3 planes 0+1 at 36.0 ")
+        << "clipped to the bounds";
     EXPECT_EQ(Part({0, 0, 100, 900}), "nothing");
 }
 
@@ -208,7 +213,8 @@ TEST_F(View, HasRoomForPlanesInGroupsOfFour)
     pixmap.GetView(view);
     const CPixView copy = view;
     EXPECT_NE(copy.planePointers, view.planePointers);
-    EXPECT_TRUE(std::equal(view.planePointers.get(), view.planePointers.get() + 3, copy.planePointers.get()));
+    EXPECT_TRUE(std::equal(view.planePointers.get(), view.planePointers.get() + 3,
+                           copy.planePointers.get()));
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // Scratch files in a real folder.
-#include "pixels/scratch_files.h"
+#include "pixels/tiles/scratch_files.h"
 
 #include "foundation/spec_folder.h"
-#include "pixels/virtual_heap.h"
-#include "platform/process_number.h"
+#include "pixels/tiles/virtual_heap.h"
+#include "platform/system/process.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The arithmetic of tiles, over the real disk.
-#include "pixels/virtual_pixmap.h"
+#include "pixels/tiles/virtual_pixmap.h"
 
 #include <gtest/gtest.h>
 
@@ -21,11 +21,12 @@ TEST(TileShape, FollowsTheClassAndTheDepth)
         std::uint8_t depth, code, sizeClass;
         std::int32_t width, height;
     };
-    for (const Case& one : {Case{0, 0, 0, 64, 32}, Case{3, 4, 4, 64, 64}, Case{5, 15, 15, 2048, 1024},
-                            Case{5, 0, 0, 8, 8}, Case{4, 3, 3, 32, 32}, Case{3, 0, 0, 16, 16}, Case{3, 5, 5, 128, 64},
-                            // squares of 64 << r pixels
-                            Case{0, 0x80, 1, 64, 64}, Case{3, 0x80, 4, 64, 64}, Case{5, 0x84, 14, 1024, 1024},
-                            Case{4, 0x81, 7, 128, 128}}) {
+    for (const Case& one :
+         {Case{0, 0, 0, 64, 32}, Case{3, 4, 4, 64, 64}, Case{5, 15, 15, 2048, 1024},
+          Case{5, 0, 0, 8, 8}, Case{4, 3, 3, 32, 32}, Case{3, 0, 0, 16, 16}, Case{3, 5, 5, 128, 64},
+          // squares of 64 << r pixels
+          Case{0, 0x80, 1, 64, 64}, Case{3, 0x80, 4, 64, 64}, Case{5, 0x84, 14, 1024, 1024},
+          Case{4, 0x81, 7, 128, 128}}) {
         const TileShape shape = TileShape::FromCode(one.depth, one.code);
         EXPECT_EQ(shape.fClass, one.sizeClass);
         EXPECT_EQ(shape.fWidth, one.width) << int{one.depth} << " " << int{one.code};
@@ -38,7 +39,8 @@ TEST(TileShape, AlwaysFillsItsClassAndRefusesUnknownCodes)
     for (std::uint8_t depth = 0; depth <= 5; ++depth)
         for (std::uint8_t code = 0; code < 16; ++code) {
             const TileShape shape = TileShape::FromCode(depth, code);
-            EXPECT_EQ((std::int64_t{shape.fWidth} * shape.fHeight << depth) / 8, std::int64_t{256} << code);
+            EXPECT_EQ((std::int64_t{shape.fWidth} * shape.fHeight << depth) / 8,
+                      std::int64_t{256} << code);
         }
     EXPECT_THROW(TileShape::FromCode(6, 0), std::logic_error);
     EXPECT_THROW(TileShape::FromCode(3, 16), std::logic_error);
@@ -47,10 +49,13 @@ TEST(TileShape, AlwaysFillsItsClassAndRefusesUnknownCodes)
 
 TEST(TileGrid, CountsTilesAndStridesUpTo31Bits)
 {
-    const auto numbers = [](std::int32_t width, std::int32_t height, std::int32_t planes, bool interleaved) {
-        const TileGrid grid(TileShape::FromCode(3, 4), width, height, planes, interleaved); // 64 by 64
-        return std::array{grid.fTilesAcross,  grid.fTilesDown, static_cast<std::int32_t>(grid.fCount),
-                          grid.fColumnStride, grid.fRowStride, grid.fPlaneStride};
+    const auto numbers = [](std::int32_t width, std::int32_t height, std::int32_t planes,
+                            bool interleaved) {
+        const TileGrid grid(TileShape::FromCode(3, 4), width, height, planes,
+                            interleaved); // 64 by 64
+        return std::array{
+            grid.fTilesAcross,  grid.fTilesDown, static_cast<std::int32_t>(grid.fCount),
+            grid.fColumnStride, grid.fRowStride, grid.fPlaneStride};
     };
     EXPECT_EQ(numbers(129, 64, 3, false), (std::array{3, 1, 9, 1, 3, 3}));
     EXPECT_EQ(numbers(128, 65, 3, true), (std::array{2, 2, 12, 3, 6, 1}));
@@ -126,7 +131,8 @@ TEST_F(VirtualPixmap, PagesToTheDiskAndBack)
             void* pointer = nullptr;
             pixmap.LockTile(i % 16, i / 16, 0, pointer, false);
             const std::span<std::int32_t> pixels(static_cast<std::int32_t*>(pointer), 64 * 64);
-            ASSERT_TRUE(pass == 0 || (pixels.front() == i + pass - 1 && pixels.back() == i - pass + 1));
+            ASSERT_TRUE(pass == 0 ||
+                        (pixels.front() == i + pass - 1 && pixels.back() == i - pass + 1));
             pixels.front() = i + pass;
             pixels.back() = i - pass;
             pixmap.UnlockTile(i % 16, i / 16, 0, pointer, true, false);

@@ -1,4 +1,4 @@
-#include "platform/locale.h"
+#include "platform/system/locale.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,8 @@ TEST(LanguageName, TakesLanguageAndRegionOfASystemsName)
 
 TEST(LanguageName, FallsBackToAmericanEnglish)
 {
-    for (const char* name : {"", "C", "POSIX", "C.UTF-8", "de", "de_", "_DE", "DE_de", "es-419", "@euro"})
+    for (const char* name :
+         {"", "C", "POSIX", "C.UTF-8", "de", "de_", "_DE", "DE_de", "es-419", "@euro"})
         EXPECT_EQ(Platform::LanguageNameFrom(name), "en_US") << name;
 }
 

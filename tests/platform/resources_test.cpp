@@ -1,4 +1,4 @@
-#include "platform/resources.h"
+#include "platform/system/resources.h"
 
 #include <gmock/gmock.h>
 
@@ -10,7 +10,8 @@ template <class Name>
 std::string Resource(const char* type, Name name)
 {
     const std::optional<std::span<const std::byte>> bytes = FindModuleResource(type, name);
-    return bytes ? std::string(reinterpret_cast<const char*>(bytes->data()), bytes->size()) : "none";
+    return bytes ? std::string(reinterpret_cast<const char*>(bytes->data()), bytes->size())
+                 : "none";
 }
 
 } // namespace
@@ -31,7 +32,8 @@ TEST(Resources, AreFoundByTypeAndNameOrNumber)
 TEST(Resources, AreListedByTypeUnderTheNamesThatFindThem)
 {
     for (const char* type : {"TEXT", "text"})
-        EXPECT_THAT(ListModuleResources(type), testing::ElementsAre("ALPHA.TXT", "BETA.TXT", "#128", "#4000"));
+        EXPECT_THAT(ListModuleResources(type),
+                    testing::ElementsAre("ALPHA.TXT", "BETA.TXT", "#128", "#4000"));
     EXPECT_THAT(ListModuleResources("NONE"), testing::IsEmpty());
     EXPECT_EQ(Resource("TEXT", "#128"), "the 128th");
 }

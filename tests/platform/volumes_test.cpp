@@ -1,5 +1,5 @@
-#include "platform/user_folders.h"
-#include "platform/volumes.h"
+#include "platform/files/folders.h"
+#include "platform/files/volumes.h"
 
 #include <gmock/gmock.h>
 

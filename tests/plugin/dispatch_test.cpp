@@ -2,7 +2,7 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
-#include "plugin/plugin_registry.h"
+#include "plugin/format/plugin_registry.h"
 
 extern "C" void EntryBMP(int16_t selector, void* record, intptr_t* data, int16_t* result);
 
@@ -96,7 +96,8 @@ TEST_F(Dispatch, AResidentObjectOutlivesSessionsFailuresAndRefusals)
     HostAboutRecord about{sizeof about, host.record.basicSuite};
     host.entry(kFormatAbout, &about, &host.data, &result);
     EXPECT_TRUE(ObjectLives(host));
-    EXPECT_EQ(Kesto::FindFormatPlugin(Kesto::kProject_EntryElectricImage)->aboutRecord, nullptr) << "it is gone by now";
+    EXPECT_EQ(Kesto::FindFormatPlugin(Kesto::kProject_EntryElectricImage)->aboutRecord, nullptr)
+        << "it is gone by now";
     EXPECT_EQ(ObjectsMade(host), 1);
     EXPECT_EQ(host.Call(kFormatUnload), 0);
     EXPECT_FALSE(ObjectLives(host));
@@ -168,10 +169,15 @@ TEST_F(Dispatch, MissingArgumentsEndInCodes)
         for (const bool withRecord : {false, true}) {
             int16_t result = 99;
             host.Call(kFormatLoad);
-            host.entry(selector, withRecord && selector != 0 ? &host.record : nullptr, nullptr, &result);
-            const bool checked = (selector >= 1 && selector <= 15 && selector % 4 != 0) || selector == 35 ||
-                                 selector == 36 || selector == 38 || selector == 39;
-            EXPECT_EQ(result, checked ? kHostBadParameter : selector == 17 ? kHostCannotRead : 0) << selector;
+            host.entry(selector, withRecord && selector != 0 ? &host.record : nullptr, nullptr,
+                       &result);
+            const bool checked = (selector >= 1 && selector <= 15 && selector % 4 != 0) ||
+                                 selector == 35 || selector == 36 || selector == 38 ||
+                                 selector == 39;
+            EXPECT_EQ(result, checked          ? kHostBadParameter
+                              : selector == 17 ? kHostCannotRead
+                                               : 0)
+                << selector;
             host.entry(selector, selector != 0 ? &host.record : nullptr, &host.data, nullptr);
         }
 }

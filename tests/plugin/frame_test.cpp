@@ -1,10 +1,11 @@
-// The frame of a format around a class of its own: which exception becomes which result, and the memory bargain.
+// The frame of a format around a class of its own: which exception becomes which result, and the
+// memory bargain.
 #include "support/module_test.h"
 
-#include "foundation/service.h"
-#include "pixels/virtual_heap.h"
-#include "plugin/lumograph_error.h"
-#include "plugin/lumograph_format.h"
+#include "foundation/base/service.h"
+#include "pixels/tiles/virtual_heap.h"
+#include "plugin/format/lumograph_format.h"
+#include "plugin/frame/lumograph_error.h"
 
 #include <functional>
 #include <stdexcept>
@@ -60,7 +61,8 @@ TEST_F(Frame, FailuresBecomeCodesAndAlerts)
         {fails(Kesto::CLumographError(-1)), -1, kHostCannotRead, ""},
         {fails(Kesto::CLumographError(kHostFilterFileA)), kHostFilterFileA, kHostFilterFileA, ""},
         {fails(Kesto::CLumographError(kHostFilterFileB)), kHostFilterFileB, kHostFilterFileB, ""},
-        {fails(std::runtime_error("the wheels came off")), kHostFailed, kHostCannotRead, "the wheels came off"},
+        {fails(std::runtime_error("the wheels came off")), kHostFailed, kHostCannotRead,
+         "the wheels came off"},
         {fails(7), kHostFailed, kHostCannotRead, "could not be completed"},
         {fails(Kesto::CException()), kHostFailed, kHostCannotRead, "could not be completed"},
     };
@@ -70,7 +72,8 @@ TEST_F(Frame, FailuresBecomeCodesAndAlerts)
         EXPECT_EQ(FilterFile(), row.filtered);
         EXPECT_THAT(alerts.texts, testing::IsEmpty());
         EXPECT_EQ(Start(), row.started);
-        EXPECT_EQ(alerts.texts.size(), *row.alert != '\0' ? 1U : 0U) << "the host shows the text of its own codes";
+        EXPECT_EQ(alerts.texts.size(), *row.alert != '\0' ? 1U : 0U)
+            << "the host shows the text of its own codes";
         EXPECT_THAT(alerts.texts.empty() ? "" : alerts.texts[0], HasSubstr(row.alert));
         alerts.texts.clear();
     }
@@ -83,7 +86,8 @@ TEST_F(Frame, FailuresBecomeCodesAndAlerts)
 
 TEST_F(Frame, HandlersRememberTheCallAndItsPhase)
 {
-    constexpr uint32_t kBoth = Kesto::CLumographPlugin::kFlag_Working | Kesto::CLumographPlugin::kFlag_About;
+    constexpr uint32_t kBoth =
+        Kesto::CLumographPlugin::kFlag_Working | Kesto::CLumographPlugin::kFlag_About;
     uint32_t flags = 0;
     format.body = [&] {
         flags = format.flags & kBoth;
@@ -113,7 +117,8 @@ TEST_F(Frame, ThePrepareSplitsTheHostsMemory)
     EXPECT_EQ(Prepare(), kHostFailed);
     EXPECT_EQ(format.memoryShare, 0);
     ASSERT_EQ(alerts.texts.size(), 1U);
-    EXPECT_THAT(alerts.texts[0], HasSubstr("This plugin requires more memory than the host can currently supply."));
+    EXPECT_THAT(alerts.texts[0],
+                HasSubstr("This plugin requires more memory than the host can currently supply."));
 }
 
 TEST_F(Frame, TheTileStoresLimitFollowsTheMemoryWithinBounds)
@@ -130,9 +135,10 @@ TEST_F(Frame, TheTileStoresLimitFollowsTheMemoryWithinBounds)
 
 TEST_F(Frame, HostCodesHaveTexts)
 {
-    for (const auto& [code, text] : {std::pair{kHostEndOfFile, "The end of the data was prematurely reached."},
-                                     {kHostDiskFull, "The disk is full."},
-                                     {kHostMemoryFull, "There is not enough memory."},
-                                     {kHostBadMode, "An unknown host error has occurred."}})
+    for (const auto& [code, text] :
+         {std::pair{kHostEndOfFile, "The end of the data was prematurely reached."},
+          {kHostDiskFull, "The disk is full."},
+          {kHostMemoryFull, "There is not enough memory."},
+          {kHostBadMode, "An unknown host error has occurred."}})
         EXPECT_THAT(std::string(Kesto::CLumographError(code).ErrorText().View()), HasSubstr(text));
 }

@@ -1,9 +1,10 @@
-// What the module takes from the host's suites: memory for tiles, and the facts of the user interface.
+// What the module takes from the host's suites: memory for tiles, and the facts of the user
+// interface.
 #include "support/module_test.h"
 
-#include "plugin/buffer_suite_allocator.h"
-#include "plugin/plugin_registry.h"
-#include "view/ui_scale.h"
+#include "plugin/format/plugin_registry.h"
+#include "plugin/suites/buffer_suite_allocator.h"
+#include "view/process/ui_scale.h"
 
 using namespace Testing;
 
@@ -31,7 +32,8 @@ TEST_F(BufferSuiteAllocator, KeepsBuffersLockedUntilTheyAreFreedOrItEnds)
         void* const first = allocator.Allocate(100);
         EXPECT_NE(allocator.Allocate(200), nullptr);
         EXPECT_EQ(host.LockedBuffers(), 2U);
-        for (void* memory : {first, first, static_cast<void*>(nullptr)}) { // only the first is of effect
+        for (void* memory :
+             {first, first, static_cast<void*>(nullptr)}) { // only the first is of effect
             allocator.Free(memory);
             EXPECT_EQ(host.LockedBuffers(), 1U);
         }
@@ -56,7 +58,8 @@ TEST_F(BufferSuiteAllocator, AnswersNullForWhatTheHostDoesNotGive)
 
 TEST_F(HostProperties, ValuesBecomeFields)
 {
-    for (const auto& [value, level] : {std::pair{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 2}, {-1, 2}, {99, 2}})
+    for (const auto& [value, level] :
+         {std::pair{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 2}, {-1, 2}, {99, 2}})
         EXPECT_EQ(Told({{kPropertyUiBrightness, value}}).uiBrightness, level) << value;
     for (const int value : {0, 1, 2, 3}) {
         const auto& plugin = Told({{kPropertyHighContrast, value}, {kPropertyLargeTabs, value}});
@@ -80,7 +83,8 @@ TEST_F(HostProperties, AFailedReadLeavesTheField)
 
 TEST_F(HostProperties, TheScaleModeIsSetOncePerObject)
 {
-    for (const auto& [value, mode] : {std::pair{std::optional<int>(2), 2}, {1, 0}, {0, 1}, {7, 1}, {std::nullopt, 0}}) {
+    for (const auto& [value, mode] :
+         {std::pair{std::optional<int>(2), 2}, {1, 0}, {0, 1}, {7, 1}, {std::nullopt, 0}}) {
         ScriptableHost each;
         each.properties.erase(kPropertyHighDpi);
         if (value)
@@ -90,7 +94,8 @@ TEST_F(HostProperties, TheScaleModeIsSetOncePerObject)
         EXPECT_EQ(static_cast<int>(Kesto::GetUiScaleMode()), mode);
         each.properties[kPropertyHighDpi] = 2 - mode;
         each.Call(kFormatLoad);
-        EXPECT_EQ(static_cast<int>(Kesto::GetUiScaleMode()), mode) << "read again by the same object";
+        EXPECT_EQ(static_cast<int>(Kesto::GetUiScaleMode()), mode)
+            << "read again by the same object";
         ExpectClean(each);
     }
 }

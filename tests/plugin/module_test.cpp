@@ -1,4 +1,5 @@
-// The module as the build delivers it: what the entries without a class answer, and what its property list declares.
+// The module as the build delivers it: what the entries without a class answer, and what its
+// property list declares.
 #include "lumograph/lumograph.h"
 #include "module_library.h"
 
@@ -11,13 +12,14 @@ using Json = nlohmann::json;
 
 TEST(BuiltModule, RefusesWhatNeedsAnObjectOfAProjectWithoutAClass)
 {
-    static const std::set<int> Format{0, 1, 2, 5, 6, 13, 17, 20, 24, 25, 27}, Filter{0, 1, 2, 3}, Export{0, 1, 4};
+    static const std::set<int> Format{0, 1, 2, 5, 6, 13, 17, 20, 24, 25, 27}, Filter{0, 1, 2, 3},
+        Export{0, 1, 4};
     const struct {
         const char* name;
         const std::set<int>& refused;
     } entries[] = {
 #define SIDECAR_ENTRY(index, entry, group) {#entry, group},
-#include "plugin/entries.inc"
+#include "plugin/frame/entries.inc"
 #undef SIDECAR_ENTRY
     };
     const Host::ModuleLibrary module(SIDECAR_MODULE);
@@ -26,7 +28,8 @@ TEST(BuiltModule, RefusesWhatNeedsAnObjectOfAProjectWithoutAClass)
         ASSERT_NE(entry, nullptr) << name;
         if (name == std::string("EntryElectricImage"))
             continue;
-        for (const int16_t selector : {-1, 0, 1, 2, 3, 4, 5, 6, 8, 13, 17, 18, 20, 24, 25, 27, 35, 40, 41, 99}) {
+        for (const int16_t selector :
+             {-1, 0, 1, 2, 3, 4, 5, 6, 8, 13, 17, 18, 20, 24, 25, 27, 35, 40, 41, 99}) {
             HostExportRecord record{}; // large enough for each kind; it has no suites
             intptr_t data = 0;
             int16_t result = 99;

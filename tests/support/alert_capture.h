@@ -1,7 +1,7 @@
 // Answers the alerts of a test in the user's place, and keeps them.
 #pragma once
 
-#include "foundation/alert.h"
+#include "foundation/alerts/alert.h"
 
 #include <string>
 #include <vector>

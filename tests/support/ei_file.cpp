@@ -31,10 +31,13 @@ void AppendFrame(Bytes& out, const EIFrame& frame)
     Append(out, static_cast<uint16_t>(frame.height), 2);
     Append(out, static_cast<uint16_t>(frame.width), 2);
     out.insert(out.end(), {frame.layout.bitDepth, frame.layout.frameType});
-    for (const int bound : {int{frame.top}, int{frame.left}, frame.top + frame.height, frame.left + frame.width})
+    for (const int bound :
+         {int{frame.top}, int{frame.left}, frame.top + frame.height, frame.left + frame.width})
         Append(out, static_cast<uint16_t>(bound), 2);
     out.insert(out.end(), {frame.packing, frame.layout.alphaDepth});
-    Append(out, frame.dataSize.value_or(static_cast<uint32_t>(frame.pixels.size() + (depth ? 12 : 0))), 4);
+    Append(out,
+           frame.dataSize.value_or(static_cast<uint32_t>(frame.pixels.size() + (depth ? 12 : 0))),
+           4);
     Append(out, frame.lutCount.value_or(entries), 2);
     Append(out, 0, 2);
     const Bytes range = FloatBytes({0.0F, frame.low, frame.high});
@@ -51,13 +54,14 @@ void PutPixel(Picture& picture, const EIFrame& frame, const uint8_t* row, int x,
     const uint8_t* pixel = row + static_cast<size_t>(x) * unit;
     if (bits <= 8) {
         const int place = 8 - bits - (x * bits) % 8;
-        picture.At(x, y, 0) = static_cast<uint8_t>((row[x * bits / 8] >> place) & ((1 << bits) - 1));
+        picture.At(x, y, 0) =
+            static_cast<uint8_t>((row[x * bits / 8] >> place) & ((1 << bits) - 1));
     } else if (frame.layout.frameType == 2) {
         float value;
         std::memcpy(&value, pixel, sizeof value);
         const float scaled = (value - frame.low) * (255.0F / (frame.high - frame.low)) + 0.5F;
-        picture.At(x, y, 0) =
-            static_cast<uint8_t>(std::isinf(value) && value > 0 ? 255.0F : std::clamp(scaled, 0.0F, 255.0F));
+        picture.At(x, y, 0) = static_cast<uint8_t>(
+            std::isinf(value) && value > 0 ? 255.0F : std::clamp(scaled, 0.0F, 255.0F));
     } else if (bits == 16) {
         const int word = pixel[0] | pixel[1] << 8;
         for (int plane = 0; plane < 3; ++plane) {
@@ -89,7 +93,8 @@ const EILayout& Layout(const std::string& name)
     return *std::ranges::find(kLayouts, name, &EILayout::name);
 }
 
-Bytes FileOf(const std::vector<EIFrame>& frames, uint16_t version, std::optional<uint32_t> frameCount)
+Bytes FileOf(const std::vector<EIFrame>& frames, uint16_t version,
+             std::optional<uint32_t> frameCount)
 {
     Bytes out;
     Append(out, version, 2);
@@ -187,7 +192,8 @@ Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind)
     for (size_t at = 0; at < end;) {
         const bool run = at + 1 < end && equal(at, at + 1);
         size_t count = 1;
-        while (at + count < end && (run ? equal(at, at + count) : !equal(at + count, at + count + 1)))
+        while (at + count < end &&
+               (run ? equal(at, at + count) : !equal(at + count, at + count + 1)))
             ++count;
         for (size_t length; count > 0; count -= length, at += length) {
             length = std::min<size_t>(count, 128);

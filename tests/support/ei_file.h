@@ -23,7 +23,10 @@ struct EILayout {
 
     int Bits() const { return bitDepth + alphaDepth; }
     size_t Unit() const { return Bits() < 8 ? 1 : static_cast<size_t>(Bits() / 8); }
-    size_t RowBytes(int width) const { return (static_cast<size_t>(Bits()) * static_cast<size_t>(width) + 7) / 8; }
+    size_t RowBytes(int width) const
+    {
+        return (static_cast<size_t>(Bits()) * static_cast<size_t>(width) + 7) / 8;
+    }
 };
 
 std::span<const EILayout> AllLayouts();
@@ -46,7 +49,8 @@ struct EIFrame {
 };
 
 // A file of frames; its header can be made to lie.
-Bytes FileOf(const std::vector<EIFrame>& frames, uint16_t version = 5, std::optional<uint32_t> frameCount = {});
+Bytes FileOf(const std::vector<EIFrame>& frames, uint16_t version = 5,
+             std::optional<uint32_t> frameCount = {});
 Bytes OneFrameFile(const EIFrame& frame);
 Bytes FloatBytes(const std::vector<float>& values);
 
@@ -57,12 +61,13 @@ Bytes RandomLut(int entries, Random& random);
 // A small frame of each layout, raw and packed; packed depth frames leave their range to be found.
 std::vector<EIFrame> SmallFrames();
 
-// The plain decoder that the module is held against: the first `size` bytes of a packet stream, or nothing when the
-// stream ends before.
+// The plain decoder that the module is held against: the first `size` bytes of a packet stream, or
+// nothing when the stream ends before.
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size);
 
-// The packets that a writer makes of a row, found one pixel at a time. `behind` is the byte that fills what lies behind
-// the row, where the last pixel finds a neighbour to be compared with. All rows at once give packets over row ends.
+// The packets that a writer makes of a row, found one pixel at a time. `behind` is the byte that
+// fills what lies behind the row, where the last pixel finds a neighbour to be compared with. All
+// rows at once give packets over row ends.
 Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind = 0);
 
 // The picture that raw rows of a frame stand for.

@@ -1,4 +1,5 @@
-// What the tests of the module share: a host of their own, alerts that are caught, and an end that leaves nothing behind.
+// What the tests of the module share: a host of their own, alerts that are caught, and an end that
+// leaves nothing behind.
 #pragma once
 
 #include "support/alert_capture.h"
@@ -9,8 +10,10 @@
 
 namespace Testing {
 
-// Unloads the module and expects that the host has nothing to complain about and lacks no more than is said.
-inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files = 0, size_t locked = 0)
+// Unloads the module and expects that the host has nothing to complain about and lacks no more than
+// is said.
+inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files = 0,
+                        size_t locked = 0)
 {
     host.fault.reset();
     EXPECT_EQ(host.Unload(), 0);

@@ -16,19 +16,23 @@ struct Picture {
     int width = 0;
     int height = 0;
     int planes = 0;
-    Bytes samples; // height * width * planes of them, top row first, the planes of a pixel side by side
+    Bytes samples; // height * width * planes of them, top row first, the planes of a pixel side by
+                   // side
     Lut lut{};
 
     Picture() = default;
     Picture(int aMode, int aWidth, int aHeight, int aPlanes, Bytes someSamples = {})
-        : mode(aMode), width(aWidth), height(aHeight), planes(aPlanes), samples(std::move(someSamples))
+        : mode(aMode), width(aWidth), height(aHeight), planes(aPlanes),
+          samples(std::move(someSamples))
     {
-        samples.resize(static_cast<size_t>(width) * static_cast<size_t>(height) * static_cast<size_t>(planes));
+        samples.resize(static_cast<size_t>(width) * static_cast<size_t>(height) *
+                       static_cast<size_t>(planes));
     }
 
     uint8_t& At(int x, int y, int plane)
     {
-        return samples[(static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)) *
+        return samples[(static_cast<size_t>(y) * static_cast<size_t>(width) +
+                        static_cast<size_t>(x)) *
                            static_cast<size_t>(planes) +
                        static_cast<size_t>(plane)];
     }

@@ -22,7 +22,10 @@ struct HostCallbacks {
         Host().Note(Kind::kAbort, 0, 0);
         return number == Host().abortAt;
     }
-    static void Progress(int32_t current, int32_t total) { Host().Note(Kind::kProgress, current, total); }
+    static void Progress(int32_t current, int32_t total)
+    {
+        Host().Note(Kind::kProgress, current, total);
+    }
     static int16_t Exchange() { return Host().ExchangeRows(); }
 
     static int16_t Allocate(int32_t size, HostBuffer* buffer)
@@ -36,8 +39,14 @@ struct HostCallbacks {
         host.fUsed += size;
         return kHostNoError;
     }
-    static void* Lock(HostBuffer buffer, uint8_t) { return Host().LockBlock(Host().fBuffers, Kind::kLock, buffer); }
-    static void Unlock(HostBuffer buffer) { Host().UnlockBlock(Host().fBuffers, Kind::kUnlock, buffer); }
+    static void* Lock(HostBuffer buffer, uint8_t)
+    {
+        return Host().LockBlock(Host().fBuffers, Kind::kLock, buffer);
+    }
+    static void Unlock(HostBuffer buffer)
+    {
+        Host().UnlockBlock(Host().fBuffers, Kind::kUnlock, buffer);
+    }
     static void Free(HostBuffer buffer)
     {
         if (const auto found = Host().fBuffers.find(buffer); found != Host().fBuffers.end())
@@ -47,19 +56,28 @@ struct HostCallbacks {
     static int32_t Space()
     {
         Host().Note(Kind::kSpace, 0, 0);
-        return static_cast<int32_t>(std::clamp<int64_t>(Host().memoryLimit - Host().fUsed, 0, INT32_MAX));
+        return static_cast<int32_t>(
+            std::clamp<int64_t>(Host().memoryLimit - Host().fUsed, 0, INT32_MAX));
     }
 
     static HostHandle HandleNew(int32_t size)
     {
-        return Host().Fails(Kind::kHandleNew, size) ? nullptr : Host().Make<HostHandle>(Host().fHandles, size);
+        return Host().Fails(Kind::kHandleNew, size)
+                   ? nullptr
+                   : Host().Make<HostHandle>(Host().fHandles, size);
     }
-    static void HandleDispose(HostHandle handle) { Host().EndBlock(Host().fHandles, Kind::kHandleDispose, handle); }
+    static void HandleDispose(HostHandle handle)
+    {
+        Host().EndBlock(Host().fHandles, Kind::kHandleDispose, handle);
+    }
     static void* HandleLock(HostHandle handle, uint8_t)
     {
         return Host().LockBlock(Host().fHandles, Kind::kHandleLock, handle);
     }
-    static void HandleUnlock(HostHandle handle) { Host().UnlockBlock(Host().fHandles, Kind::kHandleUnlock, handle); }
+    static void HandleUnlock(HostHandle handle)
+    {
+        Host().UnlockBlock(Host().fHandles, Kind::kHandleUnlock, handle);
+    }
     static int32_t HandleSize(HostHandle handle)
     {
         const auto* block = Host().Find(Host().fHandles, handle, "a size asked");
@@ -109,7 +127,8 @@ ScriptableHost::ScriptableHost()
               HostCallbacks::HandleUnlock, HostCallbacks::HandleSize},
       fPrevious(gCurrent), fCounts(static_cast<size_t>(Kind::kProperty) + 1)
 {
-    static constexpr HostSuiteTable kSuites = {HostCallbacks::AcquireSuite, HostCallbacks::ReleaseSuite};
+    static constexpr HostSuiteTable kSuites = {HostCallbacks::AcquireSuite,
+                                               HostCallbacks::ReleaseSuite};
     fBasicSuite = {nullptr, &kSuites};
     gCurrent = this;
     record.abortCheck = HostCallbacks::AbortCheck;
@@ -164,7 +183,8 @@ void ScriptableHost::MakeDocument()
 {
     fDiscarding = int64_t{record.rowCount} * record.columnCount * record.planeCount > documentLimit;
     if (record.rowCount > 0 && record.columnCount > 0 && !fDiscarding)
-        document = Picture(record.colorMode, record.columnCount, record.rowCount, record.planeCount);
+        document =
+            Picture(record.colorMode, record.columnCount, record.rowCount, record.planeCount);
     std::ranges::copy(record.redLut, document.lut[0].begin());
     std::ranges::copy(record.greenLut, document.lut[1].begin());
     std::ranges::copy(record.blueLut, document.lut[2].begin());
@@ -194,7 +214,8 @@ Outcome ScriptableHost::Save(const Picture& picture)
 std::vector<HostCall> ScriptableHost::CallsOf(Kind kind) const
 {
     std::vector<HostCall> chosen;
-    std::ranges::copy_if(fCalls, std::back_inserter(chosen), [=](const HostCall& call) { return call.kind == kind; });
+    std::ranges::copy_if(fCalls, std::back_inserter(chosen),
+                         [=](const HostCall& call) { return call.kind == kind; });
     return chosen;
 }
 
@@ -216,8 +237,8 @@ void ScriptableHost::ForgetCalls()
 
 size_t ScriptableHost::LockedBuffers() const
 {
-    return static_cast<size_t>(
-        std::ranges::count_if(fBuffers, [](const auto& entryOf) { return entryOf.second->locks > 0; }));
+    return static_cast<size_t>(std::ranges::count_if(
+        fBuffers, [](const auto& entryOf) { return entryOf.second->locks > 0; }));
 }
 
 void ScriptableHost::Note(Kind kind, int64_t a, int64_t b)
@@ -306,11 +327,13 @@ int16_t ScriptableHost::ExchangeRows()
     const int rows = rect.bottom - rect.top, columns = rect.right - rect.left;
     const int planes = record.lastPlane - record.firstPlane + 1;
     auto* const begin = static_cast<uint8_t*>(record.rowsAddress);
-    const int64_t reach = int64_t{rows - 1} * record.rowStride + int64_t{columns - 1} * record.pixelStride +
+    const int64_t reach = int64_t{rows - 1} * record.rowStride +
+                          int64_t{columns - 1} * record.pixelStride +
                           int64_t{planes - 1} * record.planeStride + 1;
     const char* wrong = nullptr;
-    if (rect.top < 0 || rect.left != 0 || rows <= 0 || columns <= 0 || record.firstPlane != 0 || planes <= 0 ||
-        planes > 4 || rect.bottom > record.rowCount || rect.right > record.columnCount)
+    if (rect.top < 0 || rect.left != 0 || rows <= 0 || columns <= 0 || record.firstPlane != 0 ||
+        planes <= 0 || planes > 4 || rect.bottom > record.rowCount ||
+        rect.right > record.columnCount)
         wrong = "an exchange of a rectangle or of planes that are not in the picture";
     else if (!InLockedBuffer(begin, reach))
         wrong = "an exchange of rows that are not in a locked buffer";
@@ -372,7 +395,9 @@ int16_t FastRead(HostFile handle, int64_t* count, void* buffer)
     auto* file = host.Find(handle);
     const int64_t wanted = *count, size = std::ssize(host.file);
     const bool fails = host.Fails(Kind::kRead, wanted);
-    *count = file == nullptr ? 0 : std::clamp<int64_t>(size - file->position, 0, std::max<int64_t>(wanted, 0));
+    *count = file == nullptr
+                 ? 0
+                 : std::clamp<int64_t>(size - file->position, 0, std::max<int64_t>(wanted, 0));
     if (fails)
         *count = std::min(*count, host.fault->delivered);
     if (*count > 0) {

@@ -1,8 +1,10 @@
-// A host in memory for tests, fuzz targets and benches: record, suites, file service and one document.
+// A host in memory for tests, fuzz targets and benches: record, suites, file service and one
+// document.
 //
-// The host's callbacks have no context argument, so one host is the current one: the youngest that lives. Everything
-// that the module asks of it is noted in order; any call can be made to fail, and whatever the module does that a host
-// must not put up with (a buffer freed twice, rows outside a locked buffer) is collected in Misuse().
+// The host's callbacks have no context argument, so one host is the current one: the youngest that
+// lives. Everything that the module asks of it is noted in order; any call can be made to fail, and
+// whatever the module does that a host must not put up with (a buffer freed twice, rows outside a
+// locked buffer) is collected in Misuse().
 #pragma once
 
 #include "lumograph/lumograph.h"
@@ -42,9 +44,9 @@ enum class Kind {
 };
 inline constexpr Kind kLastThatCanFail = Kind::kExchange;
 
-// One call of the module to the host. `a` and `b` are, by kind: the wanted and the delivered bytes (read), the bytes
-// (write, allocate, new), mode and offset (seek), top and bottom row (exchange), current and total (progress), the key
-// (property).
+// One call of the module to the host. `a` and `b` are, by kind: the wanted and the delivered bytes
+// (read), the bytes (write, allocate, new), mode and offset (seek), top and bottom row (exchange),
+// current and total (progress), the key (property).
 struct HostCall {
     Kind kind;
     int64_t a = 0;
@@ -52,13 +54,15 @@ struct HostCall {
     bool operator==(const HostCall&) const = default;
 };
 
-// Which call fails and how: the one numbered `at` (from 0) among those of `kind`, or among all that can fail.
+// Which call fails and how: the one numbered `at` (from 0) among those of `kind`, or among all that
+// can fail.
 struct Fault {
     std::optional<Kind> kind{};
     int at = 0;
     int16_t code = kHostIoError;
-    bool lasting = false;  // and all later ones
-    int64_t delivered = 0; // what a failed read delivers all the same; with code 0 it is a short read
+    bool lasting = false; // and all later ones
+    int64_t delivered =
+        0; // what a failed read delivers all the same; with code 0 it is a short read
 };
 
 // How a whole operation ended: the first result that was not 0, and the selector that gave it.
@@ -86,7 +90,8 @@ public:
     std::optional<Fault> fault;
     std::map<uint32_t, intptr_t> properties; // a key that is not here can't be read
     bool noting = true;                      // keep Calls()
-    int64_t documentLimit = INT64_MAX;       // in bytes; rows of larger ones are checked and counted, but not kept
+    int64_t documentLimit =
+        INT64_MAX; // in bytes; rows of larger ones are checked and counted, but not kept
     HostBufferSuite buffers;
     HostHandleSuite handles;
     HostPlaybackBlock playback{};

@@ -11,7 +11,8 @@
 class TemporaryFolder {
 public:
     TemporaryFolder()
-        : fPath(std::filesystem::temp_directory_path() / ("sidecar test " + std::to_string(std::random_device{}())))
+        : fPath(std::filesystem::temp_directory_path() /
+                ("sidecar test " + std::to_string(std::random_device{}())))
     {
         std::filesystem::create_directories(fPath);
     }
@@ -42,7 +43,8 @@ public:
     // How many files and folders lie in it.
     std::ptrdiff_t Count() const
     {
-        return std::distance(std::filesystem::directory_iterator(fPath), std::filesystem::directory_iterator());
+        return std::distance(std::filesystem::directory_iterator(fPath),
+                             std::filesystem::directory_iterator());
     }
 
 private:

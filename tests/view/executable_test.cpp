@@ -1,8 +1,8 @@
 // What runs: how starts, stops and requests to be done go through the tree.
 #include "test_pump.h"
 
-#include "view/executable.h"
-#include "view/gesture.h"
+#include "view/input/gesture.h"
+#include "view/process/executable.h"
 
 #include <gmock/gmock.h>
 
@@ -30,7 +30,10 @@ protected:
                 SetDone(true);
         }
         void OnStop() override { test.log += "-" + name + ' '; }
-        void ChildStopped(CExecutable* child) override { test.log += static_cast<Node*>(child)->name + "! "; }
+        void ChildStopped(CExecutable* child) override
+        {
+            test.log += static_cast<Node*>(child)->name + "! ";
+        }
         bool CanFinish() override
         {
             test.log += name + "? ";
@@ -56,7 +59,8 @@ protected:
     std::string log;
     PumpedProcess process;
     Node root{*this, &process, "root", 0};
-    Node* first = new Node(*this, &root, "first", CExecutable::kAutoStart | CExecutable::kAutoDelete); // the root's
+    Node* first = new Node(*this, &root, "first",
+                           CExecutable::kAutoStart | CExecutable::kAutoDelete); // the root's
     Node second{*this, &root, "second", CExecutable::kAutoStart};
     Node third{*this, &root, "third", 0};
 };
@@ -137,9 +141,9 @@ TEST(Session, OpensOnceWithTheProcess)
 
 TEST(Gestures, TheDirectionOfASwipeIsInItsSigns)
 {
-    const std::tuple<float, float, int> cases[] = {{1.0F, 2.0F, 5},  {1.0F, -2.0F, 6},  {1.0F, 0.0F, 2},
-                                                   {-1.0F, 2.0F, 4}, {-1.0F, -2.0F, 7}, {-1.0F, 0.0F, 0},
-                                                   {0.0F, 2.0F, 1},  {0.0F, -2.0F, 3},  {0.0F, 0.0F, 3}};
+    const std::tuple<float, float, int> cases[] = {
+        {1.0F, 2.0F, 5},  {1.0F, -2.0F, 6}, {1.0F, 0.0F, 2},  {-1.0F, 2.0F, 4}, {-1.0F, -2.0F, 7},
+        {-1.0F, 0.0F, 0}, {0.0F, 2.0F, 1},  {0.0F, -2.0F, 3}, {0.0F, 0.0F, 3}};
     for (const auto& [x, y, direction] : cases)
         EXPECT_EQ(Kesto::CSwipeGesture(x, y).Direction(), direction) << x << ", " << y;
 }

@@ -8,7 +8,8 @@ using namespace Kesto;
 
 namespace {
 
-// The process P, a window w, and below it the path a, b, c with the bullseye c, and beside it x with y.
+// The process P, a window w, and below it the path a, b, c with the bullseye c, and beside it x
+// with y.
 class FocusTest : public testing::Test {
 protected:
     FocusTest()
@@ -17,12 +18,14 @@ protected:
         Node::TakeLog();
     }
 
-    // The path from the top down, as the links and flags have it; "|" stands before what isn't on it any more.
+    // The path from the top down, as the links and flags have it; "|" stands before what isn't on
+    // it any more.
     std::string Path() const
     {
         std::string path;
         for (const CMessenger* at = &process; at != nullptr; at = at->TargetMessenger())
-            path += (at->IsTarget() ? "" : "|") + at->GetID().Name() + (at->IsBullseye() ? "!" : "");
+            path +=
+                (at->IsTarget() ? "" : "|") + at->GetID().Name() + (at->IsBullseye() ? "!" : "");
         return path;
     }
 
@@ -42,8 +45,9 @@ TEST_F(FocusTest, ARefusalAtAnyDepthStopsTheMoveUnlessItIsForced)
         bool force;
         std::string asked;
     };
-    const Case cases[] = {{a.get(), false, "a? "},       {b.get(), false, "a? b? "},   {c.get(), false, "a? b? c? "},
-                          {nullptr, false, "a? b? c? "}, {a.get(), true, "a? b? c? "}, {b.get(), true, "a? b? c? "},
+    const Case cases[] = {{a.get(), false, "a? "},       {b.get(), false, "a? b? "},
+                          {c.get(), false, "a? b? c? "}, {nullptr, false, "a? b? c? "},
+                          {a.get(), true, "a? b? c? "},  {b.get(), true, "a? b? c? "},
                           {c.get(), true, "a? b? c? "}};
     for (const Case& row : cases) {
         c->BecomeBullseye(true);
@@ -52,7 +56,9 @@ TEST_F(FocusTest, ARefusalAtAnyDepthStopsTheMoveUnlessItIsForced)
         Node::TakeLog();
         const bool moves = row.force || row.refuses == nullptr;
         EXPECT_EQ(y.BecomeBullseye(row.force), moves);
-        EXPECT_EQ(Node::TakeLog(), row.asked + (moves ? "c-B c-T b-T a-T x+T y+T y+B yo yc xo xc wo wc Po Pc " : ""));
+        EXPECT_EQ(Node::TakeLog(),
+                  row.asked +
+                      (moves ? "c-B c-T b-T a-T x+T y+T y+B yo yc xo xc wo wc Po Pc " : ""));
         EXPECT_EQ(Path(), moves ? "Pwxy!" : "Pwabc!");
         EXPECT_EQ(CMessenger::GetBullseye(), moves ? &y : c.get());
         EXPECT_EQ(a->IsTarget(), !moves);

@@ -1,7 +1,7 @@
 #include "test_messengers.h"
-#include "view/message_event.h"
-#include "view/message_ids.h"
-#include "view/message_recorder.h"
+#include "view/messages/message_event.h"
+#include "view/messages/message_ids.h"
+#include "view/messages/message_recorder.h"
 
 #include <gmock/gmock.h>
 
@@ -38,9 +38,9 @@ TEST_F(SendTest, TheClassOfAMessageDecidesWhoHandlesIt)
     CValMsg<CObjID> radio(nullptr, {}, kAlert_Ok, kAlert_Cancel);
     CScrollMessage scroll(nullptr, {}, 1, 0);
     CustomMessage custom;
-    const std::pair<CMessage*, std::string> cases[] = {{&menu, "menu"},  {&key, "key"},      {&command, "cmd"},
-                                                       {&chosen, "cmd"}, {&plain, "val"},    {&number, "val"},
-                                                       {&radio, "val"},  {&scroll, "other"}, {&custom, "other"}};
+    const std::pair<CMessage*, std::string> cases[] = {
+        {&menu, "menu"},  {&key, "key"},   {&command, "cmd"},  {&chosen, "cmd"},  {&plain, "val"},
+        {&number, "val"}, {&radio, "val"}, {&scroll, "other"}, {&custom, "other"}};
     for (const auto& [message, family] : cases) {
         EXPECT_FALSE(b->Send(*message));
         EXPECT_EQ(Node::TakeLog(), 'b' + family + " a" + family + " P" + family + ' ');
@@ -101,7 +101,8 @@ TEST_F(SendTest, AMessengerMayDieInItsHandlerAndInANestedSend)
     EXPECT_FALSE(outer.Send(command));
     EXPECT_EQ(Node::TakeLog(), "ocmd iother oother aother Pother Pcmd ");
     process.DispatchAll();
-    EXPECT_EQ(Node::TakeLog(), "Pcmd ") << "of the two that were posted the one to the bullseye is left";
+    EXPECT_EQ(Node::TakeLog(), "Pcmd ")
+        << "of the two that were posted the one to the bullseye is left";
 }
 
 TEST_F(SendTest, PostedMessagesAreSentLaterAlongTheirRoute)
@@ -146,12 +147,13 @@ TEST_F(SendTest, TheRecorderTellsWhoAteWhat)
     b->fHandler = nullptr;
     b->Send(command);
     const std::string uneaten = "not eaten, the last asked is NotingProcess(P)";
-    const std::string value = "  CValMsg<CNumber>(Test/Value) phase=0 value=2.5 was=1 to NotingProcess(P): " + uneaten;
+    const std::string value =
+        "  CValMsg<CNumber>(Test/Value) phase=0 value=2.5 was=1 to NotingProcess(P): " + uneaten;
     const std::string ok = "CCommandMessage(kesto/default/ok) to Node(b): ";
     const std::string pressed =
         "CKeyboardMessage(Kesto/Message/KeyDown) key=0x41 char=U+61 repeat=2 repeated to Node(b): ";
-    EXPECT_THAT(lines, testing::ElementsAre(value, ok + "eaten by Node(a), level 2", value, pressed + uneaten,
-                                            ok + "thrown out of Node(b)"));
+    EXPECT_THAT(lines, testing::ElementsAre(value, ok + "eaten by Node(a), level 2", value,
+                                            pressed + uneaten, ok + "thrown out of Node(b)"));
 }
 
 } // namespace

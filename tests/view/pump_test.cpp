@@ -2,13 +2,13 @@
 #include "test_pump.h"
 #include "test_window.h"
 
-#include "view/message_event.h"
-#include "view/message_ids.h"
-#include "view/posted_events.h"
+#include "view/messages/message_event.h"
+#include "view/messages/message_ids.h"
+#include "view/process/posted_events.h"
 
-#include "foundation/debug_report.h"
-#include "foundation/exceptions.h"
-#include "foundation/link.h"
+#include "foundation/base/link.h"
+#include "foundation/errors/debug_report.h"
+#include "foundation/errors/exceptions.h"
 
 #include <gmock/gmock.h>
 
@@ -32,13 +32,15 @@ protected:
     }
     static void PostNumber(int number)
     {
-        Platform::PostToQueue(nullptr, Platform::Number::kUser + static_cast<std::uint32_t>(number));
+        Platform::PostToQueue(nullptr,
+                              Platform::Number::kUser + static_cast<std::uint32_t>(number));
     }
 };
 
 TEST_F(Pump, EventsGoByPriorityAndAgeAndSoOvertakeMessages)
 {
-    const std::pair<std::int8_t, int> posted[] = {{0, 11}, {127, 12}, {0, 13}, {-128, 14}, {-1, 15}, {127, 16}};
+    const std::pair<std::int8_t, int> posted[] = {{0, 11},    {127, 12}, {0, 13},
+                                                  {-128, 14}, {-1, 15},  {127, 16}};
     for (const auto& [priority, mark] : posted)
         process.PostMark(priority, mark);
     process.PostEvent(nullptr);
@@ -154,7 +156,8 @@ TEST_F(Pump, FourThreadsPostWhileThePumpRunsAndPosts)
         thread.join();
     for (const std::vector<int>& list : seen) {
         EXPECT_EQ(list.size(), kEach / 2U);
-        EXPECT_TRUE(std::is_sorted(list.begin(), list.end())) << "one thread's events of one priority keep their order";
+        EXPECT_TRUE(std::is_sorted(list.begin(), list.end()))
+            << "one thread's events of one priority keep their order";
     }
 }
 

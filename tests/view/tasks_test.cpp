@@ -1,4 +1,4 @@
-#include "view/task_stack.h"
+#include "view/tasks/task_stack.h"
 
 #include <gtest/gtest.h>
 

@@ -1,15 +1,15 @@
 // Messengers that write down what is asked of them, and a process that does so too.
 #pragma once
 
-#include "view/messenger.h"
-#include "view/process.h"
+#include "view/messages/messenger.h"
+#include "view/process/process.h"
 
 #include <functional>
 #include <string>
 #include <utility>
 
-// A node with a letter for a name. What it is asked and told goes to one log: "a?" the surrender question, "a+T" became
-// target, "a-B" lost bullseye and so on.
+// A node with a letter for a name. What it is asked and told goes to one log: "a?" the surrender
+// question, "a+T" became target, "a-B" lost bullseye and so on.
 class Node : public virtual Kesto::CMessenger {
 public:
     static constexpr std::uint32_t kBoth = kCanTarget | kCanBullseye;

@@ -1,9 +1,9 @@
 // A process for tests, events that call back, and a pump that goes on until something holds.
 #pragma once
 
-#include "platform/message_numbers.h"
-#include "platform/ticks.h"
-#include "view/process.h"
+#include "platform/input/message_numbers.h"
+#include "platform/system/machine.h"
+#include "view/process/process.h"
 
 #include <functional>
 #include <memory>
@@ -11,7 +11,10 @@
 #include <vector>
 
 struct CallEvent : Kesto::CProcessEvent {
-    CallEvent(std::int8_t priority, std::function<void()> run) : CProcessEvent(priority), call(std::move(run)) {}
+    CallEvent(std::int8_t priority, std::function<void()> run)
+        : CProcessEvent(priority), call(std::move(run))
+    {
+    }
     void Dispatch() override { call(); }
 
     std::function<void()> call;

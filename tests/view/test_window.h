@@ -1,7 +1,7 @@
 // A native window without looks that writes down which messages were dispatched to it.
 #pragma once
 
-#include "platform/message_queue.h"
+#include "platform/input/message_queue.h"
 
 #include <cstdint>
 #include <functional>

@@ -2,9 +2,9 @@
 #include "test_pump.h"
 #include "test_window.h"
 
-#include "view/idler.h"
-#include "view/messenger.h"
-#include "view/timer.h"
+#include "view/messages/messenger.h"
+#include "view/process/idler.h"
+#include "view/process/timer.h"
 
 #include <gmock/gmock.h>
 
@@ -42,7 +42,7 @@ struct CallTimer : CTimer {
 // The system gives no timer for a window that isn't there: such a timer is the pump's own.
 struct Context : Kesto::CMessenger {
     Platform::NativeWindow GetSystemWindow() override { return native; }
-    Platform::NativeWindow native = this;
+    Platform::NativeWindow native = reinterpret_cast<Platform::NativeWindow>(this);
 };
 
 double Later(double seconds)
@@ -71,7 +71,8 @@ TEST(Timers, FireFromTheSystemsMessages)
     EXPECT_EQ(ofThread.fired, fired);
 }
 
-// In each case, which of three timers fire in two runs, and how often, when the first of them fires and acts.
+// In each case, which of three timers fire in two runs, and how often, when the first of them fires
+// and acts.
 TEST(Timers, MayBeStoppedStartedAndDeletedByEachOther)
 {
     Context nowhere;
@@ -132,7 +133,10 @@ TEST(Timers, WaitForTheirPeriodAndSurviveAClockThatStartsOver)
 }
 
 struct CallIdler : CIdler {
-    explicit CallIdler(std::function<void()> what, double period = 0.0) : CIdler(period), call(std::move(what)) {}
+    explicit CallIdler(std::function<void()> what, double period = 0.0)
+        : CIdler(period), call(std::move(what))
+    {
+    }
     void Idle() override { call(); }
 
     std::function<void()> call;

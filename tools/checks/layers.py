@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Fails when a folder of src/ includes one that lies above it in SIDECAR_LAYERS, or when a header doesn't stand alone."""
+"""Fails when a folder of src/ includes one that lies above it in SIDECAR_HOUSE, when a sub-folder includes one that is
+named after it, or when a source lies outside the sub-folders that the row of its layer names."""
 
 import pathlib
 import re
@@ -7,34 +8,62 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"')
+SYSTEMS = ("linux", "win32")
 
 
-def layers():
+def house():
+    """{layer: {sub-folder: rank}}, the layers lowest first."""
     text = (ROOT / "cmake/SidecarTargets.cmake").read_text()
-    return re.search(r"set\(SIDECAR_LAYERS\s+([^)]*)\)", text).group(1).split()
+    rows = re.search(r"set\(SIDECAR_HOUSE\s+([^)]*)\)", text).group(1)
+    layers = {}
+    for name, folders in re.findall(r'"(\w+):([^"]*)"', rows):
+        layers[name] = {folder: rank for rank, folder in enumerate(folders.split())}
+    return layers
+
+
+def sub_folder(parts):
+    """Of a path within src/: its sub-folder, or None for a file of the layer itself."""
+    inner = [part for part in parts[1:-1] if part not in SYSTEMS]
+    return inner[0] if inner else None
+
+
+def include_faults(path, layers, order):
+    here = path.relative_to(ROOT / "src").parts
+    own, own_folder = here[0], sub_folder(here)
+    if own not in order:
+        yield f"src/{own} is no layer; add it to SIDECAR_HOUSE"
+        return
+    if own_folder not in layers[own] and (own_folder is not None or layers[own]) and here[-1] not in ALONE:
+        yield f"src/{'/'.join(here[:-1])} is no sub-folder of its layer; add it to SIDECAR_HOUSE"
+        return
+    for number, line in enumerate(path.read_text().splitlines(), 1):
+        match = INCLUDE.match(line)
+        if not match:
+            continue
+        there = pathlib.PurePosixPath(match.group(1)).parts
+        if there[0] == "lumograph":
+            continue
+        if there[0] not in order:
+            yield f'{number}: include "{match.group(1)}" by its path from src/'
+        elif order[there[0]] > order[own]:
+            yield f"{number}: {own} lies below {there[0]} and must not include it"
+        elif there[0] == own:
+            rank = layers[own].get(own_folder, len(layers[own]))
+            if layers[own].get(sub_folder(there), len(layers[own])) > rank:
+                yield f"{number}: {own}/{own_folder} lies below {own}/{sub_folder(there)} and must not include it"
+
+
+# Sources that belong to their layer as a whole.
+ALONE = ("factories.cpp", "registered_classes.cpp", "registered_classes.h")
 
 
 def main():
-    order = {name: rank for rank, name in enumerate(layers())}
+    layers = house()
+    order = {name: rank for rank, name in enumerate(layers)}
     faults = []
     for path in sorted((ROOT / "src").rglob("*")):
-        if path.suffix not in (".h", ".cpp", ".inc"):
-            continue
-        own = path.relative_to(ROOT / "src").parts[0]
-        if own not in order:
-            faults.append(f"{path.relative_to(ROOT)}: src/{own} is no layer; add it to SIDECAR_LAYERS")
-            continue
-        for number, line in enumerate(path.read_text().splitlines(), 1):
-            match = INCLUDE.match(line)
-            if not match:
-                continue
-            target = match.group(1).split("/")[0]
-            if target == "lumograph":
-                continue
-            if target not in order:
-                faults.append(f'{path.relative_to(ROOT)}:{number}: include "{match.group(1)}" by its path from src/')
-            elif order[target] > order[own]:
-                faults.append(f"{path.relative_to(ROOT)}:{number}: {own} lies below {target} and must not include it")
+        if path.suffix in (".h", ".cpp", ".inc"):
+            faults += [f"{path.relative_to(ROOT)}:{fault}" for fault in include_faults(path, layers, order)]
     for header in sorted((ROOT / "include").rglob("*.h")):
         for number, line in enumerate(header.read_text().splitlines(), 1):
             match = INCLUDE.match(line)

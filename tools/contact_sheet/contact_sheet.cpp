@@ -1,6 +1,6 @@
 #include "contact_sheet/contact_sheet.h"
 
-#include "pixels/blend_table.h"
+#include "pixels/kernels/blend_table.h"
 
 #include <cmath>
 
@@ -20,7 +20,9 @@ std::uint32_t Premultiplied(const CPixView& picture, std::ptrdiff_t offset)
 {
     const std::int32_t planes = picture.planeCount;
     const bool colour = planes >= 3;
-    const auto sample = [&](std::int32_t plane) { return std::uint32_t{picture.planePointers[plane][offset]}; };
+    const auto sample = [&](std::int32_t plane) {
+        return std::uint32_t{picture.planePointers[plane][offset]};
+    };
     const std::uint32_t alpha = planes % 2 == 0 ? sample(planes - 1) : 255;
     std::uint32_t pixel = alpha;
     for (const std::int32_t plane : {0, 1, 2})
@@ -37,7 +39,8 @@ void SetColour(cairo_t* context, std::uint32_t colour)
 } // namespace
 
 ContactSheet::ContactSheet(std::int32_t width, std::int32_t height, std::uint32_t colour)
-    : fSurface(MakeSurface(CAIRO_FORMAT_RGB24, width, height)), fContext(cairo_create(fSurface.get()), cairo_destroy)
+    : fSurface(MakeSurface(CAIRO_FORMAT_RGB24, width, height)),
+      fContext(cairo_create(fSurface.get()), cairo_destroy)
 {
     cairo_set_font_size(fContext.get(), kLabelHeight);
     Fill({0, 0, width, height}, colour);
@@ -46,7 +49,8 @@ ContactSheet::ContactSheet(std::int32_t width, std::int32_t height, std::uint32_
 void ContactSheet::Fill(const Rect& rect, std::uint32_t colour)
 {
     SetColour(fContext.get(), colour);
-    cairo_rectangle(fContext.get(), rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top);
+    cairo_rectangle(fContext.get(), rect.left, rect.top, rect.right - rect.left,
+                    rect.bottom - rect.top);
     cairo_fill(fContext.get());
 }
 
@@ -66,7 +70,8 @@ void ContactSheet::Draw(const CPixView& picture, std::int32_t x, std::int32_t y)
     cairo_paint(fContext.get());
 }
 
-void ContactSheet::Label(const std::string& text, std::int32_t x, std::int32_t y, std::uint32_t colour)
+void ContactSheet::Label(const std::string& text, std::int32_t x, std::int32_t y,
+                         std::uint32_t colour)
 {
     SetColour(fContext.get(), colour);
     cairo_move_to(fContext.get(), x, y);

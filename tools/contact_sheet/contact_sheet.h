@@ -1,8 +1,8 @@
 // ContactSheet, a picture on which a tool lays out samples with their names, to be looked at.
 #pragma once
 
-#include "pixels/geometry.h"
-#include "pixels/pixview.h"
+#include "pixels/pixmaps/geometry.h"
+#include "pixels/pixmaps/pixview.h"
 
 #include <cairo.h>
 
@@ -17,8 +17,8 @@ public:
 
     void Fill(const Kesto::Rect& rect, std::uint32_t colour);
 
-    // Lays 1 to 4 planes of 8 bits over the sheet, their first pixel at (x, y): grey or red, green, blue, with alpha
-    // behind them in 2 and 4. Other pictures are left out.
+    // Lays 1 to 4 planes of 8 bits over the sheet, their first pixel at (x, y): grey or red, green,
+    // blue, with alpha behind them in 2 and 4. Other pictures are left out.
     void Draw(const Kesto::CPixView& picture, std::int32_t x, std::int32_t y);
 
     // The text begins at x; y is its base line.

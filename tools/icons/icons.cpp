@@ -1,11 +1,11 @@
-// Shows what is in the icon store of this build: a table of all pictures, or a sheet with every one of them at both
-// densities, on a light and on a dark window.
+// Shows what is in the icon store of this build: a table of all pictures, or a sheet with every one
+// of them at both densities, on a light and on a dark window.
 #include "contact_sheet/contact_sheet.h"
-#include "foundation/block_container.h"
-#include "foundation/exceptions.h"
+#include "foundation/errors/exceptions.h"
+#include "foundation/streams/block_container.h"
+#include "images/icons/resource_data_provider.h"
 #include "images/png/png_decoder.h"
-#include "images/resource_data_provider.h"
-#include "pixels/memory_pixmap.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 
 #include <CLI/CLI.hpp>
 
@@ -86,7 +86,8 @@ void List()
 // One name: its label, and below it a pane for each window with the pictures side by side.
 class Card {
 public:
-    Card(const std::string& name, const ContactSheet& ruler) : fName(name), fWidth(ruler.LabelWidth(name))
+    Card(const std::string& name, const ContactSheet& ruler)
+        : fName(name), fWidth(ruler.LabelWidth(name))
     {
         for (const Window& window : kWindows) {
             Pane& pane = fPanes.emplace_back(Pane{window.fColour, {}, kGap});
@@ -98,7 +99,10 @@ public:
     }
 
     std::int32_t Width() const { return fWidth; }
-    std::int32_t Height() const { return kLabel + static_cast<std::int32_t>(fPanes.size()) * PaneHeight(); }
+    std::int32_t Height() const
+    {
+        return kLabel + static_cast<std::int32_t>(fPanes.size()) * PaneHeight();
+    }
 
     void Draw(ContactSheet& sheet, std::int32_t left, std::int32_t top) const
     {
@@ -147,7 +151,8 @@ private:
     std::vector<Pane> fPanes;
 };
 
-// Calls place(card, left, top) for each card, in lines of the sheet's width. Returns the height of all.
+// Calls place(card, left, top) for each card, in lines of the sheet's width. Returns the height of
+// all.
 template <class Place>
 std::int32_t LayOut(const std::vector<Card>& cards, Place place)
 {
@@ -173,7 +178,9 @@ bool WriteSheet(const std::string& path)
         cards.emplace_back(name, ruler);
     const std::int32_t height = LayOut(cards, [](const Card&, std::int32_t, std::int32_t) {});
     ContactSheet sheet(kSheetWidth, height, 0xFFFFFF);
-    LayOut(cards, [&](const Card& card, std::int32_t left, std::int32_t top) { card.Draw(sheet, left, top); });
+    LayOut(cards, [&](const Card& card, std::int32_t left, std::int32_t top) {
+        card.Draw(sheet, left, top);
+    });
     return sheet.Write(path);
 }
 
@@ -189,7 +196,8 @@ bool Run(const std::string& path)
         return true;
     }
     if (!WriteSheet(path)) {
-        std::fprintf(stderr, "icons: %s could not be written; is the folder there and writable?\n", path.c_str());
+        std::fprintf(stderr, "icons: %s could not be written; is the folder there and writable?\n",
+                     path.c_str());
         return false;
     }
     std::printf("%s\n", path.c_str());
@@ -200,12 +208,14 @@ bool Run(const std::string& path)
 
 int main(int argc, char** argv)
 {
-    CLI::App app{"Lists the pictures of the icon store, or writes a contact sheet of them.", "icons"};
-    app.footer(
-        "Without OUT.png: a line for each picture, with its size, its hot spot if it is a cursor, and the bytes of\n"
-        "each state at single and double density. With it: all pictures and states at both densities, on a light\n"
-        "and on a dark window.\n"
-        "To add a picture, see resources/icons/icons.list.");
+    CLI::App app{"Lists the pictures of the icon store, or writes a contact sheet of them.",
+                 "icons"};
+    app.footer("Without OUT.png: a line for each picture, with its size, its hot spot if it is a "
+               "cursor, and the bytes of\n"
+               "each state at single and double density. With it: all pictures and states at both "
+               "densities, on a light\n"
+               "and on a dark window.\n"
+               "To add a picture, see resources/icons/icons.list.");
     std::string path;
     app.add_option("OUT.png", path, "The contact sheet to write");
     try {

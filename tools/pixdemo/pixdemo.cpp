@@ -1,4 +1,5 @@
-// Makes a contact sheet of the pixel kernels: each one applied to a sample picture, with its name below.
+// Makes a contact sheet of the pixel kernels: each one applied to a sample picture, with its name
+// below.
 #include "contact_sheet/contact_sheet.h"
 #include "pixels/kernels/arithmetic.h"
 #include "pixels/kernels/blend.h"
@@ -9,8 +10,8 @@
 #include "pixels/kernels/noise.h"
 #include "pixels/kernels/transfer.h"
 #include "pixels/kernels/view_access.h"
-#include "pixels/memory_pixmap.h"
-#include "pixels/pixmap_scaler.h"
+#include "pixels/operations/pixmap_scaler.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,8 +28,9 @@ using namespace Kesto::Kernels;
 
 namespace {
 
-constexpr std::int32_t kSize = 160;  // of a sample
-constexpr std::int32_t kBorder = 8;  // more of the source around it, for the kernels that look around
+constexpr std::int32_t kSize = 160; // of a sample
+constexpr std::int32_t kBorder =
+    8; // more of the source around it, for the kernels that look around
 constexpr std::int32_t kLabel = 22;  // below each sample
 constexpr std::int32_t kColumns = 6; // of samples
 
@@ -61,9 +63,10 @@ void Paint(const Picture& picture)
         for (std::int32_t x = 0; x < picture.fAll.width; ++x) {
             const bool sun = std::hypot(x - 110.0, y - 50.0) < 26;
             const bool hill = y > 120 - 30 * std::sin(x / 22.0);
-            const std::array<int, 3> hsv = sun    ? std::array{38, 230, 255}
-                                           : hill ? std::array{80 + x / 8, 200, 90 + (x / 6 + y / 6) % 2 * 60}
-                                                  : std::array{140 + y / 8, 150, 255 - y / 2};
+            const std::array<int, 3> hsv =
+                sun    ? std::array{38, 230, 255}
+                : hill ? std::array{80 + x / 8, 200, 90 + (x / 6 + y / 6) % 2 * 60}
+                       : std::array{140 + y / 8, 150, 255 - y / 2};
             for (std::int32_t plane = 0; plane < 3; ++plane)
                 RowOf<std::uint8_t>(picture.fAll, plane, y)[x] =
                     static_cast<std::uint8_t>(hsv[static_cast<std::size_t>(plane)]);
@@ -78,7 +81,8 @@ void ScaleTo(const Picture& out, const Picture& source, std::int32_t size)
     CMemoryPixmap other(8, size, size, 3, 4, 0);
     const Rect sample{kBorder, kBorder, kBorder + kSize, kBorder + kSize};
     CPixmapScaler scaler;
-    scaler.SetPixmaps(&other, const_cast<CMemoryPixmap*>(&source.fPixmap), other.GetBounds(), sample);
+    scaler.SetPixmaps(&other, const_cast<CMemoryPixmap*>(&source.fPixmap), other.GetBounds(),
+                      sample);
     scaler.DoCellsQuietly();
     scaler.SetPixmaps(const_cast<CMemoryPixmap*>(&out.fPixmap), &other, sample, other.GetBounds());
     scaler.DoCellsQuietly();
@@ -106,16 +110,23 @@ std::vector<Sample> Samples()
     return {
         {"source", [](Out out, Out in) { Copy(out.fSample, in.fSample); }},
         {"invert", [](Out out, Out in) { Invert(out.fSample, in.fSample); }},
-        {"add, wrapping", [](Out out, Out in) { AddWrapping(out.fSample, in.fSample, in.fSample); }},
+        {"add, wrapping",
+         [](Out out, Out in) { AddWrapping(out.fSample, in.fSample, in.fSample); }},
         {"add, capped", [](Out out, Out in) { AddCapped(out.fSample, in.fSample, in.fSample); }},
-        {"subtract, floored", [](Out out, Out in) { SubtractFloored(out.fSample, in.fSample, in.Around(4)); }},
-        {"add lookup", [](Out out, Out in) { AddLookup(out.fSample, in.fSample, in.fSample, relief); }},
+        {"subtract, floored",
+         [](Out out, Out in) { SubtractFloored(out.fSample, in.fSample, in.Around(4)); }},
+        {"add lookup",
+         [](Out out, Out in) { AddLookup(out.fSample, in.fSample, in.fSample, relief); }},
         {"table map", [](Out out, Out in) { MapTable(out.fSample, in.fSample, curve); }},
-        {"blend, alpha 128", [](Out out, Out in) { Blend(out.fSample, in.fSample, in.Around(8), 128); }},
-        {"colour by mask", [](Out out, Out in) { BlendColour(out.fSample, red, in.fSample, in.fSample); }},
-        {"mask", [](Out out, Out in) { Copy(out.fSample, in.fSample), ApplyMask(out.fSample, in.fSample); }},
+        {"blend, alpha 128",
+         [](Out out, Out in) { Blend(out.fSample, in.fSample, in.Around(8), 128); }},
+        {"colour by mask",
+         [](Out out, Out in) { BlendColour(out.fSample, red, in.fSample, in.fSample); }},
+        {"mask", [](Out out,
+                    Out in) { Copy(out.fSample, in.fSample), ApplyMask(out.fSample, in.fSample); }},
         {"noise", [](Out out, Out in) { AddNoise(out.fSample, in.fSample, 30); }},
-        {"random colour", [](Out out, Out in) { RandomColour(out.fSample, in.fSample, red, 3000); }},
+        {"random colour",
+         [](Out out, Out in) { RandomColour(out.fSample, in.fSample, red, 3000); }},
         {"box mean", [](Out out, Out in) { BoxMean(out.fSample, in.Around(4), nine, true); }},
         {"leaning mean",
          [](Out out, Out in) {
@@ -163,12 +174,16 @@ bool WriteSheet(const std::string& path)
 
 int main(int argc, char** argv)
 {
-    CLI::App app{"Writes a contact sheet of the pixel kernels: each one applied to a sample picture.", "pixdemo"};
+    CLI::App app{
+        "Writes a contact sheet of the pixel kernels: each one applied to a sample picture.",
+        "pixdemo"};
     std::string path = "kernels.png";
     app.add_option("OUT.png", path, "The sheet to write")->capture_default_str();
     CLI11_PARSE(app, argc, argv);
     if (!WriteSheet(path)) {
-        std::fprintf(stderr, "pixdemo: %s could not be written; is the folder there and writable?\n", path.c_str());
+        std::fprintf(stderr,
+                     "pixdemo: %s could not be written; is the folder there and writable?\n",
+                     path.c_str());
         return 1;
     }
     std::printf("%s\n", path.c_str());

@@ -15,7 +15,8 @@ constexpr double kNothing = std::numeric_limits<double>::infinity();
 Light Mix(const Light& a, const Light& b, double part)
 {
     const double t = std::clamp(part, 0.0, 1.0);
-    return {a.red + (b.red - a.red) * t, a.green + (b.green - a.green) * t, a.blue + (b.blue - a.blue) * t};
+    return {a.red + (b.red - a.red) * t, a.green + (b.green - a.green) * t,
+            a.blue + (b.blue - a.blue) * t};
 }
 
 Light Scale(const Light& light, double factor)
@@ -36,7 +37,8 @@ double Chance(int a, int b)
 // Outlines of the land behind the town.
 double FarHills(double x)
 {
-    return 0.10 + 0.035 * std::sin(2.1 * x + 0.6) + 0.018 * std::sin(5.3 * x) + 0.006 * std::sin(17 * x);
+    return 0.10 + 0.035 * std::sin(2.1 * x + 0.6) + 0.018 * std::sin(5.3 * x) +
+           0.006 * std::sin(17 * x);
 }
 
 double NearHills(double x)
@@ -79,7 +81,8 @@ bool HarbourScene::Boat(double x, double y, Sight& sight) const
         return paint({0.42, 0.28, 0.16});
     const double sail = (by - 0.075) / 0.38;
     if (sail >= 0 && sail < 1 && bx > 0.012 && bx < 0.012 + 0.2 * (1 - sail) * (1 + 0.25 * sail))
-        return paint(std::fmod(by, 0.1) < 0.012 ? Light{0.88, 0.82, 0.70} : Light{0.97, 0.94, 0.86});
+        return paint(std::fmod(by, 0.1) < 0.012 ? Light{0.88, 0.82, 0.70}
+                                                : Light{0.97, 0.94, 0.86});
     const double jib = (by - 0.085) / 0.32;
     if (jib >= 0 && jib < 1 && bx < -0.012 && bx > -0.012 - 0.13 * (1 - jib))
         return paint({0.90, 0.45, 0.22});
@@ -97,7 +100,8 @@ bool HarbourScene::Town(double x, double y, Sight& sight) const
     const double roof = wall + 0.03 * (1 - std::abs(2 * inside - 1));
     if (y >= roof)
         return false;
-    const Light tones[] = {{0.80, 0.62, 0.46}, {0.74, 0.44, 0.34}, {0.86, 0.80, 0.70}, {0.55, 0.60, 0.64}};
+    const Light tones[] = {
+        {0.80, 0.62, 0.46}, {0.74, 0.44, 0.34}, {0.86, 0.80, 0.70}, {0.55, 0.60, 0.64}};
     Light colour = Shade(tones[static_cast<int>(Chance(house, 2) * 3.99)]);
     if (y >= wall)
         colour = Shade({0.45, 0.20, 0.16});
@@ -105,7 +109,8 @@ bool HarbourScene::Town(double x, double y, Sight& sight) const
     const bool window = y < wall - 0.008 && std::abs(column - std::floor(column) - 0.5) < 0.2 &&
                         std::abs(storey - std::floor(storey) - 0.5) < 0.26;
     if (window) {
-        const bool lit = Chance(house * 8 + static_cast<int>(column), static_cast<int>(storey)) < fHour * 0.9;
+        const bool lit =
+            Chance(house * 8 + static_cast<int>(column), static_cast<int>(storey)) < fHour * 0.9;
         colour = lit ? Light{1.0, 0.84, 0.42} : Shade({0.22, 0.26, 0.34});
     }
     sight = {colour, 140 + 6 * Chance(house, 3), false};
@@ -123,7 +128,8 @@ bool HarbourScene::Lighthouse(double x, double y, Sight& sight) const
         return paint({0.46, 0.42, 0.40}, false); // the pier
     const double half = 0.034 - 0.035 * y;
     if (y >= 0.022 && y < 0.33 && std::abs(lx) < half)
-        return paint(std::fmod(y, 0.11) < 0.055 ? Light{0.93, 0.91, 0.88} : Light{0.78, 0.18, 0.16}, false);
+        return paint(std::fmod(y, 0.11) < 0.055 ? Light{0.93, 0.91, 0.88} : Light{0.78, 0.18, 0.16},
+                     false);
     if (y >= 0.33 && y < 0.37 && std::abs(lx) < 0.02)
         return paint(Mix({0.85, 0.92, 0.95}, {1.0, 0.93, 0.6}, fHour * 2), fHour > 0.3);
     if (y >= 0.37 && y < 0.40 && std::abs(lx) < 0.024 * (0.40 - y) / 0.03)
@@ -138,7 +144,8 @@ Sight HarbourScene::Above(double x, double y) const
     if (toSun < kSunRadius)
         sight.light = Mix({1.0, 0.96, 0.78}, {1.0, 0.62, 0.30}, fHour * 1.2);
     else if (toSun < kSunRadius * 3.1)
-        sight.light = Mix(sight.light, {1.0, 0.80, 0.50}, 0.34 - 0.12 * std::floor((toSun / kSunRadius - 1) / 0.7));
+        sight.light = Mix(sight.light, {1.0, 0.80, 0.50},
+                          0.34 - 0.12 * std::floor((toSun / kSunRadius - 1) / 0.7));
     if (y < FarHills(x))
         sight = {Mix(Shade({0.42, 0.50, 0.56}), Sky(0), 0.35), 900, false};
     if (y < NearHills(x))
@@ -153,7 +160,8 @@ Sight HarbourScene::Water(double x, double y) const
 {
     const double depth = -y;
     const int ripple = static_cast<int>(depth / (0.005 + 0.008 * depth));
-    const double shift = 0.03 * depth * (Chance(ripple, 7) - 0.5) + 0.006 * (Chance(ripple, 8) - 0.5);
+    const double shift =
+        0.03 * depth * (Chance(ripple, 7) - 0.5) + 0.006 * (Chance(ripple, 8) - 0.5);
     const Light deep = Shade({0.10, 0.30, 0.40});
     const Sight mirrored = Above(x + shift, depth * 0.92);
     Light light = Mix(Scale(Sky(depth * 0.9), 0.85), deep, 0.30 + 0.9 * depth);

@@ -1,7 +1,8 @@
 // A harbour at the end of the day, drawn from formulas: the subject of the sample files.
 //
-// Places are in units of the picture's height, from the middle of the water's edge: x to the right, y up. Colours come as
-// light, 0 to 1. Sky and sea change from row to row only, so that run-length packing has something to find.
+// Places are in units of the picture's height, from the middle of the water's edge: x to the right,
+// y up. Colours come as light, 0 to 1. Sky and sea change from row to row only, so that run-length
+// packing has something to find.
 #pragma once
 
 namespace Samples {

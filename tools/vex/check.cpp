@@ -1,7 +1,7 @@
 #include "vex/check.h"
 
-#include "layout/expression_scope.h"
-#include "layout/vex_text.h"
+#include "layout/language/expression_scope.h"
+#include "layout/language/vex_text.h"
 
 #include <algorithm>
 #include <functional>
@@ -44,7 +44,8 @@ Diagnostic DescribeFailure(const SyntaxFailure& failure)
 {
     const std::string word = WordAt(failure.position);
     if (failure.Expects("a closing quote"))
-        return {failure.position, "syntax", "this string has no closing quote", "A string ends at the next '."};
+        return {failure.position, "syntax", "this string has no closing quote",
+                "A string ends at the next '."};
     if (failure.Expects("&") && Kesto::IsVexNameStart(*failure.position))
         return {failure.position, "ampersand", "an ampersand is missing before '" + word + "'",
                 "Names that a statement assigns to are written &" + word + "."};
@@ -52,7 +53,8 @@ Diagnostic DescribeFailure(const SyntaxFailure& failure)
         return {failure.position, "ampersand", "align_centers has not as many names as heights",
                 "A name without an ampersand counts as a height."};
     const std::string found = *failure.position == 0 ? word : '\'' + word + '\'';
-    return {failure.position, "syntax", "expected " + JoinExpected(failure) + ", but found " + found, ""};
+    return {failure.position, "syntax",
+            "expected " + JoinExpected(failure) + ", but found " + found, ""};
 }
 
 const char* EndOf(const CSourceText& source)
@@ -65,7 +67,8 @@ const char* FurthestPlace(const CSourceText& source, const LayoutReading& readin
 {
     const char* const looked = reading.failure.position;
     const char* const read = reading.nodes.empty() ? nullptr : reading.nodes.back().start;
-    return looked == nullptr && read == nullptr ? EndOf(source) : std::max(looked, read, std::less<>());
+    return looked == nullptr && read == nullptr ? EndOf(source)
+                                                : std::max(looked, read, std::less<>());
 }
 
 // The parser's message tells which condition failed; what it means for a reader is told here.
@@ -78,15 +81,19 @@ Diagnostic DescribeError(const CSourceText& source, const LayoutReading& reading
         return {furthest, "division", "a division by zero stands here", ""};
     if (reading.error == "Warning! (nesting < kMaxNesting)")
         return {furthest, "nesting",
-                "this is nested deeper than " + std::to_string(Kesto::CExpressionScope::kMaxNesting) + " levels", ""};
+                "this is nested deeper than " +
+                    std::to_string(Kesto::CExpressionScope::kMaxNesting) + " levels",
+                ""};
     if (reading.error != "Warning! (viewProxyList.list->size() == 1)")
         return {furthest, "error", reading.error, ""};
     const auto isView = [](const SyntaxNode& node) { return node.rule == VexRule::kView; };
     const auto first = std::ranges::find_if(reading.nodes, isView);
     if (first == reading.nodes.end())
-        return {EndOf(source), "views", "there is no view in this text", "A layout holds exactly one outermost view."};
+        return {EndOf(source), "views", "there is no view in this text",
+                "A layout holds exactly one outermost view."};
     const auto second = std::find_if(first + 1, reading.nodes.end(), isView);
-    return {second->start, "views", "this is a second outermost view", "A layout holds exactly one outermost view."};
+    return {second->start, "views", "this is a second outermost view",
+            "A layout holds exactly one outermost view."};
 }
 
 } // namespace

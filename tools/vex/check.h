@@ -1,5 +1,5 @@
-// Finds the mistakes of a layout text, also those that a program passes over in silence: an unknown class makes no view, an
-// unknown key has no effect, an unknown name in an expression is undefined.
+// Finds the mistakes of a layout text, also those that a program passes over in silence: an unknown
+// class makes no view, an unknown key has no effect, an unknown name in an expression is undefined.
 #pragma once
 
 #include "vex/diagnostic.h"

@@ -1,7 +1,8 @@
-// The names of a layout text: classes, keys, constants and variables, and identifiers that must differ.
+// The names of a layout text: classes, keys, constants and variables, and identifiers that must
+// differ.
 #include "vex/check.h"
 
-#include "layout/keywords.h"
+#include "layout/vocabulary/keywords.h"
 
 #include <algorithm>
 #include <map>
@@ -54,7 +55,10 @@ public:
             fBest = word;
         }
     }
-    std::string Hint() const { return fBest.empty() ? "" : "Did you mean " + std::string(fBest) + "?"; }
+    std::string Hint() const
+    {
+        return fBest.empty() ? "" : "Did you mean " + std::string(fBest) + "?";
+    }
 
 private:
     std::string_view fName;
@@ -75,7 +79,8 @@ std::string_view WordOf(const Kesto::VexConstant& constant)
 template <class Table>
 auto FindWord(const Table& table, std::string_view word)
 {
-    const auto found = std::ranges::find_if(table, [word](const auto& row) { return WordOf(row) == word; });
+    const auto found =
+        std::ranges::find_if(table, [word](const auto& row) { return WordOf(row) == word; });
     return found == table.end() ? nullptr : &*found;
 }
 
@@ -137,7 +142,8 @@ private:
         if (FindWord(Kesto::ViewClasses(), view.Name()) == nullptr) {
             CNearest nearest(view.Name());
             ConsiderAll(nearest, Kesto::ViewClasses());
-            Report(view.start, "unknown-class", "no class has the name " + Quoted(view.Name()), nearest.Hint());
+            Report(view.start, "unknown-class", "no class has the name " + Quoted(view.Name()),
+                   nearest.Hint());
         }
         fScopes.emplace_back();
         for (const SyntaxNode& child : view.children)
@@ -152,7 +158,8 @@ private:
     {
         CheckList(property.children);
         const ValueKind kind = KindOf(property);
-        if (const Kesto::VexPropertyKey* const key = FindWord(Kesto::PropertyKeys(), property.Name()))
+        if (const Kesto::VexPropertyKey* const key =
+                FindWord(Kesto::PropertyKeys(), property.Name()))
             CheckKind(property, key->kind, kind);
         else
             ReportUnknownKey(property);
@@ -165,7 +172,8 @@ private:
     {
         CNearest nearest(property.Name());
         ConsiderAll(nearest, Kesto::PropertyKeys());
-        Report(property.start, "unknown-key", "no class reads a key " + Quoted(property.Name()), nearest.Hint());
+        Report(property.start, "unknown-key", "no class reads a key " + Quoted(property.Name()),
+               nearest.Hint());
     }
 
     void CheckKind(const SyntaxNode& property, VexKeyKind wanted, ValueKind kind)
@@ -173,7 +181,8 @@ private:
         const SyntaxNode* const value = property.Child(VexRule::kValue);
         const std::string key = Quoted(property.Name());
         if (wanted == VexKeyKind::kText && !kind.isText)
-            Report(value->start, "wrong-kind", key + " takes a text, not a number", "Texts stand in single quotes.");
+            Report(value->start, "wrong-kind", key + " takes a text, not a number",
+                   "Texts stand in single quotes.");
         else if (wanted == VexKeyKind::kNumber && !kind.isNumber)
             Report(value->start, "wrong-kind", key + " takes a number, not a text",
                    "Only a text of four characters is a number as well.");
@@ -189,7 +198,8 @@ private:
             return;
         const auto [first, isNew] = fIds.emplace(value->Text(), value);
         if (!isNew)
-            Report(value->start, "duplicate-id", "another view has the identifier " + std::string(value->Text()),
+            Report(value->start, "duplicate-id",
+                   "another view has the identifier " + std::string(value->Text()),
                    "Messages and lookups find only one of them.");
     }
 
@@ -205,7 +215,8 @@ private:
         for (const Variables& scope : fScopes)
             for (const auto& [word, kind] : scope)
                 nearest.Consider(word);
-        Report(variable.start, "unknown-constant", "nothing defines the name " + Quoted(name), nearest.Hint());
+        Report(variable.start, "unknown-constant", "nothing defines the name " + Quoted(name),
+               nearest.Hint());
     }
 
     static bool IsConstant(std::string_view name)

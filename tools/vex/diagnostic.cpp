@@ -11,12 +11,14 @@ void Print(std::ostream& out, const CSourceText& source, const Diagnostic& diagn
 {
     const SourcePlace place = source.PlaceOf(diagnostic.position);
     const std::string_view line = source.LineOf(diagnostic.position);
-    // The caret stands below its character, whatever the width of a tab is and however many bytes a character has.
+    // The caret stands below its character, whatever the width of a tab is and however many bytes a
+    // character has.
     std::string indent;
     for (char c : line.substr(0, std::min(place.column - 1, line.size())))
         if (c == '\t' || (static_cast<unsigned char>(c) & 0xC0) != 0x80)
             indent += c == '\t' ? '\t' : ' ';
-    out << source.Name() << ':' << place.line << ':' << place.column << ": " << diagnostic.message << '\n';
+    out << source.Name() << ':' << place.line << ':' << place.column << ": " << diagnostic.message
+        << '\n';
     out << "    " << line << "\n    " << indent << "^\n";
     if (!diagnostic.hint.empty())
         out << "    " << diagnostic.hint << '\n';

@@ -32,8 +32,9 @@ nlohmann::json ToJson(const Kesto::CVexVariablePropertyList& variables)
 nlohmann::json ToJson(const SyntaxNode& node, const LayoutReading& reading, std::size_t& next)
 {
     const ViewReading& view = reading.views[next++];
-    nlohmann::json json{
-        {"class", view.className}, {"properties", ToJson(view.properties)}, {"layout", ToJson(view.layout)}};
+    nlohmann::json json{{"class", view.className},
+                        {"properties", ToJson(view.properties)},
+                        {"layout", ToJson(view.layout)}};
     if (const SyntaxNode* const block = node.Child(VexRule::kBlock)) {
         json["variables"] = ToJson(reading.blocks.at(block->end));
         json["children"] = nlohmann::json::array();
@@ -44,14 +45,17 @@ nlohmann::json ToJson(const SyntaxNode& node, const LayoutReading& reading, std:
     return json;
 }
 
-void PrintValues(std::ostream& out, const std::string& indent, const char* title, const nlohmann::json& values)
+void PrintValues(std::ostream& out, const std::string& indent, const char* title,
+                 const nlohmann::json& values)
 {
     if (values.empty())
         return;
     out << indent << "  " << title << ":\n";
     for (const auto& [name, value] : values.items())
         out << indent << "    " << name << " = "
-            << (value.is_null() ? "undefined" : value.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace))
+            << (value.is_null()
+                    ? "undefined"
+                    : value.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace))
             << '\n';
 }
 
@@ -73,7 +77,8 @@ nlohmann::json DumpLayout(const CSourceText& source)
 {
     const LayoutReading reading = ReadLayout(source);
     if (!reading.error.empty())
-        throw std::runtime_error(source.Name() + ": this text has mistakes; `vex check` shows them");
+        throw std::runtime_error(source.Name() +
+                                 ": this text has mistakes; `vex check` shows them");
     std::size_t next = 0;
     for (const SyntaxNode& node : reading.nodes)
         if (node.rule == VexRule::kView)

@@ -8,8 +8,9 @@
 
 namespace Vex {
 
-// An object for the outermost view: "class", "properties", "layout", and for one with a block "variables" and "children".
-// An undefined value is null. Throws std::runtime_error for a text that the parser refuses.
+// An object for the outermost view: "class", "properties", "layout", and for one with a block
+// "variables" and "children". An undefined value is null. Throws std::runtime_error for a text that
+// the parser refuses.
 nlohmann::json DumpLayout(const CSourceText& source);
 
 // The same for people, a line for each value.

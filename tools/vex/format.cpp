@@ -1,6 +1,6 @@
 #include "vex/format.h"
 
-#include "layout/vex_text.h"
+#include "layout/language/vex_text.h"
 #include "vex/layout_reading.h"
 
 #include <stdexcept>
@@ -44,13 +44,14 @@ std::string Respaced(std::string_view text)
     std::string_view before = "(";
     bool touches = true; // what comes next stands right behind `before`
     const char* const end = text.data() + text.size();
-    for (const char* at = Kesto::SkipVexSpace(text.data()); at < end; at = Kesto::SkipVexSpace(at)) {
+    for (const char* at = Kesto::SkipVexSpace(text.data()); at < end;
+         at = Kesto::SkipVexSpace(at)) {
         const std::string_view token = TokenAt(at);
         at += token.size();
         const bool isClose = token == ")" || token == "," || token == ":" || token == ";";
         const bool isCall = token == "(" && Kesto::IsVexNameStart(before.front());
-        const bool isName =
-            Kesto::CharClass(token.front()) < Kesto::kCharOther || token.front() == '\'' || token == "(";
+        const bool isName = Kesto::CharClass(token.front()) < Kesto::kCharOther ||
+                            token.front() == '\'' || token == "(";
         const bool isSign = !isName && !isClose && !EndsOperand(before);
         if (!touches && !isClose && !isCall)
             spaced += ' ';
@@ -83,7 +84,10 @@ public:
     }
 
 private:
-    void AddLine(std::string_view line) { fOut.append(fLevel * kIndent, ' ').append(line).append("\n"); }
+    void AddLine(std::string_view line)
+    {
+        fOut.append(fLevel * kIndent, ' ').append(line).append("\n");
+    }
 
     void AddView(const SyntaxNode& view)
     {
@@ -102,7 +106,8 @@ private:
         AddLine("}");
     }
 
-    void AddHead(const std::string& name, const std::vector<std::string>& properties, std::string_view tail)
+    void AddHead(const std::string& name, const std::vector<std::string>& properties,
+                 std::string_view tail)
     {
         std::string line = name;
         for (const std::string& property : properties)
@@ -129,7 +134,8 @@ std::string FormatLayout(const CSourceText& source)
 {
     const LayoutReading reading = ReadLayout(source);
     if (!reading.error.empty())
-        throw std::runtime_error(source.Name() + ": this text has mistakes; `vex check` shows them");
+        throw std::runtime_error(source.Name() +
+                                 ": this text has mistakes; `vex check` shows them");
     CFormatter formatter;
     formatter.AddList(reading.nodes);
     return formatter.Take();

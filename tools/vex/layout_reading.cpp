@@ -1,8 +1,8 @@
 #include "vex/layout_reading.h"
 
-#include "layout/generator.h"
-#include "layout/keywords.h"
-#include "layout/rapid_view_scope.h"
+#include "layout/placement/generator.h"
+#include "layout/placement/rapid_view_scope.h"
+#include "layout/vocabulary/keywords.h"
 
 #include <stdexcept>
 
@@ -14,13 +14,16 @@ class CRecordingGenerator : public Kesto::CGenerator {
 public:
     explicit CRecordingGenerator(std::vector<ViewReading>& views) : fViews(views) {}
 
-    void Measure(std::string_view className, Kesto::CExpressionScope* properties, Kesto::CExpressionScope*) override
+    void Measure(std::string_view className, Kesto::CExpressionScope* properties,
+                 Kesto::CExpressionScope*) override
     {
-        properties->ListVariables(fViews.emplace_back(ViewReading{std::string(className), {}, {}}).properties);
+        properties->ListVariables(
+            fViews.emplace_back(ViewReading{std::string(className), {}, {}}).properties);
     }
 
     // Views are built in the order in which they were measured.
-    Kesto::CView* Build(std::string_view, Kesto::CExpressionScope* layoutScope, Kesto::CView*) override
+    Kesto::CView* Build(std::string_view, Kesto::CExpressionScope* layoutScope,
+                        Kesto::CView*) override
     {
         layoutScope->ListVariables(fViews[fBuilt++].layout);
         return nullptr;
@@ -52,7 +55,8 @@ LayoutReading ReadLayout(const CSourceText& source)
     LayoutReading reading;
     CRecordingGenerator generator(reading.views);
     CReadingListener listener(reading);
-    const auto root = Kesto::CRapidViewScope::CreateRootScope(nullptr, &generator, nullptr, &listener, true);
+    const auto root =
+        Kesto::CRapidViewScope::CreateRootScope(nullptr, &generator, nullptr, &listener, true);
     for (const Kesto::VexConstant& constant : Kesto::ClassConstants())
         root->AddConstant(constant.name, constant.value);
     try {

@@ -1,7 +1,8 @@
-// One reading of a layout text by the parser of the program itself, with all that the tools want to know of it.
+// One reading of a layout text by the parser of the program itself, with all that the tools want to
+// know of it.
 #pragma once
 
-#include "layout/vex_properties.h"
+#include "layout/language/vex_properties.h"
 #include "vex/source_text.h"
 #include "vex/syntax_tree.h"
 
@@ -21,12 +22,14 @@ struct ViewReading {
 struct LayoutReading {
     std::vector<SyntaxNode> nodes; // they point into the source
     std::vector<ViewReading> views;
-    std::map<const char*, Kesto::CVexVariablePropertyList> blocks; // the variables of each, by the end of the block
-    std::string error;                                             // the parser's message; empty: all is well
-    SyntaxFailure failure;                                         // where it came up, as well as is known
+    std::map<const char*, Kesto::CVexVariablePropertyList>
+        blocks;            // the variables of each, by the end of the block
+    std::string error;     // the parser's message; empty: all is well
+    SyntaxFailure failure; // where it came up, as well as is known
 };
 
-// With all constants of the program in the root scope, and no classes: sizes are those that the text gives.
+// With all constants of the program in the root scope, and no classes: sizes are those that the
+// text gives.
 LayoutReading ReadLayout(const CSourceText& source);
 
 } // namespace Vex

@@ -76,7 +76,8 @@ int Format(const Options& options)
         const bool isCanonical = formatted == source.Text();
         if (options.checkOnly && !isCanonical) {
             isWell = false;
-            std::cout << file << ": not in the canonical form; `vex format --in-place` mends this\n";
+            std::cout << file
+                      << ": not in the canonical form; `vex format --in-place` mends this\n";
         } else if (options.inPlace && !isCanonical) {
             Write(file, formatted);
         } else if (!options.checkOnly && !options.inPlace) {
@@ -108,28 +109,38 @@ int main(int argc, char** argv)
     app.allow_windows_style_options(false); // an absolute path is no option, on any system
     Options options;
 
-    CLI::App* const check = app.add_subcommand("check", "Report mistakes with file, line and column");
+    CLI::App* const check =
+        app.add_subcommand("check", "Report mistakes with file, line and column");
     check->footer(
-        "Finds syntax errors, unknown classes, keys and names, values of the wrong kind, and identifiers that\n"
+        "Finds syntax errors, unknown classes, keys and names, values of the wrong kind, and "
+        "identifiers that\n"
         "two views have. Exit status: 0 no mistakes, 1 mistakes, 2 a file can't be read.");
     check->add_option("FILE", options.files, "Layout texts")->required();
-    check->add_flag("--json", options.json, "Print an array of objects: file, line, column, kind, message, hint");
+    check->add_flag("--json", options.json,
+                    "Print an array of objects: file, line, column, kind, message, hint");
 
-    CLI::App* const format = app.add_subcommand("format", "Write the canonical form to the standard output");
-    format->footer(
-        "The meaning stays as it is. Exit status: 0 done, 1 with --check: a file has another form, 2 a file has\n"
-        "mistakes or can't be read.");
+    CLI::App* const format =
+        app.add_subcommand("format", "Write the canonical form to the standard output");
+    format->footer("The meaning stays as it is. Exit status: 0 done, 1 with --check: a file has "
+                   "another form, 2 a file has\n"
+                   "mistakes or can't be read.");
     format->add_option("FILE", options.files, "Layout texts")->required();
-    CLI::Option* const inPlace = format->add_flag("-i,--in-place", options.inPlace, "Rewrite the files instead");
-    format->add_flag("--check", options.checkOnly, "Write nothing, name the files that have another form")
+    CLI::Option* const inPlace =
+        format->add_flag("-i,--in-place", options.inPlace, "Rewrite the files instead");
+    format
+        ->add_flag("--check", options.checkOnly,
+                   "Write nothing, name the files that have another form")
         ->excludes(inPlace);
 
-    CLI::App* const dump = app.add_subcommand("dump", "Print the tree of views with the values of every scope");
+    CLI::App* const dump =
+        app.add_subcommand("dump", "Print the tree of views with the values of every scope");
     dump->footer(
-        "For each view: its own properties, its layout scope as it would be built from them, and the variables of\n"
+        "For each view: its own properties, its layout scope as it would be built from them, and "
+        "the variables of\n"
         "its block at the end. Exit status: 0 done, 2 a file has mistakes or can't be read.");
     dump->add_option("FILE", options.files, "Layout texts")->required();
-    dump->add_flag("--json", options.json, "Print objects: class, properties, layout, variables, children");
+    dump->add_flag("--json", options.json,
+                   "Print objects: class, properties, layout, variables, children");
 
     try {
         app.parse(argc, argv);
@@ -137,7 +148,9 @@ int main(int argc, char** argv)
             std::cerr << app.help();
             return kExit_Trouble;
         }
-        return check->parsed() ? Check(options) : format->parsed() ? Format(options) : Dump(options);
+        return check->parsed()    ? Check(options)
+               : format->parsed() ? Format(options)
+                                  : Dump(options);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kExit_Well : kExit_Trouble;
     } catch (const std::exception& error) {

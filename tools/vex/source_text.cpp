@@ -22,7 +22,8 @@ SourcePlace CSourceText::PlaceOf(const char* position) const
 {
     const std::string_view before(fText.data(), static_cast<std::size_t>(position - fText.data()));
     const std::size_t lineEnd = before.rfind('\n'); // npos + 1 is 0
-    return {static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1, before.size() - (lineEnd + 1) + 1};
+    return {static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1,
+            before.size() - (lineEnd + 1) + 1};
 }
 
 std::string_view CSourceText::LineOf(const char* position) const

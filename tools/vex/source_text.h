@@ -15,9 +15,12 @@ struct SourcePlace {
 
 class CSourceText {
 public:
-    CSourceText(std::string name, std::string text) : fName(std::move(name)), fText(std::move(text)) {}
+    CSourceText(std::string name, std::string text) : fName(std::move(name)), fText(std::move(text))
+    {
+    }
 
-    // Throws std::runtime_error that says what is wrong with the file. A text cannot hold a zero byte.
+    // Throws std::runtime_error that says what is wrong with the file. A text cannot hold a zero
+    // byte.
     static CSourceText Load(const std::filesystem::path& path);
 
     const std::string& Name() const { return fName; }

@@ -24,8 +24,8 @@ bool SyntaxFailure::Expects(std::string_view what) const
     return std::ranges::find(expected, what) != expected.end();
 }
 
-// Nodes arrive after what they consist of. A name, number or string that begins before the end of an earlier node shows
-// that the parser went back there: what it had found beyond doesn't count.
+// Nodes arrive after what they consist of. A name, number or string that begins before the end of
+// an earlier node shows that the parser went back there: what it had found beyond doesn't count.
 void CTreeListener::Event(VexRule rule, const char* start, const char* end)
 {
     SyntaxNode node{rule, start, end, {}};
@@ -35,11 +35,13 @@ void CTreeListener::Event(VexRule rule, const char* start, const char* end)
     } else {
         const auto first = std::ranges::lower_bound(fNodes, start, {}, &SyntaxNode::start);
         auto rest = first;
-        // a + b + c arrives as a sum of a sum, but is kept as one of three, or a long one would be as deep as it is long.
+        // a + b + c arrives as a sum of a sum, but is kept as one of three, or a long one would be
+        // as deep as it is long.
         if (first != fNodes.end() && first->rule == rule && first->start == start)
             node.children = std::move((rest++)->children);
         std::copy_if(std::make_move_iterator(rest), std::make_move_iterator(fNodes.end()),
-                     std::back_inserter(node.children), [&](const SyntaxNode& child) { return child.end <= end; });
+                     std::back_inserter(node.children),
+                     [&](const SyntaxNode& child) { return child.end <= end; });
         fNodes.erase(first, fNodes.end());
     }
     fNodes.push_back(std::move(node));

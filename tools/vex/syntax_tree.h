@@ -1,7 +1,7 @@
 // The tree of a layout text, gathered from the parser's trace. Its nodes point into the text.
 #pragma once
 
-#include "layout/parse_listener.h"
+#include "layout/language/parse_listener.h"
 
 #include <string_view>
 #include <vector>

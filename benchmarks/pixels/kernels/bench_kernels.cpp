@@ -1,6 +1,6 @@
-// The pixel kernels against the strongest peer: how many times faster they are, on one thread, at two picture sizes.
-// Where no library has the kernel the peer is the plain loop of the same kernel. With an argument, only the kernels whose
-// names contain it.
+// The pixel kernels against the strongest peer: how many times faster they are, on one thread, at
+// two picture sizes. Where no library has the kernel the peer is the plain loop of the same kernel.
+// With an argument, only the kernels whose names contain it.
 #include "pixels/kernels/arithmetic.h"
 #include "pixels/kernels/blend.h"
 #include "pixels/kernels/box.h"
@@ -12,7 +12,7 @@
 #include "pixels/kernels/scale.h"
 #include "pixels/kernels/transfer.h"
 #include "pixels/kernels/view_access.h"
-#include "pixels/memory_pixmap.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 #include "rounds.h"
 
 #include <opencv2/core.hpp>
@@ -36,7 +36,8 @@ struct Picture {
         std::uint32_t seed = 1;
         fPixmap.GetView(fView);
         std::uint8_t* bytes = fPixmap.GetBaseAddress();
-        const std::size_t count = static_cast<std::size_t>(fView.rowBytes) * static_cast<std::size_t>(height) *
+        const std::size_t count = static_cast<std::size_t>(fView.rowBytes) *
+                                  static_cast<std::size_t>(height) *
                                   static_cast<std::size_t>(planes);
         for (std::size_t i = 0; i < count; ++i) {
             seed = seed * 1664525u + 1013904223u;
@@ -47,7 +48,8 @@ struct Picture {
     // The same pixels for the peer.
     cv::Mat Mat(int type, std::int32_t plane = 0) const
     {
-        return cv::Mat(fView.height, fView.width, type, fView.planePointers[static_cast<std::size_t>(plane)],
+        return cv::Mat(fView.height, fView.width, type,
+                       fView.planePointers[static_cast<std::size_t>(plane)],
                        static_cast<std::size_t>(fView.rowBytes));
     }
 
@@ -72,10 +74,11 @@ void Compare(const char* kernel, std::int32_t size, const char* peer, std::funct
                 run();
         };
     };
-    const std::vector<Bench::Seconds> seconds =
-        Bench::TimeRounds(size > 1000 ? 15 : 45, {{repeated(ours)}, {repeated(theirs)}}, Bench::ProcessorSeconds);
-    std::printf("%-28s %5d  %8.2f x  %8.2f x  %10.1f us   %s\n", kernel, size, seconds[1].median / seconds[0].median,
-                seconds[1].best / seconds[0].best, 1e6 * seconds[0].best / static_cast<double>(repeats), peer);
+    const std::vector<Bench::Seconds> seconds = Bench::TimeRounds(
+        size > 1000 ? 15 : 45, {{repeated(ours)}, {repeated(theirs)}}, Bench::ProcessorSeconds);
+    std::printf("%-28s %5d  %8.2f x  %8.2f x  %10.1f us   %s\n", kernel, size,
+                seconds[1].median / seconds[0].median, seconds[1].best / seconds[0].best,
+                1e6 * seconds[0].best / static_cast<double>(repeats), peer);
 }
 
 // Against the plain loop of the same kernel.
@@ -99,9 +102,9 @@ void Blends(std::int32_t size)
     const Picture below(8, size, size, 4), source(8, size, size, 4), mask(8, size, size);
     const Picture packed(32, size, size), packedSource(32, size, size);
     const auto image = [size](const Picture& picture, pixman_format_code_t format) {
-        return pixman_image_create_bits(format, size, size,
-                                        static_cast<std::uint32_t*>(static_cast<void*>(picture.Bytes())),
-                                        picture.fView.rowBytes);
+        return pixman_image_create_bits(
+            format, size, size, static_cast<std::uint32_t*>(static_cast<void*>(picture.Bytes())),
+            picture.fView.rowBytes);
     };
     pixman_image_t* target = image(packed, PIXMAN_x8r8g8b8);
     pixman_image_t* from = image(packedSource, PIXMAN_x8r8g8b8);
@@ -109,11 +112,13 @@ void Blends(std::int32_t size)
     const pixman_color_t half = {0, 0, 0, 0x8000};
     pixman_image_t* constant = pixman_image_create_solid_fill(&half);
     const auto composite = [&](pixman_image_t* through) {
-        pixman_image_composite32(PIXMAN_OP_OVER, from, through, target, 0, 0, 0, 0, 0, 0, size, size);
+        pixman_image_composite32(PIXMAN_OP_OVER, from, through, target, 0, 0, 0, 0, 0, 0, size,
+                                 size);
     };
     Compare(
         "mask blend, 4 planes", size, "pixman over, 32 bits",
-        [&] { Blend(below.fView, source.fView, below.fView, mask.fView); }, [&] { composite(alpha); });
+        [&] { Blend(below.fView, source.fView, below.fView, mask.fView); },
+        [&] { composite(alpha); });
     Compare(
         "constant blend, 4 planes", size, "pixman over, 32 bits",
         [&] { Blend(below.fView, source.fView, below.fView, 128); }, [&] { composite(constant); });
@@ -122,11 +127,12 @@ void Blends(std::int32_t size)
 }
 
 template <class T>
-void Scales(const char* kernel, std::int32_t sourceSize, std::int32_t targetSize, std::int32_t label, int type,
-            int method)
+void Scales(const char* kernel, std::int32_t sourceSize, std::int32_t targetSize,
+            std::int32_t label, int type, int method)
 {
     const Picture source(8 * sizeof(T), sourceSize, sourceSize);
-    const Picture target(8 * sizeof(T), targetSize, targetSize), peer(8 * sizeof(T), targetSize, targetSize);
+    const Picture target(8 * sizeof(T), targetSize, targetSize),
+        peer(8 * sizeof(T), targetSize, targetSize);
     cv::Mat from = source.Mat(type);
     if (type == CV_32F) {
         cv::Mat whole = source.Mat(CV_32S);
@@ -136,8 +142,9 @@ void Scales(const char* kernel, std::int32_t sourceSize, std::int32_t targetSize
     ScaleAxis axis;
     ScaleTable table;
     axis.fMode = targetSize < sourceSize ? ScaleMode::kReduce : ScaleMode::kEnlarge;
-    table = axis.fMode == ScaleMode::kReduce ? MakeReduceTable(targetSize, sourceSize, 0, axis.fScale)
-                                             : MakeEnlargeTable(targetSize, sourceSize, 0);
+    table = axis.fMode == ScaleMode::kReduce
+                ? MakeReduceTable(targetSize, sourceSize, 0, axis.fScale)
+                : MakeEnlargeTable(targetSize, sourceSize, 0);
     axis.fEntries = table;
     std::vector<double> scratch(ScaleScratchBytes<T>(targetSize) / sizeof(double) + 1);
     Compare(
@@ -158,7 +165,8 @@ void AllScales(std::int32_t size)
     Scales<std::uint16_t>("reduce by 3.7, 16 bits", size, part(3.7), size, CV_16U, cv::INTER_AREA);
     Scales<std::uint32_t>("reduce by 3.7, 32 bits", size, part(3.7), size, CV_32F, cv::INTER_AREA);
     Scales<std::uint8_t>("enlarge by 1.5", part(1.5), size, size, CV_8U, cv::INTER_LINEAR);
-    Scales<std::uint16_t>("enlarge by 1.5, 16 bits", part(1.5), size, size, CV_16U, cv::INTER_LINEAR);
+    Scales<std::uint16_t>("enlarge by 1.5, 16 bits", part(1.5), size, size, CV_16U,
+                          cv::INTER_LINEAR);
 }
 
 void Boxes(std::int32_t size)
@@ -169,7 +177,8 @@ void Boxes(std::int32_t size)
     const BoxShape nine{9, 9};
     const cv::Mat element = cv::getStructuringElement(cv::MORPH_RECT, {9, 9});
     Compare(
-        "box mean 9 x 9", size, "OpenCV blur", [&] { BoxMean(out.fView, source.fView, nine, true); },
+        "box mean 9 x 9", size, "OpenCV blur",
+        [&] { BoxMean(out.fView, source.fView, nine, true); },
         [&] {
             cv::blur(from, to, {9, 9});
         });
@@ -185,7 +194,8 @@ void Boxes(std::int32_t size)
             RowOf<std::uint32_t>(wide.fView, 0, y)[x] = RowOf<std::uint8_t>(source.fView, 0, y)[x];
     std::vector<std::int32_t> counts(256);
     Compare(
-        "rank 9 x 9", size, "OpenCV median", [&] { Rank(ranked.fView, wide.fView, nine, 41, counts); },
+        "rank 9 x 9", size, "OpenCV median",
+        [&] { Rank(ranked.fView, wide.fView, nine, 41, counts); },
         [&] { cv::medianBlur(from, to, 9); });
 }
 
@@ -204,7 +214,8 @@ void Neighbours(std::int32_t size)
         "sharpen", size, "OpenCV filter2D", [&] { Sharpen(out.fView, source.fView, table); },
         [&] { cv::filter2D(from, to, -1, sharpen); });
     Compare(
-        "neighbour mean", size, "OpenCV filter2D", [&] { NeighbourMean(out.fView, source.fView, 4); },
+        "neighbour mean", size, "OpenCV filter2D",
+        [&] { NeighbourMean(out.fView, source.fView, 4); },
         [&] { cv::filter2D(from, to, -1, mean); });
     std::array<std::int32_t, 256> relief;
     for (std::size_t i = 0; i < relief.size(); ++i)
@@ -222,15 +233,18 @@ void Arithmetic(std::int32_t size)
         "add, capped", size, "OpenCV add", [&] { AddCapped(out.fView, a.fView, b.fView); },
         [&] { cv::add(first, second, to); });
     Compare(
-        "subtract, floored", size, "OpenCV subtract", [&] { SubtractFloored(out.fView, a.fView, b.fView); },
+        "subtract, floored", size, "OpenCV subtract",
+        [&] { SubtractFloored(out.fView, a.fView, b.fView); },
         [&] { cv::subtract(first, second, to); });
     Compare(
-        "invert", size, "OpenCV bitwise_not", [&] { Invert(out.fView, a.fView); }, [&] { cv::bitwise_not(first, to); });
+        "invert", size, "OpenCV bitwise_not", [&] { Invert(out.fView, a.fView); },
+        [&] { cv::bitwise_not(first, to); });
     Compare(
         "copy", size, "memcpy", [&] { Copy(out.fView, a.fView); },
         [&] { std::memcpy(peer.Bytes(), a.Bytes(), bytes); });
     Compare(
-        "fill", size, "memset", [&] { Fill<std::uint8_t>(out.fView, std::array<std::uint8_t, 1>{7}); },
+        "fill", size, "memset",
+        [&] { Fill<std::uint8_t>(out.fView, std::array<std::uint8_t, 1>{7}); },
         [&] { std::memset(peer.Bytes(), 7, bytes); });
     Compare(
         "exchange", size, "swap_ranges", [&] { Exchange(a.fView, b.fView); },
@@ -253,8 +267,8 @@ int main(int count, char** arguments)
         onlyKernels = arguments[1];
     cv::setNumThreads(1);
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    std::printf("%-28s %5s  %10s  %10s  %13s   %s\n", "kernel, 8 bits if not said", "size", "median", "best run",
-                "ours", "peer");
+    std::printf("%-28s %5s  %10s  %10s  %13s   %s\n", "kernel, 8 bits if not said", "size",
+                "median", "best run", "ours", "peer");
     for (const std::int32_t size : {512, 4096}) {
         Blends(size);
         AllScales(size);

@@ -12,16 +12,18 @@ class CFormatDialog;
 
 namespace Project {
 
-// What passes between the reader and the frame dialog; set before the dialog runs and valid while it does.
+// What passes between the reader and the frame dialog; set before the dialog runs and valid while
+// it does.
 extern uint32_t gFrameCount;   // frames in the file
 extern uint32_t* gFrameResult; // the reader's frame number, from 1
 extern HostFormatRecord* gFrameRecord;
 
-// Asks for a frame by way of the plug-in at work. Returns 0 when one was accepted, with its number in `frame`, else -128.
-// `frame` comes in as the frame that is offered first.
+// Asks for a frame by way of the plug-in at work. Returns 0 when one was accepted, with its number
+// in `frame`, else -128. `frame` comes in as the frame that is offered first.
 int16_t ChooseFrame(HostFormatRecord* record, uint32_t frameCount, uint32_t* frame);
 
-// Who builds the frame dialog. Without a maker no dialog runs, and the frame that was offered is taken.
+// Who builds the frame dialog. Without a maker no dialog runs, and the frame that was offered is
+// taken.
 using FrameDialogMaker = std::unique_ptr<Kesto::CFormatDialog> (*)();
 FrameDialogMaker GetFrameDialogMaker();
 

@@ -1,15 +1,18 @@
-// The ElectricImage file as it lies on the disk: a file header, then frames, each a frame header, a colour table or a
-// range block, and its pixels. All integers are big-endian; the floats of depth frames are in the machine's order.
+// The ElectricImage file as it lies on the disk: a file header, then frames, each a frame header, a
+// colour table or a range block, and its pixels. All integers are big-endian; the floats of depth
+// frames are in the machine's order.
 //
 //   file header    0 version (16)        2 frameCount (32)
-//   frame header   0 reserved0 (32)      4 reserved1 (16)   6 reserved2 (16)   8 height (16)     10 width (16)
-//                 12 bitDepth (8)       13 frameType (8)   14 top (16)        16 left (16)      18 bottom (16)
-//                 20 right (16)         22 packing (8)     23 alphaDepth (8)  24 dataSize (32)  28 lutCount (16)
-//                 30 reserved3 (16)
+//   frame header   0 reserved0 (32)      4 reserved1 (16)   6 reserved2 (16)   8 height (16)     10
+//   width (16)
+//                 12 bitDepth (8)       13 frameType (8)   14 top (16)        16 left (16)      18
+//                 bottom (16) 20 right (16)         22 packing (8)     23 alphaDepth (8)  24
+//                 dataSize (32)  28 lutCount (16) 30 reserved3 (16)
 //   colour table   lutCount entries of red, green, blue; frames of type 0 and 1
 //   range block    4 unused bytes, minimum (float), maximum (float); frames of type 2
 //
-// The bytes of a header and its fields are different types here, so that a field can't be used unswapped.
+// The bytes of a header and its fields are different types here, so that a field can't be used
+// unswapped.
 #pragma once
 
 #include <array>
@@ -53,14 +56,18 @@ struct EIFrameHeader {
     int16_t right;
     uint8_t packing;
     uint8_t alphaDepth; // 0, or 8 beside 24 bits of colour
-    uint32_t dataSize;  // bytes of pixels; of the range block too in a depth frame that another frame follows
+    uint32_t dataSize;  // bytes of pixels; of the range block too in a depth frame that another
+                        // frame follows
     uint16_t lutCount;
     uint16_t reserved3;
 
     int PixelBits() const { return bitDepth + alphaDepth; }
 
     // Bytes from the end of this header to the next one.
-    int64_t BytesToNextFrame() const { return int64_t{dataSize} + int64_t{kLutEntryBytes} * lutCount; }
+    int64_t BytesToNextFrame() const
+    {
+        return int64_t{dataSize} + int64_t{kLutEntryBytes} * lutCount;
+    }
 };
 
 #pragma pack(pop)
@@ -82,13 +89,15 @@ EIFrameHeaderBytes EncodeFrameHeader(const EIFrameHeader& header);
 
 // How a row of pixels lies in the file.
 struct RowLayout {
-    int unit;      // bytes of the unit that packets count in; outside 1 to 4 the row can't be read or written
+    int unit; // bytes of the unit that packets count in; outside 1 to 4 the row can't be read or
+              // written
     int32_t bytes; // of the whole row
 
     bool IsValid() const { return unit >= 1 && unit <= 4; }
 };
 
-// Rows of pixels below 8 bits are packed into bytes, and a byte is the unit then; otherwise a pixel is.
+// Rows of pixels below 8 bits are packed into bytes, and a byte is the unit then; otherwise a pixel
+// is.
 constexpr RowLayout LayOutRow(int pixelBits, int32_t pixelCount)
 {
     if (pixelBits < 8)

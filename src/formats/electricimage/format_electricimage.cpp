@@ -6,7 +6,8 @@
 
 namespace Project {
 
-void PFormatElectricImage::DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data, int16_t* result)
+void PFormatElectricImage::DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data,
+                                        int16_t* result)
 {
     EIPluginMain(selector, record, data, result);
 }

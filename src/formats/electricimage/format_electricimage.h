@@ -1,14 +1,15 @@
 // The one live project of the module: the ElectricImage file format.
 #pragma once
 
-#include "plugin/format.h"
+#include "plugin/format/format.h"
 
 namespace Project {
 
 class PFormatElectricImage : public PFormat {
 public:
     // Passes on to EIPluginMain, which knows nothing of this object.
-    void DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data, int16_t* result) override;
+    void DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data,
+                      int16_t* result) override;
 
     // The frame dialog, or null when nobody builds one.
     std::unique_ptr<Kesto::CFormatDialog> GetDialog() override;

@@ -3,7 +3,7 @@
 #include "formats/electricimage/choose_frame.h"
 #include "formats/electricimage/messages.h"
 #include "formats/electricimage/read_rows.h"
-#include "plugin/host_buffers.h"
+#include "plugin/suites/host_buffers.h"
 
 #include <algorithm>
 #include <cstring>
@@ -57,7 +57,8 @@ bool PickFrame(EIContext& context, uint32_t& frame)
     return frame >= 1 && frame <= frameCount ? true : Fail(context, kHostBadMode);
 }
 
-// Passes frames without reading their pixels. Whatever fails here is told but doesn't end the start.
+// Passes frames without reading their pixels. Whatever fails here is told but doesn't end the
+// start.
 void EISkipFrames(EIContext& context, uint32_t count)
 {
     for (uint32_t i = 0; i < count; ++i) {
@@ -95,8 +96,8 @@ void DescribePicture(HostFormatRecord& record, int16_t colorMode, int16_t planeC
     record.planeCount = planeCount;
 }
 
-// The floats are taken in the machine's own order, as those of the pixels are. A range that can't be used leaves the
-// scale 0, and the rows are read for their range first.
+// The floats are taken in the machine's own order, as those of the pixels are. A range that can't
+// be used leaves the scale 0, and the rows are read for their range first.
 bool ReadRange(EIContext& context)
 {
     DescribePicture(*context.record, kHostModeGrayscale, 1);
@@ -106,10 +107,11 @@ bool ReadRange(EIContext& context)
     std::memcpy(&context.rangeMin, block + 4, sizeof context.rangeMin);
     std::memcpy(&context.rangeMax, block + 8, sizeof context.rangeMax);
     const float range = context.rangeMax - context.rangeMin;
-    const bool usable =
-        !(double{range} < kSmallestRange || context.rangeMin == kInfinity || context.rangeMax == kInfinity);
+    const bool usable = !(double{range} < kSmallestRange || context.rangeMin == kInfinity ||
+                          context.rangeMax == kInfinity);
     context.rangeScale = usable ? 255.0F / range : 0.0F;
-    // Rows of other lengths than a float's, or a byte's and less, have no room in a picture of one plane.
+    // Rows of other lengths than a float's, or a byte's and less, have no room in a picture of one
+    // plane.
     return DecodedPixelBytes(context.frameHeader) <= 1 ? true : Fail(context, kHostCannotRead);
 }
 
@@ -165,7 +167,8 @@ void DescribeRows(EIContext& context)
     ResetRuns();
 }
 
-// Reads all rows once, chunk by chunk, and hands each chunk to the host unless the session is scanning.
+// Reads all rows once, chunk by chunk, and hands each chunk to the host unless the session is
+// scanning.
 void ReadChunks(EIContext& context, uint8_t* rows, uint8_t* scratch, int32_t chunkRows)
 {
     HostFormatRecord& record = *context.record;
@@ -177,7 +180,8 @@ void ReadChunks(EIContext& context, uint8_t* rows, uint8_t* scratch, int32_t chu
         for (int32_t row = first; row < end; ++row) {
             if (!BeginRow(context, row))
                 return;
-            ReadRow(context, rows + int64_t{row - first} * record.rowStride, scratch, record.columnCount);
+            ReadRow(context, rows + int64_t{row - first} * record.rowStride, scratch,
+                    record.columnCount);
             if (context.result != kHostNoError)
                 return;
         }
@@ -226,7 +230,8 @@ void ReadPasses(EIContext& context, uint8_t* rows, uint8_t* scratch, int32_t chu
 void EIReadStart(EIContext& context)
 {
     HostFormatRecord& record = *context.record;
-    context.interactive = record.playbackBlock == nullptr || record.playbackBlock->playMode != kHostPlaySilent;
+    context.interactive =
+        record.playbackBlock == nullptr || record.playbackBlock->playMode != kHostPlaySilent;
     if (record.bufferSuite == nullptr || record.exchangeRows == nullptr)
         return void(context.result = kHostMissingSuite);
     context.file = FastOpen(&record, kHostOpenToRead);
@@ -251,7 +256,8 @@ void EIReadContinue(EIContext& context)
     const CHostBuffers buffers(record.bufferSuite);
     CHostBuffer rows(buffers);
     int16_t chunkRows = 0;
-    if (AllocateRowBuffer(buffers, record.rowStride, 1, record.rowCount, 1, chunkRows, rows) != kHostNoError)
+    if (AllocateRowBuffer(buffers, record.rowStride, 1, record.rowCount, 1, chunkRows, rows) !=
+        kHostNoError)
         return void(context.result = kHostMemoryFull);
     CHostBuffer scratch(buffers);
     const int32_t scratchRows = context.frameHeader.frameType == kFrameDepth ? 5 : 2;

@@ -2,7 +2,7 @@
 
 #include "formats/electricimage/messages.h"
 #include "formats/electricimage/write_rows.h"
-#include "plugin/host_buffers.h"
+#include "plugin/suites/host_buffers.h"
 
 #include <algorithm>
 #include <limits>
@@ -46,7 +46,8 @@ bool DescribeFrame(EIContext& context)
     frame.height = frame.bottom = record.rowCount;
     frame.width = frame.right = record.columnCount;
     frame.packing = kPackingRuns;
-    frame.dataSize = static_cast<uint32_t>(frame.PixelBits() / 8) * static_cast<uint32_t>(record.columnCount) *
+    frame.dataSize = static_cast<uint32_t>(frame.PixelBits() / 8) *
+                     static_cast<uint32_t>(record.columnCount) *
                      static_cast<uint32_t>(record.rowCount);
     context.fileHeader = {kWrittenVersion, 1};
     context.frameHeader = frame;
@@ -67,7 +68,8 @@ bool WriteColorTable(EIContext& context)
 {
     const HostFormatRecord& record = *context.record;
     for (int i = 0; i < context.frameHeader.lutCount; ++i) {
-        const uint8_t entry[kLutEntryBytes] = {record.redLut[i], record.greenLut[i], record.blueLut[i]};
+        const uint8_t entry[kLutEntryBytes] = {record.redLut[i], record.greenLut[i],
+                                               record.blueLut[i]};
         if (!Write(context, entry, Message::kWriteLut))
             return false;
     }
@@ -87,7 +89,8 @@ void DescribeExchange(EIContext& context)
     record.planeStride = 1;
 }
 
-// With one row at a time the row stride means nothing to the host; from here on it is the measure of the buffer.
+// With one row at a time the row stride means nothing to the host; from here on it is the measure
+// of the buffer.
 void AllocateRow(EIContext& context)
 {
     HostFormatRecord& record = *context.record;
@@ -98,7 +101,8 @@ void AllocateRow(EIContext& context)
     const int64_t bufferBytes = int64_t{kBufferRows} * record.rowStride;
     const int32_t unit = context.frameHeader.PixelBits() / 8;
     if (record.columnCount > 0 && bufferBytes < int64_t{unit} * (record.columnCount + 1))
-        return void(context.result = kHostBadMode); // channels of less than 8 bits: the row would not fit
+        return void(context.result =
+                        kHostBadMode); // channels of less than 8 bits: the row would not fit
     HostBuffer buffer = nullptr;
     context.result = buffers.Allocate(bufferBytes, buffer);
     if (context.result != kHostNoError)
@@ -134,7 +138,8 @@ bool PatchHeaders(EIContext& context)
         return false;
     }
     EIFrameHeader& frame = context.frameHeader;
-    frame.dataSize = static_cast<uint32_t>(position - kLutEntryBytes * frame.lutCount - kHeadersBytes);
+    frame.dataSize =
+        static_cast<uint32_t>(position - kLutEntryBytes * frame.lutCount - kHeadersBytes);
     return Write(context, EncodeFileHeader(context.fileHeader), Message::kPatchHeader) &&
            Write(context, EncodeFrameHeader(frame), Message::kPatchFrame);
 }
@@ -148,9 +153,10 @@ void EIWriteStart(EIContext& context)
     context.file = FastOpen(context.record, kHostOpenToWrite);
     if (context.file == nullptr)
         return void(context.result = kHostCannotRead);
-    const bool written = Write(context, EncodeFileHeader(context.fileHeader), Message::kWriteHeader) &&
-                         Write(context, EncodeFrameHeader(context.frameHeader), Message::kWriteFrame) &&
-                         WriteColorTable(context);
+    const bool written =
+        Write(context, EncodeFileHeader(context.fileHeader), Message::kWriteHeader) &&
+        Write(context, EncodeFrameHeader(context.frameHeader), Message::kWriteFrame) &&
+        WriteColorTable(context);
     DescribeExchange(context);
     if (written)
         AllocateRow(context);
@@ -192,8 +198,11 @@ void EIWriteFinish(EIContext& context)
 void EIEstimate(EIContext& context)
 {
     HostFormatRecord& record = *context.record;
-    const int64_t bytes = int64_t{BytesOfDocumentRow(record)} * record.planeCount * record.rowCount + kEstimateOverhead;
-    constexpr int64_t kMost = std::numeric_limits<int32_t>::max(); // the largest pictures pass the record's 32 bits
+    const int64_t bytes =
+        int64_t{BytesOfDocumentRow(record)} * record.planeCount * record.rowCount +
+        kEstimateOverhead;
+    constexpr int64_t kMost =
+        std::numeric_limits<int32_t>::max(); // the largest pictures pass the record's 32 bits
     record.estimateMin = record.estimateMax = static_cast<int32_t>(std::min(bytes, kMost));
     record.rowsAddress = nullptr;
 }

@@ -4,8 +4,10 @@
 namespace Project::Message {
 
 inline constexpr char kSkipFailed[] = "$$$/private/EI/Err1=File error while skipping unread frames";
-inline constexpr char kUnknownPacking[] = "$$$/private/EI/Err2=Unknown frame packing, contact author";
-inline constexpr char kUnknownAlphaDepth[] = "$$$/private/EI/Err3=Unknown alpha depth, contact author";
+inline constexpr char kUnknownPacking[] =
+    "$$$/private/EI/Err2=Unknown frame packing, contact author";
+inline constexpr char kUnknownAlphaDepth[] =
+    "$$$/private/EI/Err3=Unknown alpha depth, contact author";
 inline constexpr char kUnknownBitDepth[] = "$$$/private/EI/Err4=Unknown bit depth, contact author";
 inline constexpr char kPlaneDepth[] = "$$$/private/EI/Err6=Internal plane depth error";
 inline constexpr char kRewindFailed[] = "$$$/private/EI/Err7=File error while seeking";

@@ -29,7 +29,8 @@ template <int Unit>
 int32_t PlainLiteralLength(const uint8_t* row, const uint8_t* end)
 {
     int32_t count = 1;
-    while (row + count * Unit < end && !SamePixel<Unit>(row + count * Unit, row + (count + 1) * Unit))
+    while (row + count * Unit < end &&
+           !SamePixel<Unit>(row + count * Unit, row + (count + 1) * Unit))
         ++count;
     return count;
 }
@@ -54,7 +55,8 @@ void Store(uint8_t* bytes, __m128i value)
 // A bit for each of 16 bytes that equals the byte `distance` further on.
 uint32_t EqualBytes(const uint8_t* bytes, int distance)
 {
-    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(Load(bytes), Load(bytes + distance))));
+    return static_cast<uint32_t>(
+        _mm_movemask_epi8(_mm_cmpeq_epi8(Load(bytes), Load(bytes + distance))));
 }
 
 // A run is a stretch in which every byte equals the byte one pixel further on.
@@ -73,7 +75,8 @@ int32_t FastRunLength(const uint8_t* row, const uint8_t* end)
     return static_cast<int32_t>(p - row) / Unit + 1;
 }
 
-// Pixels that one step of the search below looks at, and a bit at the first byte of each that equals its successor.
+// Pixels that one step of the search below looks at, and a bit at the first byte of each that
+// equals its successor.
 template <int Unit>
 struct PairStep {
     static constexpr int kBytes = 16;
@@ -93,8 +96,8 @@ struct PairStep<3> {
     static constexpr int kBytes = 48;
     static uint64_t Pairs(const uint8_t* p)
     {
-        const uint64_t bytes =
-            EqualBytes(p, 3) | uint64_t{EqualBytes(p + 16, 3)} << 16 | uint64_t{EqualBytes(p + 32, 3)} << 32;
+        const uint64_t bytes = EqualBytes(p, 3) | uint64_t{EqualBytes(p + 16, 3)} << 16 |
+                               uint64_t{EqualBytes(p + 32, 3)} << 32;
         return bytes & bytes >> 1 & bytes >> 2 & 0x249249249249; // a bit for each third byte
     }
 };
@@ -112,7 +115,8 @@ int32_t FastLiteralLength(const uint8_t* row, const uint8_t* end)
     return static_cast<int32_t>(p - row) / Unit;
 }
 
-// Lays down whole blocks of 48 bytes, which hold a whole number of pixels of every unit, as long as the room lasts.
+// Lays down whole blocks of 48 bytes, which hold a whole number of pixels of every unit, as long as
+// the room lasts.
 template <int Unit>
 void FastFill(uint8_t* dest, int32_t room, const uint8_t* value, int32_t count)
 {
@@ -148,8 +152,10 @@ constexpr RunFinder kFastFinder{FastRunLength<Unit>, FastLiteralLength<Unit>};
 template <int Unit>
 constexpr RunFinder kPlainFinder{PlainRunLength<Unit>, PlainLiteralLength<Unit>};
 
-constexpr RunFinder kFastFinders[] = {kFastFinder<1>, kFastFinder<2>, kFastFinder<3>, kFastFinder<4>};
-constexpr RunFinder kPlainFinders[] = {kPlainFinder<1>, kPlainFinder<2>, kPlainFinder<3>, kPlainFinder<4>};
+constexpr RunFinder kFastFinders[] = {kFastFinder<1>, kFastFinder<2>, kFastFinder<3>,
+                                      kFastFinder<4>};
+constexpr RunFinder kPlainFinders[] = {kPlainFinder<1>, kPlainFinder<2>, kPlainFinder<3>,
+                                       kPlainFinder<4>};
 constexpr RunFill kFastFills[] = {SetBytes<1>, FastFill<2>, FastFill<3>, FastFill<4>};
 constexpr RunFill kPlainFills[] = {PlainFill<1>, PlainFill<2>, PlainFill<3>, PlainFill<4>};
 

@@ -3,8 +3,8 @@
 #include "formats/electricimage/frame_reader.h"
 #include "formats/electricimage/frame_writer.h"
 #include "formats/electricimage/session.h"
-#include "plugin/host_buffers.h"
-#include "plugin/host_handles.h"
+#include "plugin/suites/host_buffers.h"
+#include "plugin/suites/host_handles.h"
 
 #include <cstddef>
 #include <iterator>
@@ -12,7 +12,8 @@
 namespace Project {
 namespace {
 
-constexpr int32_t kMemoryBudget = 0x100000; // what the host is asked to leave to the module, in bytes
+constexpr int32_t kMemoryBudget =
+    0x100000; // what the host is asked to leave to the module, in bytes
 
 using SelectorHandler = void (*)(EIContext&);
 

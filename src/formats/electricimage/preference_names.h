@@ -1,11 +1,13 @@
 // Where the ElectricImage format keeps its preferences.
 #pragma once
 
-#include "foundation/settings_locations.h"
+#include "foundation/settings/settings_locations.h"
 
 namespace Project {
 
-// The key path in the registry and the name of the file for an edition of the host, as keys to be localised.
-void GetElectricImagePrefsNames(Kesto::Edition edition, Kesto::CText& registryPath, Kesto::CText& fileName);
+// The key path in the registry and the name of the file for an edition of the host, as keys to be
+// localised.
+void GetElectricImagePrefsNames(Kesto::Edition edition, Kesto::CText& registryPath,
+                                Kesto::CText& fileName);
 
 } // namespace Project

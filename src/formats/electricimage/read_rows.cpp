@@ -13,10 +13,12 @@ namespace {
 constexpr int32_t kLiteralFlag = 0x80; // control bytes from here on open a literal
 constexpr int32_t kLiteralBias = 0x7F; // and hold its length plus this
 
-// What carries the decoder from one row to the next. A packet of 128 pixels may reach over any number of row ends.
+// What carries the decoder from one row to the next. A packet of 128 pixels may reach over any
+// number of row ends.
 struct RunState {
     uint8_t value[4] = {}; // the open run's pixel
-    int32_t left = 0;      // 0: no packet is open; below kLiteralFlag: pixels of a run; else a literal's, biased
+    int32_t left =
+        0; // 0: no packet is open; below kLiteralFlag: pixels of a run; else a literal's, biased
 };
 
 RunState gRun;
@@ -72,8 +74,8 @@ void ExpandIndices(uint8_t* dest, const uint8_t* packed, int bitDepth, int32_t p
     }
 }
 
-// Spreads words of 5 bits a channel, red on top, to bytes; the upper bits of a channel repeat in its low end, so that
-// full stays full.
+// Spreads words of 5 bits a channel, red on top, to bytes; the upper bits of a channel repeat in
+// its low end, so that full stays full.
 void ExpandWords(uint8_t* dest, const uint8_t* words, int32_t pixelCount)
 {
     const auto widen = [](uint32_t five) { return static_cast<uint8_t>(five << 3 | five >> 2); };
@@ -133,7 +135,8 @@ void EIReadDepthRow(EIContext& context, uint8_t* dest, uint8_t* scratch, int32_t
     EIReadRun(context, scratch, pixelCount);
     if (context.result != kHostNoError)
         return;
-    constexpr int32_t kBatch = 256; // floats are taken from the scratch bytes in small aligned pieces
+    constexpr int32_t kBatch =
+        256; // floats are taken from the scratch bytes in small aligned pieces
     float values[kBatch];
     for (int32_t first = 0; first < pixelCount; first += kBatch) {
         const int32_t count = std::min(kBatch, pixelCount - first);

@@ -1,6 +1,6 @@
 #include "formats/electricimage/session.h"
 
-#include "foundation/alert.h"
+#include "foundation/alerts/alert.h"
 
 namespace Project {
 
@@ -14,7 +14,8 @@ void EIShowError(const EIContext& context, const char* message)
 {
     using namespace Kesto;
     if (context.interactive != 0)
-        ShowAlert(AlertButtons::kOK, AlertIcon::kWarning, AlertModality::kTask, CText(message), CText(), CText());
+        ShowAlert(AlertButtons::kOK, AlertIcon::kWarning, AlertModality::kTask, CText(message),
+                  CText(), CText());
 }
 
 bool BeginRow(EIContext& context, int32_t row)

@@ -58,7 +58,8 @@ bool WriteLiteral(EIContext& context, const uint8_t* pixels, int unit, int32_t c
     return true;
 }
 
-// Two equal pixels open a run already; a literal ends before the first pixel that equals its successor.
+// Two equal pixels open a run already; a literal ends before the first pixel that equals its
+// successor.
 void PackRow(EIContext& context, const uint8_t* row, const RowLayout& layout)
 {
     const RunFinder& find = RunFinderFor(layout.unit);
@@ -72,7 +73,8 @@ void PackRow(EIContext& context, const uint8_t* row, const RowLayout& layout)
     }
 }
 
-// Red, green, blue, alpha becomes alpha, red, green, blue. In a little-endian word that is a rotation by one byte.
+// Red, green, blue, alpha becomes alpha, red, green, blue. In a little-endian word that is a
+// rotation by one byte.
 void PutAlphaFirst(uint8_t* pixels, int32_t pixelCount)
 {
     static_assert(std::endian::native == std::endian::little);

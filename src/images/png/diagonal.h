@@ -1,14 +1,17 @@
 // Undoing row filters for several rows at once, along a diagonal.
 //
-// The bytes of one row depend on each other, so a row alone is recovered byte after byte. But row r needs no more of the
-// row above than what lies up to its own column. So each row runs one pixel behind the row above: lane r of a vector
-// holds row r's pixel of column step - r, and all lanes go one pixel to the right in each step. What a lane needs from
-// above is then what the lane before it gave in the last step.
+// The bytes of one row depend on each other, so a row alone is recovered byte after byte. But row r
+// needs no more of the row above than what lies up to its own column. So each row runs one pixel
+// behind the row above: lane r of a vector holds row r's pixel of column step - r, and all lanes go
+// one pixel to the right in each step. What a lane needs from above is then what the lane before it
+// gave in the last step.
 //
-// Outside its row a lane holds zeros, which every filter leaves at 0; right of the row's end it holds what is never stored.
+// Outside its row a lane holds zeros, which every filter leaves at 0; right of the row's end it
+// holds what is never stored.
 //
-// The code is compiled once for each kind of vector, V, which is two halves of 16 unsigned bytes. Everything here has internal
-// linkage: the linker could otherwise hand code for one processor to another.
+// The code is compiled once for each kind of vector, V, which is two halves of 16 unsigned bytes.
+// Everything here has internal linkage: the linker could otherwise hand code for one processor to
+// another.
 #pragma once
 
 #include <emmintrin.h>
@@ -23,8 +26,8 @@ namespace {
 
 constexpr std::ptrdiff_t kHalf = 16; // bytes
 
-// A lane has room for a pixel; that of a 3-byte pixel has a byte more. The first half has the lanes of the first kCount
-// rows of a group, the second half those of the others.
+// A lane has room for a pixel; that of a 3-byte pixel has a byte more. The first half has the lanes
+// of the first kCount rows of a group, the second half those of the others.
 template <int kPixelBytes>
 struct Lanes {
     static constexpr int kLane = kPixelBytes == 3 ? 4 : kPixelBytes; // bytes
@@ -39,7 +42,8 @@ struct Row {
     std::ptrdiff_t count = 0;
 };
 
-// Half a vector of a row's bytes from `at` on; zeros outside the row. kInside promises that the half lies in the row.
+// Half a vector of a row's bytes from `at` on; zeros outside the row. kInside promises that the
+// half lies in the row.
 template <int kPixelBytes, bool kInside>
 inline __m128i LoadRun(const Row& row, std::ptrdiff_t at)
 {
@@ -70,8 +74,9 @@ inline void StoreRun(const Row& row, std::ptrdiff_t at, __m128i run)
         std::memcpy(row.bytes + from, bytes + (from - at), static_cast<std::size_t>(to - from));
 }
 
-// Vector i of a square holds kCount pixels of row i in each half, or else the pixels of all rows in step i. This turns
-// one into the other: each shuffle of the first vectors with the last moves one bit of the place.
+// Vector i of a square holds kCount pixels of row i in each half, or else the pixels of all rows in
+// step i. This turns one into the other: each shuffle of the first vectors with the last moves one
+// bit of the place.
 template <int kPixelBytes, class V>
 inline void Transpose(V (&square)[Lanes<kPixelBytes>::kCount])
 {
@@ -100,9 +105,10 @@ inline V FloorMean(V a, V b)
     return Subtract(CeilMean(a, b), (a ^ b) & V::Ones());
 }
 
-// Which of the three is nearest to left + up - corner. Where corner lies between the other two, it is the nearest unless
-// it is at least twice as near to one of them: then the other one is. Where it lies outside, the farther one is. That
-// needs bytes alone, and no sign: a distance on the wrong side is 0.
+// Which of the three is nearest to left + up - corner. Where corner lies between the other two, it
+// is the nearest unless it is at least twice as near to one of them: then the other one is. Where
+// it lies outside, the farther one is. That needs bytes alone, and no sign: a distance on the wrong
+// side is 0.
 template <class V>
 inline V NearestOf(V left, V up, V corner)
 {
@@ -113,8 +119,8 @@ inline V NearestOf(V left, V up, V corner)
     return Select(isHigh, high, Select(isLow, low, corner));
 }
 
-// The filters of the lanes, as masks. All but Average are the nearest of the three neighbours, of which Sub and Up see
-// one, and those that predict nothing none.
+// The filters of the lanes, as masks. All but Average are the nearest of the three neighbours, of
+// which Sub and Up see one, and those that predict nothing none.
 template <class V>
 struct LaneFilters {
     V seesLeft = V::Zero();
@@ -174,25 +180,28 @@ struct Neighbours {
     V corner = V::Zero();
 };
 
-// The next kCount steps. kInside promises that all rows exist and that the steps lie inside all of them.
+// The next kCount steps. kInside promises that all rows exist and that the steps lie inside all of
+// them.
 template <int kPixelBytes, bool kMeans, bool kInside, class V>
 inline void TakeSteps(const Group<kPixelBytes, V>& group, std::ptrdiff_t step, Neighbours<V>& near)
 {
     using L = Lanes<kPixelBytes>;
     V square[L::kCount];
     for (int r = 0; r < L::kCount; ++r) {
-        square[r] =
-            V::Of(LoadRun<kPixelBytes, kInside>(group.rows[r], (step - r) * kPixelBytes),
-                  LoadRun<kPixelBytes, kInside>(group.rows[L::kCount + r], (step - L::kCount - r) * kPixelBytes));
+        square[r] = V::Of(LoadRun<kPixelBytes, kInside>(group.rows[r], (step - r) * kPixelBytes),
+                          LoadRun<kPixelBytes, kInside>(group.rows[L::kCount + r],
+                                                        (step - L::kCount - r) * kPixelBytes));
         if constexpr (kPixelBytes == 3)
             square[r] = square[r].Spread();
     }
     Transpose<kPixelBytes>(square);
     __m128i above = LoadRun<kPixelBytes, false>(group.above, step * kPixelBytes);
     for (int i = 0; i < L::kCount; ++i) {
-        const V up = V::template ShiftUp<L::kLane>(near.left) | V::template Entering<L::kLane>(near.left, above);
+        const V up = V::template ShiftUp<L::kLane>(near.left) |
+                     V::template Entering<L::kLane>(near.left, above);
         above = _mm_srli_si128(above, kPixelBytes);
-        near.left = Add(square[i], group.filters.template Predict<kMeans>(near.left, up, near.corner));
+        near.left =
+            Add(square[i], group.filters.template Predict<kMeans>(near.left, up, near.corner));
         near.corner = up;
         square[i] = near.left;
     }
@@ -201,8 +210,8 @@ inline void TakeSteps(const Group<kPixelBytes, V>& group, std::ptrdiff_t step, N
         if constexpr (kPixelBytes == 3)
             square[r] = square[r].Packed();
         StoreRun<kPixelBytes, kInside>(group.rows[r], (step - r) * kPixelBytes, square[r].First());
-        StoreRun<kPixelBytes, kInside>(group.rows[L::kCount + r], (step - L::kCount - r) * kPixelBytes,
-                                       square[r].Second());
+        StoreRun<kPixelBytes, kInside>(group.rows[L::kCount + r],
+                                       (step - L::kCount - r) * kPixelBytes, square[r].Second());
     }
 }
 
@@ -251,7 +260,8 @@ void UnfilterGroups(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows
 
 // Pixels of 1 to 4 bytes.
 template <class V>
-void UnfilterPixels(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes)
+void UnfilterPixels(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                    std::int32_t pixelBytes)
 {
     switch (pixelBytes) {
     case 1:

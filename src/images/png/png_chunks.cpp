@@ -1,5 +1,5 @@
 // The handlers of the decoder, one for each kind of chunk.
-#include "foundation/container.h"
+#include "foundation/streams/container.h"
 #include "images/png/png_decoder.h"
 
 #include <algorithm>
@@ -42,7 +42,8 @@ bool CPNGDecoder::OnTRNS(CContainer& chunk, std::uint32_t length)
         fTransparentBlue = chunk.ReadUInt16();
         break;
     case PNGColor::kPalette:
-        fTransparencyCount = static_cast<std::int32_t>(std::min<std::size_t>(length, fPaletteAlpha.size()));
+        fTransparencyCount =
+            static_cast<std::int32_t>(std::min<std::size_t>(length, fPaletteAlpha.size()));
         chunk.Read(fPaletteAlpha.data(), static_cast<std::size_t>(fTransparencyCount));
         break;
     case PNGColor::kGreyAlpha:
@@ -58,14 +59,15 @@ bool CPNGDecoder::DispatchChunk(CContainer& chunk, Tag type, std::uint32_t lengt
         Tag type;
         bool (CPNGDecoder::*handler)(CContainer&, std::uint32_t);
     };
-    static constexpr Row kRows[] = {{MakeTag("IDAT"), &CPNGDecoder::OnIDAT}, {MakeTag("PLTE"), &CPNGDecoder::OnPLTE},
-                                    {MakeTag("tRNS"), &CPNGDecoder::OnTRNS}, {MakeTag("bKGD"), &CPNGDecoder::OnBKGD},
-                                    {MakeTag("cHRM"), &CPNGDecoder::OnCHRM}, {MakeTag("gAMA"), &CPNGDecoder::OnGAMA},
-                                    {MakeTag("hIST"), &CPNGDecoder::OnHIST}, {MakeTag("iCCP"), &CPNGDecoder::OnICCP},
-                                    {MakeTag("iTXt"), &CPNGDecoder::OnITXT}, {MakeTag("pHYs"), &CPNGDecoder::OnPHYS},
-                                    {MakeTag("sBIT"), &CPNGDecoder::OnSBIT}, {MakeTag("sPLT"), &CPNGDecoder::OnSPLT},
-                                    {MakeTag("sRGB"), &CPNGDecoder::OnSRGB}, {MakeTag("tEXt"), &CPNGDecoder::OnTEXT},
-                                    {MakeTag("tIME"), &CPNGDecoder::OnTIME}, {MakeTag("zTXt"), &CPNGDecoder::OnZTXT}};
+    static constexpr Row kRows[] = {
+        {MakeTag("IDAT"), &CPNGDecoder::OnIDAT}, {MakeTag("PLTE"), &CPNGDecoder::OnPLTE},
+        {MakeTag("tRNS"), &CPNGDecoder::OnTRNS}, {MakeTag("bKGD"), &CPNGDecoder::OnBKGD},
+        {MakeTag("cHRM"), &CPNGDecoder::OnCHRM}, {MakeTag("gAMA"), &CPNGDecoder::OnGAMA},
+        {MakeTag("hIST"), &CPNGDecoder::OnHIST}, {MakeTag("iCCP"), &CPNGDecoder::OnICCP},
+        {MakeTag("iTXt"), &CPNGDecoder::OnITXT}, {MakeTag("pHYs"), &CPNGDecoder::OnPHYS},
+        {MakeTag("sBIT"), &CPNGDecoder::OnSBIT}, {MakeTag("sPLT"), &CPNGDecoder::OnSPLT},
+        {MakeTag("sRGB"), &CPNGDecoder::OnSRGB}, {MakeTag("tEXt"), &CPNGDecoder::OnTEXT},
+        {MakeTag("tIME"), &CPNGDecoder::OnTIME}, {MakeTag("zTXt"), &CPNGDecoder::OnZTXT}};
     for (const Row& row : kRows)
         if (row.type == type)
             return (this->*row.handler)(chunk, length);

@@ -1,10 +1,10 @@
 #include "images/png/png_decoder.h"
 
-#include "foundation/container.h"
-#include "foundation/exceptions.h"
-#include "foundation/memory_container.h"
+#include "foundation/errors/exceptions.h"
+#include "foundation/streams/container.h"
+#include "foundation/streams/memory_container.h"
 #include "images/png/unfilter.h"
-#include "pixels/memory_pixmap.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 
 #include <zlib.h>
 
@@ -22,7 +22,8 @@ constexpr std::uint32_t kHeaderLength = 13; // bytes
 constexpr std::size_t kChunkGrowth = 0x1000;
 constexpr std::int32_t kRowAlignment = 4;
 
-// No deflated byte stands for more than this many. Up to the plausible size a header is believed whatever data follows.
+// No deflated byte stands for more than this many. Up to the plausible size a header is believed
+// whatever data follows.
 constexpr std::int32_t kMostExpansion = 1032;
 constexpr std::int32_t kPlausibleSize = 1 << 20;
 
@@ -53,13 +54,14 @@ bool CPNGDecoder::CheckSignature(CContainer& stream)
 bool CPNGDecoder::ReadSignature(CContainer& stream)
 {
     if (!CheckSignature(stream))
-        throw CError(
-            "$$$/Kesto/PNGDecoder/Error/InvalidSig=This is not valid PNG data. It does not begin with a proper "
-            "signature.");
+        throw CError("$$$/Kesto/PNGDecoder/Error/InvalidSig=This is not valid PNG data. It does "
+                     "not begin with a proper "
+                     "signature.");
     return true;
 }
 
-void CPNGDecoder::ReadChunk(CContainer& stream, CMemoryContainer& chunk, Tag& type, std::uint32_t& length)
+void CPNGDecoder::ReadChunk(CContainer& stream, CMemoryContainer& chunk, Tag& type,
+                            std::uint32_t& length)
 {
     length = stream.ReadUInt32();
     type = stream.ReadTag();
@@ -106,7 +108,8 @@ void CPNGDecoder::InflateTo(std::span<std::uint8_t> data) const
         uncompress(data.data(), &inflated, reinterpret_cast<const Bytef*>(fImageData.Data()),
                    static_cast<uLong>(fImageBytes)) != Z_OK)
         throw CError("$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.");
-    // Short data leaves the last rows as they are, which shall not be what other pictures left in this memory.
+    // Short data leaves the last rows as they are, which shall not be what other pictures left in
+    // this memory.
     std::ranges::fill(data.subspan(std::min<std::size_t>(inflated, data.size())), std::uint8_t{0});
 }
 
@@ -117,22 +120,26 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::DecodeStream(CContainer& stream)
     ReadSignature(stream);
     ReadHeader(stream);
     ReadChunks(stream);
-    if (fTotalSize > kPlausibleSize && static_cast<std::size_t>(fTotalSize / kMostExpansion) > fImageBytes)
+    if (fTotalSize > kPlausibleSize &&
+        static_cast<std::size_t>(fTotalSize / kMostExpansion) > fImageBytes)
         ThrowInvalidHeader();
 
     CMemoryBlock block;
     block.SetSize(static_cast<std::size_t>(fTotalSize));
-    const std::span<std::uint8_t> data{reinterpret_cast<std::uint8_t*>(block.Data()), block.GetSize()};
+    const std::span<std::uint8_t> data{reinterpret_cast<std::uint8_t*>(block.Data()),
+                                       block.GetSize()};
     InflateTo(data);
     fImageData.Free();
     fImageBytes = 0;
     Unfilter(data);
     if (fBitDepth != 8)
-        throw CError("$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.");
+        throw CError(
+            "$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.");
 
     std::unique_ptr<CMemoryPixmap> pixmap;
     if (PlaneCount() != 0) {
-        pixmap = std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kRowAlignment, 0);
+        pixmap =
+            std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kRowAlignment, 0);
         if (IsInterlaced() && fColorType == PNGColor::kRGBA)
             pixmap->Erase(); // packed passes don't reach every pixel
         TransferTo(*pixmap, data);

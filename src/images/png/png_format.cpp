@@ -11,8 +11,13 @@ namespace {
 struct Lattice {
     std::int32_t x0, y0, dx, dy;
 };
-constexpr std::array<Lattice, 7> kAdam7{
-    {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4}, {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}}};
+constexpr std::array<Lattice, 7> kAdam7{{{0, 0, 8, 8},
+                                         {4, 0, 8, 8},
+                                         {0, 4, 4, 8},
+                                         {2, 0, 4, 4},
+                                         {0, 2, 2, 4},
+                                         {1, 0, 2, 2},
+                                         {0, 1, 1, 2}}};
 
 constexpr std::int32_t kRowAlignment = 4; // of the pixmaps, bytes
 
@@ -45,7 +50,8 @@ constexpr std::uint8_t ChannelsOf(PNGColor color)
 
 } // namespace
 
-bool PNGPass::SetSize(std::int64_t pixelsWide, std::int64_t pixelsHigh, std::int32_t pixelBits, bool hasFilterByte)
+bool PNGPass::SetSize(std::int64_t pixelsWide, std::int64_t pixelsHigh, std::int32_t pixelBits,
+                      bool hasFilterByte)
 {
     width = height = rowBytes = size = 0;
     if (pixelsWide < 1 || pixelsHigh < 1)
@@ -84,7 +90,8 @@ bool CPNGFormat::DeriveSizes()
     fChannels = ChannelsOf(fColorType);
     if (fWidth < 0 || fHeight < 0)
         return false;
-    const std::int64_t alignedRow = (std::int64_t{fWidth} + kRowAlignment - 1) / kRowAlignment * kRowAlignment;
+    const std::int64_t alignedRow =
+        (std::int64_t{fWidth} + kRowAlignment - 1) / kRowAlignment * kRowAlignment;
     if (!Fits(alignedRow) || !Fits(alignedRow * fHeight))
         return false;
     if (!fImage.SetSize(fWidth, fHeight, PixelBits(), HasFilterBytes()))
@@ -93,8 +100,9 @@ bool CPNGFormat::DeriveSizes()
     if (IsInterlaced()) {
         total = 0;
         for (PNGPass& pass : fPasses) {
-            if (!pass.SetSize(PointsBelow(fWidth, pass.x0, pass.dx), PointsBelow(fHeight, pass.y0, pass.dy),
-                              PixelBits(), HasFilterBytes()))
+            if (!pass.SetSize(PointsBelow(fWidth, pass.x0, pass.dx),
+                              PointsBelow(fHeight, pass.y0, pass.dy), PixelBits(),
+                              HasFilterBytes()))
                 return false;
             total += pass.size;
         }
@@ -105,7 +113,8 @@ bool CPNGFormat::DeriveSizes()
 
 std::span<const PNGPass> CPNGFormat::Passes() const
 {
-    return IsInterlaced() ? std::span<const PNGPass>(fPasses) : std::span<const PNGPass>(&fImage, 1);
+    return IsInterlaced() ? std::span<const PNGPass>(fPasses)
+                          : std::span<const PNGPass>(&fImage, 1);
 }
 
 std::int32_t CPNGFormat::PlaneCount() const

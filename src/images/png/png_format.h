@@ -1,7 +1,8 @@
 // CPNGFormat, what the header and the tables of one PNG file say.
 //
-// The image data, inflated, is a sequence of rows, each led by a byte that names its filter. An interlaced image (Adam7)
-// is seven such sequences behind each other, each a smaller image of every dx-th pixel of every dy-th row from (x0, y0).
+// The image data, inflated, is a sequence of rows, each led by a byte that names its filter. An
+// interlaced image (Adam7) is seven such sequences behind each other, each a smaller image of every
+// dx-th pixel of every dy-th row from (x0, y0).
 #pragma once
 
 #include <array>
@@ -10,7 +11,8 @@
 
 namespace Kesto {
 
-// A sequence of rows in the inflated data, and where its pixels go. Sizes are 0 when it has no pixels.
+// A sequence of rows in the inflated data, and where its pixels go. Sizes are 0 when it has no
+// pixels.
 struct PNGPass {
     std::int32_t width = 0; // pixels
     std::int32_t height = 0;
@@ -21,9 +23,10 @@ struct PNGPass {
     std::int32_t dx = 1;
     std::int32_t dy = 1;
 
-    // Takes over the size of an image of that many bits per pixel. Returns false when a product passes 31 bits; the
-    // record is without pixels then.
-    bool SetSize(std::int64_t pixelsWide, std::int64_t pixelsHigh, std::int32_t pixelBits, bool hasFilterByte);
+    // Takes over the size of an image of that many bits per pixel. Returns false when a product
+    // passes 31 bits; the record is without pixels then.
+    bool SetSize(std::int64_t pixelsWide, std::int64_t pixelsHigh, std::int32_t pixelBits,
+                 bool hasFilterByte);
 };
 
 enum class PNGColor : std::uint8_t { kGrey = 0, kRGB = 2, kPalette = 3, kGreyAlpha = 4, kRGBA = 6 };
@@ -33,15 +36,16 @@ public:
     CPNGFormat() { CPNGFormat::Reset(); }
     virtual ~CPNGFormat() = default;
 
-    // Forgets the file: sizes and counts are 0, the palette is black and opaque, the passes have their places.
+    // Forgets the file: sizes and counts are 0, the palette is black and opaque, the passes have
+    // their places.
     virtual void Reset();
 
 protected:
     CPNGFormat(const CPNGFormat&) = default;
     CPNGFormat& operator=(const CPNGFormat&) = default;
 
-    // Derives the channels, the sizes of all records and the total from what the header chunk said. Returns false for a
-    // size below 0, and for one whose data or pixmap no 31 bits can measure.
+    // Derives the channels, the sizes of all records and the total from what the header chunk said.
+    // Returns false for a size below 0, and for one whose data or pixmap no 31 bits can measure.
     bool DeriveSizes();
 
     bool HasTransparency() const { return fTransparencyCount != 0; }

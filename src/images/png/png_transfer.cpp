@@ -1,7 +1,7 @@
 // The way from unfiltered rows to the planes of a pixmap.
 #include "images/png/png_decoder.h"
 #include "images/png/sample_rows.h"
-#include "pixels/basic_pixmap.h"
+#include "pixels/pixmaps/basic_pixmap.h"
 
 #include <stdexcept>
 #include <vector>
@@ -17,11 +17,13 @@ struct Route {
     std::size_t pixelStep;
 };
 
-// Interlaced RGBA goes its own way, and pictures count on it: the pixels of a row lie side by side whatever dx says, and
-// the next row starts as far to the left of its place as that drew the row together.
+// Interlaced RGBA goes its own way, and pictures count on it: the pixels of a row lie side by side
+// whatever dx says, and the next row starts as far to the left of its place as that drew the row
+// together.
 Route RouteOf(const PNGPass& pass, PNGColor color, std::ptrdiff_t rowBytes)
 {
-    Route route{pass.y0 * rowBytes + pass.x0, pass.dy * rowBytes, static_cast<std::size_t>(pass.dx)};
+    Route route{pass.y0 * rowBytes + pass.x0, pass.dy * rowBytes,
+                static_cast<std::size_t>(pass.dx)};
     if (color == PNGColor::kRGBA) {
         route.rowStep -= (pass.dx - 1) * std::ptrdiff_t{pass.width};
         route.pixelStep = 1;
@@ -29,9 +31,10 @@ Route RouteOf(const PNGPass& pass, PNGColor color, std::ptrdiff_t rowBytes)
     return route;
 }
 
-// Splits a row whose pixels don't lie side by side in the planes, by way of `scratch`, planes * pixels bytes.
-void ScatterRow(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels, const PlaneRows& planes,
-                std::size_t pixelStep, std::uint8_t* scratch)
+// Splits a row whose pixels don't lie side by side in the planes, by way of `scratch`, planes *
+// pixels bytes.
+void ScatterRow(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels,
+                const PlaneRows& planes, std::size_t pixelStep, std::uint8_t* scratch)
 {
     PlaneRows packed{};
     for (std::size_t c = 0; c < format.planes; ++c)
@@ -53,7 +56,8 @@ SampleFormat CPNGDecoder::Samples() const
     format.key = {fTransparentRed, fTransparentGreen, fTransparentBlue};
     for (std::size_t i = 0; format.isIndexed && i < format.palette.size(); ++i)
         format.palette[i] = fPaletteRed[i] | std::uint32_t{fPaletteGreen[i]} << 8 |
-                            std::uint32_t{fPaletteBlue[i]} << 16 | std::uint32_t{fPaletteAlpha[i]} << 24;
+                            std::uint32_t{fPaletteBlue[i]} << 16 |
+                            std::uint32_t{fPaletteAlpha[i]} << 24;
     return format;
 }
 
@@ -64,13 +68,15 @@ void CPNGDecoder::TransferTo(CBasicPixmap& pixmap, std::span<const std::uint8_t>
         return;
     CPixView view;
     pixmap.GetView(view);
-    if (view.pixelBits != 8 || view.planeCount < PlaneCount() || view.width < fWidth || view.height < fHeight)
+    if (view.pixelBits != 8 || view.planeCount < PlaneCount() || view.width < fWidth ||
+        view.height < fHeight)
         throw std::logic_error("Warning! (view.planeCount >= planeCount)");
     if (data.size() < static_cast<std::size_t>(fTotalSize))
         throw std::logic_error("Warning! (data.size() >= totalSize)");
 
     const std::uint8_t* row = data.data() + (HasFilterBytes() ? 1 : 0);
-    std::vector<std::uint8_t> scratch(IsInterlaced() ? format.planes * static_cast<std::size_t>(fWidth) : 0);
+    std::vector<std::uint8_t> scratch(
+        IsInterlaced() ? format.planes * static_cast<std::size_t>(fWidth) : 0);
     for (const PNGPass& pass : Passes()) {
         const Route route = RouteOf(pass, fColorType, view.rowBytes);
         for (std::int32_t j = 0; j < pass.height; ++j, row += pass.rowBytes) {

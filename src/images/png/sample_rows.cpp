@@ -16,8 +16,9 @@ struct Vectors {
     __m128i at[N];
 };
 
-// Sixteen pixels of N channels, N vectors of their samples in the file's order, become one vector for each channel. Of
-// the 2N halves the first N are interleaved with the last N; four such shuffles bring 16 pixels into order.
+// Sixteen pixels of N channels, N vectors of their samples in the file's order, become one vector
+// for each channel. Of the 2N halves the first N are interleaved with the last N; four such
+// shuffles bring 16 pixels into order.
 template <std::size_t N>
 inline void SplitVectors(Vectors<N>& vectors)
 {
@@ -26,10 +27,12 @@ inline void SplitVectors(Vectors<N>& vectors)
         for (std::size_t i = 0; i < N; ++i) {
             const __m128i first = old.at[i / 2], last = old.at[(i + N) / 2];
             if constexpr (N % 2 == 0)
-                vectors.at[i] = i % 2 == 0 ? _mm_unpacklo_epi8(first, last) : _mm_unpackhi_epi8(first, last);
+                vectors.at[i] =
+                    i % 2 == 0 ? _mm_unpacklo_epi8(first, last) : _mm_unpackhi_epi8(first, last);
             else // one half is the lower one of its vector, and the other the upper
-                vectors.at[i] = i % 2 == 0 ? _mm_unpacklo_epi8(first, _mm_unpackhi_epi64(last, last))
-                                           : _mm_unpacklo_epi8(_mm_unpackhi_epi64(first, first), last);
+                vectors.at[i] = i % 2 == 0
+                                    ? _mm_unpacklo_epi8(first, _mm_unpackhi_epi64(last, last))
+                                    : _mm_unpacklo_epi8(_mm_unpackhi_epi64(first, first), last);
         }
     }
 }
@@ -43,10 +46,11 @@ inline Vectors<N> LoadVectors(const std::uint8_t* samples)
     return vectors;
 }
 
-// Stores the first `channels` of the vectors, `count` pixels of each, at pixel `at` of their planes.
+// Stores the first `channels` of the vectors, `count` pixels of each, at pixel `at` of their
+// planes.
 template <std::size_t N>
-inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const PlaneRows& planes, std::size_t at,
-                         std::size_t count)
+inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const PlaneRows& planes,
+                         std::size_t at, std::size_t count)
 {
     for (std::size_t c = 0; c < N && c < channels; ++c)
         if (count == kVector)
@@ -57,8 +61,8 @@ inline void StoreVectors(const Vectors<N>& vectors, std::size_t channels, const 
 
 // Splits the pixels from `start` on, of N channels, into the first `channels` planes.
 template <std::size_t N>
-void SplitInto(const std::uint8_t* samples, std::size_t pixels, std::size_t channels, const PlaneRows& planes,
-               std::size_t start = 0)
+void SplitInto(const std::uint8_t* samples, std::size_t pixels, std::size_t channels,
+               const PlaneRows& planes, std::size_t start = 0)
 {
     const auto split = [&](const std::uint8_t* from, std::size_t at, std::size_t count) {
         auto vectors = LoadVectors<N>(from);
@@ -77,7 +81,8 @@ void SplitInto(const std::uint8_t* samples, std::size_t pixels, std::size_t chan
     split(samples + last * N, last, kVector);
 }
 
-void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels, const PlaneRows& planes)
+void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels,
+                  const PlaneRows& planes)
 {
     switch (format.channels) {
     case 1:
@@ -94,9 +99,11 @@ void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::
     }
 }
 
-void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::size_t pixels, const PlaneRows& planes)
+void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::size_t pixels,
+                  const PlaneRows& planes)
 {
-    // Colours are found piece by piece: read back at once as vectors, they would have to wait for their writing.
+    // Colours are found piece by piece: read back at once as vectors, they would have to wait for
+    // their writing.
     std::array<std::uint32_t, 256> found;
     for (std::size_t i = 0; i < pixels; i += found.size()) {
         const std::size_t count = std::min(found.size(), pixels - i);
@@ -106,7 +113,8 @@ void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::
                 found[each] = format.palette[indices[i + each]];
         for (; k < count; ++k)
             found[k] = format.palette[indices[i + k]];
-        SplitInto<4>(reinterpret_cast<const std::uint8_t*>(found.data()), count, format.planes, planes, i);
+        SplitInto<4>(reinterpret_cast<const std::uint8_t*>(found.data()), count, format.planes,
+                     planes, i);
     }
 }
 
@@ -117,12 +125,14 @@ void AddAlpha(const SampleFormat& format, std::size_t pixels, const PlaneRows& p
     std::memset(alpha, 0, pixels);
     for (std::size_t c = 0; c < format.channels; ++c)
         for (std::size_t i = 0; i < pixels; ++i)
-            alpha[i] = static_cast<std::uint8_t>(alpha[i] | (planes[c][i] == format.key[c] ? 0 : 255));
+            alpha[i] =
+                static_cast<std::uint8_t>(alpha[i] | (planes[c][i] == format.key[c] ? 0 : 255));
 }
 
 } // namespace
 
-void SplitRow(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels, const PlaneRows& planes)
+void SplitRow(const SampleFormat& format, const std::uint8_t* samples, std::size_t pixels,
+              const PlaneRows& planes)
 {
     if (format.isIndexed) {
         LookUpColors(format, samples, pixels, planes);

@@ -5,10 +5,12 @@
 
 namespace Kesto {
 
-void UnfilterRows(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes)
+void UnfilterRows(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                  std::int32_t pixelBytes)
 {
     if (pixelBytes < 1 || pixelBytes > 4)
-        UnfilterRowsPlainly(data, rowBytes, rows, pixelBytes); // no picture that is accepted has such pixels
+        UnfilterRowsPlainly(data, rowBytes, rows,
+                            pixelBytes); // no picture that is accepted has such pixels
     else if (Kernels::ActiveCpuLevel() == Kernels::CpuLevel::kAvx2)
         UnfilterWithAvx2(data, rowBytes, rows, pixelBytes);
     else

@@ -8,7 +8,8 @@ namespace Kesto {
 
 namespace {
 
-// Of the three neighbours the one nearest to left + up - upperLeft; of several the first in this order.
+// Of the three neighbours the one nearest to left + up - upperLeft; of several the first in this
+// order.
 std::uint8_t Paeth(std::uint8_t left, std::uint8_t up, std::uint8_t upperLeft)
 {
     const int toLeft = std::abs(up - upperLeft);
@@ -19,7 +20,8 @@ std::uint8_t Paeth(std::uint8_t left, std::uint8_t up, std::uint8_t upperLeft)
     return toUp <= toUpperLeft ? up : upperLeft;
 }
 
-std::uint8_t Predict(std::uint8_t filter, std::uint8_t left, std::uint8_t up, std::uint8_t upperLeft)
+std::uint8_t Predict(std::uint8_t filter, std::uint8_t left, std::uint8_t up,
+                     std::uint8_t upperLeft)
 {
     switch (filter) {
     case 1:
@@ -37,7 +39,8 @@ std::uint8_t Predict(std::uint8_t filter, std::uint8_t left, std::uint8_t up, st
 
 } // namespace
 
-void UnfilterRowsPlainly(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes)
+void UnfilterRowsPlainly(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                         std::int32_t pixelBytes)
 {
     for (std::int32_t y = 0; y < rows; ++y) {
         std::uint8_t* row = data + std::ptrdiff_t{y} * rowBytes;
@@ -45,9 +48,9 @@ void UnfilterRowsPlainly(std::uint8_t* data, std::int32_t rowBytes, std::int32_t
         for (std::int32_t i = 1; i < rowBytes; ++i) {
             const std::int32_t before = i - pixelBytes;
             const bool isFirst = before < 1;
-            row[i] = static_cast<std::uint8_t>(row[i] + Predict(row[0], isFirst ? 0 : row[before],
-                                                                above == nullptr ? 0 : above[i],
-                                                                isFirst || above == nullptr ? 0 : above[before]));
+            row[i] = static_cast<std::uint8_t>(
+                row[i] + Predict(row[0], isFirst ? 0 : row[before], above == nullptr ? 0 : above[i],
+                                 isFirst || above == nullptr ? 0 : above[before]));
         }
     }
 }

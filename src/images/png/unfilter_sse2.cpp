@@ -5,7 +5,8 @@
 namespace Kesto {
 namespace {
 
-// Two halves of 16 unsigned bytes, each in a register of its own. AndNot is the second where the first is 0.
+// Two halves of 16 unsigned bytes, each in a register of its own. AndNot is the second where the
+// first is 0.
 struct SsePair {
     using V = SsePair;
 
@@ -18,18 +19,54 @@ struct SsePair {
     __m128i First() const { return first; }
     __m128i Second() const { return second; }
 
-    friend V operator&(V a, V b) { return {_mm_and_si128(a.first, b.first), _mm_and_si128(a.second, b.second)}; }
-    friend V operator|(V a, V b) { return {_mm_or_si128(a.first, b.first), _mm_or_si128(a.second, b.second)}; }
-    friend V operator^(V a, V b) { return {_mm_xor_si128(a.first, b.first), _mm_xor_si128(a.second, b.second)}; }
-    friend V AndNot(V a, V b) { return {_mm_andnot_si128(a.first, b.first), _mm_andnot_si128(a.second, b.second)}; }
-    friend V Add(V a, V b) { return {_mm_add_epi8(a.first, b.first), _mm_add_epi8(a.second, b.second)}; }
-    friend V Subtract(V a, V b) { return {_mm_sub_epi8(a.first, b.first), _mm_sub_epi8(a.second, b.second)}; }
-    friend V AddCapped(V a, V b) { return {_mm_adds_epu8(a.first, b.first), _mm_adds_epu8(a.second, b.second)}; }
-    friend V SubtractFloored(V a, V b) { return {_mm_subs_epu8(a.first, b.first), _mm_subs_epu8(a.second, b.second)}; }
-    friend V Least(V a, V b) { return {_mm_min_epu8(a.first, b.first), _mm_min_epu8(a.second, b.second)}; }
-    friend V Greatest(V a, V b) { return {_mm_max_epu8(a.first, b.first), _mm_max_epu8(a.second, b.second)}; }
-    friend V Equal(V a, V b) { return {_mm_cmpeq_epi8(a.first, b.first), _mm_cmpeq_epi8(a.second, b.second)}; }
-    friend V CeilMean(V a, V b) { return {_mm_avg_epu8(a.first, b.first), _mm_avg_epu8(a.second, b.second)}; }
+    friend V operator&(V a, V b)
+    {
+        return {_mm_and_si128(a.first, b.first), _mm_and_si128(a.second, b.second)};
+    }
+    friend V operator|(V a, V b)
+    {
+        return {_mm_or_si128(a.first, b.first), _mm_or_si128(a.second, b.second)};
+    }
+    friend V operator^(V a, V b)
+    {
+        return {_mm_xor_si128(a.first, b.first), _mm_xor_si128(a.second, b.second)};
+    }
+    friend V AndNot(V a, V b)
+    {
+        return {_mm_andnot_si128(a.first, b.first), _mm_andnot_si128(a.second, b.second)};
+    }
+    friend V Add(V a, V b)
+    {
+        return {_mm_add_epi8(a.first, b.first), _mm_add_epi8(a.second, b.second)};
+    }
+    friend V Subtract(V a, V b)
+    {
+        return {_mm_sub_epi8(a.first, b.first), _mm_sub_epi8(a.second, b.second)};
+    }
+    friend V AddCapped(V a, V b)
+    {
+        return {_mm_adds_epu8(a.first, b.first), _mm_adds_epu8(a.second, b.second)};
+    }
+    friend V SubtractFloored(V a, V b)
+    {
+        return {_mm_subs_epu8(a.first, b.first), _mm_subs_epu8(a.second, b.second)};
+    }
+    friend V Least(V a, V b)
+    {
+        return {_mm_min_epu8(a.first, b.first), _mm_min_epu8(a.second, b.second)};
+    }
+    friend V Greatest(V a, V b)
+    {
+        return {_mm_max_epu8(a.first, b.first), _mm_max_epu8(a.second, b.second)};
+    }
+    friend V Equal(V a, V b)
+    {
+        return {_mm_cmpeq_epi8(a.first, b.first), _mm_cmpeq_epi8(a.second, b.second)};
+    }
+    friend V CeilMean(V a, V b)
+    {
+        return {_mm_avg_epu8(a.first, b.first), _mm_avg_epu8(a.second, b.second)};
+    }
 
     // Bytes of each half to higher or lower places.
     template <int kBytes>
@@ -60,7 +97,8 @@ struct SsePair {
         return Both(_mm_setr_epi32(mask(0), mask(1), mask(2), mask(3)));
     }
 
-    // What comes into the first lane of either half: the first of `above`, and the last of the first half.
+    // What comes into the first lane of either half: the first of `above`, and the last of the
+    // first half.
     template <int kLane>
     static V Entering(V a, __m128i above)
     {
@@ -92,7 +130,8 @@ struct SsePair {
 
 } // namespace
 
-void UnfilterWithSse2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes)
+void UnfilterWithSse2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                      std::int32_t pixelBytes)
 {
     UnfilterPixels<SsePair>(data, rowBytes, rows, pixelBytes);
 }

@@ -6,9 +6,11 @@
 namespace Kesto {
 
 // For every processor.
-void UnfilterWithSse2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes);
+void UnfilterWithSse2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                      std::int32_t pixelBytes);
 
 // May only be entered where the processor has AVX2.
-void UnfilterWithAvx2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes);
+void UnfilterWithAvx2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                      std::int32_t pixelBytes);
 
 } // namespace Kesto

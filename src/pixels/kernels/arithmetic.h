@@ -1,7 +1,8 @@
-// Kernels that add, subtract or look up, pixel by pixel, on 8-bit views. An output may be one of the inputs.
+// Kernels that add, subtract or look up, pixel by pixel, on 8-bit views. An output may be one of
+// the inputs.
 #pragma once
 
-#include "pixels/pixview.h"
+#include "pixels/pixmaps/pixview.h"
 
 #include <span>
 
@@ -20,10 +21,11 @@ void AddLookup(const CPixView& out, const CPixView& source, const CPixView& othe
                std::span<const std::int32_t, 256> table);
 
 // out = table[source].
-void MapTable(const CPixView& out, const CPixView& source, std::span<const std::uint8_t, 256> table);
+void MapTable(const CPixView& out, const CPixView& source,
+              std::span<const std::uint8_t, 256> table);
 
 // out = table[level << 8 | source], for a table of one row of 256 values for each level.
-void MapTable(const CPixView& out, const CPixView& source, std::span<const std::uint8_t, 65536> table,
-              std::uint8_t level);
+void MapTable(const CPixView& out, const CPixView& source,
+              std::span<const std::uint8_t, 65536> table, std::uint8_t level);
 
 } // namespace Kesto::Kernels

@@ -37,36 +37,41 @@ void Blend(const CPixView& out, const CPixView& source, const CPixView& below, s
     const Extent extent = CommonExtent(8, {&out, &source, &below});
     const auto blend = ActiveKernels(extent.Pixels()).blendConstant;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        blend(RowOf<Byte>(source, plane, y), RowOf<Byte>(below, plane, y), alpha, RowOf<Byte>(out, plane, y), n);
+        blend(RowOf<Byte>(source, plane, y), RowOf<Byte>(below, plane, y), alpha,
+              RowOf<Byte>(out, plane, y), n);
     });
 }
 
-void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below, const CPixView& mask)
+void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below,
+                 const CPixView& mask)
 {
     const Extent extent = Limited(CommonExtent({&out, &below}, mask), colour);
     const auto blend = ActiveKernels(extent.Pixels()).blendColour;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        blend(Value(colour, plane), RowOf<Byte>(below, plane, y), RowOf<Byte>(mask, 0, y), RowOf<Byte>(out, plane, y),
-              n);
+        blend(Value(colour, plane), RowOf<Byte>(below, plane, y), RowOf<Byte>(mask, 0, y),
+              RowOf<Byte>(out, plane, y), n);
     });
 }
 
-void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below, std::uint8_t alpha)
+void BlendColour(const CPixView& out, std::span<const std::uint8_t> colour, const CPixView& below,
+                 std::uint8_t alpha)
 {
     const Extent extent = Limited(CommonExtent(8, {&out, &below}), colour);
     const auto blend = ActiveKernels(extent.Pixels()).blendColourConstant;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        blend(Value(colour, plane), RowOf<Byte>(below, plane, y), alpha, RowOf<Byte>(out, plane, y), n);
+        blend(Value(colour, plane), RowOf<Byte>(below, plane, y), alpha, RowOf<Byte>(out, plane, y),
+              n);
     });
 }
 
-void BlendColours(const CPixView& out, std::span<const std::uint8_t> colour, std::span<const std::uint8_t> below,
-                  const CPixView& mask)
+void BlendColours(const CPixView& out, std::span<const std::uint8_t> colour,
+                  std::span<const std::uint8_t> below, const CPixView& mask)
 {
     const Extent extent = Limited(Limited(CommonExtent({&out}, mask), colour), below);
     const auto blend = ActiveKernels(extent.Pixels()).blendColours;
     ForEachRow(extent, [&](std::int32_t plane, std::int32_t y, std::size_t n) {
-        blend(Value(colour, plane), Value(below, plane), RowOf<Byte>(mask, 0, y), RowOf<Byte>(out, plane, y), n);
+        blend(Value(colour, plane), Value(below, plane), RowOf<Byte>(mask, 0, y),
+              RowOf<Byte>(out, plane, y), n);
     });
 }
 

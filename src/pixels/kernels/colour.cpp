@@ -17,14 +17,16 @@ void HueToRGB(const CPixView& out, const CPixView& hsv)
         if constexpr (sizeof(T) == 1)
             convert = ActiveKernels().hueToRGB;
         ForEachRow(extent, [&](std::int32_t, std::int32_t y, std::size_t n) {
-            const T* const sources[3] = {RowOf<T>(hsv, 0, y), RowOf<T>(hsv, 1, y), RowOf<T>(hsv, 2, y)};
+            const T* const sources[3] = {RowOf<T>(hsv, 0, y), RowOf<T>(hsv, 1, y),
+                                         RowOf<T>(hsv, 2, y)};
             T* const targets[3] = {RowOf<T>(out, 0, y), RowOf<T>(out, 1, y), RowOf<T>(out, 2, y)};
             convert(sources, targets, n);
         });
     });
 }
 
-void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order, std::uint8_t constant)
+void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order,
+                 std::uint8_t constant)
 {
     if (!HasPlanes(out, 32) || !HasPlanes(source, 8))
         return;
@@ -41,8 +43,10 @@ void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& 
         }
         std::uint32_t* target = RowOf<std::uint32_t>(out, 0, y);
         for (std::int32_t x = 0; x < width; ++x)
-            target[x] = std::uint32_t{rows[0][x * steps[0]]} | std::uint32_t{rows[1][x * steps[1]]} << 8 |
-                        std::uint32_t{rows[2][x * steps[2]]} << 16 | std::uint32_t{rows[3][x * steps[3]]} << 24;
+            target[x] = std::uint32_t{rows[0][x * steps[0]]} |
+                        std::uint32_t{rows[1][x * steps[1]]} << 8 |
+                        std::uint32_t{rows[2][x * steps[2]]} << 16 |
+                        std::uint32_t{rows[3][x * steps[3]]} << 24;
     }
 }
 

@@ -1,14 +1,15 @@
 // Kernels between colour models and plane layouts.
 #pragma once
 
-#include "pixels/pixview.h"
+#include "pixels/pixmaps/pixview.h"
 
 #include <array>
 
 namespace Kesto::Kernels {
 
-// Three planes of hue, saturation and value to red, green and blue; all of 8, 16 or 32 bits. Hue runs through six sectors
-// of 43 levels, the others to 255; a hue of 258 or more gives black. `out` may be the source.
+// Three planes of hue, saturation and value to red, green and blue; all of 8, 16 or 32 bits. Hue
+// runs through six sectors of 43 levels, the others to 255; a hue of 258 or more gives black. `out`
+// may be the source.
 void HueToRGB(const CPixView& out, const CPixView& hsv);
 
 // For each byte of a 32-bit pixel, lowest first, the plane that fills it, or -1 for a constant.
@@ -19,7 +20,9 @@ inline constexpr PlaneOrder kOrder_BGRConstant = {2, 1, 0, -1};
 inline constexpr PlaneOrder kOrder_GreyAlpha = {0, 0, 0, 1};
 inline constexpr PlaneOrder kOrder_GreyConstant = {0, 0, 0, -1};
 
-// Packs 8-bit planes into the one 32-bit plane of `out`. A plane that the source lacks counts as the constant.
-void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order, std::uint8_t constant = 0);
+// Packs 8-bit planes into the one 32-bit plane of `out`. A plane that the source lacks counts as
+// the constant.
+void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order,
+                 std::uint8_t constant = 0);
 
 } // namespace Kesto::Kernels

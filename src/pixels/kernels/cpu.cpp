@@ -6,7 +6,8 @@ namespace Kesto::Kernels {
 
 namespace {
 
-// Results above this size stream past the caches: it is what a core may hope for of the last of them.
+// Results above this size stream past the caches: it is what a core may hope for of the last of
+// them.
 constexpr std::size_t kStreamedBytes = std::size_t{8} << 20;
 
 // The level and its tables, found when the first kernel runs.

@@ -1,7 +1,7 @@
 // Which instructions the pixel kernels use.
 //
-// Every kernel exists as a plain loop, and many as a faster twin whose results are the same to the bit. The level is the
-// best that the processor offers unless a test or a benchmark asks for less.
+// Every kernel exists as a plain loop, and many as a faster twin whose results are the same to the
+// bit. The level is the best that the processor offers unless a test or a benchmark asks for less.
 #pragma once
 
 namespace Kesto::Kernels {

@@ -1,6 +1,6 @@
 #include "pixels/kernels/mosaic.h"
 
-#include "foundation/block.h"
+#include "foundation/base/block.h"
 #include "pixels/kernels/kernel_table.h"
 #include "pixels/kernels/view_access.h"
 
@@ -19,10 +19,12 @@ void Mosaic(const CPixView& out, const CPixView& source, Point cell, bool round)
         for (std::int32_t y = 0, rows = 0; y < extent.fHeight; y += rows) {
             rows = std::min(cell.y, extent.fHeight - y);
             const auto band = [&](const CPixView& view) {
-                return Plane<std::uint8_t>{RowOf<std::uint8_t>(view, plane, y), view.rowBytes, extent.fWidth, rows};
+                return Plane<std::uint8_t>{RowOf<std::uint8_t>(view, plane, y), view.rowBytes,
+                                           extent.fWidth, rows};
             };
-            ActiveKernels().mosaicBand(band(source), band(out), cell.x, round,
-                                       static_cast<std::uint32_t*>(static_cast<void*>(sums.Data())));
+            ActiveKernels().mosaicBand(
+                band(source), band(out), cell.x, round,
+                static_cast<std::uint32_t*>(static_cast<void*>(sums.Data())));
         }
     }
 }

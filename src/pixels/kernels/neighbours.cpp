@@ -1,6 +1,6 @@
 #include "pixels/kernels/neighbours.h"
 
-#include "foundation/block.h"
+#include "foundation/base/block.h"
 #include "pixels/kernels/kernel_table.h"
 #include "pixels/kernels/plain/neighbours.h"
 #include "pixels/kernels/view_access.h"
@@ -16,26 +16,31 @@ Extent InnerExtent(const CPixView& out, const CPixView& source)
 {
     if (!HasPlanes(out, 8) || !HasPlanes(source, 8))
         return {};
-    const Extent extent{std::min(out.width, source.width - 2), std::min(out.height, source.height - 2),
+    const Extent extent{std::min(out.width, source.width - 2),
+                        std::min(out.height, source.height - 2),
                         std::min(out.planeCount, source.planeCount)};
     return extent.fWidth > 0 && extent.fHeight > 0 ? extent : Extent{};
 }
 
 // The three source rows around the target's row y, each at the target's first column.
-std::array<const std::uint8_t*, 3> RowsAround(const CPixView& source, std::int32_t plane, std::int32_t y)
+std::array<const std::uint8_t*, 3> RowsAround(const CPixView& source, std::int32_t plane,
+                                              std::int32_t y)
 {
-    return {RowOf<std::uint8_t>(source, plane, y) + 1, RowOf<std::uint8_t>(source, plane, y + 1) + 1,
+    return {RowOf<std::uint8_t>(source, plane, y) + 1,
+            RowOf<std::uint8_t>(source, plane, y + 1) + 1,
             RowOf<std::uint8_t>(source, plane, y + 2) + 1};
 }
 
 // Steps to the eight neighbours, clockwise from the top.
-constexpr std::array<Point, 8> kNeighbours = {{{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}}};
+constexpr std::array<Point, 8> kNeighbours = {
+    {{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}}};
 
 // Three rows of table values, each computed once while the kernel runs down the plane.
 template <class Value>
 class CTableRows {
 public:
-    CTableRows(std::span<const std::int32_t, 256> table, std::int32_t width) : fWidth(static_cast<std::size_t>(width))
+    CTableRows(std::span<const std::int32_t, 256> table, std::int32_t width)
+        : fWidth(static_cast<std::size_t>(width))
     {
         std::transform(table.begin(), table.end(), fTable.begin(),
                        [](std::int32_t value) { return static_cast<Value>(value); });
@@ -52,7 +57,8 @@ public:
 
     Value* Row(std::int32_t y)
     {
-        return static_cast<Value*>(static_cast<void*>(fBlock.Data())) + static_cast<std::size_t>(y % 3) * fWidth;
+        return static_cast<Value*>(static_cast<void*>(fBlock.Data())) +
+               static_cast<std::size_t>(y % 3) * fWidth;
     }
 
 private:
@@ -69,15 +75,18 @@ struct EmbossLight {
     // True if all sums stay in 16 bits.
     bool IsFaint() const
     {
-        const auto isFaint = [](std::int32_t value) { return value >= -kEmbossLimit && value <= kEmbossLimit; };
+        const auto isFaint = [](std::int32_t value) {
+            return value >= -kEmbossLimit && value <= kEmbossLimit;
+        };
         return isFaint(fConstant) && std::all_of(fTable.begin(), fTable.end(), isFaint);
     }
 };
 
-// base(plane, y) gives the row of base pixels, or null for the constant; `embossRow` takes rows of Value.
+// base(plane, y) gives the row of base pixels, or null for the constant; `embossRow` takes rows of
+// Value.
 template <class Value, class Base, class Row>
-void EmbossPlanes(const CPixView& out, const CPixView& source, const Extent& extent, const EmbossLight& light,
-                  const Base& base, const Row& embossRow)
+void EmbossPlanes(const CPixView& out, const CPixView& source, const Extent& extent,
+                  const EmbossLight& light, const Base& base, const Row& embossRow)
 {
     CTableRows<Value> rows(light.fTable, extent.fWidth + 2);
     const auto neighbour = [&](std::int32_t y, std::int32_t turn) -> const Value* {
@@ -91,20 +100,21 @@ void EmbossPlanes(const CPixView& out, const CPixView& source, const Extent& ext
             rows.Take(RowOf<std::uint8_t>(source, plane, y + 2), y + 2);
             const Value* const near[3] = {neighbour(y, 7), neighbour(y, 0), neighbour(y, 1)};
             const Value* const far[3] = {neighbour(y, 3), neighbour(y, 4), neighbour(y, 5)};
-            embossRow(near, far, base(plane, y), light.fConstant, RowOf<std::uint8_t>(out, plane, y),
-                      static_cast<std::size_t>(extent.fWidth));
+            embossRow(near, far, base(plane, y), light.fConstant,
+                      RowOf<std::uint8_t>(out, plane, y), static_cast<std::size_t>(extent.fWidth));
         }
     }
 }
 
 template <class Base>
-void Emboss(const CPixView& out, const CPixView& source, const Extent& extent, const EmbossLight& light,
-            const Base& base)
+void Emboss(const CPixView& out, const CPixView& source, const Extent& extent,
+            const EmbossLight& light, const Base& base)
 {
     if (light.IsFaint())
         EmbossPlanes<std::int16_t>(out, source, extent, light, base, ActiveKernels().embossRow);
     else
-        EmbossPlanes<std::int32_t>(out, source, extent, light, base, Plain::EmbossRow<std::int32_t>);
+        EmbossPlanes<std::int32_t>(out, source, extent, light, base,
+                                   Plain::EmbossRow<std::int32_t>);
 }
 
 } // namespace
@@ -129,7 +139,8 @@ void Emboss(const CPixView& out, const CPixView& source, std::span<const std::in
     Emboss(out, source, extent, {table, direction, 0}, row);
 }
 
-void Sharpen(const CPixView& out, const CPixView& source, std::span<const std::int32_t, kSharpenLevels> table)
+void Sharpen(const CPixView& out, const CPixView& source,
+             std::span<const std::int32_t, kSharpenLevels> table)
 {
     const Extent extent = InnerExtent(out, source);
     const std::int32_t* middle = table.data() + kSharpenLevels / 2;

@@ -22,8 +22,9 @@ void AddNoise(const CPixView& out, const CPixView& source, std::int32_t amount, 
                   static_cast<std::size_t>(extent.fWidth), amount, seed);
 }
 
-void RandomColour(const CPixView& out, const CPixView& source, std::span<const std::uint8_t, 3> colour,
-                  std::int32_t threshold, std::uint32_t& seed)
+void RandomColour(const CPixView& out, const CPixView& source,
+                  std::span<const std::uint8_t, 3> colour, std::int32_t threshold,
+                  std::uint32_t& seed)
 {
     const Extent extent = CommonExtent(8, {&out, &source});
     if (extent.fPlanes < 3)
@@ -33,7 +34,8 @@ void RandomColour(const CPixView& out, const CPixView& source, std::span<const s
             const bool coloured = Plain::NextSample(seed) < threshold;
             for (std::int32_t plane = 0; plane < 3; ++plane)
                 RowOf<std::uint8_t>(out, plane, y)[x] =
-                    coloured ? colour[static_cast<std::size_t>(plane)] : RowOf<std::uint8_t>(source, plane, y)[x];
+                    coloured ? colour[static_cast<std::size_t>(plane)]
+                             : RowOf<std::uint8_t>(source, plane, y)[x];
         }
     }
 }

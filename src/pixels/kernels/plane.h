@@ -1,4 +1,5 @@
-// One plane of pixels as the kernels' inner loops see it: a first pixel, a row distance in bytes, a size.
+// One plane of pixels as the kernels' inner loops see it: a first pixel, a row distance in bytes, a
+// size.
 #pragma once
 
 #include <cstddef>
@@ -16,9 +17,15 @@ struct Plane {
     std::int32_t fWidth = 0;
     std::int32_t fHeight = 0;
 
-    T* Row(std::int32_t y) const { return reinterpret_cast<T*>(reinterpret_cast<Byte*>(fPixels) + y * fRowBytes); }
+    T* Row(std::int32_t y) const
+    {
+        return reinterpret_cast<T*>(reinterpret_cast<Byte*>(fPixels) + y * fRowBytes);
+    }
 
-    operator Plane<const T>() const requires(!std::is_const_v<T>) { return {fPixels, fRowBytes, fWidth, fHeight}; }
+    operator Plane<const T>() const requires(!std::is_const_v<T>)
+    {
+        return {fPixels, fRowBytes, fWidth, fHeight};
+    }
 };
 
 } // namespace Kesto::Kernels

@@ -25,7 +25,8 @@ bool ArePairs(const ScaleAxis& axis)
 {
     return axis.fMode == ScaleMode::kReduce && axis.fScale == 0.5f &&
            std::all_of(axis.fEntries.begin(), axis.fEntries.end(), [](const ScaleEntry& entry) {
-               return entry.fFirstWeight == 1 && entry.fLastWeight == 1 && entry.fLast == entry.fFirst + 1;
+               return entry.fFirstWeight == 1 && entry.fLastWeight == 1 &&
+                      entry.fLast == entry.fFirst + 1;
            });
 }
 
@@ -33,18 +34,16 @@ bool ArePairs(const ScaleAxis& axis)
 template <class T>
 class CPlaneScaler {
 public:
-    CPlaneScaler(Plane<const T> source, Plane<T> out, const ScaleAxis& columns, const ScaleAxis& rows,
-                 std::byte* scratch)
+    CPlaneScaler(Plane<const T> source, Plane<T> out, const ScaleAxis& columns,
+                 const ScaleAxis& rows, std::byte* scratch)
         : fSource(source), fOut(out), fColumnMode(columns.fMode), fRows(rows),
           fWidth(static_cast<std::size_t>(out.fWidth)),
-          fSums(static_cast<double*>(static_cast<void*>(scratch))), fColumns{columns.fEntries.data(),
-                                                                             fWidth,
-                                                                             columns.fStart,
-                                                                             source.fWidth,
-                                                                             columns.fScale,
-                                                                             scratch + fWidth * sizeof(double)}
+          fSums(static_cast<double*>(static_cast<void*>(scratch))),
+          fColumns{columns.fEntries.data(), fWidth,         columns.fStart,
+                   source.fWidth,           columns.fScale, scratch + fWidth * sizeof(double)}
     {
-        fScaled[0] = static_cast<T*>(static_cast<void*>(fColumns.fPlan + ScaleColumns::PlanBytes(fWidth)));
+        fScaled[0] =
+            static_cast<T*>(static_cast<void*>(fColumns.fPlan + ScaleColumns::PlanBytes(fWidth)));
         fScaled[1] = fScaled[0] + fWidth;
         fHalvesRows = fOperations.average != nullptr && ArePairs(rows);
         fHalvesBoth = fHalvesRows && ArePairs(columns);
@@ -104,7 +103,8 @@ private:
             const std::int32_t last = entry.fLast - fRows.fStart;
             if (fHalvesBoth) {
                 const std::ptrdiff_t left = fColumns.fEntries[0].fFirst - fColumns.fStart;
-                fOperations.averagePairs(fSource.Row(first) + left, fSource.Row(last) + left, fOut.Row(y), fWidth);
+                fOperations.averagePairs(fSource.Row(first) + left, fSource.Row(last) + left,
+                                         fOut.Row(y), fWidth);
                 continue;
             }
             if (fHalvesRows) {
@@ -127,8 +127,8 @@ private:
             const ScaleEntry& entry = fRows.fEntries[static_cast<std::size_t>(y)];
             const T* first = ScaledRow(entry.fFirst - fRows.fStart);
             if (entry.fLastWeight > 0)
-                fOperations.combine(first, ScaledRow(entry.fLast - fRows.fStart), entry.fFirstWeight, entry.fLastWeight,
-                                    fOut.Row(y), fWidth);
+                fOperations.combine(first, ScaledRow(entry.fLast - fRows.fStart),
+                                    entry.fFirstWeight, entry.fLastWeight, fOut.Row(y), fWidth);
             else
                 std::memcpy(fOut.Row(y), first, fWidth * sizeof(T));
         }
@@ -152,17 +152,17 @@ private:
 } // namespace
 
 template <class T>
-void ScalePlane(Plane<const T> source, Plane<T> out, const ScaleAxis& columns, const ScaleAxis& rows,
-                std::byte* scratch)
+void ScalePlane(Plane<const T> source, Plane<T> out, const ScaleAxis& columns,
+                const ScaleAxis& rows, std::byte* scratch)
 {
     CPlaneScaler<T>(source, out, columns, rows, scratch).Run();
 }
 
-template void ScalePlane(Plane<const std::uint8_t>, Plane<std::uint8_t>, const ScaleAxis&, const ScaleAxis&,
-                         std::byte*);
-template void ScalePlane(Plane<const std::uint16_t>, Plane<std::uint16_t>, const ScaleAxis&, const ScaleAxis&,
-                         std::byte*);
-template void ScalePlane(Plane<const std::uint32_t>, Plane<std::uint32_t>, const ScaleAxis&, const ScaleAxis&,
-                         std::byte*);
+template void ScalePlane(Plane<const std::uint8_t>, Plane<std::uint8_t>, const ScaleAxis&,
+                         const ScaleAxis&, std::byte*);
+template void ScalePlane(Plane<const std::uint16_t>, Plane<std::uint16_t>, const ScaleAxis&,
+                         const ScaleAxis&, std::byte*);
+template void ScalePlane(Plane<const std::uint32_t>, Plane<std::uint32_t>, const ScaleAxis&,
+                         const ScaleAxis&, std::byte*);
 
 } // namespace Kesto::Kernels

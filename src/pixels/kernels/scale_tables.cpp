@@ -2,7 +2,8 @@
 
 namespace Kesto {
 
-ScaleTable MakeReduceTable(std::int32_t targetSize, std::int32_t sourceSize, std::int32_t sourceStart, float& scale)
+ScaleTable MakeReduceTable(std::int32_t targetSize, std::int32_t sourceSize,
+                           std::int32_t sourceStart, float& scale)
 {
     ScaleTable table(static_cast<std::size_t>(targetSize));
     const float target = static_cast<float>(targetSize);
@@ -29,7 +30,8 @@ ScaleTable MakeReduceTable(std::int32_t targetSize, std::int32_t sourceSize, std
     return table;
 }
 
-ScaleTable MakeEnlargeTable(std::int32_t targetSize, std::int32_t sourceSize, std::int32_t sourceStart)
+ScaleTable MakeEnlargeTable(std::int32_t targetSize, std::int32_t sourceSize,
+                            std::int32_t sourceStart)
 {
     ScaleTable table(static_cast<std::size_t>(targetSize));
     const double steps = targetSize - 1.0;

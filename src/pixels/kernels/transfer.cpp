@@ -33,7 +33,8 @@ std::uint32_t Pattern(T value)
 
 void CopyRun(KernelTable::Unary8 copy, const std::uint8_t* source, std::uint8_t* out, std::size_t n)
 {
-    const std::uintptr_t from = reinterpret_cast<std::uintptr_t>(source), to = reinterpret_cast<std::uintptr_t>(out);
+    const std::uintptr_t from = reinterpret_cast<std::uintptr_t>(source),
+                         to = reinterpret_cast<std::uintptr_t>(out);
     if ((from < to ? to - from : from - to) < n)
         std::memmove(out, source, n);
     else
@@ -47,8 +48,10 @@ void Copy(const CPixView& out, const CPixView& source)
     const Extent extent = ByteExtent(out, source);
     const auto copy = ActiveKernels(extent.Pixels()).copy;
     for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {
-        // Bottom up where the target lies after the source, so that no row is overwritten before it is read.
-        const bool up = std::greater<>()(RowOf<std::uint8_t>(out, plane, 0), RowOf<std::uint8_t>(source, plane, 0));
+        // Bottom up where the target lies after the source, so that no row is overwritten before it
+        // is read.
+        const bool up = std::greater<>()(RowOf<std::uint8_t>(out, plane, 0),
+                                         RowOf<std::uint8_t>(source, plane, 0));
         for (std::int32_t i = 0; i < extent.fHeight; i += extent.fRun) {
             const std::int32_t y = up ? extent.fHeight - extent.fRun - i : i;
             CopyRun(copy, RowOf<std::uint8_t>(source, plane, y), RowOf<std::uint8_t>(out, plane, y),
@@ -65,8 +68,8 @@ void Fill(const CPixView& view, std::span<const T> values)
     const std::int32_t planes = std::min(extent.fPlanes, static_cast<std::int32_t>(values.size()));
     for (std::int32_t plane = 0; plane < planes; ++plane)
         for (std::int32_t y = 0; y < extent.fHeight; y += extent.fRun)
-            fill(Pattern(values[static_cast<std::size_t>(plane)]), RowOf<std::uint8_t>(view, plane, y),
-                 sizeof(T) * extent.RunPixels(y, extent.fRun));
+            fill(Pattern(values[static_cast<std::size_t>(plane)]),
+                 RowOf<std::uint8_t>(view, plane, y), sizeof(T) * extent.RunPixels(y, extent.fRun));
 }
 
 template <class T>

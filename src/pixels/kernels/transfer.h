@@ -1,7 +1,8 @@
-// Kernels that move pixels or set them. Sizes of 8, 16 and 32 bits; views of any other size are left alone.
+// Kernels that move pixels or set them. Sizes of 8, 16 and 32 bits; views of any other size are
+// left alone.
 #pragma once
 
-#include "pixels/pixview.h"
+#include "pixels/pixmaps/pixview.h"
 
 #include <span>
 
@@ -10,12 +11,13 @@ namespace Kesto::Kernels {
 // out = source, plane by plane. The views may overlap, as long as their row distance is the same.
 void Copy(const CPixView& out, const CPixView& source);
 
-// Sets every pixel of plane i to values[i]; planes without a value stay as they are. T has the view's pixel size.
+// Sets every pixel of plane i to values[i]; planes without a value stay as they are. T has the
+// view's pixel size.
 template <class T>
 void Fill(const CPixView& view, std::span<const T> values);
 
-// Sets the pixels of the view that lie outside `inner`, a rectangle in global coordinates: the strips above, left, right
-// and below.
+// Sets the pixels of the view that lie outside `inner`, a rectangle in global coordinates: the
+// strips above, left, right and below.
 template <class T>
 void FillFrame(const CPixView& view, const Rect& inner, std::span<const T> values);
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "pixels/kernels/plane.h"
-#include "pixels/pixview.h"
+#include "pixels/pixmaps/pixview.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -14,18 +14,21 @@ struct Extent {
     std::int32_t fWidth = 0;
     std::int32_t fHeight = 0;
     std::int32_t fPlanes = 0;
-    std::int32_t fRun = 1; // rows that follow each other without a gap in every view: all of them or 1
+    std::int32_t fRun =
+        1; // rows that follow each other without a gap in every view: all of them or 1
 
     // Pixels of all planes.
     std::size_t Pixels() const
     {
-        return static_cast<std::size_t>(fWidth) * static_cast<std::size_t>(fHeight) * static_cast<std::size_t>(fPlanes);
+        return static_cast<std::size_t>(fWidth) * static_cast<std::size_t>(fHeight) *
+               static_cast<std::size_t>(fPlanes);
     }
 
     // Pixels of the run of rows that starts at row y, of `rows` rows or what is left.
     std::size_t RunPixels(std::int32_t y, std::int32_t rows) const
     {
-        return static_cast<std::size_t>(fWidth) * static_cast<std::size_t>(std::min(rows, fHeight - y));
+        return static_cast<std::size_t>(fWidth) *
+               static_cast<std::size_t>(std::min(rows, fHeight - y));
     }
 };
 
@@ -35,8 +38,8 @@ inline bool HasPlanes(const CPixView& view, std::int32_t bits)
     return view.planePointers != nullptr && view.planeCount > 0 && view.pixelBits == bits;
 }
 
-// What all views have. They are of one size and one plane count where the caller kept to the rules; otherwise the smallest
-// counts, and a view without pixels of `bits` bits leaves nothing to do.
+// What all views have. They are of one size and one plane count where the caller kept to the rules;
+// otherwise the smallest counts, and a view without pixels of `bits` bits leaves nothing to do.
 inline Extent CommonExtent(std::int32_t bits, std::initializer_list<const CPixView*> views)
 {
     Extent extent{(*views.begin())->width, (*views.begin())->height, (*views.begin())->planeCount};
@@ -73,7 +76,8 @@ inline Extent CommonExtent(std::initializer_list<const CPixView*> views, const C
 template <class T>
 T* RowOf(const CPixView& view, std::int32_t plane, std::int32_t y)
 {
-    std::uint8_t* row = view.planePointers[static_cast<std::size_t>(plane)] + std::ptrdiff_t{view.rowBytes} * y;
+    std::uint8_t* row =
+        view.planePointers[static_cast<std::size_t>(plane)] + std::ptrdiff_t{view.rowBytes} * y;
     return static_cast<T*>(static_cast<void*>(row));
 }
 
@@ -83,8 +87,9 @@ Plane<T> PlaneOf(const CPixView& view, std::int32_t plane)
     return {RowOf<T>(view, plane, 0), view.rowBytes, view.width, view.height};
 }
 
-// Calls row(plane, y, pixels) for every row, all planes of a row before the next. Short rows without gaps are taken as few
-// long ones, short enough that a mask is still in a near cache when the next plane wants it.
+// Calls row(plane, y, pixels) for every row, all planes of a row before the next. Short rows
+// without gaps are taken as few long ones, short enough that a mask is still in a near cache when
+// the next plane wants it.
 template <class Function>
 void ForEachRow(const Extent& extent, const Function& row)
 {
@@ -95,7 +100,8 @@ void ForEachRow(const Extent& extent, const Function& row)
             row(plane, y, extent.RunPixels(y, rows));
 }
 
-// Calls function.template operator()<T>() with the pixel type of a size of 8, 16 or 32 bits, and not at all otherwise.
+// Calls function.template operator()<T>() with the pixel type of a size of 8, 16 or 32 bits, and
+// not at all otherwise.
 template <class Function>
 void WithPixelType(std::int32_t bits, const Function& function)
 {

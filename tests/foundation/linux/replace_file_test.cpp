@@ -1,9 +1,10 @@
-// What files of the user survive, by means that only this system gives a test: limits, users, devices and variables.
-#include "foundation/exceptions.h"
-#include "foundation/file_port.h"
-#include "foundation/memory_container.h"
-#include "foundation/settings_store.h"
+// What files of the user survive, by means that only this system gives a test: limits, users,
+// devices and variables.
+#include "foundation/errors/exceptions.h"
+#include "foundation/settings/settings_store.h"
 #include "foundation/spec_folder.h"
+#include "foundation/streams/file_port.h"
+#include "foundation/streams/memory_container.h"
 
 #include <gmock/gmock.h>
 
@@ -35,7 +36,8 @@ private:
     rlimit fFormer{};
 };
 
-// The process has no more rights than the rest of the world, even when it is run by the administrator.
+// The process has no more rights than the rest of the world, even when it is run by the
+// administrator.
 class OrdinaryUser {
 public:
     OrdinaryUser() { EXPECT_TRUE(fFormer != 0 || seteuid(65534) == 0); }
@@ -70,7 +72,10 @@ class ReplaceFile : public testing::Test {
 protected:
     ReplaceFile() { fFolder.Put("file", "old"); }
 
-    void Replace() const { CFile(fFolder.File("file")).ReplaceContents(std::vector<std::byte>(100'000)); }
+    void Replace() const
+    {
+        CFile(fFolder.File("file")).ReplaceContents(std::vector<std::byte>(100'000));
+    }
 
     void ExpectToKeepTheOldFile(std::uint32_t code) const
     {
@@ -149,7 +154,8 @@ TEST_F(UserDataFolder, HoldsValuesBelowTheLevelsOfTheirKeyAndFilesBelowTheNamesO
 TEST_F(UserDataFolder, IsNotLeftByNamesThatLeadElsewhere)
 {
     const auto refuse = [this](const char* path, const char* name) {
-        EXPECT_THROW(fStore.WriteSettingsData(path, name, "", fData, true), CSystemError) << path << " " << name;
+        EXPECT_THROW(fStore.WriteSettingsData(path, name, "", fData, true), CSystemError)
+            << path << " " << name;
         CMemoryContainer read;
         EXPECT_FALSE(fStore.ReadSettingsData(path, name, "", read, true)) << path << " " << name;
     };

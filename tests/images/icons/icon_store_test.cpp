@@ -1,4 +1,4 @@
-#include "images/resource_data_provider.h"
+#include "images/icons/resource_data_provider.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -61,9 +61,13 @@ protected:
     IconStore()
     {
         fFiles["IDXF/IconResources.idx"] =
-            Head() + Entry("Button", {{0, 0, 4, 3}, {0, 1, 7, 3}, {0, 6, 10, 2}, {1, 0, 4, 4}, {2, 0, 4, 1}}) +
+            Head() +
+            Entry("Button",
+                  {{0, 0, 4, 3}, {0, 1, 7, 3}, {0, 6, 10, 2}, {1, 0, 4, 4}, {2, 0, 4, 1}}) +
             Entry("Alpha_26019", {{0, 0, 12, 1}}) +
-            Entry("Hostile", {{0, 0, 12, 2}, {0, 2, 14, 1}, {0, 4, 0xFFFFFFFF, 2}, {1, 4, 0, 2}, {1, 6, 4, 0}});
+            Entry(
+                "Hostile",
+                {{0, 0, 12, 2}, {0, 2, 14, 1}, {0, 4, 0xFFFFFFFF, 2}, {1, 4, 0, 2}, {1, 6, 4, 0}});
         fFiles["IDXD/low"] = "fdrkAAABBBDDC";
         fFiles["IDXD/high"] = "fdrkHHHH";
         fFiles["TEXT/#7"] = "";
@@ -71,7 +75,8 @@ protected:
 
     ResourceModule Module()
     {
-        return [this](std::string_view type, std::string_view name) -> std::optional<std::span<const std::byte>> {
+        return [this](std::string_view type,
+                      std::string_view name) -> std::optional<std::span<const std::byte>> {
             ++fReads;
             const auto found = fFiles.find(std::string(type) + "/" + std::string(name));
             if (found == fFiles.end())
@@ -100,16 +105,17 @@ TEST_F(IconStore, FindsPicturesByTag)
         EXPECT_EQ(Picture(tag, "Button"), "AAA");
     EXPECT_EQ(Picture(MakeTag("PIND"), "Button"), "DD");
     EXPECT_EQ(Picture(MakeTag("HICn"), "Button"), "HHHH");
-    for (const Tag tag : {MakeTag("PICi"), MakeTag("PICd"), MakeTag("PICx"), MakeTag("PICp"), MakeTag("HIND"),
-                          MakeTag("IDXD"), MakeTag("pICn"), MakeTag("HNGn")})
+    for (const Tag tag : {MakeTag("PICi"), MakeTag("PICd"), MakeTag("PICx"), MakeTag("PICp"),
+                          MakeTag("HIND"), MakeTag("IDXD"), MakeTag("pICn"), MakeTag("HNGn")})
         EXPECT_EQ(Picture(tag, "Button"), "none") << tag;
 }
 
 TEST_F(IconStore, FindsPicturesByNameAndNumber)
 {
     const Tag tag = MakeTag("PNGf");
-    for (const CResourceName& name : {CResourceName(26019), CResourceName("26019"), CResourceName("26019.png"),
-                                      CResourceName("Alpha_26019"), CResourceName("Alpha_26019.png")})
+    for (const CResourceName& name :
+         {CResourceName(26019), CResourceName("26019"), CResourceName("26019.png"),
+          CResourceName("Alpha_26019"), CResourceName("Alpha_26019.png")})
         EXPECT_EQ(Picture(tag, name), "C") << name.Text();
     for (const char* name : {"", "button", "Button.PNG", "Button.png.png", "26018", "Alpha_"})
         EXPECT_EQ(Picture(tag, name), "none") << name;
@@ -139,8 +145,8 @@ TEST_F(IconStore, GivesNothingThatDoesNotLieInTheDataFile)
     for (const auto& [name, resolution, slot] : kWrong) {
         std::uint32_t size = 1;
         const std::byte* data = reinterpret_cast<const std::byte*>(&size);
-        EXPECT_FALSE(
-            fStore.GetPicture(name, static_cast<EResolution>(resolution), static_cast<EStateSlot>(slot), size, data));
+        EXPECT_FALSE(fStore.GetPicture(name, static_cast<EResolution>(resolution),
+                                       static_cast<EStateSlot>(slot), size, data));
         EXPECT_TRUE(size == 0 && data == nullptr) << name << ", " << resolution << ", " << slot;
     }
     EXPECT_EQ(fStore.GetData(kResolution_ExtraHigh), nullptr);
@@ -166,8 +172,8 @@ TEST_F(IconStore, RefusesABrokenIndex)
     std::string& index = fFiles["IDXF/IconResources.idx"];
     const std::string good = Head() + Entry("Button", {});
     const std::string noZero = Entry(std::string(kIconNameBytes, 'a'), {});
-    for (const std::string& bad :
-         {std::string(), good.substr(1), good.substr(0, 545), good.substr(0, 547), good + "x", Head() + noZero}) {
+    for (const std::string& bad : {std::string(), good.substr(1), good.substr(0, 545),
+                                   good.substr(0, 547), good + "x", Head() + noZero}) {
         index = bad;
         EXPECT_THROW(fStore.GetNames(), std::logic_error);
         EXPECT_THROW(Picture(MakeTag("PNGf"), "Button"), std::logic_error) << "and again";

@@ -1,7 +1,7 @@
-#include "foundation/exceptions.h"
-#include "images/dual_picture.h"
-#include "images/picture_states.h"
-#include "images/resource_data_provider.h"
+#include "foundation/errors/exceptions.h"
+#include "images/icons/resource_data_provider.h"
+#include "images/pictures/dual_picture.h"
+#include "images/pictures/picture_states.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -60,15 +60,17 @@ TEST(ModuleIcons, DecodeToTheSizesInTheIndex)
             const CMemoryPixmap* high = picture.GetPixmap(kDensity_High);
             ASSERT_NE(high, nullptr) << name;
             EXPECT_EQ(high->GetBounds(), (Rect{0, 0, 2 * width, 2 * height})) << name;
-            EXPECT_THAT(Alpha(picture), testing::Contains(testing::Gt(20))) << name << " can't be seen";
+            EXPECT_THAT(Alpha(picture), testing::Contains(testing::Gt(20)))
+                << name << " can't be seen";
             if (name.starts_with("Alpha_")) {
                 EXPECT_GT(picture.GetHotSpot().x, 0) << name;
-                EXPECT_TRUE(picture.GetHotSpot().x < width && picture.GetHotSpot().y < height) << name;
+                EXPECT_TRUE(picture.GetHotSpot().x < width && picture.GetHotSpot().y < height)
+                    << name;
             }
         }
-    EXPECT_THAT(store.GetNames(),
-                IsSupersetOf({"InfoWarning", "SBH_ThumbLeft", "ElkTabBackCont", "About", "SliderGrooveHMid", "Dial",
-                              "DialHub", "DiscloseLeft", "Alpha_26000", "Alpha_26019"}));
+    EXPECT_THAT(store.GetNames(), IsSupersetOf({"InfoWarning", "SBH_ThumbLeft", "ElkTabBackCont",
+                                                "About", "SliderGrooveHMid", "Dial", "DialHub",
+                                                "DiscloseLeft", "Alpha_26000", "Alpha_26019"}));
 }
 
 TEST(DualPicture, IsLoadedByNameNumberAndEitherTag)

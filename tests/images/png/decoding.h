@@ -1,10 +1,10 @@
 // Decoding as the tests want it: from bytes, to samples.
 #pragma once
 
-#include "foundation/memory_container.h"
+#include "foundation/streams/memory_container.h"
 #include "images/png/png_decoder.h"
 #include "images/png/png_writer.h"
-#include "pixels/memory_pixmap.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 
 #include <memory>
 
@@ -32,7 +32,8 @@ inline Bytes SamplesOf(const Kesto::CBasicPixmap& pixmap)
     for (std::int32_t y = 0; y < view.height; ++y)
         for (std::int32_t x = 0; x < view.width; ++x)
             for (std::int32_t plane = 0; plane < view.planeCount; ++plane)
-                samples.push_back(view.planePointers[static_cast<std::size_t>(plane)][y * view.rowBytes + x]);
+                samples.push_back(
+                    view.planePointers[static_cast<std::size_t>(plane)][y * view.rowBytes + x]);
     return samples;
 }
 

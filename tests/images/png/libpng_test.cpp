@@ -12,11 +12,13 @@ Bytes ReferenceSamples(const Bytes& file)
 {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    EXPECT_NE(png_image_begin_read_from_memory(&image, file.data(), file.size()), 0) << image.message;
-    image.format &=
-        ~static_cast<png_uint_32>(PNG_FORMAT_FLAG_COLORMAP); // colours for indices, alpha where there is any
+    EXPECT_NE(png_image_begin_read_from_memory(&image, file.data(), file.size()), 0)
+        << image.message;
+    image.format &= ~static_cast<png_uint_32>(
+        PNG_FORMAT_FLAG_COLORMAP); // colours for indices, alpha where there is any
     Bytes samples(PNG_IMAGE_SIZE(image));
-    EXPECT_NE(png_image_finish_read(&image, nullptr, samples.data(), 0, nullptr), 0) << image.message;
+    EXPECT_NE(png_image_finish_read(&image, nullptr, samples.data(), 0, nullptr), 0)
+        << image.message;
     return samples;
 }
 

@@ -1,5 +1,5 @@
 // Bad files: each ends in its message, and none in more memory than it could fill.
-#include "foundation/exceptions.h"
+#include "foundation/errors/exceptions.h"
 #include "images/png/decoding.h"
 
 #include <gtest/gtest.h>
@@ -11,13 +11,16 @@ using namespace TestPNG;
 
 namespace {
 
-constexpr const char* kSignatureText =
-    "$$$/Kesto/PNGDecoder/Error/InvalidSig=This is not valid PNG data. It does not begin with a proper signature.";
-constexpr const char* kHeaderText = "$$$/Kesto/PNGDecoder/Error/InvalidHeader=The PNG header data is not valid.";
-constexpr const char* kMemoryText = "$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.";
-constexpr const char* kDepthText = "$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.";
-constexpr const char* kEndText =
-    "$$$/Kesto/Container/Error/EndOfData=The end of data was reached while reading from a container.";
+constexpr const char* kSignatureText = "$$$/Kesto/PNGDecoder/Error/InvalidSig=This is not valid "
+                                       "PNG data. It does not begin with a proper signature.";
+constexpr const char* kHeaderText =
+    "$$$/Kesto/PNGDecoder/Error/InvalidHeader=The PNG header data is not valid.";
+constexpr const char* kMemoryText =
+    "$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.";
+constexpr const char* kDepthText =
+    "$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.";
+constexpr const char* kEndText = "$$$/Kesto/Container/Error/EndOfData=The end of data was reached "
+                                 "while reading from a container.";
 
 std::string ErrorOf(const Bytes& file)
 {
@@ -42,7 +45,8 @@ Bytes Cut(Bytes bytes, std::size_t size)
 
 TEST(PNGFailures, HaveTheirMessages)
 {
-    const Bytes grey = Header(2, 1, 8, 0), header = Chunk("IHDR", grey), good = File(grey, Deflated({0, 1, 2}));
+    const Bytes grey = Header(2, 1, 8, 0), header = Chunk("IHDR", grey),
+                good = File(grey, Deflated({0, 1, 2}));
     Bytes lying = good;
     lying[33] = 0xFF; // the length of the chunk behind the header
     struct {
@@ -53,17 +57,21 @@ TEST(PNGFailures, HaveTheirMessages)
         {"no defect", good, "no error"},
         {"an empty file", {}, kEndText},
         {"another signature", Joined({{138}, good}), kSignatureText},
-        {"another first chunk", Joined({Signature(), Chunk("IDAT", Bytes(13)), header}), kHeaderText},
+        {"another first chunk", Joined({Signature(), Chunk("IDAT", Bytes(13)), header}),
+         kHeaderText},
         {"a short header", File(Cut(grey, 12), {}), kHeaderText},
         {"a width below 0", File(Header(0x80000000, 1, 8, 0), {}), kHeaderText},
         {"a height below 0", File(Header(1, 0xFFFFFFFF, 8, 0), {}), kHeaderText},
         {"a row beyond 31 bits", File(Header(0x7FFFFFFF, 1, 8, 6), {}), kHeaderText},
         {"rows beyond 31 bits", File(Header(0x10000, 0x10000, 8, 0), {}), kHeaderText},
         {"a pixmap beyond 31 bits", File(Header(1, 0x30000000, 8, 0), {}), kHeaderText},
-        {"a pixmap of no height beyond 31 bits", File(Header(0x7FFFFFFF, 0, 8, 0), {}), kHeaderText},
+        {"a pixmap of no height beyond 31 bits", File(Header(0x7FFFFFFF, 0, 8, 0), {}),
+         kHeaderText},
         {"a pass beyond 31 bits", File(Header(0x7000, 0xFFFF, 255, 0, 0, 1), {}), kHeaderText},
-        {"passes beyond 31 bits together", File(Header(1, 0x1FFFFFFF, 24, 0, 0, 1), {}), kHeaderText},
-        {"more pixels than the data could fill", File(Header(20000, 20000, 8, 6), Deflated({0})), kHeaderText},
+        {"passes beyond 31 bits together", File(Header(1, 0x1FFFFFFF, 24, 0, 0, 1), {}),
+         kHeaderText},
+        {"more pixels than the data could fill", File(Header(20000, 20000, 8, 6), Deflated({0})),
+         kHeaderText},
         {"no image data", File(grey, {}), kMemoryText},
         {"image data that isn't deflated", File(grey, {1, 2, 3, 4, 5, 6, 7}), kMemoryText},
         {"image data that is cut", File(grey, Cut(Deflated({0, 1, 2}), 9)), kMemoryText},
@@ -75,7 +83,8 @@ TEST(PNGFailures, HaveTheirMessages)
         {"a depth of 16", File(Header(2, 1, 16, 6), Deflated(Bytes(17, 4))), kDepthText},
         {"a depth of 255", File(Header(2, 3, 255, 6), Deflated(Bytes(768, 4))), kDepthText},
         {"a depth and data that are bad", File(Header(2, 1, 16, 6), {1}), kMemoryText},
-        {"a depth and a color type that are bad", File(Header(2, 1, 16, 1), Deflated({0})), kDepthText},
+        {"a depth and a color type that are bad", File(Header(2, 1, 16, 1), Deflated({0})),
+         kDepthText},
         {"no color type, no filter bytes", File(Header(2, 1, 16, 1, 1), Deflated({})), kDepthText},
         {"a short transparency", Joined({Signature(), header, Chunk("tRNS", {0}), good}), kEndText},
         {"no end chunk", Cut(good, good.size() - 12), kEndText},

@@ -14,7 +14,8 @@ namespace {
 Bytes ExpectedSamples(const Picture& picture)
 {
     Bytes expected;
-    for (auto pixel = picture.samples.begin(); pixel != picture.samples.end(); pixel += picture.Channels()) {
+    for (auto pixel = picture.samples.begin(); pixel != picture.samples.end();
+         pixel += picture.Channels()) {
         Bytes planes(pixel, pixel + picture.Channels());
         Bytes wide; // the pixel as the chunk has its key
         for (const std::uint8_t sample : planes)
@@ -22,7 +23,8 @@ Bytes ExpectedSamples(const Picture& picture)
         if (picture.colorType == 3)
             planes.assign(&picture.palette[3U * *pixel], &picture.palette[3U * *pixel] + 3);
         if (!picture.transparency.empty() && picture.colorType == 3)
-            planes.push_back(*pixel < picture.transparency.size() ? picture.transparency[*pixel] : 255);
+            planes.push_back(*pixel < picture.transparency.size() ? picture.transparency[*pixel]
+                                                                  : 255);
         else if (!picture.transparency.empty())
             planes.push_back(wide == picture.transparency ? 0 : 255);
         expected.insert(expected.end(), planes.begin(), planes.end());
@@ -32,8 +34,9 @@ Bytes ExpectedSamples(const Picture& picture)
 
 void ExpectSamePixels(const Picture& picture, const Bytes& filters)
 {
-    SCOPED_TRACE(testing::Message() << "colour type " << int{picture.colorType} << ", " << picture.width << " x "
-                                    << picture.height << ", first filter " << int{filters[0]});
+    SCOPED_TRACE(testing::Message()
+                 << "colour type " << int{picture.colorType} << ", " << picture.width << " x "
+                 << picture.height << ", first filter " << int{filters[0]});
     const auto pixmap = Decode(Encoded(picture, filters, 100));
     ASSERT_NE(pixmap, nullptr);
     ASSERT_EQ(pixmap->GetSize(), (Point{picture.width, picture.height}));
@@ -44,7 +47,8 @@ void ExpectSamePixels(const Picture& picture, const Bytes& filters)
 TEST(PNGPictures, OfEveryKindSizeAndFilterAreDecodedToTheBit)
 {
     for (std::int32_t size = 1; size <= 40; ++size)
-        for (const Picture& picture : EveryKind(size, 1 + size * 7 % 40, static_cast<std::uint32_t>(size)))
+        for (const Picture& picture :
+             EveryKind(size, 1 + size * 7 % 40, static_cast<std::uint32_t>(size)))
             for (const Bytes& filters : {Bytes{0}, {1}, {2}, {3}, {4}, {4, 3, 1, 2, 0, 3, 4, 7}})
                 ExpectSamePixels(picture, filters);
     for (const Point size : {Point{517, 131}, {3, 1500}, {1500, 3}})
@@ -71,8 +75,8 @@ Bytes Rows(const Bytes& rows)
 TEST(PNGChunks, OfUnusualOrderSizeAndMeaningAreTaken)
 {
     std::vector<Bytes> unused;
-    for (const char* type : {"bKGD", "cHRM", "gAMA", "hIST", "iCCP", "iTXt", "pHYs", "sBIT", "sPLT", "sRGB", "tEXt",
-                             "tIME", "zTXt", "abCD", "IHDR"})
+    for (const char* type : {"bKGD", "cHRM", "gAMA", "hIST", "iCCP", "iTXt", "pHYs", "sBIT", "sPLT",
+                             "sRGB", "tEXt", "tIME", "zTXt", "abCD", "IHDR"})
         unused.push_back(Chunk(type, {1, 2, 3}));
     unused.push_back(Rows({0, 6}));
     Bytes withUnused = FileOf(Header(1, 1, 8, 0), unused);
@@ -85,16 +89,20 @@ TEST(PNGChunks, OfUnusualOrderSizeAndMeaningAreTaken)
          FileOf(Header(2, 1, 8, 0), {Chunk("tRNS", {1, 44}), Rows({0, 44, 45})}),
          {44, 255, 45, 255}},
         {"any order; the third entry is cut off, so its index finds the black of a new palette",
-         FileOf(Header(3, 1, 8, 3), {Chunk("tRNS", {7, 8}), Rows({0, 1, 0, 2}), Chunk("PLTE", {1, 2, 3, 4, 5, 6, 9})}),
+         FileOf(Header(3, 1, 8, 3),
+                {Chunk("tRNS", {7, 8}), Rows({0, 1, 0, 2}), Chunk("PLTE", {1, 2, 3, 4, 5, 6, 9})}),
          {4, 5, 6, 8, 1, 2, 3, 7, 0, 0, 0, 255}},
         {"more than the palette holds is cut",
-         FileOf(Header(1, 1, 8, 3), {Chunk("PLTE", Bytes(1000, 9)), Chunk("tRNS", Bytes(300, 5)), Rows({0, 255})}),
+         FileOf(Header(1, 1, 8, 3),
+                {Chunk("PLTE", Bytes(1000, 9)), Chunk("tRNS", Bytes(300, 5)), Rows({0, 255})}),
          {9, 9, 9, 5}},
         {"chunks without a meaning here", withUnused, {6}},
         {"another filter method: a row's first sample is its filter",
          FileOf(Header(3, 2, 8, 0, 1), {Rows({1, 5, 6, 2, 7, 7})}),
          {1, 5, 11, 2, 12, 18}},
-        {"missing rows are black", FileOf(Header(2, 3, 8, 0), {Rows({0, 1, 2, 0, 3})}), {1, 2, 3, 0, 0, 0}},
+        {"missing rows are black",
+         FileOf(Header(2, 3, 8, 0), {Rows({0, 1, 2, 0, 3})}),
+         {1, 2, 3, 0, 0, 0}},
     };
     for (const auto& [what, file, samples] : kRows)
         EXPECT_EQ(SamplesOf(*Decode(file)), samples) << what;
@@ -128,7 +136,8 @@ TEST(PNGDecoder, TransfersToAPixmapOfTheHeadersShape)
     stream.Seek(0);
     CPNGDecoder decoder;
     decoder.ReadHeader(stream);
-    CMemoryPixmap fitting(8, 2, 1, 2, 4, 0), flat(8, 2, 1, 1, 4, 0), narrow(8, 1, 1, 2, 4, 0), deep(16, 2, 1, 2, 4, 0);
+    CMemoryPixmap fitting(8, 2, 1, 2, 4, 0), flat(8, 2, 1, 1, 4, 0), narrow(8, 1, 1, 2, 4, 0),
+        deep(16, 2, 1, 2, 4, 0);
     const Bytes row{0, 1, 2, 3, 4};
     decoder.TransferTo(fitting, row);
     EXPECT_EQ(SamplesOf(fitting), (Bytes{1, 2, 3, 4}));

@@ -36,7 +36,9 @@ int Prediction(std::uint8_t filter, int left, int up, int corner)
     const auto isNearest = [&](int a, int b, int c) {
         return std::abs(sum - a) <= std::min(std::abs(sum - b), std::abs(sum - c));
     };
-    const int paeth = isNearest(left, up, corner) ? left : isNearest(up, left, corner) ? up : corner;
+    const int paeth = isNearest(left, up, corner)   ? left
+                      : isNearest(up, left, corner) ? up
+                                                    : corner;
     const int predictions[] = {0, left, up, (left + up) / 2, paeth};
     return filter < 5 ? predictions[filter] : 0;
 }
@@ -56,7 +58,8 @@ std::vector<Picture> EveryKind(std::int32_t width, std::int32_t height, std::uin
     std::vector<Picture> kinds;
     for (const std::uint8_t colorType : {0, 2, 3, 4, 6}) {
         Picture picture{width, height, colorType, false, {}, {}, {}};
-        picture.samples.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * picture.Channels());
+        picture.samples.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
+                               picture.Channels());
         std::uint8_t last = 0;
         for (std::uint8_t& sample : picture.samples)
             sample = last = byte() % 2 != 0 ? last : byte();
@@ -66,7 +69,8 @@ std::vector<Picture> EveryKind(std::int32_t width, std::int32_t height, std::uin
         for (std::uint8_t i = 0; i < 100 && colorType == 3; ++i)
             transparent.transparency.push_back(2 * i);
         for (std::size_t c = 0; c < picture.Channels() && colorType != 3; ++c)
-            transparent.transparency.insert(transparent.transparency.end(), {0, picture.samples[c]});
+            transparent.transparency.insert(transparent.transparency.end(),
+                                            {0, picture.samples[c]});
         for (const bool interlaced : {false, true}) {
             picture.interlaced = transparent.interlaced = interlaced;
             if (colorType != 6 || !interlaced)
@@ -89,16 +93,19 @@ Bytes FilteredRows(const Picture& picture, const Bytes& filters)
             continue;
         const auto sample = [&](std::int32_t x, std::int32_t y, std::int32_t c) -> int {
             const std::ptrdiff_t pixel = std::ptrdiff_t{y} * picture.width + x;
-            return x < x0 || y < y0 ? 0 : picture.samples[static_cast<std::size_t>(pixel * channels + c)];
+            return x < x0 || y < y0
+                       ? 0
+                       : picture.samples[static_cast<std::size_t>(pixel * channels + c)];
         };
         for (std::int32_t y = y0, row = 0; y < picture.height; y += dy, ++row) {
             const std::uint8_t filter = filters[static_cast<std::size_t>(row) % filters.size()];
             out.push_back(filter);
             for (std::int32_t x = x0; x < picture.width; x += dx)
                 for (std::int32_t c = 0; c < channels; ++c)
-                    out.push_back(static_cast<std::uint8_t>(sample(x, y, c) - Prediction(filter, sample(x - dx, y, c),
-                                                                                         sample(x, y - dy, c),
-                                                                                         sample(x - dx, y - dy, c))));
+                    out.push_back(static_cast<std::uint8_t>(sample(x, y, c) -
+                                                            Prediction(filter, sample(x - dx, y, c),
+                                                                       sample(x, y - dy, c),
+                                                                       sample(x - dx, y - dy, c))));
         }
     }
     return out;
@@ -126,7 +133,8 @@ Bytes Chunk(std::string_view type, const Bytes& payload)
     Bytes chunk;
     Append32(chunk, static_cast<std::uint32_t>(payload.size()));
     Append(chunk, body);
-    Append32(chunk, static_cast<std::uint32_t>(crc32(0, body.data(), static_cast<uInt>(body.size()))));
+    Append32(chunk,
+             static_cast<std::uint32_t>(crc32(0, body.data(), static_cast<uInt>(body.size()))));
     return chunk;
 }
 
@@ -162,12 +170,14 @@ Bytes Encoded(const Picture& picture, const Bytes& filters, std::size_t pieceByt
         chunks.push_back(Chunk("tRNS", picture.transparency));
     const Bytes data = Deflated(FilteredRows(picture, filters), level);
     for (auto from = data.begin(); from != data.end();) {
-        const auto end = from + std::min(data.end() - from, static_cast<std::ptrdiff_t>(pieceBytes));
+        const auto end =
+            from + std::min(data.end() - from, static_cast<std::ptrdiff_t>(pieceBytes));
         chunks.push_back(Chunk("IDAT", Bytes(from, end)));
         from = end;
     }
-    return FileOf(Header(static_cast<std::uint32_t>(picture.width), static_cast<std::uint32_t>(picture.height), 8,
-                         picture.colorType, 0, picture.interlaced ? 1 : 0),
+    return FileOf(Header(static_cast<std::uint32_t>(picture.width),
+                         static_cast<std::uint32_t>(picture.height), 8, picture.colorType, 0,
+                         picture.interlaced ? 1 : 0),
                   chunks);
 }
 

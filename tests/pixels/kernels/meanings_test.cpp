@@ -1,7 +1,7 @@
 // What the kernels compute, on pictures small enough to check by hand.
-#include "pixels/blend_table.h"
 #include "pixels/kernels/arithmetic.h"
 #include "pixels/kernels/blend.h"
+#include "pixels/kernels/blend_table.h"
 #include "pixels/kernels/box.h"
 #include "pixels/kernels/colour.h"
 #include "pixels/kernels/mosaic.h"
@@ -50,8 +50,9 @@ TEST(Blending, KeepsAColourUnderItselfAndServesEachPlaneWithOneMask)
     const CPicture ramp(8, 256, 1, 1);
     std::iota(&ramp.At(0, 0), &ramp.At(0, 0) + 256, std::uint8_t{0});
     const std::array<std::uint8_t, 1> colour = {93};
-    EXPECT_EQ(Made(256, 1, [&](const CPixView& out) { BlendColours(out, colour, colour, ramp.View()); }),
-              (Rows{std::vector<std::uint8_t>(256, 93)}));
+    EXPECT_EQ(
+        Made(256, 1, [&](const CPixView& out) { BlendColours(out, colour, colour, ramp.View()); }),
+        (Rows{std::vector<std::uint8_t>(256, 93)}));
     const CPicture out(8, 2, 1, 3);
     std::fill(out.Bytes().begin(), out.Bytes().end(), std::uint8_t{10});
     const CPicture mask = PictureOf({{0, 255}});
@@ -67,12 +68,15 @@ TEST(Arithmetic, WrapsOrHolds)
     const CPixView b = second.View();
     EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddWrapping(out, a, b); }), (Rows{{44, 30}}));
     EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddCapped(out, a, b); }), (Rows{{255, 30}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractWrapping(out, a, b); }), (Rows{{100, 246}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractFloored(out, a, b); }), (Rows{{100, 0}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractWrapping(out, a, b); }),
+              (Rows{{100, 246}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractFloored(out, a, b); }),
+              (Rows{{100, 0}}));
     std::array<std::int32_t, 256> table{};
     table[100] = 1000;
     table[20] = -3;
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddLookup(out, a, b, table); }), (Rows{{255, 7}}));
+    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddLookup(out, a, b, table); }),
+              (Rows{{255, 7}}));
     std::vector<std::uint8_t> levels(65536);
     levels[3 << 8 | 200] = 99;
     const std::span<const std::uint8_t, 65536> all(levels);
@@ -100,7 +104,8 @@ TEST(Boxes, MeansAreTruncatedOrRoundedAndMayLean)
     EXPECT_EQ(mean(source, {2, 2}, false), (Rows{{0, 2}}));
     EXPECT_EQ(mean(source, {2, 2}, true), (Rows{{1, 3}}));
     const CPicture slope = PictureOf({{1, 2, 3, 4}, {10, 20, 30, 40}});
-    EXPECT_EQ(mean(slope, {1, 2, 1}, false), (Rows{{6, 11, 17}})) << "the upper row is one further right";
+    EXPECT_EQ(mean(slope, {1, 2, 1}, false), (Rows{{6, 11, 17}}))
+        << "the upper row is one further right";
     EXPECT_EQ(mean(slope, {1, 2, -1}, false), (Rows{{10, 16, 21}})) << "the lower row is";
 }
 
@@ -117,21 +122,35 @@ TEST(Boxes, MeansOf32BitPixels)
 TEST(Boxes, ExtremesAndTheirDifference)
 {
     const CPicture source = PictureOf({{5, 9, 1}, {4, 2, 8}});
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { Dilate(out, source.View(), {2, 2}); }), (Rows{{9, 9}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { Erode(out, source.View(), {2, 2}); }), (Rows{{2, 1}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { BoxRange(out, source.View(), {2, 2}); }), (Rows{{7, 8}}));
+    EXPECT_EQ(Made(2, 1,
+                   [&](const CPixView& out) {
+                       Dilate(out, source.View(), {2, 2});
+                   }),
+              (Rows{{9, 9}}));
+    EXPECT_EQ(Made(2, 1,
+                   [&](const CPixView& out) {
+                       Erode(out, source.View(), {2, 2});
+                   }),
+              (Rows{{2, 1}}));
+    EXPECT_EQ(Made(2, 1,
+                   [&](const CPixView& out) {
+                       BoxRange(out, source.View(), {2, 2});
+                   }),
+              (Rows{{7, 8}}));
 }
 
 TEST(Boxes, RankIsTheLowestBinWithThatManyAtOrBelow)
 {
     const CPicture source(32, 5, 1, 1);
     for (std::int32_t x = 0; x < 5; ++x)
-        source.At<std::uint32_t>(x, 0) = std::array{7u, 1u, 9u, 1u, 400u}[static_cast<std::size_t>(x)];
+        source.At<std::uint32_t>(x, 0) =
+            std::array{7u, 1u, 9u, 1u, 400u}[static_cast<std::size_t>(x)];
     const CPicture out(32, 3, 1, 1);
     std::vector<std::int32_t> counts(16);
     const auto ranked = [&](std::int32_t rank) {
         Rank(out.View(), source.View(), {3, 1}, rank, counts);
-        return std::vector{out.At<std::uint32_t>(0, 0), out.At<std::uint32_t>(1, 0), out.At<std::uint32_t>(2, 0)};
+        return std::vector{out.At<std::uint32_t>(0, 0), out.At<std::uint32_t>(1, 0),
+                           out.At<std::uint32_t>(2, 0)};
     };
     EXPECT_EQ(ranked(2), (std::vector{7u, 1u, 9u}));
     EXPECT_EQ(ranked(3), (std::vector{9u, 9u, 15u})); // 400 counts in the last bin
@@ -145,7 +164,8 @@ TEST(Neighbours, LightFallsFromTheDirectionCounted)
     std::iota(table.begin(), table.end(), 0);
     const CPicture source = PictureOf({{1, 2, 3}, {4, 0, 5}, {6, 7, 8}});
     const CPicture out(8, 1, 1, 1);
-    // Sums on either side: top 1 2 3, bottom 6 7 8, right 3 5 8, left 1 4 6, and the corners between.
+    // Sums on either side: top 1 2 3, bottom 6 7 8, right 3 5 8, left 1 4 6, and the corners
+    // between.
     const int differences[8] = {6 - 21, 10 - 17, 16 - 11, 20 - 7, 21 - 6, 17 - 10, 11 - 16, 7 - 20};
     for (std::int32_t direction = 0; direction < 8; ++direction) {
         for (const int base : {100, 250}) {

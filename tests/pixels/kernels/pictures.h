@@ -3,8 +3,8 @@
 
 #include "pixels/kernels/cpu.h"
 #include "pixels/kernels/view_access.h"
-#include "pixels/memory_pixmap.h"
-#include "pixels/pixview.h"
+#include "pixels/pixmaps/memory_pixmap.h"
+#include "pixels/pixmaps/pixview.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -18,7 +18,8 @@ namespace Kesto::Testing {
 // A pixmap of odd row lengths with a view of it; everything is random, the padding too.
 class CPicture {
 public:
-    CPicture(std::int32_t bits, std::int32_t width, std::int32_t height, std::int32_t planes, std::uint32_t seed = 1)
+    CPicture(std::int32_t bits, std::int32_t width, std::int32_t height, std::int32_t planes,
+             std::uint32_t seed = 1)
         : fPixmap(bits, width, height, planes, 1, 0)
     {
         std::mt19937 random(seed);
@@ -76,7 +77,8 @@ private:
 // A picture with the given rows of bytes.
 inline CPicture PictureOf(const std::vector<std::vector<std::uint8_t>>& rows)
 {
-    CPicture picture(8, static_cast<std::int32_t>(rows[0].size()), static_cast<std::int32_t>(rows.size()), 1);
+    CPicture picture(8, static_cast<std::int32_t>(rows[0].size()),
+                     static_cast<std::int32_t>(rows.size()), 1);
     for (std::size_t y = 0; y < rows.size(); ++y)
         std::copy(rows[y].begin(), rows[y].end(), &picture.At(0, static_cast<std::int32_t>(y)));
     return picture;

@@ -1,4 +1,5 @@
-// Scaling of planes: the fast rows give the plain rows' bytes, and the arithmetic is the documented one.
+// Scaling of planes: the fast rows give the plain rows' bytes, and the arithmetic is the documented
+// one.
 #include "pixels/kernels/scaled.h"
 
 #include <gmock/gmock.h>
@@ -43,7 +44,8 @@ TYPED_TEST(ScaleTwins, OfEverySmallSize)
 TYPED_TEST(ScaleTwins, OfRatiosThatMatter)
 {
     const CPicture source(8 * sizeof(TypeParam), 592, 64, 1, 4);
-    for (const std::int32_t width : {592, 296, 295, 297, 160, 148, 100, 90, 74, 73, 37, 36, 5, 1, 888, 889, 1183})
+    for (const std::int32_t width :
+         {592, 296, 295, 297, 160, 148, 100, 90, 74, 73, 37, 36, 5, 1, 888, 889, 1183})
         for (const std::int32_t height : {64, 32, 17, 4, 1, 96, 95})
             ExpectTwins<TypeParam>(source, width, height);
 }

@@ -11,7 +11,9 @@ struct ScaledAxis {
     ScaledAxis(std::int32_t target, std::int32_t source, std::int32_t start)
     {
         axis.fStart = start;
-        axis.fMode = target < source ? ScaleMode::kReduce : target > source ? ScaleMode::kEnlarge : ScaleMode::kSame;
+        axis.fMode = target < source   ? ScaleMode::kReduce
+                     : target > source ? ScaleMode::kEnlarge
+                                       : ScaleMode::kSame;
         if (target < source)
             table = MakeReduceTable(target, source, start, axis.fScale);
         else if (target > source)
@@ -32,8 +34,8 @@ std::vector<std::uint8_t> Scaled(const CPicture& source, std::int32_t width, std
     const ScaledAxis columns(width, from.width, 3);
     const ScaledAxis rows(height, from.height, -7);
     std::vector<double> scratch(Kernels::ScaleScratchBytes<T>(width) / sizeof(double) + 1);
-    Kernels::ScalePlane<T>(Kernels::PlaneOf<T>(from, 0), Kernels::PlaneOf<T>(target.View(), 0), columns.axis, rows.axis,
-                           reinterpret_cast<std::byte*>(scratch.data()));
+    Kernels::ScalePlane<T>(Kernels::PlaneOf<T>(from, 0), Kernels::PlaneOf<T>(target.View(), 0),
+                           columns.axis, rows.axis, reinterpret_cast<std::byte*>(scratch.data()));
     return target.Copied();
 }
 

@@ -1,10 +1,10 @@
 // Walker, fills, grids, states and the pixmap scaler.
 #include "pixels/kernels/scaled.h"
-#include "pixels/pix_walker.h"
-#include "pixels/pixel_fill.h"
-#include "pixels/pixmap_scaler.h"
-#include "pixels/virtual_heap.h"
-#include "pixels/virtual_pixmap.h"
+#include "pixels/operations/pix_walker.h"
+#include "pixels/operations/pixel_fill.h"
+#include "pixels/operations/pixmap_scaler.h"
+#include "pixels/tiles/virtual_heap.h"
+#include "pixels/tiles/virtual_pixmap.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,8 @@ namespace {
 
 // A scaler over two pictures.
 struct Scaling {
-    Scaling(std::int32_t sourceWidth, std::int32_t sourceHeight, std::int32_t width, std::int32_t height)
+    Scaling(std::int32_t sourceWidth, std::int32_t sourceHeight, std::int32_t width,
+            std::int32_t height)
         : fSource(8, sourceWidth, sourceHeight, 1, 5), fTarget(8, width, height, 1, 6)
     {
         fScaler.SetPixmaps(&fTarget.Pixmap(), &fSource.Pixmap());
@@ -43,9 +44,11 @@ TEST(Walker, VisitsWhatAllRectanglesHave)
             return true;
         });
     const auto numbers = [](const CPixView& view) {
-        return std::array{view.x, view.y, view.width, view.height, view.firstPlane, view.planeCount};
+        return std::array{view.x,      view.y,          view.width,
+                          view.height, view.firstPlane, view.planeCount};
     };
-    EXPECT_EQ(numbers(read), (std::array{6, 4, 3, 6, 1, 1})) << "the target begins two columns into its rectangle";
+    EXPECT_EQ(numbers(read), (std::array{6, 4, 3, 6, 1, 1}))
+        << "the target begins two columns into its rectangle";
     EXPECT_EQ(numbers(written), (std::array{100, 101, 3, 6, 1, 1}));
 }
 
@@ -150,9 +153,10 @@ TEST(PixmapScaler, StepsFollowTheRatio)
 
 TEST(PixmapScaler, CellsGiveThePictureThatOneRunGives)
 {
-    const std::int32_t sizes[][4] = {{300, 200, 300, 200}, {300, 200, 150, 100}, {300, 200, 77, 61},
-                                     {100, 50, 383, 270},  {500, 40, 130, 120},  {40, 500, 200, 129},
-                                     {1, 1, 9, 9},         {600, 600, 1, 1},     {390, 10, 383, 10}};
+    const std::int32_t sizes[][4] = {
+        {300, 200, 300, 200}, {300, 200, 150, 100}, {300, 200, 77, 61},
+        {100, 50, 383, 270},  {500, 40, 130, 120},  {40, 500, 200, 129},
+        {1, 1, 9, 9},         {600, 600, 1, 1},     {390, 10, 383, 10}};
     for (const auto& size : sizes) {
         Scaling scaling(size[0], size[1], size[2], size[3]);
         std::uint32_t done = 0;
@@ -230,7 +234,8 @@ TEST(PixmapScaler, ScalesTheChosenPlanesOfPartsAtAnyOrigin)
     target.Pixmap().SetOrigin(1000, 0);
     const std::uint16_t edge = target.At<std::uint16_t>(9, 9, 1);
     CPixmapScaler scaler;
-    scaler.SetPixmaps(&target.Pixmap(), &source.Pixmap(), {1010, 10, 1040, 40}, {-10, 50, 20, 80}, 1, 1, 2, 1);
+    scaler.SetPixmaps(&target.Pixmap(), &source.Pixmap(), {1010, 10, 1040, 40}, {-10, 50, 20, 80},
+                      1, 1, 2, 1);
     scaler.DoCellsQuietly();
     EXPECT_EQ(target.At<std::uint16_t>(10, 10, 1), source.At<std::uint16_t>(0, 0, 2));
     EXPECT_EQ(target.At<std::uint16_t>(39, 39, 1), source.At<std::uint16_t>(29, 29, 2));
@@ -240,7 +245,9 @@ TEST(PixmapScaler, ScalesTheChosenPlanesOfPartsAtAnyOrigin)
 TEST(PagedPixmaps, AreFilledCopiedAndScaledLikeContiguousOnes)
 {
     CVirtualHeap heap;
-    const auto copyAll = [](CPixmap& to, CPixmap& from) { Copy(to, from, to.GetBounds(), from.GetBounds(), 0, -1); };
+    const auto copyAll = [](CPixmap& to, CPixmap& from) {
+        Copy(to, from, to.GetBounds(), from.GetBounds(), 0, -1);
+    };
     CPicture source(8, 300, 290, 2, 3);
     CVirtualPixmap paged(3, 300, 290, 2, 0, false, false, heap);
     copyAll(paged, source.Pixmap());

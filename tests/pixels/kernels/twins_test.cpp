@@ -1,4 +1,5 @@
-// Every kernel gives the same bytes with the plain loops as with the best instructions of the processor.
+// Every kernel gives the same bytes with the plain loops as with the best instructions of the
+// processor.
 #include "pixels/kernels/arithmetic.h"
 #include "pixels/kernels/blend.h"
 #include "pixels/kernels/box.h"
@@ -26,7 +27,8 @@ constexpr std::int32_t kWidths[] = {1, 2, 7, 15, 16, 31, 32, 33, 63, 65, 97, 131
 
 // Runs `kernel` on a fresh random target with both levels and compares all bytes of it.
 template <class Kernel>
-void ExpectTwins(std::int32_t bits, std::int32_t width, std::int32_t height, std::int32_t planes, const Kernel& kernel)
+void ExpectTwins(std::int32_t bits, std::int32_t width, std::int32_t height, std::int32_t planes,
+                 const Kernel& kernel)
 {
     const auto bytes = [&](CpuLevel level) {
         const CUseLevel use(level);
@@ -56,7 +58,8 @@ protected:
     const CPixView b = fDown.View();
 };
 
-std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t denominator, std::int32_t step)
+std::vector<std::int32_t> SharpenTable(std::int32_t numerator, std::int32_t denominator,
+                                       std::int32_t step)
 {
     std::vector<std::int32_t> table(kSharpenLevels);
     for (std::int32_t edge = -1020; edge <= 1020; ++edge)
@@ -107,8 +110,9 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
         Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
         SwapBytes(out, out);
     });
-    ExpectTwins(16, width, height, 1,
-                [](const CPixView& out) { Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234}); });
+    ExpectTwins(16, width, height, 1, [](const CPixView& out) {
+        Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234});
+    });
     expectTwins([&](const CPixView& out) {
         CPixView wide = out; // the same rows as 16-bit pixels at odd addresses
         wide.pixelBits = 16;
@@ -138,8 +142,10 @@ TEST_F(AllPairs, OfBlendingWithEveryAlpha)
         const std::array<std::uint8_t, 1> colour = {value};
         ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Blend(out, a, b, value); });
         if (alpha % 15 == 0) {
-            ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { BlendColour(out, colour, a, b); });
-            ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { BlendColour(out, colour, a, value); });
+            ExpectTwins(8, 256, 256, 1,
+                        [&](const CPixView& out) { BlendColour(out, colour, a, b); });
+            ExpectTwins(8, 256, 256, 1,
+                        [&](const CPixView& out) { BlendColour(out, colour, a, value); });
             ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Blend(out, a, a, b); });
         }
     }
@@ -163,7 +169,8 @@ TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)
     ExpectPixelTwins(1501, 1433); // 8.2 MiB in four planes
 }
 
-// Rows that follow each other without a gap are worked on as longer ones, the last run shorter than the others.
+// Rows that follow each other without a gap are worked on as longer ones, the last run shorter than
+// the others.
 TEST(Twins, PlanesWithoutGaps)
 {
     for (const std::int32_t width : {64, 40000}) {
@@ -196,7 +203,9 @@ TEST(Twins, MosaicOfTallCells)
     for (const CPixView& source : {mixed.View(), white.View()})
         for (const std::int32_t width : {1, 20})
             for (const std::int32_t height : {257, 258, 600})
-                ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) { Mosaic(out, source, {width, height}, true); });
+                ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) {
+                    Mosaic(out, source, {width, height}, true);
+                });
 }
 
 TEST(Twins, OverlappingRows)
@@ -231,16 +240,19 @@ TEST(Twins, ExchangedRows)
 
 TEST(Twins, BoxesOfManyShapes)
 {
-    constexpr BoxShape kShapes[] = {{1, 1},  {2, 3},   {3, 1},   {9, 9},    {4, 9},     {6, 2},   {7, 5}, {8, 3},
-                                    {10, 4}, {16, 16}, {31, 40}, {5, 3, 1}, {4, 4, -1}, {128, 2}, {1, 9}};
+    constexpr BoxShape kShapes[] = {{1, 1},   {2, 3},    {3, 1},     {9, 9},   {4, 9},
+                                    {6, 2},   {7, 5},    {8, 3},     {10, 4},  {16, 16},
+                                    {31, 40}, {5, 3, 1}, {4, 4, -1}, {128, 2}, {1, 9}};
     for (const BoxShape& shape : kShapes) {
         for (const std::int32_t width : kWidths) {
             const CPicture source(8, width + shape.ExtraColumns(), 12 + shape.ExtraRows(), 2, 5);
             const CPixView from = source.View();
             for (const bool rounds : {true, false})
-                ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { BoxMean(out, from, shape, rounds); });
+                ExpectTwins(8, width, 12, 2,
+                            [&](const CPixView& out) { BoxMean(out, from, shape, rounds); });
             for (const auto kernel : {Dilate, Erode, BoxRange})
-                ExpectTwins(8, width, 12, 2, [&](const CPixView& out) { kernel(out, from, shape); });
+                ExpectTwins(8, width, 12, 2,
+                            [&](const CPixView& out) { kernel(out, from, shape); });
         }
     }
 }
@@ -250,8 +262,11 @@ TEST(Twins, WhiteAndBlackBoxes)
     for (const std::int32_t size : {9, 11, 15, 16, 17}) {
         const CPicture source(8, 60 + size, 6 + size, 1);
         for (const int value : {0, 255}) {
-            std::fill(source.Bytes().begin(), source.Bytes().end(), static_cast<std::uint8_t>(value));
-            ExpectTwins(8, 60, 6, 1, [&](const CPixView& out) { BoxMean(out, source.View(), {size, size}, true); });
+            std::fill(source.Bytes().begin(), source.Bytes().end(),
+                      static_cast<std::uint8_t>(value));
+            ExpectTwins(8, 60, 6, 1, [&](const CPixView& out) {
+                BoxMean(out, source.View(), {size, size}, true);
+            });
         }
     }
 }
@@ -261,14 +276,17 @@ TEST(Twins, Ranks)
     for (const BoxShape shape : {BoxShape{1, 1}, {3, 3}, {9, 9}, {5, 2}, {20, 16}}) {
         for (const std::int32_t width : {1, 8, 33, 70}) {
             const CPicture source(32, width + shape.ExtraColumns(), 6 + shape.ExtraRows(), 1, 9);
-            for (const std::size_t levels : {std::size_t{1}, std::size_t{200}, std::size_t{256}, std::size_t{1000}}) {
+            for (const std::size_t levels :
+                 {std::size_t{1}, std::size_t{200}, std::size_t{256}, std::size_t{1000}}) {
                 std::vector<std::int32_t> counts(levels);
                 const CPixView from = source.View();
                 for (std::int32_t y = 0; y < from.height; ++y)
                     for (std::int32_t x = 0; x < from.width; ++x)
                         source.At<std::uint32_t>(x, y) %= 300;
-                for (const std::int32_t rank : {-1, 0, 1, shape.Area() / 2 + 1, shape.Area(), shape.Area() + 1})
-                    ExpectTwins(32, width, 6, 1, [&](const CPixView& out) { Rank(out, from, shape, rank, counts); });
+                for (const std::int32_t rank :
+                     {-1, 0, 1, shape.Area() / 2 + 1, shape.Area(), shape.Area() + 1})
+                    ExpectTwins(32, width, 6, 1,
+                                [&](const CPixView& out) { Rank(out, from, shape, rank, counts); });
             }
         }
     }
@@ -291,14 +309,19 @@ TEST(Twins, Neighbours)
         const CPixView under = base.View();
         for (std::int32_t direction = 0; direction < 8; ++direction) {
             for (const auto& [table, level] : {std::pair{relief, 128}, {huge, -5}, {steep, 4096}})
-                ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, table, direction, level); });
-            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { Emboss(out, from, relief, direction, under); });
+                ExpectTwins(8, width, 5, 2, [&](const CPixView& out) {
+                    Emboss(out, from, table, direction, level);
+                });
+            ExpectTwins(8, width, 5, 2,
+                        [&](const CPixView& out) { Emboss(out, from, relief, direction, under); });
         }
         for (const std::int32_t weight : {0, 1, 2, 4, 5, 12, 13, 100, 253, 254, 4000, -1, -3, -9})
-            ExpectTwins(8, width, 5, 2, [&](const CPixView& out) { NeighbourMean(out, from, weight); });
+            ExpectTwins(8, width, 5, 2,
+                        [&](const CPixView& out) { NeighbourMean(out, from, weight); });
         for (const auto& table :
-             {SharpenTable(1, 1, 0), SharpenTable(1, 2, 0), SharpenTable(77, 256, 0), SharpenTable(-3, 4, 0),
-              SharpenTable(1, 3, 0), SharpenTable(1, 2, 5), SharpenTable(90000, 1, 0), SharpenTable(4000, 256, 0)})
+             {SharpenTable(1, 1, 0), SharpenTable(1, 2, 0), SharpenTable(77, 256, 0),
+              SharpenTable(-3, 4, 0), SharpenTable(1, 3, 0), SharpenTable(1, 2, 5),
+              SharpenTable(90000, 1, 0), SharpenTable(4000, 256, 0)})
             ExpectTwins(8, width, 5, 2, [&](const CPixView& out) {
                 Sharpen(out, from, std::span<const std::int32_t, kSharpenLevels>(table));
             });
@@ -308,8 +331,8 @@ TEST(Twins, Neighbours)
 TEST(Twins, NoiseOfManyAmounts)
 {
     const CPicture source(8, 203, 40, 1, 6);
-    for (const std::int32_t amount :
-         {0, 1, -1, 3, 40, 255, -255, 1000, 10922, 10923, -10922, 100000, 2147483647, -2147483647 - 1}) {
+    for (const std::int32_t amount : {0, 1, -1, 3, 40, 255, -255, 1000, 10922, 10923, -10922,
+                                      100000, 2147483647, -2147483647 - 1}) {
         ExpectTwins(8, 203, 40, 1, [&](const CPixView& out) {
             std::uint32_t seed = 99;
             AddNoise(out, source.View(), amount, seed);

@@ -1,5 +1,5 @@
-#include "platform/linux/input.h"
-#include "platform/message_numbers.h"
+#include "platform/input/linux/input.h"
+#include "platform/input/message_numbers.h"
 #include "test_messengers.h"
 
 #include <gtest/gtest.h>
@@ -8,8 +8,14 @@ namespace {
 
 class Windowed : public Node {
 public:
-    Windowed(const char* name, CMessenger* parent) : CMessenger(parent, Kesto::CObjID(name), kBoth), Node(name) {}
-    Platform::NativeWindow GetSystemWindow() override { return this; }
+    Windowed(const char* name, CMessenger* parent)
+        : CMessenger(parent, Kesto::CObjID(name), kBoth), Node(name)
+    {
+    }
+    Platform::NativeWindow GetSystemWindow() override
+    {
+        return reinterpret_cast<Platform::NativeWindow>(this);
+    }
 };
 
 // Linux takes any address for a native window.
@@ -19,10 +25,11 @@ TEST(NativeFocusTest, FollowsTheBullseye)
     Windowed window("w", &process);
     Node field("f", &window);
     EXPECT_TRUE(field.BecomeBullseyeAndNotify(false));
-    EXPECT_EQ(Platform::FocusedWindow(), &window);
-    EXPECT_EQ(field.GetParentSystemWindow(), &window);
+    EXPECT_EQ(Platform::FocusedWindow(), window.GetSystemWindow());
+    EXPECT_EQ(field.GetParentSystemWindow(), window.GetSystemWindow());
     EXPECT_TRUE(process.BecomeBullseye(false));
-    EXPECT_EQ(Platform::FocusedWindow(), &window) << "one without a window takes it from none";
+    EXPECT_EQ(Platform::FocusedWindow(), window.GetSystemWindow())
+        << "one without a window takes it from none";
     Platform::FocusWindow(nullptr);
 }
 
@@ -30,9 +37,12 @@ TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
 {
     using Kesto::CCommandMessage;
     using Kesto::KeyMoment;
-    const auto modifiers = [](KeyMoment moment) { return CCommandMessage(nullptr, {}, moment).fModifiers; };
+    const auto modifiers = [](KeyMoment moment) {
+        return CCommandMessage(nullptr, {}, moment).fModifiers;
+    };
     const std::pair<Platform::Key, std::uint32_t> cases[] = {
-        {Platform::Key::kControl, CCommandMessage::kModifier_Control | CCommandMessage::kModifier_Command},
+        {Platform::Key::kControl,
+         CCommandMessage::kModifier_Control | CCommandMessage::kModifier_Command},
         {Platform::Key::kAlt, CCommandMessage::kModifier_Alt},
         {Platform::Key::kShift, CCommandMessage::kModifier_Shift},
         {Platform::Key::kSpace, CCommandMessage::kModifier_Space}};
@@ -52,7 +62,8 @@ TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
             take();
             EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? bits : 0);
         }
-    for (const std::uint32_t bits : {std::uint32_t{CCommandMessage::kModifier_CapsLock}, 0U}) { // it stays on
+    for (const std::uint32_t bits :
+         {std::uint32_t{CCommandMessage::kModifier_CapsLock}, 0U}) { // it stays on
         for (const std::uint32_t number : {Platform::Number::kKeyDown, Platform::Number::kKeyUp}) {
             inject(Platform::Key::kCapsLock, number);
             take();

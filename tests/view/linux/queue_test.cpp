@@ -1,11 +1,11 @@
 // The queue's own rules, with input at times and places of our choice.
-#include "platform/keyboard.h"
-#include "platform/linux/input.h"
-#include "platform/message_numbers.h"
-#include "platform/message_queue.h"
-#include "platform/mouse.h"
-#include "platform/system_timer.h"
-#include "platform/ticks.h"
+#include "platform/input/keyboard.h"
+#include "platform/input/linux/input.h"
+#include "platform/input/message_numbers.h"
+#include "platform/input/message_queue.h"
+#include "platform/input/pointer.h"
+#include "platform/input/system_timer.h"
+#include "platform/system/machine.h"
 
 #include <gmock/gmock.h>
 
@@ -42,8 +42,8 @@ protected:
         return numbers;
     }
 
-    void Inject(std::uint32_t number, std::uint32_t time, std::int32_t x = 0, std::uintptr_t first = 0,
-                std::u16string text = {})
+    void Inject(std::uint32_t number, std::uint32_t time, std::int32_t x = 0,
+                std::uintptr_t first = 0, std::u16string text = {})
     {
         InjectInput({window.Handle(), number, first, 0, time, x, 0}, std::move(text));
     }

@@ -1,6 +1,6 @@
 #include "test_window.h"
 
-#include "platform/linux/input.h"
+#include "platform/input/linux/input.h"
 
 #include <ctime>
 

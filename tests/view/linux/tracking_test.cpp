@@ -2,13 +2,13 @@
 #include "test_pump.h"
 #include "test_window.h"
 
-#include "foundation/service.h"
-#include "platform/keyboard.h"
-#include "platform/linux/input.h"
-#include "view/desktop.h"
-#include "view/message_ids.h"
-#include "view/mouse_history.h"
-#include "view/tracker.h"
+#include "foundation/base/service.h"
+#include "platform/input/keyboard.h"
+#include "platform/input/linux/input.h"
+#include "view/input/mouse_history.h"
+#include "view/messages/message_ids.h"
+#include "view/process/desktop.h"
+#include "view/process/tracker.h"
 
 #include <gmock/gmock.h>
 
@@ -50,7 +50,8 @@ protected:
         Kesto::CServiceT<CDesktop>::Holder().Destroy();
     }
 
-    void Inject(std::uint32_t number, std::uint32_t time, std::int32_t x = 0, std::uintptr_t first = 0)
+    void Inject(std::uint32_t number, std::uint32_t time, std::int32_t x = 0,
+                std::uintptr_t first = 0)
     {
         Platform::InjectInput({window.Handle(), number, first, 0, time, x, 0});
     }
@@ -81,7 +82,8 @@ TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
     Inject(kLeftDown, 1);
     process.PumpQuiet();
     window.received.clear();
-    Inject(kKeyDown, std::numeric_limits<std::uint32_t>::max()); // the clock starts over between the two
+    Inject(kKeyDown,
+           std::numeric_limits<std::uint32_t>::max()); // the clock starts over between the two
     Inject(kMouseMove, 3, 50);
     Platform::PostToQueue(window.Handle(), kUser);
     process.PostMark(0, 1);
@@ -135,7 +137,8 @@ TEST_F(Input, TheHistoryBringsEachPlaceOnce)
 TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
 {
     EXPECT_EQ(process.Pressure(), -2.0F);
-    const std::pair<std::uint32_t, float> cases[] = {{0, -1.0F}, {500, 0.5F}, {5000, 1.0F}, {0, -1.0F}};
+    const std::pair<std::uint32_t, float> cases[] = {
+        {0, -1.0F}, {500, 0.5F}, {5000, 1.0F}, {0, -1.0F}};
     for (const auto& [raw, pressure] : cases) {
         Platform::InjectPen(3, {{0, 0, 1, raw}});
         Inject(kPenMoved, 1, 0, 3);
@@ -148,12 +151,19 @@ TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
 }
 
 struct Place : Kesto::CDesktopWindow, Platform::MessageReceiver {
-    Place(std::string itsName, std::vector<std::string>& itsLog) : name(std::move(itsName)), log(itsLog)
+    Place(std::string itsName, std::vector<std::string>& itsLog)
+        : name(std::move(itsName)), log(itsLog)
     {
         Kesto::CServiceT<CDesktop>::Get()->Add(*this);
     }
-    Platform::NativeWindow NativeHandle() const override { return const_cast<Place*>(this)->Handle(); }
-    bool Covers(Platform::ScreenPoint point) const override { return point.x / 100 == (name == "right" ? 1 : 0); }
+    Platform::NativeWindow NativeHandle() const override
+    {
+        return const_cast<Place*>(this)->Handle();
+    }
+    bool Covers(Platform::ScreenPoint point) const override
+    {
+        return point.x / 100 == (name == "right" ? 1 : 0);
+    }
     std::intptr_t Receive(std::uint32_t number, std::uintptr_t, std::intptr_t) override
     {
         if (number == kLeftDown)
@@ -260,7 +270,8 @@ TEST_F(Desktop, TheWindowUnderTheMouseFollowsIt)
         process.PostMark(1, 1);
         Platform::InjectInput({left.Handle(), kMouseMove, 0, 0, 1, 20, 0});
         process.GetNextEvent(Kesto::CProcess::kEvent_Poll);
-        EXPECT_EQ(left.over, follows ? 20 : -1) << "while the event goes first and the move is pending";
+        EXPECT_EQ(left.over, follows ? 20 : -1)
+            << "while the event goes first and the move is pending";
     }
 }
 

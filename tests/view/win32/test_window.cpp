@@ -1,6 +1,6 @@
 #include "test_window.h"
 
-#include "platform/message_numbers.h"
+#include "platform/input/message_numbers.h"
 
 #include <windows.h>
 
@@ -9,7 +9,8 @@ struct TestWindow::Native {
     {
         auto* const test = reinterpret_cast<TestWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         const bool counts = (number >= WM_KEYFIRST && number <= WM_KEYLAST) || number == WM_TIMER ||
-                            (number >= WM_MOUSEFIRST && number <= WM_MOUSELAST) || number >= WM_USER;
+                            (number >= WM_MOUSEFIRST && number <= WM_MOUSELAST) ||
+                            number >= WM_USER;
         if (test == nullptr || !counts)
             return DefWindowProcW(window, number, first, second);
         test->received.push_back(number);
@@ -29,8 +30,8 @@ TestWindow::TestWindow() : fNative(std::make_unique<Native>())
     kind.hInstance = GetModuleHandleW(nullptr);
     kind.lpszClassName = L"SidecarTestWindow";
     RegisterClassW(&kind);
-    fNative->handle =
-        CreateWindowExW(0, kind.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, kind.hInstance, nullptr);
+    fNative->handle = CreateWindowExW(0, kind.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
+                                      nullptr, kind.hInstance, nullptr);
     SetWindowLongPtrW(fNative->handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -38,7 +39,7 @@ TestWindow::~TestWindow() = default;
 
 Platform::NativeWindow TestWindow::Handle() const
 {
-    return fNative->handle;
+    return reinterpret_cast<Platform::NativeWindow>(fNative->handle);
 }
 
 double ProcessorSeconds()
@@ -49,7 +50,8 @@ double ProcessorSeconds()
     FILETIME user{};
     GetProcessTimes(GetCurrentProcess(), &made, &ended, &kernel, &user);
     const auto seconds = [](const FILETIME& time) {
-        return (static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime) * 1e-7;
+        return (static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime) *
+               1e-7;
     };
     return seconds(kernel) + seconds(user);
 }

@@ -47,11 +47,13 @@ struct AvxVector {
     }
     V Packed() const
     {
-        const __m128i places = _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
+        const __m128i places =
+            _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
         return {_mm256_shuffle_epi8(both, _mm256_broadcastsi128_si256(places))};
     }
 
-    // What comes into the first lane of either half: the first of `above`, and the last of the first half.
+    // What comes into the first lane of either half: the first of `above`, and the last of the
+    // first half.
     template <int kLane>
     static V Entering(V a, __m128i above)
     {
@@ -85,7 +87,8 @@ struct AvxVector {
 
 } // namespace
 
-void UnfilterWithAvx2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows, std::int32_t pixelBytes)
+void UnfilterWithAvx2(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
+                      std::int32_t pixelBytes)
 {
     UnfilterPixels<AvxVector>(data, rowBytes, rows, pixelBytes);
 }

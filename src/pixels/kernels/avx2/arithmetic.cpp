@@ -46,8 +46,8 @@ void SwapBytes(const std::uint32_t* source, std::uint32_t* out, std::size_t n)
 {
     if (Entangled(out, source, 4 * n))
         return PlainKernels().swapBytes(source, out, n);
-    const __m256i order = _mm256_setr_epi8(3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12, 3, 2, 1, 0, 7, 6, 5, 4,
-                                           11, 10, 9, 8, 15, 14, 13, 12);
+    const __m256i order = _mm256_setr_epi8(3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12, 3,
+                                           2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12);
     MapVectors<kPastCaches>(
         static_cast<Byte*>(static_cast<void*>(out)), 4 * n,
         [order](__m256i v) { return _mm256_shuffle_epi8(v, order); },
@@ -95,8 +95,8 @@ void Exchange(Byte* a, Byte* b, std::size_t n)
     PlainKernels().exchange(a + i, b + i, n - i);
 }
 
-// A table of 256 entries is 16 of 16: each is looked up with the low half of the pixel, and the high half's bits pick one
-// of them, two at a time.
+// A table of 256 entries is 16 of 16: each is looked up with the low half of the pixel, and the
+// high half's bits pick one of them, two at a time.
 template <bool kPastCaches>
 void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
 {
@@ -109,12 +109,18 @@ void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
     const __m256i lowBits = _mm256_set1_epi8(15);
     const auto look = [&](__m256i v) {
         const __m256i low = _mm256_and_si256(v, lowBits);
-        const __m256i bit6 = _mm256_slli_epi16(v, 1), bit5 = _mm256_slli_epi16(v, 2), bit4 = _mm256_slli_epi16(v, 3);
+        const __m256i bit6 = _mm256_slli_epi16(v, 1), bit5 = _mm256_slli_epi16(v, 2),
+                      bit4 = _mm256_slli_epi16(v, 3);
         const auto pair = [&](std::size_t i) {
-            return _mm256_blendv_epi8(_mm256_shuffle_epi8(parts[i], low), _mm256_shuffle_epi8(parts[i + 1], low), bit4);
+            return _mm256_blendv_epi8(_mm256_shuffle_epi8(parts[i], low),
+                                      _mm256_shuffle_epi8(parts[i + 1], low), bit4);
         };
-        const auto four = [&](std::size_t i) { return _mm256_blendv_epi8(pair(i), pair(i + 2), bit5); };
-        const auto eight = [&](std::size_t i) { return _mm256_blendv_epi8(four(i), four(i + 4), bit6); };
+        const auto four = [&](std::size_t i) {
+            return _mm256_blendv_epi8(pair(i), pair(i + 2), bit5);
+        };
+        const auto eight = [&](std::size_t i) {
+            return _mm256_blendv_epi8(four(i), four(i + 4), bit6);
+        };
         return _mm256_blendv_epi8(eight(0), eight(8), v);
     };
     MapVectors<kPastCaches>(out, n, look, source);

@@ -6,10 +6,12 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-// The blend table's value of sixteen pairs: ((a * v + 128) * 257) >> 16, which equals it for all pairs.
+// The blend table's value of sixteen pairs: ((a * v + 128) * 257) >> 16, which equals it for all
+// pairs.
 __m256i Weighted(__m256i alpha, __m256i value)
 {
-    const __m256i product = _mm256_add_epi16(_mm256_mullo_epi16(alpha, value), _mm256_set1_epi16(128));
+    const __m256i product =
+        _mm256_add_epi16(_mm256_mullo_epi16(alpha, value), _mm256_set1_epi16(128));
     return _mm256_mulhi_epu16(product, _mm256_set1_epi16(257));
 }
 
@@ -17,8 +19,10 @@ __m256i Weighted(__m256i alpha, __m256i value)
 __m256i WeightedBytes(__m256i alpha, __m256i value)
 {
     const __m256i zero = _mm256_setzero_si256();
-    const __m256i low = Weighted(_mm256_unpacklo_epi8(alpha, zero), _mm256_unpacklo_epi8(value, zero));
-    const __m256i high = Weighted(_mm256_unpackhi_epi8(alpha, zero), _mm256_unpackhi_epi8(value, zero));
+    const __m256i low =
+        Weighted(_mm256_unpacklo_epi8(alpha, zero), _mm256_unpacklo_epi8(value, zero));
+    const __m256i high =
+        Weighted(_mm256_unpackhi_epi8(alpha, zero), _mm256_unpackhi_epi8(value, zero));
     return _mm256_packus_epi16(low, high);
 }
 
@@ -26,7 +30,8 @@ __m256i WeightedBytes(__m256i alpha, __m256i value)
 struct Blended {
     __m256i operator()(__m256i source, __m256i below, __m256i alpha) const
     {
-        return _mm256_add_epi8(below, _mm256_sub_epi8(WeightedBytes(alpha, source), WeightedBytes(alpha, below)));
+        return _mm256_add_epi8(
+            below, _mm256_sub_epi8(WeightedBytes(alpha, source), WeightedBytes(alpha, below)));
     }
 };
 
@@ -76,7 +81,8 @@ void ApplyMask(const Byte* source, const Byte* mask, Byte* out, std::size_t n)
     if (Entangled(out, source, n) || Entangled(out, mask, n))
         return PlainKernels().applyMask(source, mask, out, n);
     MapVectors<kPastCaches>(
-        out, n, [](__m256i value, __m256i alpha) { return WeightedBytes(alpha, value); }, source, mask);
+        out, n, [](__m256i value, __m256i alpha) { return WeightedBytes(alpha, value); }, source,
+        mask);
 }
 
 template <bool kPastCaches>
@@ -85,7 +91,10 @@ void ApplyInvertedMask(const Byte* source, const Byte* mask, Byte* out, std::siz
     if (Entangled(out, source, n) || Entangled(out, mask, n))
         return PlainKernels().applyInvertedMask(source, mask, out, n);
     MapVectors<kPastCaches>(
-        out, n, [](__m256i value, __m256i alpha) { return _mm256_sub_epi8(value, WeightedBytes(alpha, value)); },
+        out, n,
+        [](__m256i value, __m256i alpha) {
+            return _mm256_sub_epi8(value, WeightedBytes(alpha, value));
+        },
         source, mask);
 }
 

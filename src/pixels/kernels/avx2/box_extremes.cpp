@@ -46,8 +46,9 @@ struct ColumnRow {
     Byte* fNewBelow;       // will be those with the entering row
 };
 
-// One row of boxes after the other, at three operations a pixel for any height: a block of rows as high as the box gets its
-// extremes from each row to the block's end; the rows below it add theirs as they come.
+// One row of boxes after the other, at three operations a pixel for any height: a block of rows as
+// high as the box gets its extremes from each row to the block's end; the rows below it add theirs
+// as they come.
 template <class Pick>
 class CColumns {
 public:
@@ -90,7 +91,8 @@ private:
         for (; i < fColumns; ++i) {
             Byte extreme = toEnd[i] = source[i];
             for (std::ptrdiff_t row = 1; row < fHeight; ++row)
-                (toEnd + i)[-row * fStride] = extreme = Pick()(extreme, (source + i)[-row * fSource.fRowBytes]);
+                (toEnd + i)[-row * fStride] = extreme =
+                    Pick()(extreme, (source + i)[-row * fSource.fRowBytes]);
         }
     }
 
@@ -105,7 +107,8 @@ private:
             from -= fSource.fRowBytes;
             to -= fStride;
             for (std::size_t k = 0; k < kCount; ++k)
-                Store(to + k * kVector, extremes[k] = Pick()(extremes[k], Load(from + k * kVector)));
+                Store(to + k * kVector,
+                      extremes[k] = Pick()(extremes[k], Load(from + k * kVector)));
         }
     }
 
@@ -118,8 +121,8 @@ private:
     Byte* fResult;
 };
 
-// The extremes of windows of `width` pixels from those of windows of `part` pixels, of which three cover one. `out` may be
-// `in`; both go on for a whole vector.
+// The extremes of windows of `width` pixels from those of windows of `part` pixels, of which three
+// cover one. `out` may be `in`; both go on for a whole vector.
 template <class Pick>
 void Widen(const Byte* in, Byte* out, std::size_t n, std::size_t part, std::size_t width)
 {
@@ -129,8 +132,8 @@ void Widen(const Byte* in, Byte* out, std::size_t n, std::size_t part, std::size
         Store(out + i, Pick()(Pick()(Load(in + i), Load(in + i + middle)), Load(in + i + last)));
 }
 
-// The extremes of windows of `width` pixels along a row: windows grow threefold. The result goes to `out`, which goes on
-// for a whole vector and may be `in`.
+// The extremes of windows of `width` pixels along a row: windows grow threefold. The result goes to
+// `out`, which goes on for a whole vector and may be `in`.
 template <class Pick>
 void AlongRow(const Byte* in, Byte* out, std::size_t n, std::size_t width)
 {
@@ -154,14 +157,16 @@ __m256i Widened(__m256i low, __m256i high)
         return Pick()(Pick()(low, Shifted<middle>(low, high)), Shifted<last>(low, high));
 }
 
-// Extremes of boxes up to nine pixels wide, without a stop in memory between the columns and the row: whole vectors from
-// pixel `i` to the row's end, at least two.
+// Extremes of boxes up to nine pixels wide, without a stop in memory between the columns and the
+// row: whole vectors from pixel `i` to the row's end, at least two.
 template <class Pick, int width>
 void NarrowVectors(ColumnRow<Pick> columns, Byte* out, std::size_t i, std::size_t n)
 {
     static_assert(width >= 1 && width <= 9);
     constexpr int part = (width + 2) / 3;
-    const auto partsOf = [](__m256i low, __m256i high) { return Widened<Pick, 1, part>(low, high); };
+    const auto partsOf = [](__m256i low, __m256i high) {
+        return Widened<Pick, 1, part>(low, high);
+    };
     __m256i next = columns.At(i + kVector);
     __m256i parts = partsOf(columns.At(i), next);
     const auto take = [&](__m256i newest) {
@@ -249,7 +254,8 @@ void BoxRange(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::by
         AlongRow<Smaller>(smallest.BytesOfRow(y), small, n, width);
         const Byte *a = large, *b = small;
         MapVectors(
-            out.Row(y), n, [](__m256i high, __m256i low) { return _mm256_sub_epi8(high, low); }, a, b);
+            out.Row(y), n, [](__m256i high, __m256i low) { return _mm256_sub_epi8(high, low); }, a,
+            b);
     }
 }
 

@@ -6,7 +6,8 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-// Division of 16-bit sums by a constant: the high half of a product, shifted. Exact for all sums of a box.
+// Division of 16-bit sums by a constant: the high half of a product, shifted. Exact for all sums of
+// a box.
 struct Divider {
     // Returns false for areas that it cannot serve.
     bool Set(std::uint32_t area, std::uint32_t half)
@@ -51,7 +52,8 @@ void MoveDown(Sum* sums, const Byte* entering, const Byte* leaving, std::size_t 
     }
     for (; i + 16 <= n; i += 16) {
         FetchAhead(entering, i);
-        Store(sums + i, _mm256_add_epi16(Load(sums + i), _mm256_sub_epi16(Load16(entering + i), Load16(leaving + i))));
+        Store(sums + i, _mm256_add_epi16(Load(sums + i), _mm256_sub_epi16(Load16(entering + i),
+                                                                          Load16(leaving + i))));
     }
     for (; i < n; ++i)
         sums[i] = static_cast<Sum>(sums[i] + entering[i] - leaving[i]);
@@ -60,7 +62,8 @@ void MoveDown(Sum* sums, const Byte* entering, const Byte* leaving, std::size_t 
 // Sixteen sums over `width` columns, from those over a third of it and the columns that are left.
 __m256i WindowSum(const Sum* columns, const Sum* parts, std::size_t part, std::size_t width)
 {
-    __m256i sum = _mm256_add_epi16(_mm256_add_epi16(Load(parts), Load(parts + part)), Load(parts + 2 * part));
+    __m256i sum =
+        _mm256_add_epi16(_mm256_add_epi16(Load(parts), Load(parts + part)), Load(parts + 2 * part));
     for (std::size_t i = 3 * part; i < width; ++i)
         sum = _mm256_add_epi16(sum, Load(columns + i));
     return sum;
@@ -71,7 +74,8 @@ void SumAlong(const Sum* columns, Sum* out, std::size_t n, std::size_t width)
 {
     if (width < 3) {
         for (std::size_t i = 0; i < n; i += 16)
-            Store(out + i, width == 1 ? Load(columns + i) : _mm256_add_epi16(Load(columns + i), Load(columns + i + 1)));
+            Store(out + i, width == 1 ? Load(columns + i)
+                                      : _mm256_add_epi16(Load(columns + i), Load(columns + i + 1)));
         return;
     }
     const std::size_t part = width / 3;
@@ -84,7 +88,8 @@ void SumAlong(const Sum* columns, Sum* out, std::size_t n, std::size_t width)
         Store(out + i, WindowSum(columns + i, parts + i, part, width));
 }
 
-void MeansOfRow(const Sum* columns, Sum* parts, Byte* out, std::size_t n, std::size_t width, const Divider& divider)
+void MeansOfRow(const Sum* columns, Sum* parts, Byte* out, std::size_t n, std::size_t width,
+                const Divider& divider)
 {
     const std::size_t part = width / 3;
     if (width >= 3)
@@ -92,7 +97,8 @@ void MeansOfRow(const Sum* columns, Sum* parts, Byte* out, std::size_t n, std::s
     else
         SumAlong(columns, parts, n, width);
     const auto mean = [&](std::size_t i) {
-        return divider(width >= 3 ? WindowSum(columns + i, parts + i, part, width) : Load(parts + i));
+        return divider(width >= 3 ? WindowSum(columns + i, parts + i, part, width)
+                                  : Load(parts + i));
     };
     std::size_t i = 0;
     for (; i + kVector <= n; i += kVector)
@@ -101,7 +107,8 @@ void MeansOfRow(const Sum* columns, Sum* parts, Byte* out, std::size_t n, std::s
         StoreFirst(out + i, Packed(mean(i), mean(i + 16)), n - i);
 }
 
-// The sum of kCount vectors of words, each shifted by kStep more words than the one before, from kFirst words on.
+// The sum of kCount vectors of words, each shifted by kStep more words than the one before, from
+// kFirst words on.
 template <int kFirst, int kCount, int kStep>
 __m256i ShiftedSum(__m256i low, __m256i high)
 {
@@ -142,21 +149,24 @@ void NarrowMeansOfRow(const Sum* columns, Byte* out, std::size_t n, const Divide
         StoreFirst(out + i, vector(i), n - i);
 }
 
-using MeansOfRowFunction = void (*)(const Sum* columns, Byte* out, std::size_t n, const Divider& divider);
+using MeansOfRowFunction = void (*)(const Sum* columns, Byte* out, std::size_t n,
+                                    const Divider& divider);
 
 MeansOfRowFunction NarrowMeansFor(std::size_t width)
 {
-    constexpr MeansOfRowFunction kFunctions[] = {NarrowMeansOfRow<3>, NarrowMeansOfRow<4>, NarrowMeansOfRow<5>,
-                                                 NarrowMeansOfRow<6>, NarrowMeansOfRow<7>, NarrowMeansOfRow<8>,
-                                                 NarrowMeansOfRow<9>};
+    constexpr MeansOfRowFunction kFunctions[] = {
+        NarrowMeansOfRow<3>, NarrowMeansOfRow<4>, NarrowMeansOfRow<5>, NarrowMeansOfRow<6>,
+        NarrowMeansOfRow<7>, NarrowMeansOfRow<8>, NarrowMeansOfRow<9>};
     return width >= 3 && width <= 9 ? kFunctions[width - 3] : nullptr;
 }
 
-void BoxMean(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, bool round, std::byte* scratch)
+void BoxMean(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, bool round,
+             std::byte* scratch)
 {
     Divider divider;
     const std::uint32_t area = static_cast<std::uint32_t>(shape.Area());
-    if (shape.fLean != 0 || shape.fWidth > 256 || shape.fHeight > 256 || !divider.Set(area, round ? area / 2 : 0))
+    if (shape.fLean != 0 || shape.fWidth > 256 || shape.fHeight > 256 ||
+        !divider.Set(area, round ? area / 2 : 0))
         return PlainKernels().boxMean(source, out, shape, round, scratch);
     const std::size_t n = static_cast<std::size_t>(out.fWidth);
     const std::size_t width = static_cast<std::size_t>(shape.fWidth);
@@ -168,7 +178,8 @@ void BoxMean(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, bool rou
     for (std::int32_t row = 0; row + 1 < shape.fHeight; ++row)
         MoveDown(sums, source.Row(row), nullptr, columns);
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
-        MoveDown(sums, source.Row(y + shape.fHeight - 1), y > 0 ? source.Row(y - 1) : nullptr, columns);
+        MoveDown(sums, source.Row(y + shape.fHeight - 1), y > 0 ? source.Row(y - 1) : nullptr,
+                 columns);
         if (narrow != nullptr)
             narrow(sums, out.Row(y), n, divider);
         else

@@ -1,4 +1,5 @@
-// Pixels as doubles and back, for the AVX2 sources that scale. Internal linkage throughout; see vectors.h.
+// Pixels as doubles and back, for the AVX2 sources that scale. Internal linkage throughout; see
+// vectors.h.
 #pragma once
 
 #include "pixels/kernels/avx2/vectors.h"
@@ -25,7 +26,8 @@ inline __m256i LoadHalves(const void* low, const void* high)
 inline __m256d Doubles(__m256i wide)
 {
     const __m256d bias = _mm256_set1_pd(kBias);
-    return _mm256_sub_pd(_mm256_castsi256_pd(_mm256_or_si256(wide, _mm256_castpd_si256(bias))), bias);
+    return _mm256_sub_pd(_mm256_castsi256_pd(_mm256_or_si256(wide, _mm256_castpd_si256(bias))),
+                         bias);
 }
 
 // Four pixels as doubles.
@@ -37,8 +39,8 @@ inline __m256d Doubles(const std::uint8_t* from)
 }
 inline __m256d Doubles(const std::uint16_t* from)
 {
-    return _mm256_cvtepi32_pd(
-        _mm_cvtepu16_epi32(_mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(from)))));
+    return _mm256_cvtepi32_pd(_mm_cvtepu16_epi32(
+        _mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(from)))));
 }
 inline __m256d Doubles(const std::uint32_t* from)
 {
@@ -57,7 +59,8 @@ inline __m256d FourDoubles(T a, T b, T c, T d)
     return _mm256_cvtepi32_pd(_mm_setr_epi32(a, b, c, d));
 }
 
-// Four results, truncated. All are within their type but for a 32-bit white, which is held to its value.
+// Four results, truncated. All are within their type but for a 32-bit white, which is held to its
+// value.
 inline void StoreTruncated(std::uint8_t* to, __m256d values)
 {
     const __m128i words = _mm_packs_epi32(_mm256_cvttpd_epi32(values), _mm_setzero_si128());
@@ -74,7 +77,8 @@ inline void StoreTruncated(std::uint32_t* to, __m256d values)
     const __m256d held = _mm256_min_pd(values, _mm256_set1_pd(4294967295.0));
     const __m256d whole = _mm256_round_pd(held, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
     const __m256i biased = _mm256_castpd_si256(_mm256_add_pd(whole, _mm256_set1_pd(kBias)));
-    const __m256i low = _mm256_permutevar8x32_epi32(biased, _mm256_setr_epi32(0, 2, 4, 6, 0, 2, 4, 6));
+    const __m256i low =
+        _mm256_permutevar8x32_epi32(biased, _mm256_setr_epi32(0, 2, 4, 6, 0, 2, 4, 6));
     _mm_storeu_si128(static_cast<__m128i*>(static_cast<void*>(to)), _mm256_castsi256_si128(low));
 }
 

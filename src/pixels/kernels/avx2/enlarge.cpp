@@ -1,6 +1,7 @@
-// Enlarging. The weights of two pixels are rounded shares of 1, and their sum of products is truncated. Bytes and 16-bit
-// pixels are computed in whole numbers that may be wrong by a known little; groups with a pixel that comes closer than that
-// to the edge between two results are left to the doubles, and so is the rare group that a piece of source doesn't cover.
+// Enlarging. The weights of two pixels are rounded shares of 1, and their sum of products is
+// truncated. Bytes and 16-bit pixels are computed in whole numbers that may be wrong by a known
+// little; groups with a pixel that comes closer than that to the edge between two results are left
+// to the doubles, and so is the rare group that a piece of source doesn't cover.
 #include "pixels/kernels/avx2/doubles.h"
 #include "pixels/kernels/avx2/tables.h"
 
@@ -8,7 +9,8 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-// --- In doubles ----------------------------------------------------------------------------------------------------
+// --- In doubles
+// ----------------------------------------------------------------------------------------------------
 
 __m256d Weighted(__m256d a, __m256d b, __m256d weightA, __m256d weightB)
 {
@@ -16,7 +18,8 @@ __m256d Weighted(__m256d a, __m256d b, __m256d weightA, __m256d weightB)
     return _mm256_add_pd(sum, _mm256_set1_pd(0.5));
 }
 
-// A copied pixel is its value times 1 plus itself times 0, plus 0.5, truncated: itself. So every entry is one sum.
+// A copied pixel is its value times 1 plus itself times 0, plus 0.5, truncated: itself. So every
+// entry is one sum.
 template <class T>
 void ExactRow(const T* source, const ScaleColumns& columns, T* out)
 {
@@ -24,15 +27,17 @@ void ExactRow(const T* source, const ScaleColumns& columns, T* out)
     for (; i + 4 <= columns.fCount; i += 4) {
         const ScaleEntry* four = columns.fEntries + i;
         const auto at = [&](std::int32_t index) { return source[index - columns.fStart]; };
-        const __m256d first =
-            FourDoubles(at(four[0].fFirst), at(four[1].fFirst), at(four[2].fFirst), at(four[3].fFirst));
-        const __m256d last = FourDoubles(at(four[0].fLast), at(four[1].fLast), at(four[2].fLast), at(four[3].fLast));
+        const __m256d first = FourDoubles(at(four[0].fFirst), at(four[1].fFirst),
+                                          at(four[2].fFirst), at(four[3].fFirst));
+        const __m256d last =
+            FourDoubles(at(four[0].fLast), at(four[1].fLast), at(four[2].fLast), at(four[3].fLast));
         // The weights lie in the first halves of the four entries.
         const __m256 lower = _mm256_castsi256_ps(Load(four));
         const __m256 upper = _mm256_castsi256_ps(Load(four + 2));
-        const __m256 weights =
-            _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(lower, upper, 0x44)), 0xD8));
-        const __m128 low = _mm256_castps256_ps128(weights), high = _mm256_extractf128_ps(weights, 1);
+        const __m256 weights = _mm256_castpd_ps(
+            _mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(lower, upper, 0x44)), 0xD8));
+        const __m128 low = _mm256_castps256_ps128(weights),
+                     high = _mm256_extractf128_ps(weights, 1);
         const __m256d firstWeights = _mm256_cvtps_pd(_mm_shuffle_ps(low, high, 0x88));
         const __m256d lastWeights = _mm256_cvtps_pd(_mm_shuffle_ps(low, high, 0xDD));
         StoreTruncated(out + i, Weighted(first, last, firstWeights, lastWeights));
@@ -58,8 +63,8 @@ bool AreShares(float weightA, float weightB)
     return weightB >= 0 && weightB < 1 && excess <= 0x1p-24 && excess >= -0x1p-24;
 }
 
-// True for weights that nothing was rounded of and of at most 2^-bits, so that no sum comes near to an edge unless it lies
-// on it.
+// True for weights that nothing was rounded of and of at most 2^-bits, so that no sum comes near to
+// an edge unless it lies on it.
 bool AreCoarse(float weightA, float weightB, int bits)
 {
     const float steps = weightB * static_cast<float>(1 << bits);
@@ -80,7 +85,8 @@ Group* GroupsOf(const ScaleColumns& columns)
     return static_cast<Group*>(static_cast<void*>(columns.fPlan));
 }
 
-// A piece of 16 bytes of the source row, from the first pixel of some entries on or from further left; or -1.
+// A piece of 16 bytes of the source row, from the first pixel of some entries on or from further
+// left; or -1.
 template <class T>
 std::int32_t PieceOf(const ScaleEntry& entry, const ScaleColumns& columns)
 {
@@ -91,9 +97,10 @@ std::int32_t PieceOf(const ScaleEntry& entry, const ScaleColumns& columns)
                : (first + kPixels <= columns.fSourceWidth ? first : columns.fSourceWidth - kPixels);
 }
 
-// The places of an entry's pixels in a piece of `pixels` pixels; returns false if it doesn't cover them.
-bool FindPlaces(std::int32_t (&places)[2], const ScaleEntry& entry, const ScaleColumns& columns, std::int32_t piece,
-                std::int32_t pixels)
+// The places of an entry's pixels in a piece of `pixels` pixels; returns false if it doesn't cover
+// them.
+bool FindPlaces(std::int32_t (&places)[2], const ScaleEntry& entry, const ScaleColumns& columns,
+                std::int32_t piece, std::int32_t pixels)
 {
     places[0] = entry.fFirst - columns.fStart - piece;
     places[1] = entry.fLast - columns.fStart - piece;
@@ -101,11 +108,12 @@ bool FindPlaces(std::int32_t (&places)[2], const ScaleEntry& entry, const ScaleC
            AreShares(entry.fFirstWeight, entry.fLastWeight);
 }
 
-// --- Bytes ---------------------------------------------------------------------------------------------------------
+// --- Bytes
+// ---------------------------------------------------------------------------------------------------------
 
-// A pixel is the nearer of the two and a part of the difference to the other. The part is at most a half, in units of
-// 2^-16: a whole factor, and what is left of it in 256ths. A product is wrong by at most a unit, and by another one since
-// the sum of the weights may not quite be 1.
+// A pixel is the nearer of the two and a part of the difference to the other. The part is at most a
+// half, in units of 2^-16: a whole factor, and what is left of it in 256ths. A product is wrong by
+// at most a unit, and by another one since the sum of the weights may not quite be 1.
 struct Factor {
     Factor(float weightA, float weightB)
     {
@@ -115,12 +123,15 @@ struct Factor {
         const std::int32_t nearest = (units + 128) >> 8;
         const std::int32_t whole = nearest < 32767 ? nearest : 32767;
         fWhole = static_cast<std::int16_t>(whole);
-        const std::int32_t rest = units - 256 * whole; // a unit more than 255 where the part is a half
-        fRest = static_cast<std::int16_t>(128 * (rest < 255 ? rest : 255)); // for products that are divided by 2^15
+        const std::int32_t rest =
+            units - 256 * whole; // a unit more than 255 where the part is a half
+        fRest = static_cast<std::int16_t>(
+            128 * (rest < 255 ? rest : 255)); // for products that are divided by 2^15
         fLift = AreCoarse(near, far, 12) ? kLift : 0;
     }
 
-    // Results closer to an edge than this are doubtful; those that are right even on it are lifted beyond.
+    // Results closer to an edge than this are doubtful; those that are right even on it are lifted
+    // beyond.
     static constexpr std::int8_t kDoubt = 4;
     static constexpr std::int8_t kLift = 2 * kDoubt;
 
@@ -132,12 +143,13 @@ struct Factors {
     __m256i fWhole, fRest;
 };
 
-// Parts of sixteen differences in words: whole numbers, and how far these are from the edge to the next one, which is
-// negative where the result is rounded up.
+// Parts of sixteen differences in words: whole numbers, and how far these are from the edge to the
+// next one, which is negative where the result is rounded up.
 struct PartsOf {
     PartsOf(__m256i nearAndFar, const Factors& factors)
     {
-        const __m256i difference = _mm256_maddubs_epi16(nearAndFar, _mm256_set1_epi16(0x01FF)); // times -1 and 1
+        const __m256i difference =
+            _mm256_maddubs_epi16(nearAndFar, _mm256_set1_epi16(0x01FF)); // times -1 and 1
         fWhole = _mm256_mulhi_epi16(difference, factors.fWhole);
         const __m256i fraction = _mm256_mullo_epi16(difference, factors.fWhole);
         const __m256i rest = _mm256_mulhrs_epi16(difference, factors.fRest);
@@ -155,7 +167,8 @@ __m256i Lifted(const PartsOf& low, const PartsOf& high, __m256i lifts)
 
 bool AreDoubtful(__m256i toEdge)
 {
-    const __m256i below = _mm256_subs_epu8(_mm256_set1_epi8(Factor::kDoubt), _mm256_abs_epi8(toEdge));
+    const __m256i below =
+        _mm256_subs_epu8(_mm256_set1_epi8(Factor::kDoubt), _mm256_abs_epi8(toEdge));
     return _mm256_testz_si256(below, below) == 0;
 }
 
@@ -188,7 +201,8 @@ struct ByteGroup {
         return true;
     }
 
-    std::int32_t fPieces[kCount / 8]; // where they start, the first negative for a group that doubles have to do
+    std::int32_t fPieces[kCount / 8]; // where they start, the first negative for a group that
+                                      // doubles have to do
     Byte fPlaces[kCount][2];          // of the near and the far pixels in their pieces
     std::int16_t fWhole[kCount], fRest[kCount];
     std::int8_t fLifts[2][2][8]; // in the order in which words are packed
@@ -197,13 +211,17 @@ struct ByteGroup {
 // The half of a group that starts at pixel i, in words, still to be rounded up.
 struct HalfGroup {
     HalfGroup(const Byte* source, const ByteGroup& group, std::size_t i)
-        : fPixels(_mm256_shuffle_epi8(LoadHalves(source + group.fPieces[i / 8], source + group.fPieces[i / 8 + 1]),
-                                      Load(group.fPlaces + i))),
+        : fPixels(_mm256_shuffle_epi8(
+              LoadHalves(source + group.fPieces[i / 8], source + group.fPieces[i / 8 + 1]),
+              Load(group.fPlaces + i))),
           fParts(fPixels, {Load(group.fWhole + i), Load(group.fRest + i)})
     {
     }
 
-    __m256i Words() const { return _mm256_add_epi16(_mm256_and_si256(fPixels, _mm256_set1_epi16(255)), fParts.fWhole); }
+    __m256i Words() const
+    {
+        return _mm256_add_epi16(_mm256_and_si256(fPixels, _mm256_set1_epi16(255)), fParts.fWhole);
+    }
 
     __m256i fPixels;
     PartsOf fParts;
@@ -218,7 +236,8 @@ bool EnlargeGroup(const Byte* source, const ByteGroup& group, Byte* out)
     return !AreDoubtful(toEdge);
 }
 
-void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, Byte* out, std::size_t n)
+void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, Byte* out,
+                  std::size_t n)
 {
     std::size_t i = 0;
     const bool isNear = weightA >= weightB;
@@ -232,18 +251,21 @@ void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, By
         const PartsOf low(_mm256_unpacklo_epi8(ours, theirs), factors);
         const PartsOf high(_mm256_unpackhi_epi8(ours, theirs), factors);
         const __m256i toEdge = Lifted(low, high, lifts);
-        Store(out + i, RoundedUp(_mm256_add_epi8(ours, _mm256_packs_epi16(low.fWhole, high.fWhole)), toEdge));
+        Store(out + i, RoundedUp(_mm256_add_epi8(ours, _mm256_packs_epi16(low.fWhole, high.fWhole)),
+                                 toEdge));
         if (AreDoubtful(toEdge))
             ExactCombine(a + i, b + i, weightA, weightB, out + i, kVector);
     }
     ExactCombine(a + i, b + i, weightA, weightB, out + i, n - i);
 }
 
-// --- Words ---------------------------------------------------------------------------------------------------------
+// --- Words
+// ---------------------------------------------------------------------------------------------------------
 
-// Sums of the products of pixels less 32768, in units of 2^-14. Weights are of 29 bits, in two factors: the products with
-// the lower ones count less 15 bits. A sum is wrong by less than 3 units; fractions below twice the doubt are doubtful,
-// since all sums are lifted by it, and those that are right even on an edge by twice as much.
+// Sums of the products of pixels less 32768, in units of 2^-14. Weights are of 29 bits, in two
+// factors: the products with the lower ones count less 15 bits. A sum is wrong by less than 3
+// units; fractions below twice the doubt are doubtful, since all sums are lifted by it, and those
+// that are right even on an edge by twice as much.
 constexpr int kWordBits = 14;
 constexpr std::int32_t kWordDoubt = 4;
 
@@ -257,7 +279,8 @@ struct WordFactors {
         fLow[0] = static_cast<std::int16_t>(a & 32767);
         fLow[1] = static_cast<std::int16_t>(b & 32767);
         // The sum of the weights may not quite be 1, which is due to 32768 of each pixel.
-        fLift = a + b - (1 << 29) + (1 << kWordBits) / 2 + (AreCoarse(weightA, weightB, 10) ? 2 : 1) * kWordDoubt;
+        fLift = a + b - (1 << 29) + (1 << kWordBits) / 2 +
+                (AreCoarse(weightA, weightB, 10) ? 2 : 1) * kWordDoubt;
     }
 
     std::int16_t fHigh[2], fLow[2];
@@ -268,7 +291,8 @@ struct WordFactors {
 __m256i PairSums(__m256i pairs, __m256i high, __m256i low, __m256i lift, __m256i& least)
 {
     const __m256i small = _mm256_srai_epi32(_mm256_madd_epi16(pairs, low), 15);
-    const __m256i sums = _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(pairs, high), lift), small);
+    const __m256i sums =
+        _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(pairs, high), lift), small);
     least = _mm256_min_epu32(least, _mm256_slli_epi32(sums, 32 - kWordBits));
     return _mm256_srai_epi32(sums, kWordBits);
 }
@@ -316,11 +340,14 @@ struct WordGroup {
 };
 
 // The half of a group that starts at the given pixel.
-__m256i HalfOfGroup(const std::uint16_t* source, const WordGroup& group, std::size_t i, __m256i& least)
+__m256i HalfOfGroup(const std::uint16_t* source, const WordGroup& group, std::size_t i,
+                    __m256i& least)
 {
-    const __m256i pieces = LoadHalves(source + group.fPieces[i / 4], source + group.fPieces[i / 4 + 1]);
+    const __m256i pieces =
+        LoadHalves(source + group.fPieces[i / 4], source + group.fPieces[i / 4 + 1]);
     const __m256i pairs = Centred(_mm256_shuffle_epi8(pieces, Load(group.fPlaces + i)));
-    return PairSums(pairs, Load(group.fHigh + i), Load(group.fLow + i), Load(group.fLifts + i), least);
+    return PairSums(pairs, Load(group.fHigh + i), Load(group.fLow + i), Load(group.fLifts + i),
+                    least);
 }
 
 bool EnlargeGroup(const std::uint16_t* source, const WordGroup& group, std::uint16_t* out)
@@ -332,8 +359,8 @@ bool EnlargeGroup(const std::uint16_t* source, const WordGroup& group, std::uint
     return !AreDoubtfulFractions(least);
 }
 
-void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA, float weightB, std::uint16_t* out,
-                  std::size_t n)
+void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA, float weightB,
+                  std::uint16_t* out, std::size_t n)
 {
     std::size_t i = 0;
     if (AreShares(weightA, weightB)) {
@@ -344,8 +371,10 @@ void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA,
         for (; i + WordGroup::kCount <= n; i += WordGroup::kCount) {
             __m256i least = _mm256_set1_epi32(-1);
             const __m256i first = Centred(Load(a + i)), second = Centred(Load(b + i));
-            const __m256i left = PairSums(_mm256_unpacklo_epi16(first, second), high, low, lift, least);
-            const __m256i right = PairSums(_mm256_unpackhi_epi16(first, second), high, low, lift, least);
+            const __m256i left =
+                PairSums(_mm256_unpacklo_epi16(first, second), high, low, lift, least);
+            const __m256i right =
+                PairSums(_mm256_unpackhi_epi16(first, second), high, low, lift, least);
             Store(out + i, Centred(_mm256_packs_epi32(left, right)));
             if (AreDoubtfulFractions(least))
                 ExactCombine(a + i, b + i, weightA, weightB, out + i, WordGroup::kCount);
@@ -354,7 +383,8 @@ void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA,
     ExactCombine(a + i, b + i, weightA, weightB, out + i, n - i);
 }
 
-// --- Rows of groups ------------------------------------------------------------------------------------------------
+// --- Rows of groups
+// ------------------------------------------------------------------------------------------------
 
 template <class Group>
 void PlanGroups(const ScaleColumns& columns)

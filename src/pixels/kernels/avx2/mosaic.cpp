@@ -37,8 +37,10 @@ void SetPixels(Byte* first, const Byte* end, Byte value, std::size_t count)
         std::memset(first, value, count);
 }
 
-// The columns are added up first, then the sums of each cell's; the first row is copied to the others.
-void MosaicBand(Plane<const Byte> source, Plane<Byte> out, std::int32_t cellWidth, bool round, std::uint32_t* sums)
+// The columns are added up first, then the sums of each cell's; the first row is copied to the
+// others.
+void MosaicBand(Plane<const Byte> source, Plane<Byte> out, std::int32_t cellWidth, bool round,
+                std::uint32_t* sums)
 {
     const std::size_t n = static_cast<std::size_t>(out.fWidth);
     std::memset(sums, 0, n * sizeof(std::uint32_t));

@@ -8,11 +8,12 @@ namespace {
 
 __m256i SumOfThree(const std::int16_t* const rows[3], std::size_t i)
 {
-    return _mm256_add_epi16(_mm256_add_epi16(Load(rows[0] + i), Load(rows[1] + i)), Load(rows[2] + i));
+    return _mm256_add_epi16(_mm256_add_epi16(Load(rows[0] + i), Load(rows[1] + i)),
+                            Load(rows[2] + i));
 }
 
-void EmbossRow(const std::int16_t* const near[3], const std::int16_t* const far[3], const Byte* base,
-               std::int32_t constant, Byte* out, std::size_t n)
+void EmbossRow(const std::int16_t* const near[3], const std::int16_t* const far[3],
+               const Byte* base, std::int32_t constant, Byte* out, std::size_t n)
 {
     const __m256i level = _mm256_set1_epi16(static_cast<short>(constant));
     const auto pixels = [&](std::size_t i) {
@@ -24,7 +25,8 @@ void EmbossRow(const std::int16_t* const near[3], const std::int16_t* const far[
         Store(out + i, Packed(pixels(i), pixels(i + 16)));
     const std::int16_t* const nearRest[3] = {near[0] + i, near[1] + i, near[2] + i};
     const std::int16_t* const farRest[3] = {far[0] + i, far[1] + i, far[2] + i};
-    PlainKernels().embossRow(nearRest, farRest, base != nullptr ? base + i : nullptr, constant, out + i, n - i);
+    PlainKernels().embossRow(nearRest, farRest, base != nullptr ? base + i : nullptr, constant,
+                             out + i, n - i);
 }
 
 // Sixteen sums of the four neighbours.
@@ -41,7 +43,8 @@ __m256i Edges(const Byte* const rows[3], std::size_t i)
 
 constexpr std::int32_t kLargestEdge = 1020;
 
-// What a sharpening table does, where it is a plain multiple: edge * fAmount / 256, rounded down or toward zero.
+// What a sharpening table does, where it is a plain multiple: edge * fAmount / 256, rounded down or
+// toward zero.
 struct Gain {
     enum class Kind { kNone, kDown, kTowardZero };
 
@@ -71,7 +74,8 @@ struct Gain {
 };
 
 template <class Gained>
-void SharpenVectors(const Byte* const rows[3], Byte* out, std::size_t n, std::size_t& i, const Gained& gained)
+void SharpenVectors(const Byte* const rows[3], Byte* out, std::size_t n, std::size_t& i,
+                    const Gained& gained)
 {
     const auto sharpened = [&](std::size_t at) {
         return _mm256_adds_epi16(Load16(rows[1] + at), gained(Edges(rows, at)));
@@ -81,7 +85,8 @@ void SharpenVectors(const Byte* const rows[3], Byte* out, std::size_t n, std::si
 }
 
 // Any other table: edges by vectors, the rest pixel by pixel.
-void SharpenByTable(const Byte* const rows[3], const std::int32_t* table, Byte* out, std::size_t n, std::size_t& i)
+void SharpenByTable(const Byte* const rows[3], const std::int32_t* table, Byte* out, std::size_t n,
+                    std::size_t& i)
 {
     alignas(kVector) std::int16_t edges[16];
     const Byte* centre = rows[1];
@@ -95,20 +100,24 @@ void SharpenByTable(const Byte* const rows[3], const std::int32_t* table, Byte* 
 }
 
 // As many pixels of a row as whole vectors hold; the number of them.
-std::size_t SharpenStart(const Byte* const rows[3], const std::int32_t* table, const Gain& gain, Byte* out,
-                         std::size_t n)
+std::size_t SharpenStart(const Byte* const rows[3], const std::int32_t* table, const Gain& gain,
+                         Byte* out, std::size_t n)
 {
     std::size_t i = 0;
     const __m256i amount = _mm256_set1_epi16(static_cast<short>(gain.fAmount * 8));
-    // edge * 32 fits in 16 bits, and the high half of (edge * 32) * (amount * 8) is edge * amount / 256, rounded down.
-    const auto times = [amount](__m256i edges) { return _mm256_mulhi_epi16(_mm256_slli_epi16(edges, 5), amount); };
+    // edge * 32 fits in 16 bits, and the high half of (edge * 32) * (amount * 8) is edge * amount /
+    // 256, rounded down.
+    const auto times = [amount](__m256i edges) {
+        return _mm256_mulhi_epi16(_mm256_slli_epi16(edges, 5), amount);
+    };
     if (gain.fKind == Gain::Kind::kDown && gain.fAmount == 256)
         SharpenVectors(rows, out, n, i, [](__m256i edges) { return edges; });
     else if (gain.fKind == Gain::Kind::kDown)
         SharpenVectors(rows, out, n, i, times);
     else if (gain.fKind == Gain::Kind::kTowardZero)
-        SharpenVectors(rows, out, n, i,
-                       [&](__m256i edges) { return _mm256_sign_epi16(times(_mm256_abs_epi16(edges)), edges); });
+        SharpenVectors(rows, out, n, i, [&](__m256i edges) {
+            return _mm256_sign_epi16(times(_mm256_abs_epi16(edges)), edges);
+        });
     else
         SharpenByTable(rows, table, out, n, i);
     return i;
@@ -120,7 +129,8 @@ void Sharpen(Plane<const Byte> source, Plane<Byte> out, const std::int32_t* tabl
     const Gain gain = Gain::Of(table);
     std::size_t done = 0;
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
-        const Byte* const rows[3] = {source.Row(y) + 1, source.Row(y + 1) + 1, source.Row(y + 2) + 1};
+        const Byte* const rows[3] = {source.Row(y) + 1, source.Row(y + 1) + 1,
+                                     source.Row(y + 2) + 1};
         done = SharpenStart(rows, table, gain, out.Row(y), n);
     }
     // The columns that are left.
@@ -136,10 +146,12 @@ void NeighbourMeanRow(const Byte* const rows[3], std::int32_t weight, Byte* out,
     if (weight >= 0 && weight <= 12) {
         // Sums are at most 255 * (weight + 4), for which the rounded-up reciprocal divides exactly.
         const std::int32_t divisor = weight + 4;
-        const __m256i factor = _mm256_set1_epi16(static_cast<short>((65536 + divisor - 1) / divisor));
+        const __m256i factor =
+            _mm256_set1_epi16(static_cast<short>((65536 + divisor - 1) / divisor));
         const __m256i weights = _mm256_set1_epi16(static_cast<short>(weight));
         const auto mean = [&](std::size_t at) {
-            const __m256i sum = _mm256_add_epi16(_mm256_mullo_epi16(Load16(rows[1] + at), weights), Around(rows, at));
+            const __m256i sum = _mm256_add_epi16(_mm256_mullo_epi16(Load16(rows[1] + at), weights),
+                                                 Around(rows, at));
             return _mm256_mulhi_epu16(sum, factor);
         };
         for (; i + kVector <= n; i += kVector)

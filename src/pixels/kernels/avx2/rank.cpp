@@ -1,5 +1,6 @@
-// The rank of bytes, bit by bit from the highest: a bit is set in the result if fewer than `rank` pixels of the box lie below
-// the number that it makes. The pixels below it are counted for many boxes at once.
+// The rank of bytes, bit by bit from the highest: a bit is set in the result if fewer than `rank`
+// pixels of the box lie below the number that it makes. The pixels below it are counted for many
+// boxes at once.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 
@@ -17,10 +18,11 @@ void TakeRow(const std::uint32_t* source, Byte* out, std::size_t n, std::uint32_
     const __m256i last = _mm256_set1_epi32(static_cast<int>(lastBin));
     std::size_t i = 0;
     for (; i + 16 <= n; i += 16) {
-        const __m256i words =
-            _mm256_packus_epi32(_mm256_min_epu32(Load(source + i), last), _mm256_min_epu32(Load(source + i + 8), last));
+        const __m256i words = _mm256_packus_epi32(_mm256_min_epu32(Load(source + i), last),
+                                                  _mm256_min_epu32(Load(source + i + 8), last));
         const __m256i bytes = _mm256_permute4x64_epi64(_mm256_packus_epi16(words, words), 0xD8);
-        const __m256i order = _mm256_setr_epi32(0, 2, 1, 3, 0, 0, 0, 0); // the packing went by halves
+        const __m256i order =
+            _mm256_setr_epi32(0, 2, 1, 3, 0, 0, 0, 0); // the packing went by halves
         const __m256i sorted = _mm256_permutevar8x32_epi32(bytes, order);
         _mm_storeu_si128(static_cast<__m128i*>(static_cast<void*>(out + i)),
                          _mm_xor_si128(_mm256_castsi256_si128(sorted), _mm_set1_epi8(-128)));
@@ -32,8 +34,8 @@ void TakeRow(const std::uint32_t* source, Byte* out, std::size_t n, std::uint32_
 // The rows of bytes that the boxes of one target row lie in.
 class CRows {
 public:
-    CRows(Plane<const std::uint32_t> source, std::int32_t height, std::size_t columns, std::uint32_t lastBin,
-          Byte* scratch)
+    CRows(Plane<const std::uint32_t> source, std::int32_t height, std::size_t columns,
+          std::uint32_t lastBin, Byte* scratch)
         : fSource(source), fHeight(height), fColumns(columns), fLastBin(lastBin), fRows(scratch)
     {
     }
@@ -41,7 +43,10 @@ public:
     // Source rows come in order from 0; each takes the place of the one a box's height above.
     void Take(std::int32_t y) { TakeRow(fSource.Row(y), Row(y % fHeight), fColumns, fLastBin); }
 
-    Byte* Row(std::int32_t place) const { return fRows + (fColumns + kSlack) * static_cast<std::size_t>(place); }
+    Byte* Row(std::int32_t place) const
+    {
+        return fRows + (fColumns + kSlack) * static_cast<std::size_t>(place);
+    }
     std::int32_t Count() const { return fHeight; }
 
 private:
@@ -65,7 +70,8 @@ Pair CountBelow(const CRows& rows, std::size_t x, std::size_t width, const Pair&
         const Byte* row = rows.Row(place) + x;
         for (const Byte* end = row + width; row < end; ++row) {
             counts.fLow = _mm256_sub_epi8(counts.fLow, _mm256_cmpgt_epi8(limits.fLow, Load(row)));
-            counts.fHigh = _mm256_sub_epi8(counts.fHigh, _mm256_cmpgt_epi8(limits.fHigh, Load(row + kVector)));
+            counts.fHigh =
+                _mm256_sub_epi8(counts.fHigh, _mm256_cmpgt_epi8(limits.fHigh, Load(row + kVector)));
         }
     }
     return counts;
@@ -84,7 +90,9 @@ Pair RanksAt(const CRows& rows, std::size_t x, std::size_t width, __m256i rank)
     Pair result{_mm256_setzero_si256(), _mm256_setzero_si256()};
     for (int bit = 128; bit > 0; bit /= 2) {
         const __m256i bits = _mm256_set1_epi8(static_cast<char>(bit));
-        const auto limit = [&](__m256i low) { return _mm256_xor_si256(_mm256_or_si256(low, bits), offset); };
+        const auto limit = [&](__m256i low) {
+            return _mm256_xor_si256(_mm256_or_si256(low, bits), offset);
+        };
         const Pair counts = CountBelow(rows, x, width, {limit(result.fLow), limit(result.fHigh)});
         result.fLow = WithBit(result.fLow, bits, counts.fLow, rank);
         result.fHigh = WithBit(result.fHigh, bits, counts.fHigh, rank);
@@ -92,17 +100,21 @@ Pair RanksAt(const CRows& rows, std::size_t x, std::size_t width, __m256i rank)
     return result;
 }
 
-void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape, std::int32_t rank,
-          std::span<std::int32_t> counts, std::byte* scratch)
+void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape,
+          std::int32_t rank, std::span<std::int32_t> counts, std::byte* scratch)
 {
     if (counts.size() > kMostBins || shape.fWidth > kMostPixels || shape.fHeight > kMostPixels ||
         shape.Area() > kMostPixels)
         return PlainKernels().rank(source, out, shape, rank, counts, scratch);
     const std::uint32_t lastBin = static_cast<std::uint32_t>(counts.size() - 1);
     const __m256i last = _mm256_set1_epi8(static_cast<char>(lastBin));
-    const __m256i ranks = _mm256_set1_epi8(static_cast<char>(rank < 0 ? 0 : rank > 255 ? 255 : rank));
-    const std::size_t n = static_cast<std::size_t>(out.fWidth), width = static_cast<std::size_t>(shape.fWidth);
-    CRows rows(source, shape.fHeight, n + width - 1, lastBin, static_cast<Byte*>(static_cast<void*>(scratch)));
+    const __m256i ranks = _mm256_set1_epi8(static_cast<char>(rank < 0     ? 0
+                                                             : rank > 255 ? 255
+                                                                          : rank));
+    const std::size_t n = static_cast<std::size_t>(out.fWidth),
+                      width = static_cast<std::size_t>(shape.fWidth);
+    CRows rows(source, shape.fHeight, n + width - 1, lastBin,
+               static_cast<Byte*>(static_cast<void*>(scratch)));
     for (std::int32_t y = 0; y + 1 < shape.fHeight; ++y)
         rows.Take(y);
     alignas(kVector) Byte bins[2 * kVector];

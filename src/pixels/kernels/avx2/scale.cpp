@@ -16,7 +16,8 @@ void AddRow(const T* row, float weight, double* sum, std::size_t n)
             _mm256_storeu_pd(sum + i, _mm256_add_pd(_mm256_loadu_pd(sum + i), Doubles(row + i)));
     else
         for (; i + 4 <= n; i += 4)
-            _mm256_storeu_pd(sum + i, _mm256_add_pd(_mm256_loadu_pd(sum + i), _mm256_mul_pd(Doubles(row + i), factor)));
+            _mm256_storeu_pd(sum + i, _mm256_add_pd(_mm256_loadu_pd(sum + i),
+                                                    _mm256_mul_pd(Doubles(row + i), factor)));
     PlainRows<T>().addRow(row + i, weight, sum + i, n - i);
 }
 

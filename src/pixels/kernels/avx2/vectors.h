@@ -1,5 +1,6 @@
-// What the AVX2 sources share. Everything here has internal linkage, and no source in this folder instantiates a template
-// or an inline function that others use: the linker could otherwise hand this folder's copy to a processor without AVX2.
+// What the AVX2 sources share. Everything here has internal linkage, and no source in this folder
+// instantiates a template or an inline function that others use: the linker could otherwise hand
+// this folder's copy to a processor without AVX2.
 #pragma once
 
 #include <immintrin.h>
@@ -27,13 +28,15 @@ inline void Store(void* to, __m256i value)
 // Sixteen bytes as 16-bit numbers.
 inline __m256i Load16(const Byte* from)
 {
-    return _mm256_cvtepu8_epi16(_mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(from))));
+    return _mm256_cvtepu8_epi16(
+        _mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(from))));
 }
 
 // Eight bytes as 32-bit numbers.
 inline __m256i Load32(const Byte* from)
 {
-    return _mm256_cvtepu8_epi32(_mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(from))));
+    return _mm256_cvtepu8_epi32(
+        _mm_loadl_epi64(static_cast<const __m128i*>(static_cast<const void*>(from))));
 }
 
 // 16-bit numbers as bytes, capped at 255, in order.
@@ -67,18 +70,23 @@ inline __m256i At(Value value, std::size_t)
     return value.fValue;
 }
 
-// Asks for pixels that will be wanted soon: the processor by itself looks no further than the memory page.
+// Asks for pixels that will be wanted soon: the processor by itself looks no further than the
+// memory page.
 inline void FetchAhead(const Byte* row, std::size_t i)
 {
     constexpr std::uintptr_t kAhead = 2048;
-    _mm_prefetch(reinterpret_cast<const char*>(reinterpret_cast<std::uintptr_t>(row) + i + kAhead), _MM_HINT_T0);
+    _mm_prefetch(reinterpret_cast<const char*>(reinterpret_cast<std::uintptr_t>(row) + i + kAhead),
+                 _MM_HINT_T0);
 }
 inline void FetchAhead(Value, std::size_t) {}
 
 // The last pixels of a row, copied to where a whole vector can be read.
 class CTail {
 public:
-    CTail(const Byte* row, std::size_t start, std::size_t count) { std::memcpy(fBytes, row + start, count); }
+    CTail(const Byte* row, std::size_t start, std::size_t count)
+    {
+        std::memcpy(fBytes, row + start, count);
+    }
     __m256i Vector() const { return Load(fBytes); }
 
 private:
@@ -110,10 +118,11 @@ inline bool IsRow(Value, const Byte*)
     return false;
 }
 
-// out[i] = operation(operands[i]...) from i on, where `out` is aligned, a cache line of 64 pixels at a time. Returns where
-// less than a vector is left.
+// out[i] = operation(operands[i]...) from i on, where `out` is aligned, a cache line of 64 pixels
+// at a time. Returns where less than a vector is left.
 template <bool kPastCaches, bool kFetch, class Operation, class... Operands>
-inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Operation& operation, Operands... operands)
+inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Operation& operation,
+                              Operands... operands)
 {
     const auto store = [](Byte* to, __m256i value) {
         __m256i* const vector = static_cast<__m256i*>(static_cast<void*>(to));
@@ -132,8 +141,8 @@ inline std::size_t MapAligned(Byte* out, std::size_t i, std::size_t n, const Ope
     return i;
 }
 
-// The same for a whole row. A row that is also an operand is in the caches already. Operations that take no time do
-// better without fetching ahead.
+// The same for a whole row. A row that is also an operand is in the caches already. Operations that
+// take no time do better without fetching ahead.
 template <bool kPastCaches = false, bool kFetch = true, class Operation, class... Operands>
 inline void MapVectors(Byte* out, std::size_t n, const Operation& operation, Operands... operands)
 {
@@ -166,15 +175,17 @@ inline __m256i Shifted(__m256i low, __m256i high)
         return _mm256_alignr_epi8(high, middle, k - 16);
 }
 
-// Scratch from the next cache line on. Rows of BoxShape::ScratchRow keep to the lines from there, which spares stores that
-// straddle two.
+// Scratch from the next cache line on. Rows of BoxShape::ScratchRow keep to the lines from there,
+// which spares stores that straddle two.
 inline Byte* Aligned(std::byte* scratch)
 {
-    const std::size_t over = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(scratch) % 64);
+    const std::size_t over =
+        static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(scratch) % 64);
     return static_cast<Byte*>(static_cast<void*>(scratch)) + (over > 0 ? 64 - over : 0);
 }
 
-// True when the output is one of the input's bytes, but not the same row: the order of reads and writes matters then.
+// True when the output is one of the input's bytes, but not the same row: the order of reads and
+// writes matters then.
 inline bool Entangled(const void* out, const void* in, std::size_t bytes)
 {
     const std::uintptr_t a = reinterpret_cast<std::uintptr_t>(out);

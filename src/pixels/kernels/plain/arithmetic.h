@@ -13,13 +13,19 @@ inline std::uint8_t Clamped(std::int64_t value)
 }
 
 struct AddWrapping {
-    std::uint8_t operator()(std::uint8_t a, std::uint8_t b) const { return static_cast<std::uint8_t>(a + b); }
+    std::uint8_t operator()(std::uint8_t a, std::uint8_t b) const
+    {
+        return static_cast<std::uint8_t>(a + b);
+    }
 };
 struct AddCapped {
     std::uint8_t operator()(std::uint8_t a, std::uint8_t b) const { return Clamped(a + b); }
 };
 struct SubtractWrapping {
-    std::uint8_t operator()(std::uint8_t a, std::uint8_t b) const { return static_cast<std::uint8_t>(a - b); }
+    std::uint8_t operator()(std::uint8_t a, std::uint8_t b) const
+    {
+        return static_cast<std::uint8_t>(a - b);
+    }
 };
 struct SubtractFloored {
     std::uint8_t operator()(std::uint8_t a, std::uint8_t b) const { return Clamped(a - b); }
@@ -64,7 +70,8 @@ inline void Exchange(std::uint8_t* a, std::uint8_t* b, std::size_t n)
     std::swap_ranges(a, a + n, b);
 }
 
-inline void MapTable(const std::uint8_t* source, const std::uint8_t* table, std::uint8_t* out, std::size_t n)
+inline void MapTable(const std::uint8_t* source, const std::uint8_t* table, std::uint8_t* out,
+                     std::size_t n)
 {
     for (std::size_t i = 0; i < n; ++i)
         out[i] = table[source[i]];

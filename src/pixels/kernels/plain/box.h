@@ -1,4 +1,5 @@
-// The plain loops of the box kernels. The source is larger than the target by the box's extra columns and rows.
+// The plain loops of the box kernels. The source is larger than the target by the box's extra
+// columns and rows.
 #pragma once
 
 #include "pixels/kernels/box_shape.h"
@@ -13,7 +14,8 @@ namespace Kesto::Kernels::Plain {
 template <class T>
 void BoxMean(Plane<const T> source, Plane<T> out, BoxShape shape, bool round, std::byte*)
 {
-    const std::uint64_t area = static_cast<std::uint64_t>(shape.fWidth) * static_cast<std::uint64_t>(shape.fHeight);
+    const std::uint64_t area =
+        static_cast<std::uint64_t>(shape.fWidth) * static_cast<std::uint64_t>(shape.fHeight);
     const std::uint64_t half = round ? area / 2 : 0;
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
         const auto column = [&](std::int32_t x) {
@@ -51,7 +53,8 @@ struct Smaller {
 
 // The extreme of each column of one row of boxes, `columns` of them, to `extremes`.
 template <class Pick, class T>
-void ColumnExtremes(Plane<const T> source, std::int32_t y, BoxShape shape, T* extremes, std::int32_t columns)
+void ColumnExtremes(Plane<const T> source, std::int32_t y, BoxShape shape, T* extremes,
+                    std::int32_t columns)
 {
     std::copy_n(source.Row(y), columns, extremes);
     for (std::int32_t row = 1; row < shape.fHeight; ++row) {

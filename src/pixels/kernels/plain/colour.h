@@ -9,7 +9,8 @@ namespace Kesto::Kernels::Plain {
 
 using RGBValue = std::array<std::uint32_t, 3>;
 
-// Hue runs through six sectors of 43 levels; saturation and value are 0 to 255. A hue beyond the sectors gives black.
+// Hue runs through six sectors of 43 levels; saturation and value are 0 to 255. A hue beyond the
+// sectors gives black.
 constexpr RGBValue HueToRGB(std::uint32_t hue, std::uint32_t s, std::uint32_t v)
 {
     if (s == 0)

@@ -16,7 +16,10 @@ struct RankHistogram {
     std::int64_t fBelow = 0; // samples at or below the bin
     std::size_t fBin = 0;
 
-    std::size_t BinOf(std::uint32_t value) const { return std::min<std::size_t>(value, fCounts.size() - 1); }
+    std::size_t BinOf(std::uint32_t value) const
+    {
+        return std::min<std::size_t>(value, fCounts.size() - 1);
+    }
 
     void Change(std::uint32_t value, std::int32_t by)
     {
@@ -37,8 +40,8 @@ struct RankHistogram {
     }
 };
 
-inline void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape, std::int32_t rank,
-                 std::span<std::int32_t> counts, std::byte*)
+inline void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape,
+                 std::int32_t rank, std::span<std::int32_t> counts, std::byte*)
 {
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
         std::fill(counts.begin(), counts.end(), 0);

@@ -27,7 +27,8 @@ double AsDouble(T value)
     return static_cast<double>(value);
 }
 
-// Truncates a result. A 32-bit white can come out a little above its value, since the scale is a float.
+// Truncates a result. A 32-bit white can come out a little above its value, since the scale is a
+// float.
 template <class T>
 T Truncated(double value)
 {
@@ -55,7 +56,8 @@ void ReduceRow(const T* source, const ScaleColumns& columns, T* out)
         const T* last = source + (entry.fLast - columns.fStart);
         double sum = AsDouble(*first) * static_cast<double>(entry.fFirstWeight);
         if (first != last)
-            sum = sum + SumOf(first + 1, last) + AsDouble(*last) * static_cast<double>(entry.fLastWeight);
+            sum = sum + SumOf(first + 1, last) +
+                  AsDouble(*last) * static_cast<double>(entry.fLastWeight);
         out[i] = Truncated<T>(sum * scale + 0.5);
     }
 }
@@ -72,9 +74,9 @@ void EnlargeRow(const T* source, const ScaleColumns& columns, T* out)
     for (std::size_t i = 0; i < columns.fCount; ++i) {
         const ScaleEntry& entry = columns.fEntries[i];
         const T first = source[entry.fFirst - columns.fStart];
-        out[i] = entry.fLastWeight > 0
-                     ? Between(first, source[entry.fLast - columns.fStart], entry.fFirstWeight, entry.fLastWeight)
-                     : first;
+        out[i] = entry.fLastWeight > 0 ? Between(first, source[entry.fLast - columns.fStart],
+                                                 entry.fFirstWeight, entry.fLastWeight)
+                                       : first;
     }
 }
 

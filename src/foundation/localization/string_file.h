@@ -1,0 +1,27 @@
+// String files, which bring translations: UTF-16 text with a line "$$$/Key=value" for each, the
+// quotes optional.
+//
+//     0  byte-order mark: FE FF big-endian, FF FE little-endian; without one the file is big-endian
+//     from its first byte 2  16-bit units; CR and LF end a line
+//
+// Quotes and dollar signs before a key are no part of it; a key of less than two bytes makes the
+// line a comment. In a value, a backslash keeps the unit behind it as it is, and one quote at its
+// end is dropped; its marks are expanded.
+#pragma once
+
+#include "foundation/localization/string_table.h"
+#include "foundation/streams/container.h"
+
+#include <cstddef>
+#include <span>
+
+namespace Kesto {
+
+// Adds the lines of a file to the table. A key that is there already gets the new value if
+// `replace` is set. A file of less than two units is ignored; a last odd byte is, too.
+void ParseStringFile(CStringTable& table, std::span<const std::byte> file, bool replace);
+
+// The same for all bytes of a container, whatever its position.
+void ParseStringFile(CStringTable& table, CContainer& file, bool replace);
+
+} // namespace Kesto

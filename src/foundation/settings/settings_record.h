@@ -1,0 +1,54 @@
+// CSettingsRecord, the settings that one plug-in holds while it lives.
+#pragma once
+
+#include "foundation/settings/plugin_settings.h"
+#include "foundation/settings/settings_store.h"
+#include "platform/input/keyboard.h"
+
+#include <memory>
+
+namespace Kesto {
+
+// What a plug-in tells about its settings.
+class CSettingsOwner {
+public:
+    // The key path in the registry and the name of the file, as keys to be localised.
+    virtual void GetSettingsLocation(CText& keyPath, CText& fileName) = 0;
+
+    // The project's part of a new record, with its defaults.
+    virtual std::unique_ptr<Project::PSettings> CreateSettings()
+    {
+        return std::make_unique<Project::PSettings>();
+    }
+
+protected:
+    ~CSettingsOwner() = default;
+};
+
+class CSettingsRecord {
+public:
+    using KeyboardReader = Platform::ModifierKeys (*)();
+
+    // Owner and store outlive the record.
+    CSettingsRecord(CSettingsOwner& owner, CSettingsStore& store,
+                    KeyboardReader keyboard = Platform::HeldModifierKeys);
+
+    // The settings. The first call makes them with their defaults and loads what is stored, unless
+    // the user holds Control, Alt and Shift down. If loading throws, this call does, and the next
+    // one finds what was loaded until then.
+    PluginSettings& Get();
+
+    // Stores the settings; false if there was nothing to store. Throws CSystemError, with the
+    // former ones still stored.
+    bool Save();
+
+private:
+    void Load();
+
+    CSettingsOwner& fOwner;
+    CSettingsStore& fStore;
+    KeyboardReader fKeyboard;
+    std::unique_ptr<PluginSettings> fSettings;
+};
+
+} // namespace Kesto

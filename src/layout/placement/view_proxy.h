@@ -1,0 +1,96 @@
+// What a view of a layout text leaves behind until the views are made: its numbers for placement,
+// and its children.
+//
+// All numbers are logical pixels. 0 stands for every key that isn't given, also for one whose value
+// is undefined.
+#pragma once
+
+#include "layout/language/expression_scope.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace Kesto {
+
+class CGenerator;
+class CViewProxy;
+class StringPool;
+
+using ViewProxyList = std::vector<std::unique_ptr<CViewProxy>>;
+
+// How a view lies in its parent; 0 is the default, which equals none of these.
+enum : std::int32_t {
+    kAlign_InFill = 1,
+    kAlign_InCenter = 2,
+    kAlign_InProportional = 3,
+    kAlign_InLeading = 4,
+    kAlign_InTrailing = 5,
+};
+
+enum : std::int32_t { kPlace_Column = 0, kPlace_Row = 1, kPlace_Offscreen = 2 };
+
+class CViewProxy {
+public:
+    // Takes the defaults for its children from `parent`, which may be null.
+    CViewProxy(CViewProxy* parent, StringPool& pool);
+    CViewProxy(const CViewProxy&) = delete;
+    CViewProxy& operator=(const CViewProxy&) = delete;
+
+    // Describes the view to `generator` and reads the numbers that come back. `properties` is the
+    // scope of the view's own properties, chained to the blocks around it.
+    void Define(std::string_view className, CExpressionScope& properties, CGenerator& generator);
+
+    std::string_view ViewName() const { return {fViewName, fViewNameLength}; }
+
+    ViewProxyList fChildren;
+    std::int32_t fCount = 0; // of the children
+    std::int32_t fLeft = 0;  // the result: the position within the parent
+    std::int32_t fTop = 0;
+    std::int32_t fWidth = 0; // the natural size, then the result
+    std::int32_t fHeight = 0;
+    std::int32_t fMaxHeight = 0; // none if not positive
+    std::int32_t fInset = 0;
+    std::int32_t fOutset = 0;
+    std::int32_t fLeftOutset = 0; // how far the visible edge lies beyond the frame
+    std::int32_t fTopOutset = 0;
+    std::int32_t fRightOutset = 0;
+    std::int32_t fBottomOutset = 0;
+    std::int32_t fLabelWidth = 0;
+    std::int32_t fTopInset = 0;
+    std::int32_t fHorizontal = 0;
+    std::int32_t fVertical = 0;
+    bool fAlwaysL2R = false;
+    std::int32_t fSpacing = 0; // between the children
+    const char* fViewName = "";
+    std::size_t fViewNameLength = 0;
+    CExpressionScope fProperties; // the layout scope: without a parent, in the generator's pool
+    std::int32_t fMarginLeft = 0;
+    std::int32_t fMarginTop = 0;
+    std::int32_t fMarginRight = 0;
+    std::int32_t fMarginBottom = 0;
+    std::int32_t fLeftOffset = 0; // added to the result
+    std::int32_t fTopOffset = 0;
+    std::int32_t fChildHorizontal = 0; // what the children inherit
+    std::int32_t fChildVertical = 0;
+    std::int32_t fPlacement = kPlace_Column;
+    bool fHasLabel = false;
+    bool fReverse = false; // the children's order is reversed before they are placed
+    CViewProxy* fParent;
+    bool fParentOffscreen = false; // the view or one around it keeps its children off the screen
+    std::int32_t fDefaultHorizontal = 0;
+    std::int32_t fDefaultVertical = 0;
+    std::int32_t fChildWidthSum = 0;
+    std::int32_t fChildHeightSum = 0;
+
+private:
+    void CopyKeys(CExpressionScope& properties);
+    void ReadNumbers(const CExpressionScope& properties);
+    void ReadOutsets();
+    void ReadMargins();
+    bool Read(LayoutKey key, std::int32_t& number) const;
+    std::int32_t ReadOr(LayoutKey key, std::int32_t absent) const;
+};
+
+} // namespace Kesto

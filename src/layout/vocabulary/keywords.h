@@ -1,0 +1,48 @@
+// The vocabulary of the layout language: named constants, property keys, classes. The generator
+// defines the constants, tools check texts against all three; a word is added by one row here and
+// nowhere else.
+#pragma once
+
+#include "layout/language/vex_text.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace Kesto {
+
+struct VexConstant {
+    std::string_view family; // the prefix that its kind of constants has
+    VexName name;            // with a zero byte behind it
+    std::int32_t value;
+};
+
+// true, false, alignment, frames and placement: what a root scope defines by itself, in that order.
+std::span<const VexConstant> StandardConstants();
+
+// All others, in the order in which a generator defines them.
+std::span<const VexConstant> ClassConstants();
+
+// What a key can take.
+enum class VexKeyKind : std::uint8_t {
+    kNumber,  // a number or a flag; a text of four bytes is a number as well
+    kDecimal, // a number, or a text that reads as one, since the language has no fractions
+    kText,
+    kEither, // an identifier as a text or as a number
+};
+
+struct VexPropertyKey {
+    std::string_view name;
+    VexKeyKind kind;
+};
+std::span<const VexPropertyKey> PropertyKeys();
+
+enum class VexClassKind : std::uint8_t { kWindow, kPane };
+
+struct VexViewClass {
+    std::string_view name;
+    VexClassKind kind;
+};
+std::span<const VexViewClass> ViewClasses();
+
+} // namespace Kesto

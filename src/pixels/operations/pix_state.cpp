@@ -1,0 +1,133 @@
+#include "pixels/operations/pix_state.h"
+
+namespace Kesto {
+
+void CPixState::Reset()
+{
+    CPixGrid::Reset();
+    StartStates();
+}
+
+void CPixState::SetOrigin(std::int32_t x, std::int32_t y)
+{
+    const Rect bounds = GetBounds();
+    for (Rect& changed : fChangedRects)
+        if (!changed.IsEmpty())
+            changed = {changed.left + x - bounds.left, changed.top + y - bounds.top,
+                       changed.right + x - bounds.left, changed.bottom + y - bounds.top};
+    CPixGrid::SetOrigin(x, y);
+}
+
+void CPixState::SetGrid(const Rect& bounds, const Rect& firstCell)
+{
+    CPixGrid::SetGrid(bounds, firstCell);
+    StartStates();
+}
+
+void CPixState::SetGrid(const Rect& bounds, const Rect& other, std::int32_t limit)
+{
+    if (bounds.IsEmpty())
+        return Reset();
+    Divide(bounds, DivideEvenly(bounds.right - bounds.left, other.right - other.left, limit),
+           DivideEvenly(bounds.bottom - bounds.top, other.bottom - other.top, limit));
+    StartStates();
+}
+
+void CPixState::StartStates()
+{
+    const std::size_t count =
+        static_cast<std::size_t>(GetColumns()) * static_cast<std::size_t>(GetRows());
+    fCellStates.assign(count, 0);
+    fChangedRects.assign(fTrackChanges ? count : 0, Rect());
+}
+
+void CPixState::SetTrackChanges(bool track)
+{
+    fTrackChanges = track;
+    fChangedRects.assign(track ? fCellStates.size() : 0, Rect());
+}
+
+std::uint32_t CPixState::GetState(std::int32_t column, std::int32_t row) const
+{
+    return HasCell(column, row) ? fCellStates[Index(column, row)] : 0;
+}
+
+void CPixState::SetCellState(std::int32_t column, std::int32_t row, std::uint32_t state)
+{
+    if (HasCell(column, row))
+        fCellStates[Index(column, row)] = state;
+}
+
+template <class Function>
+void CPixState::ForCellsIn(const Rect& rect, const Function& function)
+{
+    const Rect touched = Intersect(rect, GetBounds());
+    if (touched.IsEmpty())
+        return;
+    for (std::int32_t row = GetRow(touched.top); row <= GetRow(touched.bottom - 1); ++row)
+        for (std::int32_t column = GetColumn(touched.left); column <= GetColumn(touched.right - 1);
+             ++column)
+            function(Index(column, row), GetCell(column, row));
+}
+
+void CPixState::SubtractStates(const Rect& rect, std::uint32_t amount)
+{
+    ForCellsIn(rect, [&](std::size_t i, const Rect&) {
+        fCellStates[i] -= std::min(fCellStates[i], amount);
+    });
+}
+
+void CPixState::CapStates(const Rect& rect, std::uint32_t state)
+{
+    ForCellsIn(rect, [&](std::size_t i, const Rect&) {
+        fCellStates[i] = std::min(fCellStates[i], state);
+    });
+}
+
+void CPixState::RaiseStates(const Rect& rect, std::uint32_t state)
+{
+    ForCellsIn(rect, [&](std::size_t i, const Rect&) {
+        fCellStates[i] = std::max(fCellStates[i], state);
+    });
+}
+
+void CPixState::SetStates(const Rect& rect, std::uint32_t state)
+{
+    ForCellsIn(rect, [&](std::size_t i, const Rect&) { fCellStates[i] = state; });
+}
+
+Rect CPixState::GetChangedRect(std::int32_t column, std::int32_t row) const
+{
+    return fTrackChanges && HasCell(column, row) ? fChangedRects[Index(column, row)] : Rect();
+}
+
+void CPixState::IntersectChangedRects(const Rect& rect)
+{
+    if (fTrackChanges)
+        ForCellsIn(rect, [&](std::size_t i, const Rect& cell) {
+            fChangedRects[i] = Intersect(cell, rect);
+        });
+}
+
+void CPixState::UniteChangedRects(const Rect& rect)
+{
+    if (!fTrackChanges)
+        return;
+    ForCellsIn(rect, [&](std::size_t i, const Rect& cell) {
+        const Rect added = Intersect(cell, rect);
+        Rect& changed = fChangedRects[i];
+        changed = changed.IsEmpty()
+                      ? added
+                      : Rect{std::min(changed.left, added.left), std::min(changed.top, added.top),
+                             std::max(changed.right, added.right),
+                             std::max(changed.bottom, added.bottom)};
+    });
+}
+
+void CPixState::ClearChangedRects(const Rect& rect)
+{
+    if (fTrackChanges)
+        ForCellsIn(rect, [&](std::size_t i, const Rect&) { fChangedRects[i] = {}; });
+}
+
+} // namespace Kesto

@@ -1,0 +1,51 @@
+// A bitmap that the graphics system owns and draws into, with pixels that everyone may write: a DIB
+// section on Windows, an image surface of Cairo on Linux.
+//
+// Rows run from the top row down, each padded to a multiple of 4 bytes. Pixels of 32 bits are blue,
+// green, red and one unused byte in memory.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+namespace Platform {
+
+class Bitmap {
+public:
+    Bitmap() = default;
+    Bitmap(Bitmap&& other) noexcept
+        : fNative(std::exchange(other.fNative, 0)), fBits(std::exchange(other.fBits, nullptr))
+    {
+    }
+    Bitmap& operator=(Bitmap&& other) noexcept
+    {
+        std::swap(fNative, other.fNative);
+        std::swap(fBits, other.fBits);
+        return *this;
+    }
+    ~Bitmap() { Release(); }
+
+    // Makes a bitmap in place of the one that was there; sizes are at least 1. With
+    // `paletteIndices`, a pixel is an index of the palette of whatever is drawn on. Returns false
+    // with the operating system's code in LastError, possibly 0; there is no bitmap then. Linux
+    // knows 1, 8, 16 and 32 bits.
+    bool Make(std::int32_t width, std::int32_t height, std::int32_t pixelBits, bool paletteIndices);
+    void Release();
+
+    // The first byte of the top row, or null.
+    std::uint8_t* Bits() const { return fBits; }
+
+    // The graphics system's own handle, HBITMAP or cairo_surface_t*, or 0.
+    std::intptr_t Native() const { return fNative; }
+
+    // Call these around writing to the pixels when the graphics system has drawn, or will draw, on
+    // them.
+    void BeginWriting() const;
+    void EndWriting() const;
+
+private:
+    std::intptr_t fNative = 0;
+    std::uint8_t* fBits = nullptr;
+};
+
+} // namespace Platform

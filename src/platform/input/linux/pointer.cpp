@@ -1,0 +1,27 @@
+#include "platform/input/pointer.h"
+
+#include "platform/input/linux/input.h"
+#include "platform/input/linux/queue.h"
+
+namespace Platform {
+
+ScreenPoint CursorPosition()
+{
+    return Queue::Get().Cursor();
+}
+
+// The display exchanges the buttons before anyone hears of them.
+bool AreButtonsSwapped()
+{
+    return false;
+}
+
+NativeWindow WindowAt(ScreenPoint point)
+{
+    for (const NativeWindow window : Queue::Get().Windows())
+        if (static_cast<const MessageReceiver*>(window)->Covers(point))
+            return window;
+    return nullptr;
+}
+
+} // namespace Platform

@@ -1,0 +1,129 @@
+#include "platform/input/message_queue.h"
+
+#include "platform/input/system_timer.h"
+#include "platform/system/win32/handles.h"
+
+#include <utility>
+#include <windows.h>
+
+namespace Platform {
+namespace {
+
+// The system delivers a request to quit as a message, whatever range is asked for. It is taken out
+// wherever it is met.
+thread_local std::optional<int> gQuit;
+
+QueuedMessage FromSystem(const MSG& message)
+{
+    return {Window(message.hwnd), message.message, message.wParam, message.lParam,
+            message.time,         message.pt.x,    message.pt.y};
+}
+
+MSG ToSystem(const QueuedMessage& message)
+{
+    MSG system{};
+    system.hwnd = Handle(message.window);
+    system.message = message.number;
+    system.wParam = message.first;
+    system.lParam = message.second;
+    system.time = message.time;
+    system.pt = {message.x, message.y};
+    return system;
+}
+
+bool PeekSystem(MSG& message, MessageRange range, UINT flags)
+{
+    const bool any = range.first == kAnyMessage.first && range.last == kAnyMessage.last;
+    return PeekMessageW(&message, nullptr, any ? 0 : range.first, any ? 0 : range.last, flags) != 0;
+}
+
+} // namespace
+
+std::optional<QueuedMessage> PeekQueue(Peek peek, MessageRange range)
+{
+    MSG message{};
+    while (PeekSystem(message, range, peek == Peek::kRemove ? PM_REMOVE : PM_NOREMOVE)) {
+        if (message.message != WM_QUIT)
+            return FromSystem(message);
+        gQuit = static_cast<int>(message.wParam);
+        if (peek == Peek::kLeave)
+            PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    }
+    return std::nullopt;
+}
+
+std::optional<QueuedMessage> AwaitMessage()
+{
+    MSG message{};
+    if (gQuit)
+        return std::nullopt;
+    if (GetMessageW(&message, nullptr, 0, 0) > 0)
+        return FromSystem(message);
+    gQuit = static_cast<int>(message.wParam);
+    return std::nullopt;
+}
+
+void WaitForMessage(std::uint32_t milliseconds)
+{
+    if (!gQuit)
+        MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+}
+
+void TranslateKeyMessage(const QueuedMessage& message)
+{
+    const MSG system = ToSystem(message);
+    TranslateMessage(&system);
+}
+
+std::intptr_t DispatchToWindow(const QueuedMessage& message)
+{
+    const MSG system = ToSystem(message);
+    return DispatchMessageW(&system);
+}
+
+bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first,
+                 std::intptr_t second)
+{
+    return PostMessageW(Handle(window), number, first, second) != 0;
+}
+
+void RequestQuit(int code)
+{
+    PostQuitMessage(code);
+}
+
+// It may still lie in the queue when nobody has looked there.
+std::optional<int> TakeQuitRequest()
+{
+    MSG message{};
+    if (!gQuit && PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0)
+        gQuit = static_cast<int>(message.wParam);
+    return std::exchange(gQuit, std::nullopt);
+}
+
+bool TranslateFrameKeys(NativeWindow client, const QueuedMessage& message)
+{
+    MSG system = ToSystem(message);
+    return TranslateMDISysAccel(Handle(client), &system) != 0;
+}
+
+bool TranslateCommandKeys(NativeWindow window, void* table, const QueuedMessage& message)
+{
+    MSG system = ToSystem(message);
+    return TranslateAcceleratorW(Handle(window), static_cast<HACCEL>(table), &system) != 0;
+}
+
+std::uintptr_t ArmTimer(NativeWindow window, std::uintptr_t number, std::uint32_t milliseconds)
+{
+    const std::uintptr_t given = SetTimer(Handle(window), number, milliseconds, nullptr);
+    return given != 0 && window != nullptr
+               ? number
+               : given; // for a window the system only says that it went well
+}
+
+void DisarmTimer(NativeWindow window, std::uintptr_t number)
+{
+    KillTimer(Handle(window), number);
+}
+
+} // namespace Platform

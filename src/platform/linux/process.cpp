@@ -1,9 +1,0 @@
-#include "platform/process.h"
-
-namespace Platform {
-
-void MakeProcessDpiAware() {}
-
-void ReadyCommonControls() {}
-
-} // namespace Platform

@@ -1,0 +1,18 @@
+// The language that the user wants to read.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Platform {
+
+// The user interface language as a name in the form "en_US"; "en_US" when the system names none in
+// that form.
+std::string UserLanguageName();
+
+// That form from the names that systems use: "de_DE.UTF-8@euro" and "de-DE" give "de_DE",
+// "sr-Latn-RS" gives "sr_RS", and a name without both a language and a region ("C", "", "de") gives
+// "en_US".
+std::string LanguageNameFrom(std::string_view systemName);
+
+} // namespace Platform

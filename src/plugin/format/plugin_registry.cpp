@@ -1,0 +1,107 @@
+#include "plugin/format/plugin_registry.h"
+
+#include "plugin/frame/factories.h"
+#include "plugin/frame/process_setup.h"
+#include "view/process/clean_up_list.h"
+
+#include <stdexcept>
+
+namespace Kesto {
+namespace {
+
+CLumographFormat* gCurrentFormat = nullptr;
+
+CLumographFormat& MakeCurrent(CLumographFormat& plugin)
+{
+    gCurrentFormat = &plugin;
+    plugin.MakeCurrentPlugin();
+    return plugin;
+}
+
+void Load(CLumographFormat& plugin, bool keepAlive, HostFormatRecord* record, intptr_t* data)
+{
+    if (!keepAlive)
+        return plugin.DoLoad();
+    plugin.RememberCall(record, data, kFormatLoad);
+    plugin.DoLoad();
+    plugin.hostRecord = nullptr;
+    plugin.pluginData = nullptr;
+}
+
+} // namespace
+
+PluginRegistry& PluginRegistry::Get()
+{
+    static PluginRegistry registry;
+    return registry;
+}
+
+CLumographFormat* PluginRegistry::Find(ProjectIndex index) const
+{
+    const auto found = fPlugins.find(index);
+    return found != fPlugins.end() ? found->second.get() : nullptr;
+}
+
+CLumographFormat& PluginRegistry::Insert(ProjectIndex index,
+                                         std::unique_ptr<CLumographFormat> plugin)
+{
+    plugin->projectIndex = index;
+    return *(fPlugins[index] = std::move(plugin));
+}
+
+void PluginRegistry::Erase(ProjectIndex index)
+{
+    if (auto node = fPlugins.extract(index)) {
+        if (gCurrentFormat == node.mapped().get())
+            gCurrentFormat = nullptr;
+        node.mapped().reset();
+    }
+    RunCleanUpList();
+}
+
+CLumographFormat* CurrentFormatPlugin()
+{
+    return gCurrentFormat;
+}
+
+CLumographFormat* FindFormatPlugin(ProjectIndex index)
+{
+    CLumographFormat* const plugin = PluginRegistry::Get().Find(index);
+    return plugin != nullptr ? &MakeCurrent(*plugin) : nullptr;
+}
+
+CLumographFormat& AcquireFormatPlugin(ProjectIndex index, bool keepAlive, HostFormatRecord* record,
+                                      intptr_t* data)
+{
+    if (CLumographFormat* const plugin = FindFormatPlugin(index)) {
+        if (record != nullptr)
+            plugin->UpdateHostProperties(record->basicSuite);
+        plugin->ForgetCall();
+        return *plugin;
+    }
+    if (PluginRegistry::Get().IsEmpty())
+        SetUpProcess();
+    std::unique_ptr<CLumographFormat> made = CreateFormatPlugin(index);
+    if (made == nullptr)
+        throw std::logic_error("Warning! (plugin != nullptr)");
+    if (record != nullptr) {
+        made->SetupHighDPI(record->basicSuite);
+        made->UpdateHostProperties(record->basicSuite);
+    }
+    CLumographFormat& plugin = PluginRegistry::Get().Insert(index, std::move(made));
+    Load(plugin, keepAlive, record, data);
+    return MakeCurrent(plugin);
+}
+
+void ReleaseFormatPlugin(ProjectIndex index, int16_t& result, bool unloading)
+{
+    CLumographFormat* const plugin = FindFormatPlugin(index);
+    if (plugin == nullptr || plugin->keepAlive)
+        return;
+    const int16_t code = plugin->HandleUnload(unloading);
+    if (result == kHostNoError)
+        result = code;
+    PluginRegistry::Get().Erase(index);
+}
+
+} // namespace Kesto

@@ -1,0 +1,19 @@
+// Which object serves a project. Implemented in formats/, above this layer, where the projects'
+// classes are known.
+#pragma once
+
+#include "plugin/export/lumograph_export.h"
+#include "plugin/filter/lumograph_filter.h"
+#include "plugin/format/lumograph_format.h"
+#include "plugin/frame/project_index.h"
+
+#include <memory>
+
+namespace Kesto {
+
+// Each makes the object of a project, or null when the module has no class for it.
+std::unique_ptr<CLumographFormat> CreateFormatPlugin(ProjectIndex index);
+std::unique_ptr<CLumographFilter> CreateFilterPlugin(ProjectIndex index);
+std::unique_ptr<CLumographExport> CreateExportPlugin(ProjectIndex index);
+
+} // namespace Kesto

@@ -1,0 +1,77 @@
+// The base of all plug-in objects: what the host told, the host's user-interface state, and the
+// memory bargain.
+#pragma once
+
+#include "plugin/frame/project_index.h"
+#include "view/process/process.h"
+
+#include "lumograph/lumograph.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace Kesto {
+
+class CLumographPlugin : public CProcess {
+public:
+    // Bits of `flags`.
+    static constexpr uint32_t kFlag_Working = 1U << 3; // a selector is in its working phase
+    static constexpr uint32_t kFlag_About = 1U << 5;   // the about box is up
+
+    ~CLumographPlugin() override;
+
+    // Reads the host's user-interface state into the fields below. A property that the host doesn't
+    // know leaves its field as it is.
+    virtual void UpdateHostProperties(const HostBasicSuite* basicSuite);
+
+    // Splits the host's memory between the module's buffers (first) and the rest (second). False:
+    // it is too little.
+    virtual bool SplitMemory(int32_t total, int32_t& first, int32_t& second);
+
+    // Sets the limit of the tile store from the machine's memory, and opens the store if it isn't
+    // open yet.
+    virtual void PrepareMemory();
+
+    // Shows the about box inside a process scope.
+    virtual void RunAbout();
+
+    // The about box itself; a plug-in that has one shows it here.
+    virtual void DoAbout();
+
+    // Folders where the tile store may keep its scratch files; none: the store looks for itself.
+    virtual std::vector<std::filesystem::path> GetScratchFolders();
+
+    // The memory that PrepareMemory goes by, in bytes.
+    virtual uint64_t GetHostMemory();
+
+    // Whether the host lets a plug-in choose how its windows scale.
+    virtual bool AllowsScaleHook();
+
+    // Hands the host's scaling of windows to the toolkit, once for each object.
+    void SetupHighDPI(const HostBasicSuite* basicSuite);
+
+    // The plug-in that the host last called, or null. The object doesn't outlive its place here.
+    static CLumographPlugin* CurrentPlugin();
+    void MakeCurrentPlugin();
+
+    // What one selector brings: the record and the data word are valid until it returns.
+    void RememberCall(void* record, intptr_t* data, int16_t selector);
+    void ForgetCall();
+
+    uint32_t flags = 0;
+    const HostAboutRecord* aboutRecord = nullptr;
+    bool highDpiReady = false;
+    int32_t uiBrightness = 0; // 0 darkest to 3 brightest
+    bool highContrast = false;
+    bool largeTabs = false;
+    float uiScale = 1.0F;
+    intptr_t* pluginData = nullptr;
+    void* hostRecord = nullptr;
+    int16_t hostSelector = 0;
+    int32_t memoryShare = 0; // bytes for the module's own buffers
+    bool keepAlive = false;  // resident: outlives its sessions
+    ProjectIndex projectIndex{};
+};
+
+} // namespace Kesto

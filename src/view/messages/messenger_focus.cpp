@@ -1,0 +1,290 @@
+// The path of targets, and the bullseye at its end.
+#include "view/messages/messenger_watch.h"
+#include "view/messages/process_link.h"
+
+namespace Kesto {
+namespace {
+
+CMessenger* gBullseye = nullptr;
+
+CMessenger* ProcessMessenger()
+{
+    CProcessLink* const process = CProcessLink::Current();
+    return process != nullptr ? &process->ProcessMessenger() : nullptr;
+}
+
+} // namespace
+
+CMessenger::~CMessenger()
+{
+    if (gBullseye == this)
+        gBullseye = nullptr;
+    LeaveParentTarget();
+    CMessengerWatch::Forget(this);
+    if (CProcessLink* const process = CProcessLink::Current())
+        process->ForgetMessenger(this);
+}
+
+CMessenger* CMessenger::GetBullseye()
+{
+    return gBullseye != nullptr ? gBullseye : ProcessMessenger();
+}
+
+bool CMessenger::Surrender(bool force)
+{
+    return gBullseye == nullptr || gBullseye->CanSurrender(force);
+}
+
+bool CMessenger::CanTarget() const
+{
+    return Has(kCanTarget);
+}
+
+bool CMessenger::CanBullseye() const
+{
+    return Has(kCanTarget) && Has(kCanBullseye);
+}
+
+bool CMessenger::IsTarget() const
+{
+    return Has(kIsTarget);
+}
+
+bool CMessenger::IsBullseye() const
+{
+    return Has(kIsBullseye);
+}
+
+void CMessenger::SetCanTarget(bool on)
+{
+    if (Has(kCanTarget) == on)
+        return;
+    Set(kCanTarget, on);
+    const CMessengerWatch watch(this);
+    if (on) {
+        OnTargetEnable();
+        if (!watch.IsGone() && Has(kCanBullseye))
+            OnBullseyeEnable();
+        return;
+    }
+    ResignBullseyeToParent(true);
+    if (!watch.IsGone() && Has(kCanBullseye))
+        OnBullseyeDisable();
+    if (!watch.IsGone())
+        OnTargetDisable();
+}
+
+void CMessenger::SetCanBullseye(bool on)
+{
+    if (Has(kCanBullseye) == on)
+        return;
+    Set(kCanBullseye, on);
+    const CMessengerWatch watch(this);
+    if (!on)
+        ResignBullseye(true);
+    if (watch.IsGone() || !Has(kCanTarget))
+        return;
+    if (on)
+        OnBullseyeEnable();
+    else
+        OnBullseyeDisable();
+}
+
+CMessenger* CMessenger::FindBullseye()
+{
+    CMessenger* deepest = nullptr;
+    for (CMessenger* at = this; at != nullptr; at = at->fTarget)
+        if (at->CanBullseye())
+            deepest = at;
+    return deepest != nullptr ? deepest : DefaultBullseye();
+}
+
+CMessenger* CMessenger::DefaultBullseye()
+{
+    return CanBullseye() ? this : nullptr;
+}
+
+CMessenger* CMessenger::NearestBullseyeUp()
+{
+    if (CanBullseye())
+        return this;
+    return fParent != nullptr ? fParent->NearestBullseyeUp() : nullptr;
+}
+
+CMessenger* CMessenger::NearestBullseyeUpAlternate()
+{
+    if (CanBullseye())
+        return this;
+    return fParent != nullptr ? fParent->NearestBullseyeUpAlternate() : nullptr;
+}
+
+bool CMessenger::BecomeBullseyeIfPossible(bool force)
+{
+    if (!CanTarget())
+        return false;
+    if (IsTarget())
+        return true;
+    CMessenger* const found = FindBullseye();
+    // BecomeBullseye of one that can't be it comes back here, so a class that names itself all the
+    // same would go round.
+    return found != nullptr && (found != this || CanBullseye()) && found->BecomeBullseye(force);
+}
+
+bool CMessenger::BecomeBullseye(bool force)
+{
+    if (!CanBullseye())
+        return BecomeBullseyeIfPossible(force);
+    if (IsBullseye())
+        return true;
+    const CMessengerWatch watch(this);
+    if (fTarget != nullptr && !fTarget->ResignTarget(force))
+        return false;
+    if (watch.IsGone())
+        return false;
+    if (fParent != nullptr && !fParent->TargetChild(this, force))
+        return false;
+    if (watch.IsGone())
+        return false;
+    SetBullseye(true);
+    return true;
+}
+
+bool CMessenger::ResignBullseyeToParent(bool force)
+{
+    if (!IsTarget())
+        return true;
+    CMessenger* up = fParent != nullptr ? fParent->NearestBullseyeUpAlternate() : nullptr;
+    if (fParent != nullptr && (up == nullptr || up == this))
+        up = fParent->NearestBullseyeUp();
+    if (up != nullptr)
+        return up->BecomeBullseye(force);
+    CMessenger* const process = ProcessMessenger();
+    return process != nullptr && process->BecomeBullseyeIfPossible(force);
+}
+
+bool CMessenger::ResignBullseye(bool force)
+{
+    return !IsBullseye() || ResignBullseyeToParent(force);
+}
+
+bool CMessenger::CanSurrender(bool /*force*/)
+{
+    return true;
+}
+
+void CMessenger::DidBecomeBullseye()
+{
+    const CMessengerWatch watch(this);
+    const Platform::NativeWindow window = GetFocusWindow();
+    if (window != nullptr && window != Platform::FocusedWindow())
+        Platform::FocusWindow(window);
+    if (!watch.IsGone())
+        TargetChanged();
+    if (!watch.IsGone())
+        UpdateChain();
+}
+
+void CMessenger::DidLoseBullseye()
+{
+    BullseyeLost();
+}
+
+bool CMessenger::BecomeBullseyeAndNotify(bool force)
+{
+    const CMessengerWatch watch(this);
+    if (!BecomeBullseyeIfPossible(force))
+        return false;
+    if (!watch.IsGone())
+        BullseyeTaken();
+    return true;
+}
+
+void CMessenger::SetTarget(bool on)
+{
+    if (on) {
+        if (!IsTarget()) {
+            Set(kIsTarget, true);
+            OnBecameTarget();
+        }
+        return;
+    }
+    const CMessengerWatch watch(this);
+    SetBullseye(false);
+    if (!watch.IsGone() && IsTarget()) {
+        Set(kIsTarget, false);
+        OnLostTarget();
+    }
+}
+
+void CMessenger::SetBullseye(bool on)
+{
+    if (on) {
+        const CMessengerWatch watch(this);
+        fTarget = nullptr;
+        SetTarget(true);
+        if (watch.IsGone())
+            return;
+        gBullseye = this;
+        if (!IsBullseye()) {
+            Set(kIsBullseye, true);
+            DidBecomeBullseye();
+        }
+        return;
+    }
+    if (gBullseye == this)
+        gBullseye = nullptr;
+    if (IsBullseye()) {
+        Set(kIsBullseye, false);
+        DidLoseBullseye();
+    }
+}
+
+bool CMessenger::ResignTarget(bool force)
+{
+    if (!IsTarget())
+        return true;
+    const CMessengerWatch watch(this);
+    if (!CanSurrender(force) && !force)
+        return false;
+    if (watch.IsGone())
+        return true; // and off the path
+    if (fTarget != nullptr && !fTarget->ResignTarget(force))
+        return false;
+    if (!watch.IsGone())
+        SetTarget(false);
+    return true;
+}
+
+bool CMessenger::TargetChild(CMessenger* child, bool force)
+{
+    if (!CanTarget())
+        return false;
+    const CMessengerWatch here(this);
+    const CMessengerWatch below(child);
+    if (fParent != nullptr && !fParent->TargetChild(this, force))
+        return false;
+    if (here.IsGone())
+        return false;
+    if (fTarget != nullptr && fTarget != child && !fTarget->ResignTarget(force))
+        return false;
+    if (here.IsGone() || below.IsGone())
+        return false;
+    fTarget = child;
+    SetBullseye(false);
+    if (here.IsGone())
+        return false;
+    SetTarget(true);
+    return !here.IsGone();
+}
+
+void CMessenger::UpdateChain()
+{
+    const CMessengerWatch watch(this);
+    OnUpdateOwn();
+    if (!watch.IsGone())
+        OnUpdateChain();
+    if (CMessenger* const up = watch.Parent())
+        up->UpdateChain();
+}
+
+} // namespace Kesto

@@ -1,0 +1,120 @@
+// CExecutable, something that runs: it is started, polled once in each turn of a run loop, and
+// stopped.
+//
+// Executables form a tree with the process at its root. A request to be done goes up the tree; at
+// the next poll whatever was asked to finish is asked whether it can, and a refusal takes the
+// request back, all the way up. Of its children an executable deletes those that are marked for it,
+// once they have stopped or when it goes itself; others are their maker's, and find themselves
+// without a parent.
+#pragma once
+
+#include "view/messages/messenger.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Kesto {
+
+class CExecutable : public virtual CMessenger {
+public:
+    // Bits of the flags.
+    static constexpr std::uint32_t kStarted = 1U << 0;
+    static constexpr std::uint32_t kDone = 1U << 1;
+    static constexpr std::uint32_t kAutoStart = 1U << 2;
+    static constexpr std::uint32_t kAutoDelete = 1U << 3;
+
+    // Joins `super` as its last child, and its messenger as the one below; null for the root.
+    explicit CExecutable(CExecutable* super, std::uint32_t flags = 0);
+    ~CExecutable() override;
+
+    // The first child with the id, in their order.
+    CMessenger* FindSubMessenger(CObjID id) override;
+
+    virtual bool IsStarted() const;
+    virtual bool IsStopped() const;
+    virtual bool IsDone() const; // runs, and was asked to be done
+
+    // Started with its parent; deleted by its parent.
+    virtual bool IsAutoStart() const;
+    virtual bool IsAutoDelete() const;
+
+    // Asks this one alone to be done, or takes that back; asks all above it as well.
+    virtual void SetDoneFlag(bool done);
+    virtual void SetDone(bool done);
+
+    virtual void SetAutoStart(bool on);
+    virtual void SetAutoDelete(bool on);
+
+    // Starts this, unless it runs, and then the children that start with it, unless it is stopped
+    // or done by then.
+    virtual void Start();
+
+    // Stops the children that run, the last one first, and deletes those that are marked for it;
+    // then this.
+    virtual void Stop();
+
+    virtual void SetStarted(bool on);
+    virtual void Toggle();
+
+    // Whether it may end now. An answer of false keeps it running.
+    virtual bool CanFinish();
+
+    // Polls the children, the last one first; what has gone is taken leave of. A child that refuses
+    // to end clears `force`.
+    virtual void PollChildren(bool& force);
+
+    // A child that ran has stopped. It still lives.
+    virtual void ChildStopped(CExecutable* child);
+
+    // One turn: decides whether this goes on. With `force` it has been asked to end; a refusal
+    // clears it. False: it doesn't run, or not any more.
+    virtual bool Poll(bool& force);
+
+    // Appends a line about this and each one below it, indented by their depth: a picture of what
+    // runs, for people.
+    virtual void ReportChildren(std::string& lines, int depth) const;
+
+    // Tells the children that the application comes to the front or goes.
+    virtual void PropagateActive(bool active);
+
+    // Whether a loop has anything to wait for after the start.
+    virtual bool CanRun() const;
+
+    // Pumps events and polls until this has stopped. Without a process it returns at once.
+    virtual void RunLoop();
+    virtual void AfterRun();
+
+    // Starts, runs the loop and stops.
+    virtual void Run();
+
+    virtual void OnStart();
+    virtual void OnStop();
+    virtual void OnBeforePoll(); // around the children's poll
+    virtual void OnAfterPoll();
+
+    // Deletes the children that are marked for it, the last one first, and leaves the others
+    // without a parent.
+    void DisposeChildren();
+
+    CExecutable* Super() const { return fSuper; }
+    const std::vector<CExecutable*>& Children() const { return fChildren; }
+
+    // The one whose loop runs innermost, or null.
+    static CExecutable* Current();
+
+private:
+    class CRunning;
+
+    bool Has(std::uint32_t flag) const { return (fFlags & flag) != 0; }
+    void Set(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
+    bool HasChild(const CExecutable* child) const;
+    template <class Visit>
+    void VisitChildrenBackward(Visit visit);
+
+    CExecutable* fSuper;                 // not owned
+    std::vector<CExecutable*> fChildren; // owned if they are marked so
+    std::uint32_t fFlags;
+};
+
+} // namespace Kesto

@@ -1,0 +1,258 @@
+#include "view/process/process.h"
+
+#include "foundation/base/service.h"
+#include "platform/files/folders.h"
+#include "platform/system/process.h"
+#include "platform/windows/focus.h"
+#include "view/process/desktop.h"
+#include "view/process/posted_events.h"
+
+#include <thread>
+#include <utility>
+
+namespace Kesto {
+namespace {
+
+CProcess* gCurrent = nullptr;
+std::thread::id gMainThread;
+
+void SetCurrentProcess(CProcess* process)
+{
+    gCurrent = process;
+    CProcessServices::SetCurrent(process);
+    CProcessLink::SetCurrent(process);
+}
+
+void ForgetActive(void* known, double, double)
+{
+    static_cast<std::optional<bool>*>(known)->reset();
+}
+
+} // namespace
+
+CProcess::CProcess()
+    : CExecutable(nullptr, kAutoStart | kDone),
+      fIdleTimer(kIdlePeriod, ForgetActive, &fIsHostActive)
+{
+    if (gMainThread == std::thread::id())
+        NoteMainThread();
+    MakeCurrent();
+    fIdleTimer.Start();
+    SetCanTarget(true);
+    SetCanBullseye(true);
+    SetBullseye(true);
+}
+
+// Children may still ask for the process; others can't post any more once it is no longer the
+// current one.
+CProcess::~CProcess()
+{
+    DisposeChildren();
+    if (gCurrent == this)
+        SetCurrentProcess(nullptr);
+    fEvents.Clear();
+}
+
+CProcess* CProcess::Current()
+{
+    return gCurrent;
+}
+
+void CProcess::MakeCurrent()
+{
+    SetCurrentProcess(this);
+}
+
+void CProcess::NoteMainThread()
+{
+    gMainThread = std::this_thread::get_id();
+}
+
+bool CProcess::IsMainThread()
+{
+    return std::this_thread::get_id() == gMainThread;
+}
+
+void CProcess::Start()
+{
+    if ((fProcessFlags & kHasSession) == 0) {
+        fProcessFlags |= kHasSession;
+        OnSessionStart();
+        MakeFirstWindows();
+    }
+    CExecutable::Start();
+}
+
+void CProcess::Stop()
+{
+    CExecutable::Stop();
+    if ((fProcessFlags & kHasSession) == 0)
+        return;
+    fProcessFlags &= ~kHasSession;
+    OnSessionStop();
+}
+
+void CProcess::OnSessionStart() {}
+
+void CProcess::MakeFirstWindows() {}
+
+void CProcess::OnSessionStop() {}
+
+void CProcess::PostEvent(std::unique_ptr<CProcessEvent> event)
+{
+    if (event == nullptr)
+        return;
+    const std::lock_guard lock(fEventMutex);
+    fEvents.Add(std::move(event));
+}
+
+const CProcessEvent* CProcess::TopEvent()
+{
+    const std::lock_guard lock(fEventMutex);
+    return fEvents.Top();
+}
+
+void CProcess::DispatchTopEvent()
+{
+    std::unique_ptr<CProcessEvent> event;
+    {
+        const std::lock_guard lock(fEventMutex);
+        event = fEvents.TakeTop();
+    }
+    if (event != nullptr)
+        event->Dispatch();
+}
+
+// The dead go without the lock, since their ends are not the queue's code.
+void CProcess::ForgetMessenger(CMessenger* messenger)
+{
+    CEventList dead;
+    const std::lock_guard lock(fEventMutex);
+    fEvents.ForgetMessenger(messenger, dead);
+}
+
+bool CProcess::PostDebugReport(const char* message, const char* file, std::uint32_t line,
+                               bool throwIt)
+{
+    return CProcessLink::Post(std::make_unique<CDebugEvent>(message, file, line, throwIt));
+}
+
+Platform::NativeWindow CProcess::AlertParent()
+{
+    const CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
+    const CDesktopWindow* const front = desktop != nullptr ? desktop->FrontWindow() : nullptr;
+    return front != nullptr ? front->NativeHandle() : nullptr;
+}
+
+CText CProcess::GetProductName()
+{
+    return {};
+}
+
+CText CProcess::GetUIFont()
+{
+    return {};
+}
+
+CFileSpec CProcess::GetResourceFolder()
+{
+    return CFileSpec(CText(Platform::FolderOf(Platform::ModulePath())));
+}
+
+CFileSpec CProcess::GetPreferencesFolder()
+{
+    CFileSpec folder;
+    GetSettingsFolder(folder);
+    return folder;
+}
+
+CText CProcess::WindowClassName(std::uint32_t /*kind*/)
+{
+    return DefaultClassName();
+}
+
+CFileSpec CProcess::GetTemporaryFolder()
+{
+    return CFileSpec(CText(Platform::TemporaryFolder()));
+}
+
+CFileSpec CProcess::GetModulePath()
+{
+    return CFileSpec(CText(Platform::ModulePath()));
+}
+
+CText CProcess::ModalClassName()
+{
+    return "Kesto_ModalClass";
+}
+
+CText CProcess::DefaultClassName()
+{
+    return "Kesto_DefaultClass";
+}
+
+std::unique_ptr<CMenuBar> CProcess::MakeMenuBar()
+{
+    return nullptr;
+}
+
+std::unique_ptr<CDocumentBar> CProcess::MakeDocumentBar()
+{
+    return nullptr;
+}
+
+std::unique_ptr<CClipboard> CProcess::MakeClipboard()
+{
+    return nullptr;
+}
+
+CMenuBar* CProcess::GetMenuBar()
+{
+    return fMenuBar.Get([this] { return MakeMenuBar(); });
+}
+
+CDocumentBar* CProcess::GetDocumentBar()
+{
+    return fDocumentBar.Get([this] { return MakeDocumentBar(); });
+}
+
+CClipboard* CProcess::GetClipboard()
+{
+    return fClipboard.Get([this] { return MakeClipboard(); });
+}
+
+bool CProcess::IsHostActive()
+{
+    if (!fIsHostActive)
+        fIsHostActive = FindOutIfActive();
+    return *fIsHostActive;
+}
+
+bool CProcess::FindOutIfActive()
+{
+    return Platform::IsProcessForeground();
+}
+
+bool CProcess::IsForeground()
+{
+    return IsHostActive();
+}
+
+// No part is made for it: the first change of the chain comes while the process is made itself.
+void CProcess::OnUpdateChain()
+{
+    if (fMenuBar.part != nullptr)
+        fMenuBar.part->Update();
+}
+
+CProcessScope::CProcessScope(CProcess& process) : fBefore(CProcess::Current())
+{
+    process.MakeCurrent();
+}
+
+CProcessScope::~CProcessScope()
+{
+    SetCurrentProcess(fBefore);
+}
+
+} // namespace Kesto

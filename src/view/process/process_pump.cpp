@@ -1,0 +1,226 @@
+// The pump of messages and events, in the order in which each turn asks for them.
+#include "foundation/base/service.h"
+#include "platform/input/message_numbers.h"
+#include "platform/input/pointer.h"
+#include "platform/system/machine.h"
+#include "view/input/mouse_history.h"
+#include "view/messages/message_ids.h"
+#include "view/process/desktop.h"
+#include "view/process/idler.h"
+#include "view/process/process.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Kesto {
+namespace {
+
+using namespace Platform::Number;
+using Platform::Peek;
+using Platform::QueuedMessage;
+
+double Now()
+{
+    return Platform::TickCount() / 1000.0;
+}
+
+// What counts of an event when its turn is decided. The event itself may be gone by then.
+struct Turn {
+    std::int8_t priority;
+    double time;
+
+    // Posted events overtake a message by priority or by age; those below 0 wait until there is
+    // none.
+    bool ComesBefore(const std::optional<QueuedMessage>& pending) const
+    {
+        return priority > 0 || !pending || (priority == 0 && time <= pending->time / 1000.0);
+    }
+};
+
+// Presses and double presses of the five buttons, one bit for each message from kLeftDown or its
+// like over a frame.
+constexpr std::uint32_t kPresses = 0x156D;
+
+bool IsPress(std::uint32_t number)
+{
+    constexpr std::uint32_t kOverFrame = kFrameMouseFirst + (kLeftDown - kMouseFirst);
+    constexpr std::uint32_t kCount = kExtraDouble - kLeftDown + 1;
+    const auto isOneFrom = [number](std::uint32_t first) {
+        return number - first < kCount && ((kPresses >> (number - first)) & 1) != 0;
+    };
+    return isOneFrom(kLeftDown) || isOneFrom(kOverFrame);
+}
+
+bool IsQuiet(std::uint32_t number)
+{
+    return number == kTimer || number == kPaint;
+}
+
+// Letters and digits have themselves for key codes.
+std::uint32_t CharacterOf(std::uint32_t keyCode)
+{
+    const bool isLetterOrDigit =
+        (keyCode >= '0' && keyCode <= '9') || (keyCode >= 'A' && keyCode <= 'Z');
+    return isLetterOrDigit ? keyCode : 0;
+}
+
+} // namespace
+
+bool CProcess::GetNextEvent(std::uint32_t flags)
+{
+    std::optional<Turn> turn;
+    if (const CProcessEvent* const top = TopEvent())
+        turn = Turn{top->Priority(), top->Time()};
+    const std::optional<QueuedMessage> pending = Platform::PeekQueue(Peek::kLeave);
+    FollowMouse(pending, flags);
+    if (turn && turn->ComesBefore(pending)) {
+        DispatchTopEvent();
+        return true;
+    }
+    if (const std::optional<QueuedMessage> message = Fetch(flags)) {
+        if (Deliver(*message, flags))
+            return true;
+    } else
+        TakeQuitRequest();
+    RunIdle(flags);
+    return false;
+}
+
+void CProcess::FollowMouse(const std::optional<QueuedMessage>& pending, std::uint32_t flags)
+{
+    CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
+    if (desktop == nullptr)
+        return;
+    if ((flags & kEvent_NoMouse) != 0)
+        desktop->ResetMouse();
+    else if (!pending)
+        desktop->MouseMoved(CMouseEvent::AtCursor());
+    else if ((fProcessFlags & kTracksMouse) != 0)
+        desktop->MouseMoved(CMouseEvent::Of(*pending));
+}
+
+void CProcess::SetMouseTracking(bool on)
+{
+    fProcessFlags = on ? fProcessFlags | kTracksMouse : fProcessFlags & ~kTracksMouse;
+}
+
+// With idlers the wait ends when the first of them is due.
+std::optional<QueuedMessage> CProcess::Fetch(std::uint32_t flags)
+{
+    if ((flags & kEvent_Poll) != 0)
+        return Platform::PeekQueue(Peek::kRemove);
+    const double wait = (flags & kEvent_NoIdle) != 0 ? -1.0 : CIdler::TimeToNext(Now());
+    if (wait < 0.0)
+        return Platform::AwaitMessage();
+    constexpr double kLongest = 60000.0;
+    if (wait > 0.0)
+        Platform::WaitForMessage(
+            static_cast<std::uint32_t>(std::min(std::ceil(wait * 1000.0), kLongest)));
+    return Platform::PeekQueue(Peek::kRemove);
+}
+
+bool CProcess::Deliver(QueuedMessage message, std::uint32_t flags)
+{
+    CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
+    if ((flags & kEvent_NoMouse) == 0 && desktop != nullptr)
+        desktop->MouseMoved(CMouseEvent::Of(message));
+    NotePen(message);
+    if (!PreTranslateMessage(message))
+        return true;
+    const Platform::NativeWindow client = GetMDIClient();
+    if (client != nullptr && Platform::TranslateFrameKeys(client, message))
+        return true;
+    Platform::NativeWindow window = message.window;
+    void* const table = GetAccelerators(window);
+    if (table != nullptr && Platform::TranslateCommandKeys(window, table, message))
+        return true;
+    return PostTranslateMessage(message) || TranslateAndDispatch(message);
+}
+
+// True unless the message is of a kind that comes when all is quiet.
+bool CProcess::TranslateAndDispatch(const QueuedMessage& message)
+{
+    Platform::TranslateKeyMessage(message);
+    fMessage = message;
+    if (message.number != kTimer || !CTimer::FireSystemTimer(message, Now()))
+        Platform::DispatchToWindow(message);
+    return !IsQuiet(message.number);
+}
+
+bool CProcess::PreTranslateMessage(QueuedMessage& message)
+{
+    CDesktop* const desktop = IsPress(message.number) ? CServiceT<CDesktop>::Get(false) : nullptr;
+    return desktop == nullptr || !desktop->ClickAway({message.x, message.y});
+}
+
+bool CProcess::PostTranslateMessage(QueuedMessage& message)
+{
+    if (message.number != kKeyDown && message.number != kSysKeyDown)
+        return false;
+    CMenuBar* const bar = GetMenuBar();
+    if (bar == nullptr)
+        return false;
+    bar->Update();
+    const auto keyCode = static_cast<std::uint32_t>(message.first);
+    CKeyboardMessage key(this, message.number == kKeyDown ? kMessage_KeyDown : kMessage_SysKeyDown,
+                         keyCode, CharacterOf(keyCode));
+    return bar->Send(key);
+}
+
+Platform::NativeWindow CProcess::GetMDIClient()
+{
+    return nullptr;
+}
+
+void* CProcess::GetAccelerators(Platform::NativeWindow& /*window*/)
+{
+    return nullptr;
+}
+
+void CProcess::NotePen(const QueuedMessage& message)
+{
+    if (message.number != kPenMoved)
+        return;
+    const auto pointer = static_cast<std::uint32_t>(message.first & 0xFFFF);
+    const std::optional<Platform::PenSample> pen = Platform::ReadPen(pointer);
+    if (!pen)
+        return;
+    const float pressure = static_cast<float>(pen->pressure) * fPenScale;
+    fPressure = pen->pressure == 0 ? kNoPressure : std::clamp(pressure, -1.0F, 1.0F);
+    if (!CMouseHistory::Get().IsOn())
+        return;
+    for (const Platform::PenSample& sample : Platform::ReadPenHistory(pointer)) {
+        CMouseEvent event = CMouseEvent::Of(message);
+        event.fPoint = {sample.x, sample.y};
+        event.fTime = sample.time / 1000.0;
+        CMouseHistory::Get().Record(event);
+    }
+}
+
+// What runs innermost is asked to be done, and with it all above it. The request stays known until
+// the host gets it.
+void CProcess::TakeQuitRequest()
+{
+    const std::optional<int> code = Platform::TakeQuitRequest();
+    if (!code)
+        return;
+    fQuit = code;
+    CExecutable* const running = CExecutable::Current();
+    (running != nullptr ? *running : *this).SetDone(true);
+}
+
+void CProcess::ReturnQuitRequest()
+{
+    if (const std::optional<int> code = std::exchange(fQuit, std::nullopt))
+        Platform::RequestQuit(*code);
+}
+
+void CProcess::RunIdle(std::uint32_t flags)
+{
+    if ((flags & kEvent_NoIdle) == 0)
+        CIdler::RunIdlers(Now());
+    CTimer::RunTimers(Now());
+}
+
+} // namespace Kesto

@@ -1,9 +1,0 @@
-#include "view/process_event.h"
-
-#include "platform/ticks.h"
-
-namespace Kesto {
-
-CProcessEvent::CProcessEvent(std::int8_t priority) : fTime(Platform::TickCount() / 1000.0), fPriority(priority) {}
-
-} // namespace Kesto
