@@ -16,7 +16,7 @@ namespace {
 
 // The picture's size and samples, or the failure's text.
 struct End {
-    Kesto::Point size;
+    Kesto::PixelPoint size;
     Bytes samples;
     std::string failure;
     bool operator==(const End&) const = default;

@@ -1,5 +1,5 @@
 // What the module's entries lead to. A new format joins with one case here.
-#include "plugin/frame/factories.h"
+#include "plugin/factories.h"
 
 #include "formats/electricimage/format_electricimage.h"
 

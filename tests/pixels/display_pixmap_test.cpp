@@ -91,7 +91,7 @@ TEST(DisplayPixmap, CopiesItsPixels)
         assigned = copy;
     }
     EXPECT_THAT(port.announced, ElementsAre(&pixmap)) << "a copy comes and goes unannounced";
-    EXPECT_EQ(assigned.GetSize(), (Kesto::Point{2, 2}));
+    EXPECT_EQ(assigned.GetSize(), (Kesto::PixelPoint{2, 2}));
     EXPECT_EQ(assigned.GetBaseAddress()[14], 14);
     EXPECT_EQ(assigned.GetPort(), &otherPort);
     kept.reset();

@@ -14,8 +14,8 @@ namespace {
 using Kesto::CBasicPixmap;
 using Kesto::CMemoryPixmap;
 using Kesto::CPixView;
-using Kesto::Point;
-using Kesto::Rect;
+using Kesto::PixelPoint;
+using Kesto::PixelRect;
 
 TEST(RowBytes, ArePaddedToTheAlignment)
 {
@@ -37,14 +37,15 @@ TEST(RowBytes, ArePaddedToTheAlignment)
 TEST(MemoryPixmap, AnswersForItsOneTile)
 {
     const CMemoryPixmap pixmap({-3, 10, 7, 14}, 16, 3, 4, 0);
-    EXPECT_EQ(pixmap.GetBounds(), (Rect{-3, 10, 7, 14}));
+    EXPECT_EQ(pixmap.GetBounds(), (PixelRect{-3, 10, 7, 14}));
     EXPECT_EQ(pixmap.GetPixelBytes(), 2);
     EXPECT_EQ(pixmap.GetRowBits(), 160);
     EXPECT_EQ(pixmap.GetPlaneBits(), 640);
-    EXPECT_EQ((Point{pixmap.GetTileWidth(), pixmap.GetTileHeight()}), pixmap.GetSize());
-    EXPECT_EQ((Point{pixmap.GetTileLeft(9), pixmap.GetTileTop(9)}), (Point{-3, 10}));
-    EXPECT_EQ((Point{pixmap.GetTileColumn(100), pixmap.GetTileRow(100)}), (Point{0, 0}));
-    EXPECT_EQ((Point{pixmap.GetOffsetInTileX(-1), pixmap.GetOffsetInTileY(13)}), (Point{2, 3}));
+    EXPECT_EQ((PixelPoint{pixmap.GetTileWidth(), pixmap.GetTileHeight()}), pixmap.GetSize());
+    EXPECT_EQ((PixelPoint{pixmap.GetTileLeft(9), pixmap.GetTileTop(9)}), (PixelPoint{-3, 10}));
+    EXPECT_EQ((PixelPoint{pixmap.GetTileColumn(100), pixmap.GetTileRow(100)}), (PixelPoint{0, 0}));
+    EXPECT_EQ((PixelPoint{pixmap.GetOffsetInTileX(-1), pixmap.GetOffsetInTileY(13)}),
+              (PixelPoint{2, 3}));
     EXPECT_EQ(pixmap.GetByteOffset(3, 2), 46);
     EXPECT_EQ(pixmap.GetBitOffset(3, 2), 368);
     EXPECT_EQ(pixmap.GetPixelCount(), 40);
@@ -61,7 +62,7 @@ TEST(MemoryPixmap, KeepsItsPixelsWhenTheSizeStaysOrTheCapacityDoes)
     same.SetBounds({1, 1, 5, 5});
     EXPECT_EQ(same.GetBaseAddress(), base);
     EXPECT_EQ(same.GetBaseAddress()[15], 7);
-    EXPECT_EQ(same.GetOrigin(), (Point{1, 1}));
+    EXPECT_EQ(same.GetOrigin(), (PixelPoint{1, 1}));
     same.Clear();
     EXPECT_EQ(same.GetBaseAddress(), nullptr);
 
@@ -84,7 +85,7 @@ TEST(MemoryPixmap, CopiesRecordAndPixels)
     std::memset(pixmap.GetBaseAddress(), 3, 16);
     const CMemoryPixmap copy(pixmap);
     std::memset(pixmap.GetBaseAddress(), 4, 16);
-    EXPECT_EQ(copy.GetBounds(), (Rect{5, 6, 9, 8}));
+    EXPECT_EQ(copy.GetBounds(), (PixelRect{5, 6, 9, 8}));
     EXPECT_EQ(copy.GetBaseAddress()[15], 3);
     CMemoryPixmap assigned(32, 1, 4, 0);
     EXPECT_EQ(assigned.GetBaseAddress(), nullptr) << "the record alone";
@@ -99,7 +100,7 @@ TEST(MemoryPixmap, IsAsBeforeAfterASizeThatCannotBe)
     std::memset(pixmap.GetBaseAddress(), 5, 48);
     EXPECT_THROW(pixmap.SetSize(0x10000, 0x10000), std::length_error);
     EXPECT_THROW(pixmap.SetSize(-400, 4), std::length_error);
-    EXPECT_EQ(pixmap.GetSize(), (Point{4, 4}));
+    EXPECT_EQ(pixmap.GetSize(), (PixelPoint{4, 4}));
     EXPECT_EQ(pixmap.GetBaseAddress()[47], 5);
     EXPECT_THROW(pixmap.ReserveStorage(~std::uint64_t{0}), std::bad_alloc);
     EXPECT_THROW(CMemoryPixmap(8, 1, 1, -1, 4, 0), std::length_error);
@@ -142,7 +143,7 @@ protected:
         return Text(pixmap);
     }
 
-    std::string Part(const Rect& rect)
+    std::string Part(const PixelRect& rect)
     {
         pixmap.GetView(view, rect, 0, 1);
         return Text(pixmap);

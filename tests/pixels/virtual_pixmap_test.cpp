@@ -11,7 +11,7 @@ namespace {
 
 using Kesto::CVirtualHeap;
 using Kesto::CVirtualPixmap;
-using Kesto::Point;
+using Kesto::PixelPoint;
 using Kesto::TileGrid;
 using Kesto::TileShape;
 
@@ -78,11 +78,11 @@ TEST_F(VirtualPixmap, AddressesPixelsByTile)
 {
     CVirtualPixmap pixmap(4, 300, 200, 2, 0x80, false, false, heap); // 64 by 64 pixels of 16 bits
     pixmap.SetOrigin(-10, 1000);
-    EXPECT_EQ(pixmap.GetBounds(), (Kesto::Rect{-10, 1000, 290, 1200}));
+    EXPECT_EQ(pixmap.GetBounds(), (Kesto::PixelRect{-10, 1000, 290, 1200}));
     EXPECT_EQ(pixmap.GetPixelBytes(), 2);
     EXPECT_EQ(pixmap.GetRowBits(), 1024);
     EXPECT_EQ(pixmap.GetRowBytes(), 128);
-    EXPECT_EQ((Point{pixmap.GetTileLeft(2), pixmap.GetTileTop(3)}), (Point{118, 1192}));
+    EXPECT_EQ((PixelPoint{pixmap.GetTileLeft(2), pixmap.GetTileTop(3)}), (PixelPoint{118, 1192}));
     // Tiles and the places in them round toward zero.
     const std::array<std::int32_t, 3> columns[] = {{117, 1, 63}, {118, 2, 0}, {-11, 0, -1}};
     for (const auto& [x, column, offset] : columns) {

@@ -46,7 +46,7 @@ ContactSheet::ContactSheet(std::int32_t width, std::int32_t height, std::uint32_
     Fill({0, 0, width, height}, colour);
 }
 
-void ContactSheet::Fill(const Rect& rect, std::uint32_t colour)
+void ContactSheet::Fill(const PixelRect& rect, std::uint32_t colour)
 {
     SetColour(fContext.get(), colour);
     cairo_rectangle(fContext.get(), rect.left, rect.top, rect.right - rect.left,

@@ -1,7 +1,7 @@
 // ContactSheet, a picture on which a tool lays out samples with their names, to be looked at.
 #pragma once
 
-#include "pixels/pixmaps/geometry.h"
+#include "foundation/base/geometry.h"
 #include "pixels/pixmaps/pixview.h"
 
 #include <cairo.h>
@@ -15,7 +15,7 @@ public:
     // Pixels; all of it in one colour. Colours are 0xRRGGBB.
     ContactSheet(std::int32_t width, std::int32_t height, std::uint32_t colour);
 
-    void Fill(const Kesto::Rect& rect, std::uint32_t colour);
+    void Fill(const Kesto::PixelRect& rect, std::uint32_t colour);
 
     // Lays 1 to 4 planes of 8 bits over the sheet, their first pixel at (x, y): grey or red, green,
     // blue, with alpha behind them in 2 and 4. Other pictures are left out.

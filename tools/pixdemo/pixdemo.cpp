@@ -79,7 +79,7 @@ void Paint(const Picture& picture)
 void ScaleTo(const Picture& out, const Picture& source, std::int32_t size)
 {
     CMemoryPixmap other(8, size, size, 3, 4, 0);
-    const Rect sample{kBorder, kBorder, kBorder + kSize, kBorder + kSize};
+    const PixelRect sample{kBorder, kBorder, kBorder + kSize, kBorder + kSize};
     CPixmapScaler scaler;
     scaler.SetPixmaps(&other, const_cast<CMemoryPixmap*>(&source.fPixmap), other.GetBounds(),
                       sample);

@@ -172,7 +172,7 @@ void AllScales(std::int32_t size)
 void Boxes(std::int32_t size)
 {
     const Picture source(8, size + 8, size + 8), out(8, size, size), peer(8, size, size);
-    const cv::Mat from = source.Mat(CV_8U)(cv::Rect(4, 4, size, size)).clone();
+    const cv::Mat from = source.Mat(CV_8U)(cv::PixelRect(4, 4, size, size)).clone();
     cv::Mat to = peer.Mat(CV_8U);
     const BoxShape nine{9, 9};
     const cv::Mat element = cv::getStructuringElement(cv::MORPH_RECT, {9, 9});
@@ -202,7 +202,7 @@ void Boxes(std::int32_t size)
 void Neighbours(std::int32_t size)
 {
     const Picture source(8, size + 2, size + 2), out(8, size, size), peer(8, size, size);
-    const cv::Mat from = source.Mat(CV_8U)(cv::Rect(1, 1, size, size)).clone();
+    const cv::Mat from = source.Mat(CV_8U)(cv::PixelRect(1, 1, size, size)).clone();
     cv::Mat to = peer.Mat(CV_8U);
     std::vector<std::int32_t> gain(kSharpenLevels);
     for (std::int32_t edge = -1020; edge <= 1020; ++edge)

@@ -25,7 +25,7 @@ std::unique_ptr<CMemoryPixmap> ReadPixmap(Tag tag, const CResourceName& name)
 
 std::int32_t HalfRounded(std::int32_t value)
 {
-    return static_cast<std::int32_t>(std::floor(value * 0.5 + 0.5));
+    return RoundHalfAway(value * 0.5);
 }
 
 // The plane of alpha in pixmaps of so many planes; -1 in those that have none.
@@ -89,14 +89,14 @@ bool CDualPicture::LoadPicture(Tag tag, const CResourceName& name)
     return GetPixmap(kDensity_Low) != nullptr;
 }
 
-Rect CDualPicture::GetBounds() const
+PixelRect CDualPicture::GetBounds() const
 {
     if (const CMemoryPixmap* low = GetPixmap(kDensity_Low))
         return low->GetBounds();
     const CMemoryPixmap* high = GetPixmap(kDensity_High);
     if (high == nullptr)
         return {};
-    const Rect bounds = high->GetBounds();
+    const PixelRect bounds = high->GetBounds();
     return {HalfRounded(bounds.left), HalfRounded(bounds.top), HalfRounded(bounds.right),
             HalfRounded(bounds.bottom)};
 }

@@ -5,9 +5,9 @@
 // the low density. Used by one thread.
 #pragma once
 
+#include "foundation/base/geometry.h"
 #include "foundation/streams/stream.h"
 #include "images/icons/resource_name.h"
-#include "pixels/pixmaps/geometry.h"
 #include "pixels/pixmaps/memory_pixmap.h"
 
 #include <array>
@@ -53,11 +53,11 @@ public:
 
     // Those of the low pixmap, or else half of the high pixmap's; the bounds are rounded then, the
     // lengths cut off. 0 without a pixmap.
-    Rect GetBounds() const;
+    PixelRect GetBounds() const;
     std::int32_t GetWidth() const;
     std::int32_t GetHeight() const;
 
-    Point GetHotSpot() const { return fHotSpot; }
+    PixelPoint GetHotSpot() const { return fHotSpot; }
 
     // Null when there is none at that density.
     const CMemoryPixmap* GetPixmap(EDensity density) const { return fPixmaps[density].Get(); }
@@ -75,7 +75,7 @@ public:
 
 private:
     std::array<CSharedPixmap, 2> fPixmaps; // by density
-    Point fHotSpot;
+    PixelPoint fHotSpot;
 };
 
 } // namespace Kesto

@@ -8,7 +8,7 @@
 
 namespace Kesto::Kernels {
 
-void Mosaic(const CPixView& out, const CPixView& source, Point cell, bool round)
+void Mosaic(const CPixView& out, const CPixView& source, PixelPoint cell, bool round)
 {
     if (cell.x <= 0 || cell.y <= 0)
         return;

@@ -32,7 +32,7 @@ std::array<const std::uint8_t*, 3> RowsAround(const CPixView& source, std::int32
 }
 
 // Steps to the eight neighbours, clockwise from the top.
-constexpr std::array<Point, 8> kNeighbours = {
+constexpr std::array<PixelPoint, 8> kNeighbours = {
     {{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}}};
 
 // Three rows of table values, each computed once while the kernel runs down the plane.
@@ -90,7 +90,8 @@ void EmbossPlanes(const CPixView& out, const CPixView& source, const Extent& ext
 {
     CTableRows<Value> rows(light.fTable, extent.fWidth + 2);
     const auto neighbour = [&](std::int32_t y, std::int32_t turn) -> const Value* {
-        const Point step = kNeighbours[static_cast<std::size_t>((light.fDirection & 7) + turn) % 8];
+        const PixelPoint step =
+            kNeighbours[static_cast<std::size_t>((light.fDirection & 7) + turn) % 8];
         return rows.Row(y + 1 + step.y) + 1 + step.x;
     };
     for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {

@@ -73,19 +73,19 @@ void Fill(const CPixView& view, std::span<const T> values)
 }
 
 template <class T>
-void FillFrame(const CPixView& view, const Rect& inner, std::span<const T> values)
+void FillFrame(const CPixView& view, const PixelRect& inner, std::span<const T> values)
 {
     if (!HasPlanes(view, 8 * sizeof(T)))
         return;
-    const Rect all{view.x, view.y, view.x + view.width, view.y + view.height};
-    const Rect kept = Intersect(all, inner);
+    const PixelRect all{view.x, view.y, view.x + view.width, view.y + view.height};
+    const PixelRect kept = Intersect(all, inner);
     if (kept.IsEmpty())
         return Fill(view, values);
-    const Rect strips[] = {{all.left, all.top, all.right, kept.top},
-                           {all.left, kept.top, kept.left, kept.bottom},
-                           {kept.right, kept.top, all.right, kept.bottom},
-                           {all.left, kept.bottom, all.right, all.bottom}};
-    for (const Rect& strip : strips) {
+    const PixelRect strips[] = {{all.left, all.top, all.right, kept.top},
+                                {all.left, kept.top, kept.left, kept.bottom},
+                                {kept.right, kept.top, all.right, kept.bottom},
+                                {all.left, kept.bottom, all.right, all.bottom}};
+    for (const PixelRect& strip : strips) {
         if (strip.IsEmpty())
             continue;
         CPixView part = view;
@@ -97,9 +97,9 @@ void FillFrame(const CPixView& view, const Rect& inner, std::span<const T> value
 template void Fill(const CPixView&, std::span<const std::uint8_t>);
 template void Fill(const CPixView&, std::span<const std::uint16_t>);
 template void Fill(const CPixView&, std::span<const std::uint32_t>);
-template void FillFrame(const CPixView&, const Rect&, std::span<const std::uint8_t>);
-template void FillFrame(const CPixView&, const Rect&, std::span<const std::uint16_t>);
-template void FillFrame(const CPixView&, const Rect&, std::span<const std::uint32_t>);
+template void FillFrame(const CPixView&, const PixelRect&, std::span<const std::uint8_t>);
+template void FillFrame(const CPixView&, const PixelRect&, std::span<const std::uint16_t>);
+template void FillFrame(const CPixView&, const PixelRect&, std::span<const std::uint32_t>);
 
 void Invert(const CPixView& out, const CPixView& source)
 {

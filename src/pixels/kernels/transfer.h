@@ -19,7 +19,7 @@ void Fill(const CPixView& view, std::span<const T> values);
 // Sets the pixels of the view that lie outside `inner`, a rectangle in global coordinates: the
 // strips above, left, right and below.
 template <class T>
-void FillFrame(const CPixView& view, const Rect& inner, std::span<const T> values);
+void FillFrame(const CPixView& view, const PixelRect& inner, std::span<const T> values);
 
 // The bitwise complement of every pixel, to `out`, which may be the source.
 void Invert(const CPixView& out, const CPixView& source);

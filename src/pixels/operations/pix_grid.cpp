@@ -40,7 +40,7 @@ void CPixGrid::SetOrigin(std::int32_t x, std::int32_t y)
     fY = y;
 }
 
-void CPixGrid::SetGrid(const Rect& bounds, const Rect& firstCell)
+void CPixGrid::SetGrid(const PixelRect& bounds, const PixelRect& firstCell)
 {
     if (bounds.IsEmpty())
         return Divide({}, {}, {});
@@ -69,7 +69,7 @@ CPixGrid::Division CPixGrid::DivideEvenly(std::int32_t size, std::int32_t otherS
     return {count, cell, count > 1 ? cell : size, size - (count - 1) * cell};
 }
 
-void CPixGrid::Divide(const Rect& bounds, const Division& across, const Division& down)
+void CPixGrid::Divide(const PixelRect& bounds, const Division& across, const Division& down)
 {
     fX = bounds.left;
     fY = bounds.top;
@@ -85,7 +85,7 @@ void CPixGrid::Divide(const Rect& bounds, const Division& across, const Division
     fLastHeight = down.fLast;
 }
 
-Rect CPixGrid::GetCell(std::int32_t column, std::int32_t row) const
+PixelRect CPixGrid::GetCell(std::int32_t column, std::int32_t row) const
 {
     if (!HasCell(column, row))
         return {};

@@ -5,7 +5,7 @@
 // Invariant: the widths of all columns add up to the rectangle's, and so do the heights.
 #pragma once
 
-#include "pixels/pixmaps/geometry.h"
+#include "foundation/base/geometry.h"
 
 namespace Kesto {
 
@@ -23,14 +23,14 @@ public:
 
     // Lays cells over `bounds`. The first one ends at the right and bottom of `firstCell`, the
     // others have its size; as many as fit whole make the grid, and the last takes what remains.
-    virtual void SetGrid(const Rect& bounds, const Rect& firstCell);
+    virtual void SetGrid(const PixelRect& bounds, const PixelRect& firstCell);
 
-    Rect GetBounds() const { return {fX, fY, fX + fWidth, fY + fHeight}; }
+    PixelRect GetBounds() const { return {fX, fY, fX + fWidth, fY + fHeight}; }
     std::int32_t GetColumns() const { return fColumns; }
     std::int32_t GetRows() const { return fRows; }
 
     // The cell's rectangle; empty for a cell that is not in the grid.
-    Rect GetCell(std::int32_t column, std::int32_t row) const;
+    PixelRect GetCell(std::int32_t column, std::int32_t row) const;
 
     // The column and row whose cells hold a global place. A place before the grid gives 0, one
     // behind it the last.
@@ -53,7 +53,7 @@ protected:
     // all of one size but the last, which takes what remains.
     static Division DivideEvenly(std::int32_t size, std::int32_t otherSize, std::int32_t limit);
 
-    void Divide(const Rect& bounds, const Division& across, const Division& down);
+    void Divide(const PixelRect& bounds, const Division& across, const Division& down);
 
     bool HasCell(std::int32_t column, std::int32_t row) const
     {

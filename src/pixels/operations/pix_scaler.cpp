@@ -65,7 +65,8 @@ Range SourceRange(const ScaleTable& table, std::int32_t start, std::int32_t end,
 // are a copy.
 class CPixels {
 public:
-    CPixels(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane, std::int32_t planeCount)
+    CPixels(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
+            std::int32_t planeCount)
         : fPixmap(pixmap), fRect(rect),
           fFirst(std::clamp(firstPlane, 0, std::max(pixmap.GetPlaneCount() - 1, 0))),
           fCount(pixmap.GetPlaneCount() - fFirst)
@@ -125,7 +126,7 @@ private:
     }
 
     CPixmap& fPixmap;
-    Rect fRect;
+    PixelRect fRect;
     std::int32_t fFirst;
     std::int32_t fCount;
     std::optional<CMemoryPixmap> fCopy;
@@ -143,13 +144,14 @@ void CPixScaler::Reset()
     fRowTable.clear();
 }
 
-void CPixScaler::Prepare(const Rect& destRect, const Rect& sourceRect)
+void CPixScaler::Prepare(const PixelRect& destRect, const PixelRect& sourceRect)
 {
     if (destRect != fDestRect || sourceRect != fSourceRect) {
         if (destRect.IsEmpty() || sourceRect.IsEmpty())
             return Reset();
-        const Point dest{destRect.right - destRect.left, destRect.bottom - destRect.top};
-        const Point source{sourceRect.right - sourceRect.left, sourceRect.bottom - sourceRect.top};
+        const PixelPoint dest{destRect.right - destRect.left, destRect.bottom - destRect.top};
+        const PixelPoint source{sourceRect.right - sourceRect.left,
+                                sourceRect.bottom - sourceRect.top};
         fDestRect = destRect;
         fSourceRect = sourceRect;
         fColumnTable = MakeTable(dest.x, source.x, sourceRect.left, fColumnScale);
@@ -161,12 +163,12 @@ void CPixScaler::Prepare(const Rect& destRect, const Rect& sourceRect)
     SetStepsPerCell(1);
 }
 
-bool CPixScaler::IsPrepared(const Rect& destRect) const
+bool CPixScaler::IsPrepared(const PixelRect& destRect) const
 {
     return !destRect.IsEmpty() && Intersect(destRect, fDestRect) == destRect;
 }
 
-void CPixScaler::GetSourceRect(const Rect& destRect, Rect& sourceRect)
+void CPixScaler::GetSourceRect(const PixelRect& destRect, PixelRect& sourceRect)
 {
     sourceRect = {};
     if (!IsPrepared(destRect))
@@ -180,8 +182,8 @@ void CPixScaler::GetSourceRect(const Rect& destRect, Rect& sourceRect)
     sourceRect = {across.fStart, down.fStart, across.fEnd, down.fEnd};
 }
 
-void CPixScaler::Scale(CPixmap& dest, CPixmap& source, const Rect& destRect, const Rect& sourceRect,
-                       const Planes& planes)
+void CPixScaler::Scale(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                       const PixelRect& sourceRect, const Planes& planes)
 {
     switch (fDepthKind) {
     case DepthKind::k8Bit:
@@ -193,30 +195,30 @@ void CPixScaler::Scale(CPixmap& dest, CPixmap& source, const Rect& destRect, con
     }
 }
 
-void CPixScaler::Scale8(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                        const Rect& sourceRect, const Planes& planes)
+void CPixScaler::Scale8(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                        const PixelRect& sourceRect, const Planes& planes)
 {
     ScalePixels<std::uint8_t>(dest, source, destRect, sourceRect, planes);
 }
 
-void CPixScaler::Scale16(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                         const Rect& sourceRect, const Planes& planes)
+void CPixScaler::Scale16(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                         const PixelRect& sourceRect, const Planes& planes)
 {
     ScalePixels<std::uint16_t>(dest, source, destRect, sourceRect, planes);
 }
 
-void CPixScaler::Scale32(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                         const Rect& sourceRect, const Planes& planes)
+void CPixScaler::Scale32(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                         const PixelRect& sourceRect, const Planes& planes)
 {
     ScalePixels<std::uint32_t>(dest, source, destRect, sourceRect, planes);
 }
 
 template <class T>
-void CPixScaler::ScalePixels(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                             const Rect& sourceRect, const Planes& planes)
+void CPixScaler::ScalePixels(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                             const PixelRect& sourceRect, const Planes& planes)
 {
     constexpr std::int32_t kBits = 8 * sizeof(T);
-    Rect needed;
+    PixelRect needed;
     GetSourceRect(destRect, needed);
     const bool served = dest.GetPixelBits() == kBits && source.GetPixelBits() == kBits &&
                         !needed.IsEmpty() && Intersect(needed, sourceRect) == needed &&
@@ -232,8 +234,8 @@ void CPixScaler::ScalePixels(CPixmap& dest, CPixmap& source, const Rect& destRec
 }
 
 template <class T>
-void CPixScaler::ScaleViews(const CPixView& dest, const CPixView& source, const Rect& destRect,
-                            const Rect& sourceRect)
+void CPixScaler::ScaleViews(const CPixView& dest, const CPixView& source, const PixelRect& destRect,
+                            const PixelRect& sourceRect)
 {
     const Kernels::ScaleAxis columns{
         fColumnMode,

@@ -33,24 +33,24 @@ public:
 
     // Gets ready to fill `destRect` from `sourceRect`: builds the tables, unless the rectangles are
     // those of before, and lays out the cells with no step done. An empty rectangle resets.
-    virtual void Prepare(const Rect& destRect, const Rect& sourceRect);
+    virtual void Prepare(const PixelRect& destRect, const PixelRect& sourceRect);
 
     // The source pixels that make `destRect`, a part of the prepared rectangle. Empty for any
     // other.
-    virtual void GetSourceRect(const Rect& destRect, Rect& sourceRect);
+    virtual void GetSourceRect(const PixelRect& destRect, PixelRect& sourceRect);
 
     // Scales the part `destRect` from `sourceRect`, as GetSourceRect gives it, with the kernels of
     // the depth. Throws std::bad_alloc without memory for scratch, and what reading a tile throws.
-    virtual void Scale(CPixmap& dest, CPixmap& source, const Rect& destRect, const Rect& sourceRect,
-                       const Planes& planes);
-    virtual void Scale8(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                        const Rect& sourceRect, const Planes& planes);
-    virtual void Scale16(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                         const Rect& sourceRect, const Planes& planes);
-    virtual void Scale32(CPixmap& dest, CPixmap& source, const Rect& destRect,
-                         const Rect& sourceRect, const Planes& planes);
+    virtual void Scale(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                       const PixelRect& sourceRect, const Planes& planes);
+    virtual void Scale8(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                        const PixelRect& sourceRect, const Planes& planes);
+    virtual void Scale16(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                         const PixelRect& sourceRect, const Planes& planes);
+    virtual void Scale32(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                         const PixelRect& sourceRect, const Planes& planes);
 
-    const Rect& GetDestRect() const { return fDestRect; }
+    const PixelRect& GetDestRect() const { return fDestRect; }
     ScaleMode GetColumnMode() const { return fColumnMode; }
     ScaleMode GetRowMode() const { return fRowMode; }
 
@@ -59,16 +59,16 @@ protected:
 
 private:
     template <class T>
-    void ScalePixels(CPixmap& dest, CPixmap& source, const Rect& destRect, const Rect& sourceRect,
-                     const Planes& planes);
+    void ScalePixels(CPixmap& dest, CPixmap& source, const PixelRect& destRect,
+                     const PixelRect& sourceRect, const Planes& planes);
     template <class T>
-    void ScaleViews(const CPixView& dest, const CPixView& source, const Rect& destRect,
-                    const Rect& sourceRect);
-    bool IsPrepared(const Rect& destRect) const;
+    void ScaleViews(const CPixView& dest, const CPixView& source, const PixelRect& destRect,
+                    const PixelRect& sourceRect);
+    bool IsPrepared(const PixelRect& destRect) const;
 
     DepthKind fDepthKind = DepthKind::k8Bit;
-    Rect fDestRect;
-    Rect fSourceRect;
+    PixelRect fDestRect;
+    PixelRect fSourceRect;
     ScaleTable fColumnTable; // one entry for each target column; empty for the same size
     ScaleTable fRowTable;
     float fColumnScale = 1;

@@ -10,21 +10,21 @@ void CPixState::Reset()
 
 void CPixState::SetOrigin(std::int32_t x, std::int32_t y)
 {
-    const Rect bounds = GetBounds();
-    for (Rect& changed : fChangedRects)
+    const PixelRect bounds = GetBounds();
+    for (PixelRect& changed : fChangedRects)
         if (!changed.IsEmpty())
             changed = {changed.left + x - bounds.left, changed.top + y - bounds.top,
                        changed.right + x - bounds.left, changed.bottom + y - bounds.top};
     CPixGrid::SetOrigin(x, y);
 }
 
-void CPixState::SetGrid(const Rect& bounds, const Rect& firstCell)
+void CPixState::SetGrid(const PixelRect& bounds, const PixelRect& firstCell)
 {
     CPixGrid::SetGrid(bounds, firstCell);
     StartStates();
 }
 
-void CPixState::SetGrid(const Rect& bounds, const Rect& other, std::int32_t limit)
+void CPixState::SetGrid(const PixelRect& bounds, const PixelRect& other, std::int32_t limit)
 {
     if (bounds.IsEmpty())
         return Reset();
@@ -38,13 +38,13 @@ void CPixState::StartStates()
     const std::size_t count =
         static_cast<std::size_t>(GetColumns()) * static_cast<std::size_t>(GetRows());
     fCellStates.assign(count, 0);
-    fChangedRects.assign(fTrackChanges ? count : 0, Rect());
+    fChangedRects.assign(fTrackChanges ? count : 0, PixelRect());
 }
 
 void CPixState::SetTrackChanges(bool track)
 {
     fTrackChanges = track;
-    fChangedRects.assign(track ? fCellStates.size() : 0, Rect());
+    fChangedRects.assign(track ? fCellStates.size() : 0, PixelRect());
 }
 
 std::uint32_t CPixState::GetState(std::int32_t column, std::int32_t row) const
@@ -59,9 +59,9 @@ void CPixState::SetCellState(std::int32_t column, std::int32_t row, std::uint32_
 }
 
 template <class Function>
-void CPixState::ForCellsIn(const Rect& rect, const Function& function)
+void CPixState::ForCellsIn(const PixelRect& rect, const Function& function)
 {
-    const Rect touched = Intersect(rect, GetBounds());
+    const PixelRect touched = Intersect(rect, GetBounds());
     if (touched.IsEmpty())
         return;
     for (std::int32_t row = GetRow(touched.top); row <= GetRow(touched.bottom - 1); ++row)
@@ -70,64 +70,64 @@ void CPixState::ForCellsIn(const Rect& rect, const Function& function)
             function(Index(column, row), GetCell(column, row));
 }
 
-void CPixState::SubtractStates(const Rect& rect, std::uint32_t amount)
+void CPixState::SubtractStates(const PixelRect& rect, std::uint32_t amount)
 {
-    ForCellsIn(rect, [&](std::size_t i, const Rect&) {
+    ForCellsIn(rect, [&](std::size_t i, const PixelRect&) {
         fCellStates[i] -= std::min(fCellStates[i], amount);
     });
 }
 
-void CPixState::CapStates(const Rect& rect, std::uint32_t state)
+void CPixState::CapStates(const PixelRect& rect, std::uint32_t state)
 {
-    ForCellsIn(rect, [&](std::size_t i, const Rect&) {
+    ForCellsIn(rect, [&](std::size_t i, const PixelRect&) {
         fCellStates[i] = std::min(fCellStates[i], state);
     });
 }
 
-void CPixState::RaiseStates(const Rect& rect, std::uint32_t state)
+void CPixState::RaiseStates(const PixelRect& rect, std::uint32_t state)
 {
-    ForCellsIn(rect, [&](std::size_t i, const Rect&) {
+    ForCellsIn(rect, [&](std::size_t i, const PixelRect&) {
         fCellStates[i] = std::max(fCellStates[i], state);
     });
 }
 
-void CPixState::SetStates(const Rect& rect, std::uint32_t state)
+void CPixState::SetStates(const PixelRect& rect, std::uint32_t state)
 {
-    ForCellsIn(rect, [&](std::size_t i, const Rect&) { fCellStates[i] = state; });
+    ForCellsIn(rect, [&](std::size_t i, const PixelRect&) { fCellStates[i] = state; });
 }
 
-Rect CPixState::GetChangedRect(std::int32_t column, std::int32_t row) const
+PixelRect CPixState::GetChangedRect(std::int32_t column, std::int32_t row) const
 {
-    return fTrackChanges && HasCell(column, row) ? fChangedRects[Index(column, row)] : Rect();
+    return fTrackChanges && HasCell(column, row) ? fChangedRects[Index(column, row)] : PixelRect();
 }
 
-void CPixState::IntersectChangedRects(const Rect& rect)
+void CPixState::IntersectChangedRects(const PixelRect& rect)
 {
     if (fTrackChanges)
-        ForCellsIn(rect, [&](std::size_t i, const Rect& cell) {
+        ForCellsIn(rect, [&](std::size_t i, const PixelRect& cell) {
             fChangedRects[i] = Intersect(cell, rect);
         });
 }
 
-void CPixState::UniteChangedRects(const Rect& rect)
+void CPixState::UniteChangedRects(const PixelRect& rect)
 {
     if (!fTrackChanges)
         return;
-    ForCellsIn(rect, [&](std::size_t i, const Rect& cell) {
-        const Rect added = Intersect(cell, rect);
-        Rect& changed = fChangedRects[i];
-        changed = changed.IsEmpty()
-                      ? added
-                      : Rect{std::min(changed.left, added.left), std::min(changed.top, added.top),
-                             std::max(changed.right, added.right),
-                             std::max(changed.bottom, added.bottom)};
+    ForCellsIn(rect, [&](std::size_t i, const PixelRect& cell) {
+        const PixelRect added = Intersect(cell, rect);
+        PixelRect& changed = fChangedRects[i];
+        changed = changed.IsEmpty() ? added
+                                    : PixelRect{std::min(changed.left, added.left),
+                                                std::min(changed.top, added.top),
+                                                std::max(changed.right, added.right),
+                                                std::max(changed.bottom, added.bottom)};
     });
 }
 
-void CPixState::ClearChangedRects(const Rect& rect)
+void CPixState::ClearChangedRects(const PixelRect& rect)
 {
     if (fTrackChanges)
-        ForCellsIn(rect, [&](std::size_t i, const Rect&) { fChangedRects[i] = {}; });
+        ForCellsIn(rect, [&](std::size_t i, const PixelRect&) { fChangedRects[i] = {}; });
 }
 
 } // namespace Kesto

@@ -6,7 +6,7 @@ namespace Kesto {
 
 namespace {
 
-Rect Moved(const Rect& rect, std::int32_t x, std::int32_t y)
+PixelRect Moved(const PixelRect& rect, std::int32_t x, std::int32_t y)
 {
     return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
 }
@@ -25,22 +25,22 @@ std::int32_t TileBottom(const CPixmap& pixmap, std::int32_t y)
 } // namespace
 
 CPixWalker::CPixWalker(std::span<CPixmap* const> read, std::span<CPixmap* const> readWrite,
-                       std::span<CPixmap* const> write, const Rect& rect, std::int32_t firstPlane,
-                       std::int32_t planeCount)
+                       std::span<CPixmap* const> write, const PixelRect& rect,
+                       std::int32_t firstPlane, std::int32_t planeCount)
 {
     Add(read, rect, firstPlane, planeCount, Access::kRead);
     Add(readWrite, rect, firstPlane, planeCount, Access::kReadWrite);
     Add(write, rect, firstPlane, planeCount, Access::kWrite);
 }
 
-CPixWalker::CPixWalker(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane,
+CPixWalker::CPixWalker(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
                        std::int32_t planeCount)
     : fOperands{{&pixmap, rect, firstPlane, planeCount, Access::kReadWrite}}
 {
 }
 
-CPixWalker::CPixWalker(CPixmap& source, CPixmap& dest, const Rect& sourceRect, const Rect& destRect,
-                       std::int32_t firstPlane, std::int32_t planeCount)
+CPixWalker::CPixWalker(CPixmap& source, CPixmap& dest, const PixelRect& sourceRect,
+                       const PixelRect& destRect, std::int32_t firstPlane, std::int32_t planeCount)
     : fOperands{{&source, sourceRect, firstPlane, planeCount, Access::kRead},
                 {&dest, destRect, firstPlane, planeCount, Access::kWrite}}
 {
@@ -48,8 +48,8 @@ CPixWalker::CPixWalker(CPixmap& source, CPixmap& dest, const Rect& sourceRect, c
 
 CPixWalker::CPixWalker(std::vector<Operand> operands) : fOperands(std::move(operands)) {}
 
-void CPixWalker::Add(std::span<CPixmap* const> pixmaps, const Rect& rect, std::int32_t firstPlane,
-                     std::int32_t planeCount, Access access)
+void CPixWalker::Add(std::span<CPixmap* const> pixmaps, const PixelRect& rect,
+                     std::int32_t firstPlane, std::int32_t planeCount, Access access)
 {
     for (CPixmap* pixmap : pixmaps)
         if (pixmap != nullptr)
@@ -57,14 +57,14 @@ void CPixWalker::Add(std::span<CPixmap* const> pixmaps, const Rect& rect, std::i
 }
 
 // What all operands have, from the corner of each one's rectangle.
-Rect CPixWalker::CommonArea() const
+PixelRect CPixWalker::CommonArea() const
 {
     if (fOperands.empty())
         return {};
-    const Rect& first = fOperands.front().fRect;
-    Rect area = Moved(first, -first.left, -first.top);
+    const PixelRect& first = fOperands.front().fRect;
+    PixelRect area = Moved(first, -first.left, -first.top);
     for (const Operand& operand : fOperands) {
-        const Rect inside = Intersect(operand.fRect, operand.fPixmap->GetBounds());
+        const PixelRect inside = Intersect(operand.fRect, operand.fPixmap->GetBounds());
         area = Intersect(area, Moved(inside, -operand.fRect.left, -operand.fRect.top));
     }
     return area;
@@ -72,7 +72,7 @@ Rect CPixWalker::CommonArea() const
 
 bool CPixWalker::Run(Function function, void* userData) const
 {
-    const Rect area = CommonArea();
+    const PixelRect area = CommonArea();
     std::int32_t bottom = 0;
     for (std::int32_t y = area.top; y < area.bottom; y = bottom) {
         bottom = area.bottom;
@@ -92,13 +92,13 @@ bool CPixWalker::Run(Function function, void* userData) const
     return true;
 }
 
-bool CPixWalker::RunPiece(const Rect& piece, Function function, void* userData) const
+bool CPixWalker::RunPiece(const PixelRect& piece, Function function, void* userData) const
 {
     CPixWalkContext context;
     std::vector<CTileView> locks; // keep the tiles in memory until the function is done
     locks.reserve(fOperands.size());
     for (const Operand& operand : fOperands) {
-        const Rect place = Moved(piece, operand.fRect.left, operand.fRect.top);
+        const PixelRect place = Moved(piece, operand.fRect.left, operand.fRect.top);
         const bool writes = operand.fAccess != Access::kRead;
         locks.emplace_back(*operand.fPixmap, place, operand.fFirstPlane, operand.fPlaneCount,
                            writes);
@@ -110,7 +110,7 @@ bool CPixWalker::RunPiece(const Rect& piece, Function function, void* userData) 
     return function(context, userData);
 }
 
-bool LiesInOneTile(const CPixmap& pixmap, const Rect& rect)
+bool LiesInOneTile(const CPixmap& pixmap, const PixelRect& rect)
 {
     return rect.IsEmpty() || (TileRight(pixmap, rect.left) >= rect.right &&
                               TileBottom(pixmap, rect.top) >= rect.bottom);

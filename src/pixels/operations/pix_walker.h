@@ -31,7 +31,7 @@ public:
     // first on.
     struct Operand {
         CPixmap* fPixmap;
-        Rect fRect;
+        PixelRect fRect;
         std::int32_t fFirstPlane;
         std::int32_t fPlaneCount;
         Access fAccess;
@@ -40,16 +40,17 @@ public:
     // The same rectangle and planes of all pixmaps. They are not owned, and stay while the walker
     // is used.
     CPixWalker(std::span<CPixmap* const> read, std::span<CPixmap* const> readWrite,
-               std::span<CPixmap* const> write, const Rect& rect, std::int32_t firstPlane,
+               std::span<CPixmap* const> write, const PixelRect& rect, std::int32_t firstPlane,
                std::int32_t planeCount);
 
     // One pixmap, to read and write.
-    CPixWalker(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane, std::int32_t planeCount);
+    CPixWalker(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
+               std::int32_t planeCount);
 
     // A source to read and a destination to write, whose rectangles begin at places of their own.
     // The smaller size counts.
-    CPixWalker(CPixmap& source, CPixmap& dest, const Rect& sourceRect, const Rect& destRect,
-               std::int32_t firstPlane, std::int32_t planeCount);
+    CPixWalker(CPixmap& source, CPixmap& dest, const PixelRect& sourceRect,
+               const PixelRect& destRect, std::int32_t firstPlane, std::int32_t planeCount);
 
     // Pixmaps with a part of their own each.
     explicit CPixWalker(std::vector<Operand> operands);
@@ -69,15 +70,15 @@ public:
     }
 
 private:
-    void Add(std::span<CPixmap* const> pixmaps, const Rect& rect, std::int32_t firstPlane,
+    void Add(std::span<CPixmap* const> pixmaps, const PixelRect& rect, std::int32_t firstPlane,
              std::int32_t planeCount, Access access);
-    Rect CommonArea() const;
-    bool RunPiece(const Rect& piece, Function function, void* userData) const;
+    PixelRect CommonArea() const;
+    bool RunPiece(const PixelRect& piece, Function function, void* userData) const;
 
     std::vector<Operand> fOperands;
 };
 
 // True when the rectangle lies in one tile of the pixmap.
-bool LiesInOneTile(const CPixmap& pixmap, const Rect& rect);
+bool LiesInOneTile(const CPixmap& pixmap, const PixelRect& rect);
 
 } // namespace Kesto

@@ -3,12 +3,16 @@
 #include "pixels/kernels/transfer.h"
 #include "pixels/kernels/view_access.h"
 #include "pixels/operations/pix_walker.h"
+#include "pixels/pixmaps/pixel_size.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace Kesto {
 
 using Access = CPixWalker::Access;
 
-void Fill(CPixmap& pixmap, const Rect& rect, const void* values, std::int32_t firstPlane,
+void Fill(CPixmap& pixmap, const PixelRect& rect, const void* values, std::int32_t firstPlane,
           std::int32_t planeCount)
 {
     Kernels::WithPixelType(pixmap.GetPixelBits(), [&]<class T>() {
@@ -23,7 +27,8 @@ void Fill(CPixmap& pixmap, const Rect& rect, const void* values, std::int32_t fi
     });
 }
 
-void Invert(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane, std::int32_t planeCount)
+void Invert(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
+            std::int32_t planeCount)
 {
     CPixWalker(pixmap, rect, firstPlane, planeCount).Run([](const CPixWalkContext& context) {
         Kernels::Invert(context.fReadWrite[0], context.fReadWrite[0]);
@@ -31,7 +36,7 @@ void Invert(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane, std::int
     });
 }
 
-void Copy(CPixmap& dest, CPixmap& source, const Rect& destRect, const Rect& sourceRect,
+void Copy(CPixmap& dest, CPixmap& source, const PixelRect& destRect, const PixelRect& sourceRect,
           std::int32_t firstPlane, std::int32_t planeCount)
 {
     CPixWalker(source, dest, sourceRect, destRect, firstPlane, planeCount)
@@ -41,8 +46,8 @@ void Copy(CPixmap& dest, CPixmap& source, const Rect& destRect, const Rect& sour
         });
 }
 
-void Exchange(CPixmap& a, CPixmap& b, const Rect& rectA, const Rect& rectB, std::int32_t firstPlane,
-              std::int32_t planeCount)
+void Exchange(CPixmap& a, CPixmap& b, const PixelRect& rectA, const PixelRect& rectB,
+              std::int32_t firstPlane, std::int32_t planeCount)
 {
     const CPixWalker walker({{&a, rectA, firstPlane, planeCount, Access::kReadWrite},
                              {&b, rectB, firstPlane, planeCount, Access::kReadWrite}});
@@ -50,6 +55,16 @@ void Exchange(CPixmap& a, CPixmap& b, const Rect& rectA, const Rect& rectB, std:
         Kernels::Exchange(context.fReadWrite[0], context.fReadWrite[1]);
         return true;
     });
+}
+
+void CPixmap::Erase()
+{
+    const std::int32_t bits = GetPixelBits();
+    if (bits != 8 && bits != 16 && bits != 32 && bits != 64)
+        return;
+    const std::int64_t planes = std::max(GetPlaneCount(), 0);
+    const std::vector<std::uint8_t> zeros(static_cast<std::size_t>(planes * (bits / 8)));
+    Fill(*this, GetBounds(), zeros.data(), 0, -1);
 }
 
 } // namespace Kesto

@@ -11,19 +11,20 @@ namespace Kesto {
 
 // `values` is an array of one value of the pixmap's pixel size for each selected plane, in the
 // order of the planes.
-void Fill(CPixmap& pixmap, const Rect& rect, const void* values, std::int32_t firstPlane,
+void Fill(CPixmap& pixmap, const PixelRect& rect, const void* values, std::int32_t firstPlane,
           std::int32_t planeCount);
 
 // The bitwise complement.
-void Invert(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane, std::int32_t planeCount);
+void Invert(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
+            std::int32_t planeCount);
 
 // The smaller of the two rectangles' sizes counts. Within one contiguous pixmap the rectangles may
 // overlap.
-void Copy(CPixmap& dest, CPixmap& source, const Rect& destRect, const Rect& sourceRect,
+void Copy(CPixmap& dest, CPixmap& source, const PixelRect& destRect, const PixelRect& sourceRect,
           std::int32_t firstPlane, std::int32_t planeCount);
 
 // Swaps the pixels of two rectangles that do not overlap.
-void Exchange(CPixmap& a, CPixmap& b, const Rect& rectA, const Rect& rectB, std::int32_t firstPlane,
-              std::int32_t planeCount);
+void Exchange(CPixmap& a, CPixmap& b, const PixelRect& rectA, const PixelRect& rectB,
+              std::int32_t firstPlane, std::int32_t planeCount);
 
 } // namespace Kesto

@@ -4,7 +4,7 @@ namespace Kesto {
 
 namespace {
 
-bool Contains(const CPixmap& pixmap, const Rect& rect)
+bool Contains(const CPixmap& pixmap, const PixelRect& rect)
 {
     return rect.IsEmpty() || Intersect(rect, pixmap.GetBounds()) == rect;
 }
@@ -44,7 +44,7 @@ void CPixmapScaler::Reset()
     fStepsDown = 0;
 }
 
-bool CPixmapScaler::CanPrepare(const Rect& destRect, const Rect& sourceRect) const
+bool CPixmapScaler::CanPrepare(const PixelRect& destRect, const PixelRect& sourceRect) const
 {
     if (fDest == nullptr || fSource == nullptr)
         return false;
@@ -53,7 +53,7 @@ bool CPixmapScaler::CanPrepare(const Rect& destRect, const Rect& sourceRect) con
            Contains(*fDest, destRect) && Contains(*fSource, sourceRect);
 }
 
-void CPixmapScaler::Prepare(const Rect& destRect, const Rect& sourceRect)
+void CPixmapScaler::Prepare(const PixelRect& destRect, const PixelRect& sourceRect)
 {
     if (!CanPrepare(destRect, sourceRect))
         return Reset();
@@ -69,9 +69,9 @@ void CPixmapScaler::Prepare(const Rect& destRect, const Rect& sourceRect)
     SetStepsPerCell(static_cast<std::uint32_t>(fStepsAcross * fStepsDown));
 }
 
-Rect CPixmapScaler::PieceOf(std::int32_t column, std::int32_t row, std::uint32_t step) const
+PixelRect CPixmapScaler::PieceOf(std::int32_t column, std::int32_t row, std::uint32_t step) const
 {
-    const Rect cell = GetCell(column, row);
+    const PixelRect cell = GetCell(column, row);
     const std::int32_t index = static_cast<std::int32_t>(step);
     const Range across = PieceRange(cell.left, cell.right, index % fStepsAcross, fStepsAcross);
     const Range down = PieceRange(cell.top, cell.bottom, index / fStepsAcross, fStepsDown);
@@ -84,9 +84,9 @@ bool CPixmapScaler::DoStep(std::int32_t column, std::int32_t row, std::uint32_t&
     const std::uint32_t state = GetCellState(column, row);
     if (state >= GetStepCount(column, row))
         return true;
-    const Rect piece = PieceOf(column, row, state);
+    const PixelRect piece = PieceOf(column, row, state);
     if (!piece.IsEmpty()) {
-        Rect sourceRect;
+        PixelRect sourceRect;
         GetSourceRect(piece, sourceRect);
         Scale(*fDest, *fSource, piece, sourceRect,
               {fDestFirstPlane, fDestPlaneCount, fSourceFirstPlane, fSourcePlaneCount});
@@ -107,8 +107,8 @@ void CPixmapScaler::Clear()
     Reset();
 }
 
-void CPixmapScaler::SetPixmaps(CPixmap* dest, CPixmap* source, const Rect& destRect,
-                               const Rect& sourceRect, std::int32_t destFirstPlane,
+void CPixmapScaler::SetPixmaps(CPixmap* dest, CPixmap* source, const PixelRect& destRect,
+                               const PixelRect& sourceRect, std::int32_t destFirstPlane,
                                std::int32_t destPlaneCount, std::int32_t sourceFirstPlane,
                                std::int32_t sourcePlaneCount)
 {
@@ -125,9 +125,9 @@ void CPixmapScaler::SetPixmaps(CPixmap* dest, CPixmap* source, std::int32_t dest
                                std::int32_t destPlaneCount, std::int32_t sourceFirstPlane,
                                std::int32_t sourcePlaneCount)
 {
-    SetPixmaps(dest, source, dest != nullptr ? dest->GetBounds() : Rect(),
-               source != nullptr ? source->GetBounds() : Rect(), destFirstPlane, destPlaneCount,
-               sourceFirstPlane, sourcePlaneCount);
+    SetPixmaps(dest, source, dest != nullptr ? dest->GetBounds() : PixelRect(),
+               source != nullptr ? source->GetBounds() : PixelRect(), destFirstPlane,
+               destPlaneCount, sourceFirstPlane, sourcePlaneCount);
 }
 
 } // namespace Kesto

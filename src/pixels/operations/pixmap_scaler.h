@@ -17,7 +17,7 @@ public:
 
     // Resets unless both pixmaps exist, have a pixel size of 8, 16 or 32 bits in common, and
     // contain the rectangles.
-    void Prepare(const Rect& destRect, const Rect& sourceRect) override;
+    void Prepare(const PixelRect& destRect, const PixelRect& sourceRect) override;
 
     bool DoStep(std::int32_t column, std::int32_t row, std::uint32_t& done, Callback callback,
                 void* userData) override;
@@ -27,8 +27,8 @@ public:
 
     // Takes the pixmaps, which are not owned and stay until Clear or the next call, and prepares.
     // Plane counts below 0 mean all planes from the first on; the smaller of both counts is scaled.
-    virtual void SetPixmaps(CPixmap* dest, CPixmap* source, const Rect& destRect,
-                            const Rect& sourceRect, std::int32_t destFirstPlane = 0,
+    virtual void SetPixmaps(CPixmap* dest, CPixmap* source, const PixelRect& destRect,
+                            const PixelRect& sourceRect, std::int32_t destFirstPlane = 0,
                             std::int32_t destPlaneCount = -1, std::int32_t sourceFirstPlane = 0,
                             std::int32_t sourcePlaneCount = -1);
 
@@ -41,8 +41,8 @@ public:
     std::int32_t GetStepsDown() const { return fStepsDown; }
 
 private:
-    bool CanPrepare(const Rect& destRect, const Rect& sourceRect) const;
-    Rect PieceOf(std::int32_t column, std::int32_t row, std::uint32_t step) const;
+    bool CanPrepare(const PixelRect& destRect, const PixelRect& sourceRect) const;
+    PixelRect PieceOf(std::int32_t column, std::int32_t row, std::uint32_t step) const;
 
     CPixmap* fDest = nullptr;
     CPixmap* fSource = nullptr;

@@ -34,7 +34,7 @@ void CBasicPixmap::SetOrigin(std::int32_t x, std::int32_t y)
     fOriginY = y;
 }
 
-void CBasicPixmap::GetBounds(Rect& bounds) const
+void CBasicPixmap::GetBounds(PixelRect& bounds) const
 {
     bounds = {fOriginX, fOriginY, ToInt32(std::int64_t{fOriginX} + fWidth),
               ToInt32(std::int64_t{fOriginY} + fHeight)};
@@ -155,12 +155,12 @@ void CBasicPixmap::GetView(CPixView& view, std::int32_t x, std::int32_t y, std::
         view.planePointers[i] = base + planeDistance * (std::int64_t{first} + i) + byteOffset;
 }
 
-void CBasicPixmap::GetView(CPixView& view, const Rect& rect, std::int32_t firstPlane,
+void CBasicPixmap::GetView(CPixView& view, const PixelRect& rect, std::int32_t firstPlane,
                            std::int32_t planeCount) const
 {
-    Rect bounds;
+    PixelRect bounds;
     GetBounds(bounds);
-    const Rect part = Intersect(rect, bounds);
+    const PixelRect part = Intersect(rect, bounds);
     if (part.IsEmpty()) {
         view.Reset();
         return;

@@ -22,12 +22,15 @@ public:
     using CPixmap::GetSize;
     using CPixmap::SetSize;
 
-    Point GetOrigin() const override { return {fOriginX, fOriginY}; }
-    void GetOrigin(Point& origin) const override { origin = {fOriginX, fOriginY}; }
-    void SetOrigin(const Point& origin) override { CBasicPixmap::SetOrigin(origin.x, origin.y); }
+    PixelPoint GetOrigin() const override { return {fOriginX, fOriginY}; }
+    void GetOrigin(PixelPoint& origin) const override { origin = {fOriginX, fOriginY}; }
+    void SetOrigin(const PixelPoint& origin) override
+    {
+        CBasicPixmap::SetOrigin(origin.x, origin.y);
+    }
     void SetOrigin(std::int32_t x, std::int32_t y) override;
-    void GetBounds(Rect& bounds) const override;
-    void GetSize(Point& size) const override { size = {fWidth, fHeight}; }
+    void GetBounds(PixelRect& bounds) const override;
+    void GetSize(PixelPoint& size) const override { size = {fWidth, fHeight}; }
     std::int32_t GetWidth() const override { return fWidth; }
     std::int32_t GetHeight() const override { return fHeight; }
     std::int32_t GetPlaneCount() const override { return fPlanes; }
@@ -69,7 +72,7 @@ public:
                          std::int32_t planeCount) const;
 
     // A view of the part of a global rectangle that lies in the pixmap.
-    virtual void GetView(CPixView& view, const Rect& rect, std::int32_t firstPlane,
+    virtual void GetView(CPixView& view, const PixelRect& rect, std::int32_t firstPlane,
                          std::int32_t planeCount) const;
 
 protected:

@@ -84,8 +84,8 @@ void CDisplayPixmap::Withdraw()
 
 void CDisplayPixmap::SetSize(std::int32_t width, std::int32_t height)
 {
-    const Point old = GetSize();
-    if (Point{width, height} == old)
+    const PixelPoint old = GetSize();
+    if (PixelPoint{width, height} == old)
         return;
     CBasicPixmap::SetSize(width, height);
     if (GetBaseAddress() == nullptr)

@@ -23,7 +23,7 @@ CMemoryPixmap::CMemoryPixmap(std::int32_t pixelBits, std::int32_t width, std::in
 {
 }
 
-CMemoryPixmap::CMemoryPixmap(const Rect& bounds, std::int32_t pixelBits, std::int32_t planes,
+CMemoryPixmap::CMemoryPixmap(const PixelRect& bounds, std::int32_t pixelBits, std::int32_t planes,
                              std::int32_t rowAlignment, std::uint32_t storageAlignment)
     : CMemoryPixmap(
           pixelBits, bounds.left, bounds.top, ToInt32(std::int64_t{bounds.right} - bounds.left),
@@ -59,8 +59,8 @@ CMemoryPixmap& CMemoryPixmap::operator=(const CMemoryPixmap& other)
 
 void CMemoryPixmap::SetSize(std::int32_t width, std::int32_t height)
 {
-    const Point old = GetSize();
-    if (Point{width, height} == old)
+    const PixelPoint old = GetSize();
+    if (PixelPoint{width, height} == old)
         return;
     CBasicPixmap::SetSize(width, height);
     try {

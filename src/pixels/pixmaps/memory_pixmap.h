@@ -17,7 +17,7 @@ public:
     // std::bad_alloc and what CBasicPixmap throws.
     CMemoryPixmap(std::int32_t pixelBits, std::int32_t width, std::int32_t height,
                   std::int32_t planes, std::int32_t rowAlignment, std::uint32_t storageAlignment);
-    CMemoryPixmap(const Rect& bounds, std::int32_t pixelBits, std::int32_t planes,
+    CMemoryPixmap(const PixelRect& bounds, std::int32_t pixelBits, std::int32_t planes,
                   std::int32_t rowAlignment, std::uint32_t storageAlignment);
     CMemoryPixmap(std::int32_t pixelBits, std::int32_t originX, std::int32_t originY,
                   std::int32_t width, std::int32_t height, std::int32_t planes,

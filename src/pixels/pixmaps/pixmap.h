@@ -9,7 +9,7 @@
 // to one thread.
 #pragma once
 
-#include "pixels/pixmaps/geometry.h"
+#include "foundation/base/geometry.h"
 
 #include <cstdint>
 
@@ -19,18 +19,18 @@ class CPixmap {
 public:
     virtual ~CPixmap() = default;
 
-    virtual Point GetOrigin() const;
-    virtual void GetOrigin(Point& origin) const = 0;
-    virtual void SetOrigin(const Point& origin) = 0;
+    virtual PixelPoint GetOrigin() const;
+    virtual void GetOrigin(PixelPoint& origin) const = 0;
+    virtual void SetOrigin(const PixelPoint& origin) = 0;
     virtual void SetOrigin(std::int32_t x, std::int32_t y) = 0;
 
-    virtual Rect GetBounds() const;
-    virtual void GetBounds(Rect& bounds) const = 0;
-    virtual void SetBounds(const Rect& bounds);
+    virtual PixelRect GetBounds() const;
+    virtual void GetBounds(PixelRect& bounds) const = 0;
+    virtual void SetBounds(const PixelRect& bounds);
 
-    virtual Point GetSize() const;
-    virtual void GetSize(Point& size) const = 0;
-    virtual void SetSize(const Point& size);
+    virtual PixelPoint GetSize() const;
+    virtual void GetSize(PixelPoint& size) const = 0;
+    virtual void SetSize(const PixelPoint& size);
 
     // Size and origin become 0.
     virtual void Clear();

@@ -56,7 +56,7 @@ void CPixView::Reset()
     *this = CPixView();
 }
 
-void CPixView::MoveTo(const Rect& rect)
+void CPixView::MoveTo(const PixelRect& rect)
 {
     const std::int64_t bitPosition = bitOffset + (std::int64_t{rect.left} - x) * pixelBits;
     std::int64_t byteDelta = bitPosition / 8 + (std::int64_t{rect.top} - y) * rowBytes;

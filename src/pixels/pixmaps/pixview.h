@@ -6,7 +6,7 @@
 // planes or without an array as nothing to do.
 #pragma once
 
-#include "pixels/pixmaps/geometry.h"
+#include "foundation/base/geometry.h"
 
 #include <cstdint>
 #include <memory>
@@ -31,7 +31,7 @@ struct CPixView {
 
     // Moves the window to `rect`, in global coordinates, over the same pixels. The caller vouches
     // that it lies in the storage.
-    void MoveTo(const Rect& rect);
+    void MoveTo(const PixelRect& rect);
 
     std::unique_ptr<std::uint8_t*[]> planePointers; // first pixel of each selected plane
     std::int32_t bitOffset = 0; // from the byte addressed to the first pixel, 0 to 7

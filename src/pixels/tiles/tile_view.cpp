@@ -26,7 +26,7 @@ CTileView::CLock::~CLock()
     fPixmap.UnlockTile(fColumn, fRow, fPlane, fBytes, fWrites, false);
 }
 
-CTileView::CTileView(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane,
+CTileView::CTileView(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
                      std::int32_t planeCount, bool writes)
 {
     if (const auto* basic = dynamic_cast<const CBasicPixmap*>(&pixmap))
@@ -36,7 +36,7 @@ CTileView::CTileView(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane,
 }
 
 // Planes are chosen as a contiguous pixmap does.
-void CTileView::LockTiles(CVirtualPixmap& pixmap, const Rect& rect, std::int32_t firstPlane,
+void CTileView::LockTiles(CVirtualPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
                           std::int32_t planeCount, bool writes)
 {
     const std::int32_t planes = pixmap.GetPlaneCount();

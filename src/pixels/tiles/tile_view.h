@@ -14,8 +14,8 @@ class CTileView {
 public:
     // `rect`, in global coordinates, lies in one tile of the pixmap. Pixels of a paged pixmap are
     // kept only if `writes` is set. Throws what locking a tile throws.
-    CTileView(CPixmap& pixmap, const Rect& rect, std::int32_t firstPlane, std::int32_t planeCount,
-              bool writes);
+    CTileView(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
+              std::int32_t planeCount, bool writes);
     CTileView(CTileView&& other) noexcept = default;
     CTileView& operator=(CTileView&&) = delete;
 
@@ -42,7 +42,7 @@ private:
         void* fBytes = nullptr;
     };
 
-    void LockTiles(CVirtualPixmap& pixmap, const Rect& rect, std::int32_t firstPlane,
+    void LockTiles(CVirtualPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
                    std::int32_t planeCount, bool writes);
 
     CPixView fView;

@@ -26,7 +26,7 @@ void CVirtualPixmap::SetOrigin(std::int32_t x, std::int32_t y)
     fOriginY = y;
 }
 
-void CVirtualPixmap::GetBounds(Rect& bounds) const
+void CVirtualPixmap::GetBounds(PixelRect& bounds) const
 {
     bounds = {fOriginX, fOriginY, ToInt32(std::int64_t{fOriginX} + fWidth),
               ToInt32(std::int64_t{fOriginY} + fHeight)};

@@ -25,11 +25,14 @@ public:
     using CPixmap::GetSize;
     using CPixmap::SetSize;
 
-    void GetOrigin(Point& origin) const override { origin = {fOriginX, fOriginY}; }
-    void SetOrigin(const Point& origin) override { CVirtualPixmap::SetOrigin(origin.x, origin.y); }
+    void GetOrigin(PixelPoint& origin) const override { origin = {fOriginX, fOriginY}; }
+    void SetOrigin(const PixelPoint& origin) override
+    {
+        CVirtualPixmap::SetOrigin(origin.x, origin.y);
+    }
     void SetOrigin(std::int32_t x, std::int32_t y) override;
-    void GetBounds(Rect& bounds) const override;
-    void GetSize(Point& size) const override { size = {fWidth, fHeight}; }
+    void GetBounds(PixelRect& bounds) const override;
+    void GetSize(PixelPoint& size) const override { size = {fWidth, fHeight}; }
     std::int32_t GetWidth() const override { return fWidth; }
     std::int32_t GetHeight() const override { return fHeight; }
     std::int32_t GetPlaneCount() const override { return fPlanes; }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/input/message_queue.h"
+#include "platform/system/pixel_rect.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,21 +12,14 @@
 namespace Platform {
 
 // In pixels of the screen.
-struct ScreenPoint {
-    std::int32_t x = 0;
-    std::int32_t y = 0;
-
-    friend bool operator==(const ScreenPoint&, const ScreenPoint&) = default;
-};
-
-ScreenPoint CursorPosition();
+PixelPoint CursorPosition();
 
 // True when the user has exchanged the left and the right button. Key states tell of the buttons of
 // the device, messages of their roles.
 bool AreButtonsSwapped();
 
 // The window of this thread at a point, or null.
-NativeWindow WindowAt(ScreenPoint point);
+NativeWindow WindowAt(PixelPoint point);
 
 struct PenSample {
     std::int32_t x = 0; // in pixels of the screen

@@ -1,6 +1,6 @@
 #include "plugin/format/plugin_registry.h"
 
-#include "plugin/frame/factories.h"
+#include "plugin/factories.h"
 #include "plugin/frame/process_setup.h"
 #include "view/process/clean_up_list.h"
 

@@ -1,7 +1,7 @@
 // The one object of a group of projects of which only one can be at work: filters, and exports.
 #pragma once
 
-#include "plugin/frame/factories.h"
+#include "plugin/factories.h"
 #include "plugin/frame/process_setup.h"
 #include "view/process/clean_up_list.h"
 

@@ -13,7 +13,7 @@ struct CMouseEvent {
     CObjID fButton; // one of the kMouseButton_ ids; none for a move
     Platform::NativeWindow fWindow =
         nullptr; // the one at the point, or that the message is for; null for none
-    Platform::ScreenPoint fPoint;
+    Platform::PixelPoint fPoint;
     std::uint32_t fModifiers = 0; // bits as in CMessage
     double fTime = 0.0;           // seconds of the tick count
 

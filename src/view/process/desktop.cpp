@@ -118,7 +118,7 @@ bool CDesktop::HasPopups() const
     return false;
 }
 
-bool CDesktop::ClickAway(Platform::ScreenPoint point)
+bool CDesktop::ClickAway(Platform::PixelPoint point)
 {
     const CDesktopWindow* const hit = WindowOf(Platform::WindowAt(point));
     if (!HasPopups() || (hit != nullptr && hit->IsPopup()))

@@ -78,7 +78,7 @@ public:
 
     // A button went down at a point. Unless it hit a popup, all popups close. True: that is all it
     // did, since a modal window is up and no window that takes clicks was hit.
-    bool ClickAway(Platform::ScreenPoint point);
+    bool ClickAway(Platform::PixelPoint point);
 
     // The mouse is where the event says; it counts for no window.
     void MouseMoved(const CMouseEvent& event);

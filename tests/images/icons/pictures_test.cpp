@@ -56,10 +56,10 @@ TEST(ModuleIcons, DecodeToTheSizesInTheIndex)
                 continue;
             CDualPicture picture;
             ASSERT_TRUE(picture.LoadPicture(tag, name)) << name;
-            EXPECT_EQ(picture.GetBounds(), (Rect{0, 0, width, height})) << name;
+            EXPECT_EQ(picture.GetBounds(), (PixelRect{0, 0, width, height})) << name;
             const CMemoryPixmap* high = picture.GetPixmap(kDensity_High);
             ASSERT_NE(high, nullptr) << name;
-            EXPECT_EQ(high->GetBounds(), (Rect{0, 0, 2 * width, 2 * height})) << name;
+            EXPECT_EQ(high->GetBounds(), (PixelRect{0, 0, 2 * width, 2 * height})) << name;
             EXPECT_THAT(Alpha(picture), testing::Contains(testing::Gt(20)))
                 << name << " can't be seen";
             if (name.starts_with("Alpha_")) {
@@ -77,7 +77,7 @@ TEST(DualPicture, IsLoadedByNameNumberAndEitherTag)
 {
     CDualPicture cursor, plain, high;
     EXPECT_TRUE(cursor.LoadPicture(26019));
-    EXPECT_EQ(cursor.GetHotSpot(), (Point{4, 20}));
+    EXPECT_EQ(cursor.GetHotSpot(), (PixelPoint{4, 20}));
     EXPECT_TRUE(plain.LoadPicture("Alpha_26019.png"));
     EXPECT_TRUE(high.LoadPicture(MakeTag("HICn"), 26019));
     EXPECT_EQ(Alpha(plain), Alpha(cursor));
@@ -85,7 +85,7 @@ TEST(DualPicture, IsLoadedByNameNumberAndEitherTag)
     EXPECT_EQ(Alpha(high, kDensity_High), Alpha(cursor, kDensity_High));
 
     EXPECT_FALSE(cursor.LoadPicture("Nothing"));
-    EXPECT_TRUE(cursor.GetBounds().IsEmpty() && cursor.GetHotSpot() == Point());
+    EXPECT_TRUE(cursor.GetBounds().IsEmpty() && cursor.GetHotSpot() == PixelPoint());
 }
 
 TEST(DualPicture, FallsBackToTheResourcesOfTheModule)
@@ -104,11 +104,11 @@ TEST(DualPicture, MeasuresAHighPixmapByHalf)
 {
     CDualPicture picture;
     picture.SetPixmap(Blank(1, 7, 1), kDensity_High);
-    EXPECT_EQ(picture.GetBounds(), (Rect{1, -1, 4, 1}));
+    EXPECT_EQ(picture.GetBounds(), (PixelRect{1, -1, 4, 1}));
     EXPECT_EQ(picture.GetWidth(), 3);
     EXPECT_EQ(picture.GetHeight(), 2);
     picture.SetPixmap(Blank(1, 7, 1), kDensity_Low);
-    EXPECT_EQ(picture.GetBounds(), (Rect{1, -3, 8, 2}));
+    EXPECT_EQ(picture.GetBounds(), (PixelRect{1, -3, 8, 2}));
     EXPECT_EQ(picture.GetWidth(), 7);
 }
 

@@ -39,7 +39,7 @@ void ExpectSamePixels(const Picture& picture, const Bytes& filters)
                  << picture.height << ", first filter " << int{filters[0]});
     const auto pixmap = Decode(Encoded(picture, filters, 100));
     ASSERT_NE(pixmap, nullptr);
-    ASSERT_EQ(pixmap->GetSize(), (Point{picture.width, picture.height}));
+    ASSERT_EQ(pixmap->GetSize(), (PixelPoint{picture.width, picture.height}));
     EXPECT_EQ(pixmap->GetRowBytes(), (picture.width + 3) / 4 * 4);
     EXPECT_TRUE(SamplesOf(*pixmap) == ExpectedSamples(picture));
 }
@@ -51,7 +51,7 @@ TEST(PNGPictures, OfEveryKindSizeAndFilterAreDecodedToTheBit)
              EveryKind(size, 1 + size * 7 % 40, static_cast<std::uint32_t>(size)))
             for (const Bytes& filters : {Bytes{0}, {1}, {2}, {3}, {4}, {4, 3, 1, 2, 0, 3, 4, 7}})
                 ExpectSamePixels(picture, filters);
-    for (const Point size : {Point{517, 131}, {3, 1500}, {1500, 3}})
+    for (const PixelPoint size : {PixelPoint{517, 131}, {3, 1500}, {1500, 3}})
         for (const Picture& picture : EveryKind(size.x, size.y, 1))
             ExpectSamePixels(picture, {4, 4, 3, 1, 0, 2});
 }
@@ -111,7 +111,7 @@ TEST(PNGChunks, OfUnusualOrderSizeAndMeaningAreTaken)
 TEST(PNGPixmaps, MayBeNullOrEmpty)
 {
     EXPECT_EQ(Decode(FileOf(Header(0, 1, 8, 5), {Rows({0})})), nullptr) << "unknown color type";
-    EXPECT_EQ(Decode(FileOf(Header(0, 3, 8, 6, 0, 1), {Rows({})}))->GetSize(), (Point{0, 3}));
+    EXPECT_EQ(Decode(FileOf(Header(0, 3, 8, 6, 0, 1), {Rows({})}))->GetSize(), (PixelPoint{0, 3}));
 }
 
 // A decoder that stops at a comment.

@@ -84,8 +84,8 @@ TEST(Grid, SplitsEvenlyAndGivesTheRestToTheLast)
     Scaling scaling(129, 300, 129, 300);
     const CPixmapScaler& grid = scaling.fScaler;
     ASSERT_EQ((std::array{grid.GetColumns(), grid.GetRows()}), (std::array{2, 3}));
-    EXPECT_EQ(grid.GetCell(0, 0), (Rect{0, 0, 64, 100}));
-    EXPECT_EQ(grid.GetCell(1, 2), (Rect{64, 200, 129, 300}));
+    EXPECT_EQ(grid.GetCell(0, 0), (PixelRect{0, 0, 64, 100}));
+    EXPECT_EQ(grid.GetCell(1, 2), (PixelRect{64, 200, 129, 300}));
     EXPECT_TRUE(grid.GetCell(2, 0).IsEmpty());
     for (const auto& [x, column] : {std::pair{63, 0}, {64, 1}, {1000, 1}, {-7, 0}})
         EXPECT_EQ(grid.GetColumn(x), column) << x;
@@ -97,11 +97,11 @@ TEST(Grid, CanStartWithAPartOfACell)
     CPixState grid;
     grid.SetGrid({10, 10, 100, 40}, {0, 0, 32, 32});
     ASSERT_EQ((std::array{grid.GetColumns(), grid.GetRows()}), (std::array{3, 1}));
-    const Rect cells[] = {{10, 10, 32, 40}, {32, 10, 64, 40}, {64, 10, 100, 40}};
+    const PixelRect cells[] = {{10, 10, 32, 40}, {32, 10, 64, 40}, {64, 10, 100, 40}};
     for (std::int32_t i = 0; i < 3; ++i)
         EXPECT_EQ(grid.GetCell(i, 0), cells[i]) << i;
     grid.SetOrigin(0, 0);
-    EXPECT_EQ(grid.GetCell(1, 0), (Rect{22, 0, 54, 30}));
+    EXPECT_EQ(grid.GetCell(1, 0), (PixelRect{22, 0, 54, 30}));
 }
 
 TEST(States, ChangeInTheCellsThatARectangleTouches)
@@ -130,10 +130,10 @@ TEST(States, KeepChangedRectangles)
     grid.SetGrid({0, 0, 20, 20}, {0, 0, 10, 10});
     EXPECT_TRUE(grid.GetChangedRect(0, 0).IsEmpty());
     grid.IntersectChangedRects({2, 3, 12, 5});
-    EXPECT_EQ(grid.GetChangedRect(0, 0), (Rect{2, 3, 10, 5}));
-    EXPECT_EQ(grid.GetChangedRect(1, 0), (Rect{10, 3, 12, 5}));
+    EXPECT_EQ(grid.GetChangedRect(0, 0), (PixelRect{2, 3, 10, 5}));
+    EXPECT_EQ(grid.GetChangedRect(1, 0), (PixelRect{10, 3, 12, 5}));
     grid.UniteChangedRects({0, 8, 3, 9});
-    EXPECT_EQ(grid.GetChangedRect(0, 0), (Rect{0, 3, 10, 9}));
+    EXPECT_EQ(grid.GetChangedRect(0, 0), (PixelRect{0, 3, 10, 9}));
     grid.ClearChangedRects({0, 0, 1, 1});
     EXPECT_TRUE(grid.GetChangedRect(0, 0).IsEmpty());
     EXPECT_FALSE(grid.GetChangedRect(1, 0).IsEmpty());
@@ -211,7 +211,8 @@ TEST(PixmapScaler, RefusesWhatItCannotScale)
     CPicture deep(16, 10, 10, 1);
     const std::vector<std::uint8_t> before = target.Copied();
     CPixmapScaler scaler;
-    const auto stepsFor = [&](CPixmap* dest, const Rect& destRect, const Rect& sourceRect) {
+    const auto stepsFor = [&](CPixmap* dest, const PixelRect& destRect,
+                              const PixelRect& sourceRect) {
         scaler.SetPixmaps(dest, &source.Pixmap(), destRect, sourceRect);
         return scaler.DoCellsQuietly();
     };

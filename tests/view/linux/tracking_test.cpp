@@ -160,7 +160,7 @@ struct Place : Kesto::CDesktopWindow, Platform::MessageReceiver {
     {
         return const_cast<Place*>(this)->Handle();
     }
-    bool Covers(Platform::ScreenPoint point) const override
+    bool Covers(Platform::PixelPoint point) const override
     {
         return point.x / 100 == (name == "right" ? 1 : 0);
     }

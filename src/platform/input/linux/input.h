@@ -26,7 +26,7 @@ public:
                                   std::intptr_t second) = 0;
 
     // Whether the window takes a click at this point of the screen.
-    virtual bool Covers(ScreenPoint) const { return false; }
+    virtual bool Covers(PixelPoint) const { return false; }
 
     NativeWindow Handle() { return this; }
 

@@ -5,7 +5,7 @@
 
 namespace Platform {
 
-ScreenPoint CursorPosition()
+PixelPoint CursorPosition()
 {
     return Queue::Get().Cursor();
 }
@@ -16,7 +16,7 @@ bool AreButtonsSwapped()
     return false;
 }
 
-NativeWindow WindowAt(ScreenPoint point)
+NativeWindow WindowAt(PixelPoint point)
 {
     for (const NativeWindow window : Queue::Get().Windows())
         if (static_cast<const MessageReceiver*>(window)->Covers(point))

@@ -353,7 +353,7 @@ bool Queue::IsKeyOn(Key key)
     return fKeysAtMessage.on[static_cast<std::size_t>(key) & 0xFF];
 }
 
-ScreenPoint Queue::Cursor()
+PixelPoint Queue::Cursor()
 {
     const std::lock_guard lock(fMutex);
     return fCursor;

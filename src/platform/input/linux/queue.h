@@ -55,7 +55,7 @@ public:
 
     bool IsKeyDown(Key key, KeyMoment moment);
     bool IsKeyOn(Key key);
-    ScreenPoint Cursor();
+    PixelPoint Cursor();
 
     void SetSource(int descriptor, std::function<void()> read);
 
@@ -101,7 +101,7 @@ private:
     Input fTaken; // the key message that was taken last
     Keys fKeysNow;
     Keys fKeysAtMessage;
-    ScreenPoint fCursor;
+    PixelPoint fCursor;
     int fBell;        // an eventfd: rung whenever something arrives
     int fSource = -1; // more to wait for, as the display's connection
     std::function<void()> fReadSource;

@@ -7,7 +7,7 @@
 
 namespace Platform {
 
-ScreenPoint CursorPosition()
+PixelPoint CursorPosition()
 {
     POINT point{};
     GetCursorPos(&point);
@@ -19,7 +19,7 @@ bool AreButtonsSwapped()
     return GetSystemMetrics(SM_SWAPBUTTON) != 0;
 }
 
-NativeWindow WindowAt(ScreenPoint point)
+NativeWindow WindowAt(PixelPoint point)
 {
     const HWND window = WindowFromPoint({point.x, point.y});
     return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId() ? Window(window)

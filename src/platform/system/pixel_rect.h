@@ -1,35 +1,35 @@
-// Points and rectangles of whole pixels.
+// Points and rectangles of whole pixels: of a screen, a bitmap, a pixmap, a solved layout.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
 
-namespace Kesto {
+namespace Platform {
 
-struct Point {
+struct PixelPoint {
     std::int32_t x = 0;
     std::int32_t y = 0;
 
-    bool operator==(const Point&) const = default;
+    friend bool operator==(const PixelPoint&, const PixelPoint&) = default;
 };
 
 // Right and bottom are exclusive.
-struct Rect {
+struct PixelRect {
     std::int32_t left = 0;
     std::int32_t top = 0;
     std::int32_t right = 0;
     std::int32_t bottom = 0;
 
-    bool operator==(const Rect&) const = default;
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
 
     bool IsEmpty() const { return left >= right || top >= bottom; }
 };
 
 // What both rectangles cover; empty where they do not meet.
-inline Rect Intersect(const Rect& a, const Rect& b)
+inline PixelRect Intersect(const PixelRect& a, const PixelRect& b)
 {
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
             std::min(a.bottom, b.bottom)};
 }
 
-} // namespace Kesto
+} // namespace Platform
