@@ -2,9 +2,10 @@
 // section on Windows, an image surface of Cairo on Linux.
 //
 // Rows run from the top row down, each padded to a multiple of 4 bytes. Pixels of 32 bits are blue,
-// green, red and one unused byte in memory.
+// green, red and alpha in memory, the colours multiplied by alpha where anything is blended.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -14,13 +15,15 @@ class Bitmap {
 public:
     Bitmap() = default;
     Bitmap(Bitmap&& other) noexcept
-        : fNative(std::exchange(other.fNative, 0)), fBits(std::exchange(other.fBits, nullptr))
+        : fNative(std::exchange(other.fNative, 0)), fBits(std::exchange(other.fBits, nullptr)),
+          fSize(std::exchange(other.fSize, {}))
     {
     }
     Bitmap& operator=(Bitmap&& other) noexcept
     {
         std::swap(fNative, other.fNative);
         std::swap(fBits, other.fBits);
+        std::swap(fSize, other.fSize);
         return *this;
     }
     ~Bitmap() { Release(); }
@@ -35,6 +38,12 @@ public:
     // The first byte of the top row, or null.
     std::uint8_t* Bits() const { return fBits; }
 
+    // All 0 where there is no bitmap.
+    std::int32_t Width() const { return fSize.width; }
+    std::int32_t Height() const { return fSize.height; }
+    std::int32_t PixelBits() const { return fSize.pixelBits; }
+    std::ptrdiff_t RowBytes() const { return fSize.rowBytes; }
+
     // The graphics system's own handle, HBITMAP or cairo_surface_t*, or 0.
     std::intptr_t Native() const { return fNative; }
 
@@ -44,8 +53,16 @@ public:
     void EndWriting() const;
 
 private:
+    struct Size {
+        std::int32_t width = 0;
+        std::int32_t height = 0;
+        std::int32_t pixelBits = 0;
+        std::ptrdiff_t rowBytes = 0;
+    };
+
     std::intptr_t fNative = 0;
     std::uint8_t* fBits = nullptr;
+    Size fSize;
 };
 
 } // namespace Platform

@@ -48,6 +48,7 @@ bool Bitmap::Make(std::int32_t width, std::int32_t height, std::int32_t pixelBit
     }
     fNative = reinterpret_cast<std::intptr_t>(surface);
     fBits = cairo_image_surface_get_data(surface);
+    fSize = {width, height, pixelBits, cairo_image_surface_get_stride(surface)};
     return true;
 }
 
@@ -57,6 +58,7 @@ void Bitmap::Release()
         cairo_surface_destroy(Surface(fNative));
     fNative = 0;
     fBits = nullptr;
+    fSize = {};
 }
 
 void Bitmap::BeginWriting() const

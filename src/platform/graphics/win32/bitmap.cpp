@@ -61,6 +61,7 @@ bool Bitmap::Make(std::int32_t width, std::int32_t height, std::int32_t pixelBit
         return false;
     fNative = reinterpret_cast<std::intptr_t>(bitmap);
     fBits = static_cast<std::uint8_t*>(bits);
+    fSize = {width, height, pixelBits, (std::ptrdiff_t{width} * pixelBits + 31) / 32 * 4};
     return true;
 }
 
@@ -70,6 +71,7 @@ void Bitmap::Release()
         DeleteObject(reinterpret_cast<HBITMAP>(fNative));
     fNative = 0;
     fBits = nullptr;
+    fSize = {};
 }
 
 void Bitmap::BeginWriting() const
