@@ -2,6 +2,7 @@
 #include "layout/language/expression_scope.h"
 #include "layout/language/vex_properties.h"
 #include "layout/recording_generator.h"
+#include "layout/vocabulary/enumerations.h"
 #include "layout/vocabulary/keywords.h"
 
 #include <gmock/gmock.h>

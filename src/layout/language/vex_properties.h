@@ -142,8 +142,4 @@ private:
     CVexVariablePropertyList fProperties;
 };
 
-// The values of a named enumeration: "bool", "frame", "horizontal", "placement" or "vertical".
-// Another name throws std::range_error "Enum name not found."
-const CVexVariablePropertyList& VexEnumeration(std::string_view name);
-
 } // namespace Kesto

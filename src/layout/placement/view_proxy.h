@@ -6,6 +6,7 @@
 #pragma once
 
 #include "layout/language/expression_scope.h"
+#include "layout/vocabulary/placement_words.h"
 
 #include <cstdint>
 #include <memory>
@@ -19,17 +20,6 @@ class CViewProxy;
 class StringPool;
 
 using ViewProxyList = std::vector<std::unique_ptr<CViewProxy>>;
-
-// How a view lies in its parent; 0 is the default, which equals none of these.
-enum : std::int32_t {
-    kAlign_InFill = 1,
-    kAlign_InCenter = 2,
-    kAlign_InProportional = 3,
-    kAlign_InLeading = 4,
-    kAlign_InTrailing = 5,
-};
-
-enum : std::int32_t { kPlace_Column = 0, kPlace_Row = 1, kPlace_Offscreen = 2 };
 
 class CViewProxy {
 public:

@@ -1,5 +1,5 @@
-// The named enumerations of the language, made of its standard constants.
-#include "layout/language/vex_properties.h"
+// Made of the language's standard constants.
+#include "layout/vocabulary/enumerations.h"
 
 #include "layout/vocabulary/keywords.h"
 
