@@ -1,4 +1,4 @@
-// The language that the user wants to read.
+// How the user wants to read: the language, and the decimal point of numbers.
 #pragma once
 
 #include <string>
@@ -14,5 +14,8 @@ std::string UserLanguageName();
 // "sr-Latn-RS" gives "sr_RS", and a name without both a language and a region ("C", "", "de") gives
 // "en_US".
 std::string LanguageNameFrom(std::string_view systemName);
+
+// The user's decimal point, UTF-8; "." when the system names none.
+std::string DecimalPoint();
 
 } // namespace Platform

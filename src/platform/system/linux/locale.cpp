@@ -1,6 +1,8 @@
 #include "platform/system/locale.h"
 
 #include <cstdlib>
+#include <langinfo.h>
+#include <locale.h>
 
 namespace Platform {
 
@@ -11,6 +13,17 @@ std::string UserLanguageName()
         if (const char* name = std::getenv(variable); name != nullptr && *name != '\0')
             return LanguageNameFrom(name);
     return LanguageNameFrom({});
+}
+
+// Of the user's locale, whichever one the program runs in.
+std::string DecimalPoint()
+{
+    const locale_t locale = newlocale(LC_ALL_MASK, "", nullptr);
+    if (locale == nullptr)
+        return ".";
+    const std::string point = nl_langinfo_l(RADIXCHAR, locale);
+    freelocale(locale);
+    return point.empty() ? "." : point;
 }
 
 } // namespace Platform

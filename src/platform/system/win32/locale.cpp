@@ -15,4 +15,12 @@ std::string UserLanguageName()
     return LanguageNameFrom(units > 0 ? FromWide(name.data()) : std::string());
 }
 
+std::string DecimalPoint()
+{
+    std::array<wchar_t, 8> point{};
+    const int units = GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, point.data(),
+                                     static_cast<int>(point.size()));
+    return units > 1 ? FromWide(point.data()) : ".";
+}
+
 } // namespace Platform
