@@ -1,0 +1,26 @@
+// A menu that pops up at a point and stays until something is chosen.
+#pragma once
+
+#include "platform/system/native_window.h"
+#include "platform/system/pixel_rect.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace Platform {
+
+struct MenuRow {
+    int id = 0;       // above 0; others can't be chosen
+    std::string text; // UTF-8; of a separator it doesn't matter
+    bool enabled = true;
+    bool checked = false;
+    bool separator = false;
+    std::vector<MenuRow> rows; // of a submenu
+};
+
+// Shows the menu with its top left corner at a point of the screen, or where there is room near it,
+// and pumps the thread's messages meanwhile. Returns the id of the row that was chosen, 0 for none.
+int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows);
+
+} // namespace Platform
