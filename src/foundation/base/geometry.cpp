@@ -15,12 +15,12 @@ std::int32_t Whole(double value)
         std::clamp(value, double{Limits::min()}, double{Limits::max()}));
 }
 
+} // namespace
+
 double UsableScale(double scale)
 {
     return scale > 0.0 ? scale : 1.0;
 }
-
-} // namespace
 
 std::int32_t RoundHalfAway(double value)
 {

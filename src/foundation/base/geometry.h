@@ -51,9 +51,11 @@ inline Rect Intersect(const Rect& a, const Rect& b)
 // To the nearest whole number, halves away from zero.
 std::int32_t RoundHalfAway(double value);
 
+// The scale itself, or 1 in place of 0, of what is below and of what is not a number.
+double UsableScale(double scale);
+
 // From units to device pixels: floor(unit * scale + 0.51). One unit is at least one pixel at every
-// scale from 1 up, and edges that meet in units meet in pixels. A scale of 0, below or that is not
-// a number counts as 1.
+// scale from 1 up, and edges that meet in units meet in pixels. Counts with the usable scale.
 std::int32_t ToDevice(double unit, double scale);
 PixelRect ToDevice(const Rect& units, double scale);
 
