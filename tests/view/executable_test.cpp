@@ -127,6 +127,20 @@ TEST_F(Executables, TheTreeSurvivesAnyOrderOfDeaths)
     EXPECT_EQ(lines, "- stopped\n  - stopped\n    - stopped\n    - stopped\n    - stopped\n");
 }
 
+TEST_F(Executables, AChildThatIsLeftBehindHasNoFocus)
+{
+    auto parent = std::make_unique<Node>(*this, &root, "parent", 0U);
+    Node child(*this, parent.get(), "child", 0);
+    for (Node* const node : {&root, parent.get(), &child})
+        node->SetCanTarget(true);
+    child.SetCanBullseye(true);
+    ASSERT_TRUE(child.BecomeBullseye(false));
+    parent.reset();
+    EXPECT_FALSE(child.IsTarget() || child.IsBullseye());
+    EXPECT_EQ(Kesto::CMessenger::GetBullseye(), &process);
+    EXPECT_FALSE(root.IsTarget());
+}
+
 TEST(Session, OpensOnceWithTheProcess)
 {
     struct Session : PumpedProcess {

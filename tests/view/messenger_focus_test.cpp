@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 using namespace Kesto;
 
@@ -148,6 +150,61 @@ TEST_F(FocusTest, WhoeverDiesInAHookEndsTheMoveThatLedToIt)
     auto late = std::make_unique<Node>("l", a.get());
     a->fWhenTarget = [&late] { late.reset(); };
     EXPECT_FALSE(late->BecomeBullseye(false)) << "its parent's turn was its end";
+}
+
+TEST_F(FocusTest, AChildThatIsMovedAwayInAHookIsNobodysTarget)
+{
+    const std::pair<const char*, std::function<void()>*> hooks[] = {
+        {"the old bullseye loses the focus", &c->fWhenLost},
+        {"the parent becomes a target", &x.fWhenTarget}};
+    for (const auto& [what, hook] : hooks) {
+        SCOPED_TRACE(what);
+        ASSERT_TRUE(c->BecomeBullseye(true));
+        auto moved = std::make_unique<Node>("m", &x);
+        *hook = [&] { moved->SetParentMessenger(&w); };
+        EXPECT_FALSE(moved->BecomeBullseye(true));
+        *hook = nullptr;
+        EXPECT_FALSE(moved->IsTarget());
+        moved.reset();
+        EXPECT_EQ(x.TargetMessenger(), nullptr);
+        EXPECT_TRUE(y.BecomeBullseye(true)) << "the path can be led there again";
+    }
+}
+
+TEST_F(FocusTest, WhoeverLeavesThePathLeavesNothingBehind)
+{
+    struct Case {
+        const char* what;
+        CMessenger* leaves;
+        std::uint32_t above; // abilities that those above it keep
+        bool takesBack;      // a hook asks for the focus again
+        std::string path;
+    };
+    const Case cases[] = {
+        {"the bullseye", c.get(), Node::kBoth, false, "Pwab!"},
+        {"the middle of the path", a.get(), Node::kBoth, false, "Pw!"},
+        {"the last target of one that is off the path", &y, Node::kBoth, false, "Pwabc!"},
+        {"nobody above can be the bullseye", c.get(), Node::kCanTarget, false, "P!"},
+        {"a hook takes the focus back", c.get(), Node::kBoth, true, "Pwab!"},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.what);
+        ASSERT_TRUE(y.BecomeBullseye(true) && c->BecomeBullseye(true));
+        for (Node* const node : {&w, a.get(), b.get()})
+            node->SetCanBullseye((row.above & Node::kCanBullseye) != 0);
+        if (row.takesBack)
+            c->fWhenLost = [this] { c->BecomeBullseye(true); };
+        EXPECT_TRUE(row.leaves->LeavePath());
+        EXPECT_EQ(Path(), row.path);
+        for (CMessenger* const node : {row.leaves, static_cast<CMessenger*>(c.get())})
+            EXPECT_EQ(node->IsTarget() || node->IsBullseye(), row.leaves == &y && node == c.get());
+        EXPECT_NE(row.leaves->ParentMessenger()->TargetMessenger(), row.leaves);
+        for (Node* const node : {&w, a.get(), b.get()})
+            node->SetCanBullseye(true);
+    }
+    c->fWhenLost = [this] { c.reset(); };
+    ASSERT_TRUE(c->BecomeBullseye(true));
+    EXPECT_FALSE(c->LeavePath()) << "it is destroyed as it loses the focus";
 }
 
 TEST(ObjectIDTest, EqualTextsHaveEqualIdsAndRangesStayApart)

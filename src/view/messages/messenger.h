@@ -173,8 +173,14 @@ public:
     CMessenger* ParentMessenger() const { return fParent; }
     CMessenger* TargetMessenger() const { return fTarget; }
 
+    // Takes this messenger and all below it off the path, by force, and moves the focus up; the
+    // parent's target forgets it. To be called before the parent changes: once the chain is cut,
+    // nothing above could ask for the focus back. False: a hook has destroyed this messenger.
+    bool LeavePath();
+
     // Moves this messenger below another parent, which outlives it or is taken from it before. The
-    // former one's target forgets it. Neither focus nor flags change.
+    // former one's target forgets it. Neither focus nor flags change: a messenger that may be on
+    // the path leaves it first.
     void SetParentMessenger(CMessenger* parent);
 
 private:
@@ -186,9 +192,11 @@ private:
     bool ClimbBefore(Message& message);
 
     void LeaveParentTarget();
+    void DropPath();
 
-    bool Has(std::uint32_t flag) const { return (fFlags & flag) != 0; }
-    void Set(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
+    // Named apart from those of other bases, so that a class derived from several may use its own.
+    bool HasFocusFlag(std::uint32_t flag) const { return (fFlags & flag) != 0; }
+    void SetFocusFlag(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
 
     CMessenger* fParent;           // not owned
     CMessenger* fTarget = nullptr; // not owned

@@ -37,38 +37,38 @@ bool CMessenger::Surrender(bool force)
 
 bool CMessenger::CanTarget() const
 {
-    return Has(kCanTarget);
+    return HasFocusFlag(kCanTarget);
 }
 
 bool CMessenger::CanBullseye() const
 {
-    return Has(kCanTarget) && Has(kCanBullseye);
+    return HasFocusFlag(kCanTarget) && HasFocusFlag(kCanBullseye);
 }
 
 bool CMessenger::IsTarget() const
 {
-    return Has(kIsTarget);
+    return HasFocusFlag(kIsTarget);
 }
 
 bool CMessenger::IsBullseye() const
 {
-    return Has(kIsBullseye);
+    return HasFocusFlag(kIsBullseye);
 }
 
 void CMessenger::SetCanTarget(bool on)
 {
-    if (Has(kCanTarget) == on)
+    if (HasFocusFlag(kCanTarget) == on)
         return;
-    Set(kCanTarget, on);
+    SetFocusFlag(kCanTarget, on);
     const CMessengerWatch watch(this);
     if (on) {
         OnTargetEnable();
-        if (!watch.IsGone() && Has(kCanBullseye))
+        if (!watch.IsGone() && HasFocusFlag(kCanBullseye))
             OnBullseyeEnable();
         return;
     }
     ResignBullseyeToParent(true);
-    if (!watch.IsGone() && Has(kCanBullseye))
+    if (!watch.IsGone() && HasFocusFlag(kCanBullseye))
         OnBullseyeDisable();
     if (!watch.IsGone())
         OnTargetDisable();
@@ -76,13 +76,13 @@ void CMessenger::SetCanTarget(bool on)
 
 void CMessenger::SetCanBullseye(bool on)
 {
-    if (Has(kCanBullseye) == on)
+    if (HasFocusFlag(kCanBullseye) == on)
         return;
-    Set(kCanBullseye, on);
+    SetFocusFlag(kCanBullseye, on);
     const CMessengerWatch watch(this);
     if (!on)
         ResignBullseye(true);
-    if (watch.IsGone() || !Has(kCanTarget))
+    if (watch.IsGone() || !HasFocusFlag(kCanTarget))
         return;
     if (on)
         OnBullseyeEnable();
@@ -203,7 +203,7 @@ void CMessenger::SetTarget(bool on)
 {
     if (on) {
         if (!IsTarget()) {
-            Set(kIsTarget, true);
+            SetFocusFlag(kIsTarget, true);
             OnBecameTarget();
         }
         return;
@@ -211,7 +211,7 @@ void CMessenger::SetTarget(bool on)
     const CMessengerWatch watch(this);
     SetBullseye(false);
     if (!watch.IsGone() && IsTarget()) {
-        Set(kIsTarget, false);
+        SetFocusFlag(kIsTarget, false);
         OnLostTarget();
     }
 }
@@ -226,7 +226,7 @@ void CMessenger::SetBullseye(bool on)
             return;
         gBullseye = this;
         if (!IsBullseye()) {
-            Set(kIsBullseye, true);
+            SetFocusFlag(kIsBullseye, true);
             DidBecomeBullseye();
         }
         return;
@@ -234,7 +234,7 @@ void CMessenger::SetBullseye(bool on)
     if (gBullseye == this)
         gBullseye = nullptr;
     if (IsBullseye()) {
-        Set(kIsBullseye, false);
+        SetFocusFlag(kIsBullseye, false);
         DidLoseBullseye();
     }
 }
@@ -255,26 +255,56 @@ bool CMessenger::ResignTarget(bool force)
     return true;
 }
 
+// A hook may destroy either messenger, or move the child to another parent. A link to what isn't a
+// child any more is never made: nobody would clear it when that dies.
 bool CMessenger::TargetChild(CMessenger* child, bool force)
 {
     if (!CanTarget())
         return false;
     const CMessengerWatch here(this);
     const CMessengerWatch below(child);
+    const auto isParted = [&] {
+        return here.IsGone() || below.IsGone() || (child != nullptr && child->fParent != this);
+    };
     if (fParent != nullptr && !fParent->TargetChild(this, force))
         return false;
-    if (here.IsGone())
+    if (isParted())
         return false;
     if (fTarget != nullptr && fTarget != child && !fTarget->ResignTarget(force))
         return false;
-    if (here.IsGone() || below.IsGone())
+    if (isParted())
         return false;
     fTarget = child;
     SetBullseye(false);
-    if (here.IsGone())
+    if (isParted())
         return false;
     SetTarget(true);
-    return !here.IsGone();
+    return !isParted();
+}
+
+bool CMessenger::LeavePath()
+{
+    const CMessengerWatch watch(this);
+    ResignBullseyeToParent(true);
+    // Above it there may be none that can be the bullseye.
+    if (!watch.IsGone())
+        ResignTarget(true);
+    if (watch.IsGone())
+        return false;
+    DropPath();
+    LeaveParentTarget();
+    return true;
+}
+
+// Clears what hooks have taken back while the path was left, without calling them again.
+void CMessenger::DropPath()
+{
+    constexpr std::uint32_t kBoth = kIsTarget | kIsBullseye;
+    for (CMessenger* at = this; at != nullptr && at->HasFocusFlag(kBoth); at = at->fTarget) {
+        at->SetFocusFlag(kBoth, false);
+        if (gBullseye == at)
+            gBullseye = nullptr;
+    }
 }
 
 void CMessenger::UpdateChain()

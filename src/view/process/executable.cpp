@@ -50,7 +50,9 @@ void CExecutable::DisposeChildren()
 {
     while (!fChildren.empty()) {
         CExecutable* const child = fChildren.back();
-        fChildren.pop_back();
+        if (!child->LeavePath() || !HasChild(child))
+            continue; // a hook has taken it out
+        std::erase(fChildren, child);
         child->fSuper = nullptr;
         child->SetParentMessenger(nullptr);
         if (child->IsAutoDelete())
@@ -68,32 +70,32 @@ CMessenger* CExecutable::FindSubMessenger(CObjID id)
 
 bool CExecutable::IsStarted() const
 {
-    return Has(kStarted);
+    return HasRunFlag(kStarted);
 }
 
 bool CExecutable::IsStopped() const
 {
-    return !Has(kStarted);
+    return !HasRunFlag(kStarted);
 }
 
 bool CExecutable::IsDone() const
 {
-    return Has(kStarted) && Has(kDone);
+    return HasRunFlag(kStarted) && HasRunFlag(kDone);
 }
 
 bool CExecutable::IsAutoStart() const
 {
-    return Has(kAutoStart);
+    return HasRunFlag(kAutoStart);
 }
 
 bool CExecutable::IsAutoDelete() const
 {
-    return Has(kAutoDelete);
+    return HasRunFlag(kAutoDelete);
 }
 
 void CExecutable::SetDoneFlag(bool done)
 {
-    Set(kDone, done);
+    SetRunFlag(kDone, done);
 }
 
 void CExecutable::SetDone(bool done)
@@ -105,19 +107,19 @@ void CExecutable::SetDone(bool done)
 
 void CExecutable::SetAutoStart(bool on)
 {
-    Set(kAutoStart, on);
+    SetRunFlag(kAutoStart, on);
 }
 
 void CExecutable::SetAutoDelete(bool on)
 {
-    Set(kAutoDelete, on);
+    SetRunFlag(kAutoDelete, on);
 }
 
 void CExecutable::Start()
 {
-    const bool wasStarted = Has(kStarted);
-    Set(kStarted, true);
-    Set(kDone, false);
+    const bool wasStarted = HasRunFlag(kStarted);
+    SetRunFlag(kStarted, true);
+    SetRunFlag(kDone, false);
     if (wasStarted)
         return;
     OnStart();
@@ -142,7 +144,7 @@ void CExecutable::VisitChildrenBackward(Visit visit)
 
 void CExecutable::Stop()
 {
-    if (Has(kStarted))
+    if (HasRunFlag(kStarted))
         VisitChildrenBackward([this](CExecutable* child) {
             const bool deletes = child->IsAutoDelete();
             if (child->IsStarted()) {
@@ -154,7 +156,7 @@ void CExecutable::Stop()
                 delete child;
         });
     OnStop();
-    Set(kStarted | kDone, false);
+    SetRunFlag(kStarted | kDone, false);
 }
 
 void CExecutable::SetStarted(bool on)

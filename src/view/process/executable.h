@@ -106,8 +106,9 @@ public:
 private:
     class CRunning;
 
-    bool Has(std::uint32_t flag) const { return (fFlags & flag) != 0; }
-    void Set(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
+    // Named apart from those of CMessenger, for classes derived from both.
+    bool HasRunFlag(std::uint32_t flag) const { return (fFlags & flag) != 0; }
+    void SetRunFlag(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
     bool HasChild(const CExecutable* child) const;
     template <class Visit>
     void VisitChildrenBackward(Visit visit);
