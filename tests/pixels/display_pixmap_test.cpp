@@ -98,6 +98,22 @@ TEST(DisplayPixmap, CopiesItsPixels)
     EXPECT_EQ(otherPort.announced.back(), nullptr) << "the port is told when it goes";
 }
 
+TEST(DisplayPixmap, OffTheScreenNeedsNoPort)
+{
+    CDisplayPixmap pixmap(3, 2);
+    EXPECT_EQ(pixmap.GetPort(), nullptr);
+    EXPECT_EQ(pixmap.GetPixelBits(), 32);
+    pixmap.GetBaseAddress()[23] = 7;
+    EXPECT_EQ(CDisplayPixmap(pixmap).GetBaseAddress()[23], 7);
+    pixmap.SetSize(40, 30);
+    EXPECT_EQ(pixmap.GetBitsSize(), 40 * 30 * 4);
+    ASSERT_NE(pixmap.GetBaseAddress(), nullptr);
+    Port port(8);
+    pixmap.SetPort(&port);
+    EXPECT_THAT(port.announced, ElementsAre(&pixmap));
+    EXPECT_EQ(pixmap.GetPixelBits(), 8);
+}
+
 TEST(DisplayPixmap, ThatCannotBeMadeIsASystemError)
 {
     Port port(7);

@@ -25,28 +25,57 @@ void HueToRGB(const CPixView& out, const CPixView& hsv)
     });
 }
 
-void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order,
-                 std::uint8_t constant)
+namespace {
+
+using MergeRow = void (*)(const MergedRows& source, std::uint32_t* out, std::size_t n);
+
+void Merge(const CPixView& out, const CPixView& source, const PlaneOrder& order,
+           std::uint8_t constant, MergeRow merge)
 {
     if (!HasPlanes(out, 32) || !HasPlanes(source, 8))
         return;
     const std::int32_t width = std::min(out.width, source.width);
     const std::int32_t height = std::min(out.height, source.height);
+    if (width <= 0)
+        return;
     for (std::int32_t y = 0; y < height; ++y) {
-        // A constant byte is a row that does not move on.
-        std::array<const std::uint8_t*, 4> rows;
-        std::array<std::ptrdiff_t, 4> steps;
-        for (std::size_t i = 0; i < 4; ++i) {
-            const bool taken = order[i] >= 0 && order[i] < source.planeCount;
-            rows[i] = taken ? RowOf<std::uint8_t>(source, order[i], y) : &constant;
-            steps[i] = taken ? 1 : 0;
-        }
-        std::uint32_t* target = RowOf<std::uint32_t>(out, 0, y);
-        for (std::int32_t x = 0; x < width; ++x)
-            target[x] = std::uint32_t{rows[0][x * steps[0]]} |
-                        std::uint32_t{rows[1][x * steps[1]]} << 8 |
-                        std::uint32_t{rows[2][x * steps[2]]} << 16 |
-                        std::uint32_t{rows[3][x * steps[3]]} << 24;
+        MergedRows rows{{}, constant};
+        for (std::size_t i = 0; i < order.size(); ++i)
+            if (order[i] >= 0 && order[i] < source.planeCount)
+                rows.fBytes[i] = RowOf<std::uint8_t>(source, order[i], y);
+        merge(rows, RowOf<std::uint32_t>(out, 0, y), static_cast<std::size_t>(width));
+    }
+}
+
+} // namespace
+
+void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order,
+                 std::uint8_t constant)
+{
+    Merge(out, source, order, constant, ActiveKernels().mergePlanes);
+}
+
+void MergePremultiplied(const CPixView& out, const CPixView& source, const PlaneOrder& order,
+                        std::uint8_t constant)
+{
+    Merge(out, source, order, constant, ActiveKernels().mergePremultiplied);
+}
+
+void SplitPlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order)
+{
+    if (!HasPlanes(out, 8) || !HasPlanes(source, 32))
+        return;
+    const std::int32_t width = std::min(out.width, source.width);
+    const std::int32_t height = std::min(out.height, source.height);
+    if (width <= 0)
+        return;
+    const auto split = ActiveKernels().splitPlanes;
+    for (std::int32_t y = 0; y < height; ++y) {
+        SplitRows rows{};
+        for (std::size_t i = 0; i < order.size(); ++i)
+            if (order[i] >= 0 && order[i] < out.planeCount)
+                rows[i] = RowOf<std::uint8_t>(out, order[i], y);
+        split(RowOf<std::uint32_t>(source, 0, y), rows, static_cast<std::size_t>(width));
     }
 }
 

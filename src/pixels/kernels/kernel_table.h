@@ -10,6 +10,7 @@
 #include "pixels/kernels/plane.h"
 #include "pixels/kernels/scale_tables.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -18,6 +19,17 @@ namespace Kesto::Kernels {
 
 // Six of these, and a pixel, add up in 16 bits.
 inline constexpr std::int32_t kEmbossLimit = 4096;
+
+// The rows that become the bytes of 32-bit pixels, lowest byte first. A null row is the constant
+// throughout.
+struct MergedRows {
+    std::array<const std::uint8_t*, 4> fBytes;
+    std::uint8_t fConstant;
+};
+
+// The rows that take the bytes of 32-bit pixels, lowest byte first, or null for a byte that nobody
+// wants.
+using SplitRows = std::array<std::uint8_t*, 4>;
 
 struct KernelTable {
     using Unary8 = void (*)(const std::uint8_t* source, std::uint8_t* out, std::size_t n);
@@ -49,6 +61,11 @@ struct KernelTable {
     void (*noise)(const std::uint8_t* source, std::uint8_t* out, std::size_t n, std::int32_t amount,
                   std::uint32_t& seed);
     void (*hueToRGB)(const std::uint8_t* const hsv[3], std::uint8_t* const rgb[3], std::size_t n);
+
+    // Between planes and 32-bit pixels; outputs do not overlap inputs.
+    void (*mergePlanes)(const MergedRows& source, std::uint32_t* out, std::size_t n);
+    void (*mergePremultiplied)(const MergedRows& source, std::uint32_t* out, std::size_t n);
+    void (*splitPlanes)(const std::uint32_t* source, const SplitRows& out, std::size_t n);
 
     // The sums of three neighbours on either side; rows hold table values and reach one entry
     // beyond both ends. With values and a constant within kEmbossLimit of 0.

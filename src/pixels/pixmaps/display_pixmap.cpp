@@ -14,6 +14,7 @@ namespace {
 constexpr std::int32_t kPlanes = 1;
 constexpr std::int32_t kRowAlignment = 4;
 constexpr std::int32_t kMostPaletteBits = 8;
+constexpr std::int32_t kOffScreenBits = 32;
 
 } // namespace
 
@@ -22,6 +23,12 @@ CDisplayPixmap::CDisplayPixmap(CPixmapPort& port, std::int32_t width, std::int32
       fPort(&port), fBitmap(MakeBitmap())
 {
     Announce();
+}
+
+CDisplayPixmap::CDisplayPixmap(std::int32_t width, std::int32_t height)
+    : CBasicPixmap(kOffScreenBits, 0, 0, width, height, kPlanes, kRowAlignment), fPort(nullptr),
+      fBitmap(MakeBitmap())
+{
 }
 
 CDisplayPixmap::CDisplayPixmap(const CDisplayPixmap& other)

@@ -1,8 +1,9 @@
 // CDisplayPixmap, a contiguous pixmap of one plane in a bitmap that the graphics system owns, so
 // that drawing calls and pixel code see the same memory.
 //
-// Its pixels are the port's screen pixels, all channels in one plane. The bitmap is at least 1 by 1
-// pixels and is made anew, with undefined pixels, whenever the size changes.
+// Its pixels are the port's screen pixels, all channels in one plane; without a port they have 32
+// bits. The bitmap is at least 1 by 1 pixels and is made anew, with undefined pixels, whenever the
+// size changes.
 #pragma once
 
 #include "pixels/pixmaps/basic_pixmap.h"
@@ -18,6 +19,10 @@ public:
     // before. Throws CSystemError when there can be no such bitmap, and what CBasicPixmap throws;
     // nothing is announced then.
     CDisplayPixmap(CPixmapPort& port, std::int32_t width, std::int32_t height);
+
+    // Off the screen: 32 bits a pixel and no port, so that nobody is told of it. SetPort makes it a
+    // port's.
+    CDisplayPixmap(std::int32_t width, std::int32_t height);
 
     // Copy the record and the pixels into a bitmap of their own. A new pixmap is for the same port,
     // which keeps the one that it has; an old one stays with its own port.
@@ -36,7 +41,7 @@ public:
     // bitmap. The same port is no change.
     virtual void SetPort(CPixmapPort* port);
 
-    CPixmapPort* GetPort() const { return fPort; }
+    CPixmapPort* GetPort() const { return fPort; } // null off the screen
 
     // For the drawing calls of the platform.
     const Platform::Bitmap& GetBitmap() const { return fBitmap; }

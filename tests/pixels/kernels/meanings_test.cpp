@@ -226,13 +226,45 @@ TEST(Colours, OfTheSixSectors)
 
 TEST(Colours, PlanesAreMergedInTheGivenOrder)
 {
+    constexpr struct {
+        const char* fWords;
+        PlaneOrder fOrder;
+        std::uint8_t fConstant;
+        std::uint32_t fMerged;
+        std::uint32_t fPremultiplied; // 51 is a fifth
+    } kRows[] = {
+        {"colours and alpha", kOrder_BGRA, 9, 0x3364C8FF, 0x33142833},
+        {"colours without alpha", kOrder_BGRConstant, 255, 0xFF64C8FF, 0xFF64C8FF},
+        {"grey and the second plane", kOrder_GreyAlpha, 9, 0xC8646464, 0xC84E4E4E},
+        {"grey alone, unseen", kOrder_GreyConstant, 0, 0x00646464, 0},
+        {"a plane that is not there", {7, 1, 2, 3}, 5, 0x33FFC805, 0x33332801},
+    };
     const CPicture source(8, 1, 1, 4);
-    std::iota(source.Bytes().begin(), source.Bytes().end(), std::uint8_t{1});
+    const std::uint8_t planes[] = {100, 200, 255, 51};
+    std::copy(std::begin(planes), std::end(planes), source.Bytes().begin());
     const CPicture out(32, 1, 1, 1);
-    MergePlanes(out.View(), source.View(), kOrder_BGRA);
-    EXPECT_EQ(out.At<std::uint32_t>(0, 0), 0x04010203u);
-    MergePlanes(out.View(), source.View(), kOrder_GreyConstant, 0xFF);
-    EXPECT_EQ(out.At<std::uint32_t>(0, 0), 0xFF010101u);
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.fWords);
+        MergePlanes(out.View(), source.View(), row.fOrder, row.fConstant);
+        EXPECT_EQ(out.At<std::uint32_t>(0, 0), row.fMerged);
+        MergePremultiplied(out.View(), source.View(), row.fOrder, row.fConstant);
+        EXPECT_EQ(out.At<std::uint32_t>(0, 0), row.fPremultiplied);
+    }
+}
+
+TEST(Colours, PixelsAreSplitIntoTheirPlanes)
+{
+    const CPicture source(32, 1, 1, 1);
+    source.At<std::uint32_t>(0, 0) = 0x04030201;
+    const CPicture out(8, 1, 1, 4);
+    const auto split = [&](const PlaneOrder& order) {
+        std::fill(out.Bytes().begin(), out.Bytes().end(), std::uint8_t{9});
+        SplitPlanes(out.View(), source.View(), order);
+        return out.Copied();
+    };
+    EXPECT_EQ(split(kOrder_BGRA), (std::vector<std::uint8_t>{3, 2, 1, 4}));
+    EXPECT_EQ(split(kOrder_BGRConstant), (std::vector<std::uint8_t>{3, 2, 1, 9}));
+    EXPECT_EQ(split({-1, 0, 4, 2}), (std::vector<std::uint8_t>{2, 9, 4, 9}));
 }
 
 TEST(Transfers, FillOnlyTheFrame)

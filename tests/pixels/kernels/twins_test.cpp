@@ -78,6 +78,7 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
     const CPicture first(8, width + 1, height, 4, 2);
     const CPicture second(8, width + 1, height, 4, 3);
     const CPicture third(8, width + 1, height, 1, 4);
+    const CPicture merged(32, width, height, 1, 5);
     const CPixView a = first.View(1, width, height);
     const CPixView b = second.View(1, width, height);
     const CPixView mask = third.View(1, width, height);
@@ -98,6 +99,15 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
     expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
     expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
     expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
+    for (const PlaneOrder& order :
+         {kOrder_BGRA, kOrder_BGRConstant, kOrder_GreyAlpha, kOrder_GreyConstant}) {
+        SCOPED_TRACE(testing::PrintToString(order));
+        ExpectTwins(32, width, height, 1,
+                    [&](const CPixView& out) { MergePlanes(out, a, order, 77); });
+        ExpectTwins(32, width, height, 1,
+                    [&](const CPixView& out) { MergePremultiplied(out, a, order, 77); });
+        expectTwins([&](const CPixView& out) { SplitPlanes(out, merged.View(), order); });
+    }
     expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
     expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
     expectTwins([&](const CPixView& out) {
@@ -160,6 +170,17 @@ TEST_F(AllPairs, OfHueWithEveryValue)
         Fill<std::uint8_t>(source.Plane(2), std::array{static_cast<std::uint8_t>(value)});
         ExpectTwins(8, 256, 256, 3, [&](const CPixView& out) { HueToRGB(out, source.View()); });
     }
+}
+
+// Each value with each alpha, in each of the three bytes.
+TEST_F(AllPairs, OfPremultiplying)
+{
+    const CPicture source(8, 256, 256, 2);
+    Copy(source.Plane(0), a);
+    Copy(source.Plane(1), b);
+    ExpectTwins(32, 256, 256, 1, [&](const CPixView& out) {
+        MergePremultiplied(out, source.View(), kOrder_GreyAlpha);
+    });
 }
 
 TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)

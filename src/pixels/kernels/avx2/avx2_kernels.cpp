@@ -12,6 +12,7 @@ const KernelTable& Avx2Kernels()
         Avx2::AddBoxExtremes(fast);
         Avx2::AddBoxMeans(fast);
         Avx2::AddColour(fast);
+        Avx2::AddMerging(fast);
         Avx2::AddMosaic(fast);
         Avx2::AddNeighbours(fast);
         Avx2::AddRank(fast);

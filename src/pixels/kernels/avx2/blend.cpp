@@ -6,16 +6,7 @@ namespace Kesto::Kernels::Avx2 {
 
 namespace {
 
-// The blend table's value of sixteen pairs: ((a * v + 128) * 257) >> 16, which equals it for all
-// pairs.
-__m256i Weighted(__m256i alpha, __m256i value)
-{
-    const __m256i product =
-        _mm256_add_epi16(_mm256_mullo_epi16(alpha, value), _mm256_set1_epi16(128));
-    return _mm256_mulhi_epu16(product, _mm256_set1_epi16(257));
-}
-
-// The same for 32 bytes.
+// The blend table's values of 32 pairs of bytes.
 __m256i WeightedBytes(__m256i alpha, __m256i value)
 {
     const __m256i zero = _mm256_setzero_si256();

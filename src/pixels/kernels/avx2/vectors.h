@@ -45,6 +45,15 @@ inline __m256i Packed(__m256i low, __m256i high)
     return _mm256_permute4x64_epi64(_mm256_packus_epi16(low, high), 0xD8);
 }
 
+// The blend table's value of sixteen pairs: ((a * v + 128) * 257) >> 16, which equals it for all
+// pairs.
+inline __m256i Weighted(__m256i alpha, __m256i value)
+{
+    const __m256i product =
+        _mm256_add_epi16(_mm256_mullo_epi16(alpha, value), _mm256_set1_epi16(128));
+    return _mm256_mulhi_epu16(product, _mm256_set1_epi16(257));
+}
+
 // The first bytes of a vector.
 inline void StoreFirst(Byte* to, __m256i value, std::size_t count)
 {

@@ -4,6 +4,7 @@
 #include "pixels/kernels/plain/blend.h"
 #include "pixels/kernels/plain/box.h"
 #include "pixels/kernels/plain/colour.h"
+#include "pixels/kernels/plain/merge.h"
 #include "pixels/kernels/plain/mosaic.h"
 #include "pixels/kernels/plain/neighbours.h"
 #include "pixels/kernels/plain/noise.h"
@@ -35,6 +36,9 @@ const KernelTable& PlainKernels()
         .mapTable = Plain::MapTable,
         .noise = Noise,
         .hueToRGB = HueRowToRGB<std::uint8_t>,
+        .mergePlanes = Merge,
+        .mergePremultiplied = Plain::MergePremultiplied,
+        .splitPlanes = Split,
         .embossRow = EmbossRow<std::int16_t>,
         .neighbourMeanRow = NeighbourMeanRow,
         .sharpen = Plain::Sharpen,
