@@ -100,6 +100,7 @@ TEST(DisplayPixmap, CopiesItsPixels)
 
 TEST(DisplayPixmap, OffTheScreenNeedsNoPort)
 {
+    Port port(8);
     CDisplayPixmap pixmap(3, 2);
     EXPECT_EQ(pixmap.GetPort(), nullptr);
     EXPECT_EQ(pixmap.GetPixelBits(), 32);
@@ -108,7 +109,6 @@ TEST(DisplayPixmap, OffTheScreenNeedsNoPort)
     pixmap.SetSize(40, 30);
     EXPECT_EQ(pixmap.GetBitsSize(), 40 * 30 * 4);
     ASSERT_NE(pixmap.GetBaseAddress(), nullptr);
-    Port port(8);
     pixmap.SetPort(&port);
     EXPECT_THAT(port.announced, ElementsAre(&pixmap));
     EXPECT_EQ(pixmap.GetPixelBits(), 8);

@@ -117,6 +117,11 @@ std::uint32_t FileHandle::SetLength(std::uint64_t length) const
     return 0;
 }
 
+std::uint32_t FileHandle::Allocate(std::uint64_t length) const
+{
+    return SetLength(length);
+}
+
 std::uint32_t FileHandle::Flush() const
 {
     return 0;

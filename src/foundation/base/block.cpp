@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace Kesto {
 
@@ -49,6 +50,13 @@ void CHeapBlock::Free()
     std::free(fData);
     fData = nullptr;
     fSize = 0;
+}
+
+void CHeapBlock::Swap(CHeapBlock& other) noexcept
+{
+    std::swap(fData, other.fData);
+    std::swap(fSize, other.fSize);
+    std::swap(fGranularity, other.fGranularity); // the memory held follows from it
 }
 
 } // namespace Kesto

@@ -55,6 +55,9 @@ public:
     void Reallocate(std::size_t newAllocated, std::size_t oldAllocated, bool zeroed) override;
     void Free() override;
 
+    // Exchanges the bytes with another block's.
+    void Swap(CHeapBlock& other) noexcept;
+
 protected:
     explicit CHeapBlock(std::size_t granularity) : CBlock(granularity) {}
 };

@@ -47,6 +47,11 @@ void CFilePort::SetLength(std::uint64_t length) const
     OSThrowBare(fHandle.SetLength(length));
 }
 
+void CFilePort::Allocate(std::uint64_t length) const
+{
+    OSThrowBare(fHandle.Allocate(length));
+}
+
 void CFilePort::Flush() const
 {
     OSThrowBare(fHandle.Flush());

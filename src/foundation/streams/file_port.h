@@ -38,6 +38,10 @@ public:
     std::uint64_t GetLength() const;
     void SetLength(std::uint64_t length) const;
 
+    // Extends the file with zeros that have their room on the disk, so that writing there doesn't
+    // fail for want of it. A longer file stays as it is.
+    void Allocate(std::uint64_t length) const;
+
     // Returns when all is on the disk.
     void Flush() const;
 

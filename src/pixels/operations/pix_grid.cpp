@@ -1,5 +1,9 @@
 #include "pixels/operations/pix_grid.h"
 
+#include "pixels/pixmaps/pixel_size.h"
+
+#include <algorithm>
+
 namespace Kesto {
 
 namespace {
@@ -18,13 +22,13 @@ Span CellSpan(std::int32_t index, std::int32_t count, std::int32_t first, std::i
     return {start, end};
 }
 
-// The cell at a place along one axis, from the grid's corner.
-std::int32_t CellAt(std::int32_t place, std::int32_t count, std::int32_t first, std::int32_t cell)
+// The cell at a place along one axis, from the grid's corner, which can be 32 bits away.
+std::int32_t CellAt(std::int64_t place, std::int32_t count, std::int32_t first, std::int32_t cell)
 {
     if (place < first || count <= 1 || cell == 0)
         return 0;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(
-        (std::int64_t{place} - first) / cell + 1, 0, std::int64_t{count} - 1));
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>((place - first) / cell + 1, 0, std::int64_t{count} - 1));
 }
 
 } // namespace
@@ -36,6 +40,8 @@ void CPixGrid::Reset()
 
 void CPixGrid::SetOrigin(std::int32_t x, std::int32_t y)
 {
+    ToInt32(std::int64_t{x} + fWidth);
+    ToInt32(std::int64_t{y} + fHeight);
     fX = x;
     fY = y;
 }
@@ -44,25 +50,28 @@ void CPixGrid::SetGrid(const PixelRect& bounds, const PixelRect& firstCell)
 {
     if (bounds.IsEmpty())
         return Divide({}, {}, {});
-    const auto along = [](std::int32_t size, std::int32_t firstEnd, std::int32_t cell) -> Division {
-        cell = std::max(cell, 1);
-        const std::int32_t first = std::clamp(firstEnd, 1, size);
+    const auto along = [](std::int64_t start, std::int64_t end, std::int64_t cellStart,
+                          std::int64_t cellEnd) -> Division {
+        const std::int32_t size = ToInt32(end - start);
+        // A cell that is larger than the grid counts as large as the grid.
+        const auto cell =
+            static_cast<std::int32_t>(std::clamp<std::int64_t>(cellEnd - cellStart, 1, size));
+        const auto first =
+            static_cast<std::int32_t>(std::clamp<std::int64_t>(cellEnd - start, 1, size));
         const std::int32_t count = 1 + (size - first) / cell;
         return {count, cell, first, size - (count > 1 ? first + (count - 2) * cell : 0)};
     };
-    Divide(bounds,
-           along(bounds.right - bounds.left, firstCell.right - bounds.left,
-                 firstCell.right - firstCell.left),
-           along(bounds.bottom - bounds.top, firstCell.bottom - bounds.top,
-                 firstCell.bottom - firstCell.top));
+    Divide(bounds, along(bounds.left, bounds.right, firstCell.left, firstCell.right),
+           along(bounds.top, bounds.bottom, firstCell.top, firstCell.bottom));
 }
 
-CPixGrid::Division CPixGrid::DivideEvenly(std::int32_t size, std::int32_t otherSize,
+CPixGrid::Division CPixGrid::DivideEvenly(std::int64_t wholeSize, std::int64_t otherSize,
                                           std::int32_t limit)
 {
     const auto needed = [limit](std::int64_t pixels) {
-        return static_cast<std::int32_t>((std::max<std::int64_t>(pixels, 0) + limit - 1) / limit);
+        return ToInt32((std::max<std::int64_t>(pixels, 0) + limit - 1) / limit);
     };
+    const std::int32_t size = ToInt32(wholeSize);
     std::int32_t count = std::max({1, needed(size), needed(otherSize)});
     const std::int32_t cell = std::max(size / count, 1);
     count = std::min(count, std::max(size, 1)); // no cell is empty
@@ -71,10 +80,12 @@ CPixGrid::Division CPixGrid::DivideEvenly(std::int32_t size, std::int32_t otherS
 
 void CPixGrid::Divide(const PixelRect& bounds, const Division& across, const Division& down)
 {
+    const std::int32_t width = ToInt32(std::int64_t{bounds.right} - bounds.left);
+    const std::int32_t height = ToInt32(std::int64_t{bounds.bottom} - bounds.top);
     fX = bounds.left;
     fY = bounds.top;
-    fWidth = bounds.right - bounds.left;
-    fHeight = bounds.bottom - bounds.top;
+    fWidth = width;
+    fHeight = height;
     fColumns = across.fCount;
     fRows = down.fCount;
     fCellWidth = across.fCell;
@@ -96,12 +107,12 @@ PixelRect CPixGrid::GetCell(std::int32_t column, std::int32_t row) const
 
 std::int32_t CPixGrid::GetColumn(std::int32_t x) const
 {
-    return CellAt(x - fX, fColumns, fFirstWidth, fCellWidth);
+    return CellAt(std::int64_t{x} - fX, fColumns, fFirstWidth, fCellWidth);
 }
 
 std::int32_t CPixGrid::GetRow(std::int32_t y) const
 {
-    return CellAt(y - fY, fRows, fFirstHeight, fCellHeight);
+    return CellAt(std::int64_t{y} - fY, fRows, fFirstHeight, fCellHeight);
 }
 
 } // namespace Kesto

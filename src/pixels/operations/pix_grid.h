@@ -18,11 +18,13 @@ public:
     // Empties the grid.
     virtual void Reset();
 
-    // Moves the grid; its cells stay as they are.
+    // Moves the grid; its cells stay as they are. Throws std::length_error, and leaves it, when it
+    // would reach beyond 32 bits.
     virtual void SetOrigin(std::int32_t x, std::int32_t y);
 
     // Lays cells over `bounds`. The first one ends at the right and bottom of `firstCell`, the
     // others have its size; as many as fit whole make the grid, and the last takes what remains.
+    // Throws std::length_error for bounds that are wider or higher than 31 bits.
     virtual void SetGrid(const PixelRect& bounds, const PixelRect& firstCell);
 
     PixelRect GetBounds() const { return {fX, fY, fX + fWidth, fY + fHeight}; }
@@ -51,7 +53,8 @@ protected:
 
     // As many cells as `size`, and `otherSize`, need to have no more than `limit` pixels in a cell,
     // all of one size but the last, which takes what remains.
-    static Division DivideEvenly(std::int32_t size, std::int32_t otherSize, std::int32_t limit);
+    // Throws std::length_error for a size, or a number of cells, beyond 31 bits.
+    static Division DivideEvenly(std::int64_t size, std::int64_t otherSize, std::int32_t limit);
 
     void Divide(const PixelRect& bounds, const Division& across, const Division& down);
 

@@ -77,6 +77,8 @@ public:
             fCopy.emplace(rect, pixmap.GetPixelBits(), fCount, 4, 0);
     }
 
+    std::int32_t GetPlaneCount() const { return fCount; }
+
     // Calls the function with a view to read from.
     template <class Function>
     void Read(const Function& function)
@@ -92,7 +94,7 @@ public:
         function(ViewOfCopy());
     }
 
-    // Calls the function with a view to write to.
+    // Calls the function with a view to write to, of which it writes every pixel.
     template <class Function>
     void Write(const Function& function)
     {
@@ -227,7 +229,11 @@ void CPixScaler::ScalePixels(CPixmap& dest, CPixmap& source, const PixelRect& de
     if (!served)
         return;
     CPixels pixels(source, sourceRect, planes.fSourceFirst, planes.fSourceCount);
-    CPixels target(dest, destRect, planes.fDestFirst, planes.fDestCount);
+    // A target's planes beyond the source's would be copied back without having been written.
+    const std::int32_t count = planes.fDestCount < 0
+                                   ? pixels.GetPlaneCount()
+                                   : std::min(planes.fDestCount, pixels.GetPlaneCount());
+    CPixels target(dest, destRect, planes.fDestFirst, count);
     pixels.Read([&](const CPixView& from) {
         target.Write([&](const CPixView& to) { ScaleViews<T>(to, from, destRect, sourceRect); });
     });

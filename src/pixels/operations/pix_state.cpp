@@ -11,11 +11,14 @@ void CPixState::Reset()
 void CPixState::SetOrigin(std::int32_t x, std::int32_t y)
 {
     const PixelRect bounds = GetBounds();
-    for (PixelRect& changed : fChangedRects)
-        if (!changed.IsEmpty())
-            changed = {changed.left + x - bounds.left, changed.top + y - bounds.top,
-                       changed.right + x - bounds.left, changed.bottom + y - bounds.top};
     CPixGrid::SetOrigin(x, y);
+    const auto moved = [](std::int32_t value, std::int32_t from, std::int32_t to) {
+        return static_cast<std::int32_t>(std::int64_t{value} + to - from);
+    };
+    for (PixelRect& changed : fChangedRects) // parts of cells, so they fit where the grid does
+        if (!changed.IsEmpty())
+            changed = {moved(changed.left, bounds.left, x), moved(changed.top, bounds.top, y),
+                       moved(changed.right, bounds.left, x), moved(changed.bottom, bounds.top, y)};
 }
 
 void CPixState::SetGrid(const PixelRect& bounds, const PixelRect& firstCell)
@@ -28,8 +31,12 @@ void CPixState::SetGrid(const PixelRect& bounds, const PixelRect& other, std::in
 {
     if (bounds.IsEmpty())
         return Reset();
-    Divide(bounds, DivideEvenly(bounds.right - bounds.left, other.right - other.left, limit),
-           DivideEvenly(bounds.bottom - bounds.top, other.bottom - other.top, limit));
+    const auto size = [](std::int32_t start, std::int32_t end) {
+        return std::int64_t{end} - start;
+    };
+    Divide(bounds,
+           DivideEvenly(size(bounds.left, bounds.right), size(other.left, other.right), limit),
+           DivideEvenly(size(bounds.top, bounds.bottom), size(other.top, other.bottom), limit));
     StartStates();
 }
 

@@ -2,24 +2,36 @@
 
 #include "pixels/tiles/tile_view.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+
 namespace Kesto {
 
 namespace {
 
-PixelRect Moved(const PixelRect& rect, std::int32_t x, std::int32_t y)
+// The pixels that a piece covers in an operand whose rectangle begins at `corner`. They lie in its
+// pixmap, so they fit.
+PixelRect PlaceOf(const CPixWalker::Area& piece, const PixelRect& corner)
 {
-    return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
+    const auto moved = [](std::int64_t value, std::int32_t by) {
+        return static_cast<std::int32_t>(value + by);
+    };
+    return {moved(piece.left, corner.left), moved(piece.top, corner.top),
+            moved(piece.right, corner.left), moved(piece.bottom, corner.top)};
 }
 
 // The first x right of the tile that holds `x`, and the same for y. A tile is at least one pixel in
 // size.
-std::int32_t TileRight(const CPixmap& pixmap, std::int32_t x)
+std::int64_t TileRight(const CPixmap& pixmap, std::int64_t x)
 {
-    return std::max(x + 1, pixmap.GetTileLeft(pixmap.GetTileColumn(x)) + pixmap.GetTileWidth());
+    const auto column = pixmap.GetTileColumn(static_cast<std::int32_t>(x));
+    return std::max(x + 1, std::int64_t{pixmap.GetTileLeft(column)} + pixmap.GetTileWidth());
 }
-std::int32_t TileBottom(const CPixmap& pixmap, std::int32_t y)
+std::int64_t TileBottom(const CPixmap& pixmap, std::int64_t y)
 {
-    return std::max(y + 1, pixmap.GetTileTop(pixmap.GetTileRow(y)) + pixmap.GetTileHeight());
+    const auto row = pixmap.GetTileRow(static_cast<std::int32_t>(y));
+    return std::max(y + 1, std::int64_t{pixmap.GetTileTop(row)} + pixmap.GetTileHeight());
 }
 
 } // namespace
@@ -56,52 +68,56 @@ void CPixWalker::Add(std::span<CPixmap* const> pixmaps, const PixelRect& rect,
             fOperands.push_back({pixmap, rect, firstPlane, planeCount, access});
 }
 
-// What all operands have, from the corner of each one's rectangle.
-PixelRect CPixWalker::CommonArea() const
+CPixWalker::Area CPixWalker::CommonArea() const
 {
     if (fOperands.empty())
         return {};
-    const PixelRect& first = fOperands.front().fRect;
-    PixelRect area = Moved(first, -first.left, -first.top);
+    Area area{0, 0, INT64_MAX, INT64_MAX};
     for (const Operand& operand : fOperands) {
-        const PixelRect inside = Intersect(operand.fRect, operand.fPixmap->GetBounds());
-        area = Intersect(area, Moved(inside, -operand.fRect.left, -operand.fRect.top));
+        const PixelRect& rect = operand.fRect;
+        const PixelRect inside = Intersect(rect, operand.fPixmap->GetBounds());
+        area = {std::max(area.left, std::int64_t{inside.left} - rect.left),
+                std::max(area.top, std::int64_t{inside.top} - rect.top),
+                std::min(area.right, std::int64_t{inside.right} - rect.left),
+                std::min(area.bottom, std::int64_t{inside.bottom} - rect.top)};
     }
     return area;
 }
 
 bool CPixWalker::Run(Function function, void* userData) const
 {
-    const PixelRect area = CommonArea();
-    std::int32_t bottom = 0;
-    for (std::int32_t y = area.top; y < area.bottom; y = bottom) {
+    const Area area = CommonArea();
+    std::int64_t bottom = 0;
+    for (std::int64_t y = area.top; y < area.bottom; y = bottom) {
         bottom = area.bottom;
         for (const Operand& operand : fOperands)
             bottom = std::min(bottom, TileBottom(*operand.fPixmap, y + operand.fRect.top) -
                                           operand.fRect.top);
-        std::int32_t right = 0;
-        for (std::int32_t x = area.left; x < area.right; x = right) {
+        std::int64_t right = 0;
+        for (std::int64_t x = area.left; x < area.right; x = right) {
             right = area.right;
             for (const Operand& operand : fOperands)
                 right = std::min(right, TileRight(*operand.fPixmap, x + operand.fRect.left) -
                                             operand.fRect.left);
             if (!RunPiece({x, y, right, bottom}, function, userData))
                 return false;
+            // The next pieces would lie outside, or elsewhere than where the walk began.
+            if (CommonArea() != area)
+                throw std::logic_error("Warning! (CommonArea() == area)");
         }
     }
     return true;
 }
 
-bool CPixWalker::RunPiece(const PixelRect& piece, Function function, void* userData) const
+bool CPixWalker::RunPiece(const Area& piece, Function function, void* userData) const
 {
     CPixWalkContext context;
     std::vector<CTileView> locks; // keep the tiles in memory until the function is done
     locks.reserve(fOperands.size());
     for (const Operand& operand : fOperands) {
-        const PixelRect place = Moved(piece, operand.fRect.left, operand.fRect.top);
         const bool writes = operand.fAccess != Access::kRead;
-        locks.emplace_back(*operand.fPixmap, place, operand.fFirstPlane, operand.fPlaneCount,
-                           writes);
+        locks.emplace_back(*operand.fPixmap, PlaceOf(piece, operand.fRect), operand.fFirstPlane,
+                           operand.fPlaneCount, writes);
         auto& views = operand.fAccess == Access::kRead    ? context.fRead
                       : operand.fAccess == Access::kWrite ? context.fWrite
                                                           : context.fReadWrite;

@@ -24,7 +24,7 @@ class CPixWalker {
 public:
     enum class Access { kRead, kReadWrite, kWrite };
 
-    // Returns false to end the walk.
+    // Returns false to end the walk. It makes no pixmap smaller.
     using Function = bool (*)(const CPixWalkContext& context, void* userData);
 
     // One pixmap's part: the rectangle is global, a plane count below 0 means all planes from the
@@ -56,7 +56,9 @@ public:
     explicit CPixWalker(std::vector<Operand> operands);
 
     // Calls the function once for each piece of what all rectangles and bounds have in common.
-    // Returns false when it ended the walk.
+    // Returns false when it ended the walk. Throws std::logic_error when a pixmap has less of its
+    // rectangle afterwards, and for one that is neither contiguous nor paged; and what locking a
+    // tile throws.
     bool Run(Function function, void* userData) const;
 
     // The same for anything that can be called with a context.
@@ -69,11 +71,18 @@ public:
         return Run(call, const_cast<Callable*>(&callable));
     }
 
+    // A rectangle counted from the operands' corners, which can lie 32 bits apart.
+    struct Area {
+        std::int64_t left, top, right, bottom;
+
+        friend bool operator==(const Area&, const Area&) = default;
+    };
+
 private:
     void Add(std::span<CPixmap* const> pixmaps, const PixelRect& rect, std::int32_t firstPlane,
              std::int32_t planeCount, Access access);
-    PixelRect CommonArea() const;
-    bool RunPiece(const PixelRect& piece, Function function, void* userData) const;
+    Area CommonArea() const; // what all operands have
+    bool RunPiece(const Area& piece, Function function, void* userData) const;
 
     std::vector<Operand> fOperands;
 };

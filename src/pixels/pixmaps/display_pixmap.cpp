@@ -1,6 +1,7 @@
 #include "pixels/pixmaps/display_pixmap.h"
 
 #include "foundation/errors/system_checks.h"
+#include "pixels/pixmaps/display_view.h"
 #include "pixels/pixmaps/pixel_size.h"
 #include "pixels/pixmaps/pixmap_port.h"
 
@@ -71,10 +72,9 @@ void CDisplayPixmap::CopyBits(const CDisplayPixmap& other)
     const std::int64_t bytes = std::int64_t{GetRowBytes()} * GetHeight();
     if (GetBaseAddress() == nullptr || bytes <= 0)
         return;
-    other.fBitmap.BeginWriting(); // what was drawn on it so far
-    fBitmap.BeginWriting();
+    const CBitmapAccess from(other.fBitmap, false);
+    const CBitmapAccess to(fBitmap, true);
     std::memcpy(GetBaseAddress(), other.GetBaseAddress(), static_cast<std::size_t>(bytes));
-    fBitmap.EndWriting();
 }
 
 void CDisplayPixmap::Announce()

@@ -43,7 +43,8 @@ public:
 
     CPixmapPort* GetPort() const { return fPort; } // null off the screen
 
-    // For the drawing calls of the platform.
+    // For the drawing calls of the platform. Who reads or writes the pixels through a view of his
+    // own does it within a CBitmapAccess or CDisplayWriting.
     const Platform::Bitmap& GetBitmap() const { return fBitmap; }
     std::int32_t GetBitsSize() const; // bytes
 

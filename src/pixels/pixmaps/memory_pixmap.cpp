@@ -85,7 +85,12 @@ void CMemoryPixmap::ReserveStorage(std::uint64_t bytes)
                               : 0;
     if (bytes > PTRDIFF_MAX - missing)
         throw std::bad_alloc();
-    fStorage.SetSize(static_cast<std::size_t>(bytes + missing));
+    if (bytes + missing == fStorage.GetSize())
+        return;
+    // A new block in place of the old: growing that one would copy pixels that nobody wants.
+    CMemoryBlock storage;
+    storage.SetSize(static_cast<std::size_t>(bytes + missing));
+    fStorage.Swap(storage);
 }
 
 void CMemoryPixmap::ReleaseStorage()

@@ -3,36 +3,45 @@
 #include "pixels/pixmaps/basic_pixmap.h"
 #include "pixels/tiles/virtual_pixmap.h"
 
+#include <stdexcept>
 #include <utility>
 
 namespace Kesto {
 
-CTileView::CLock::CLock(CVirtualPixmap& pixmap, std::int32_t column, std::int32_t row,
-                        std::int32_t plane, bool writes)
-    : fPixmap(pixmap), fColumn(column), fRow(row), fPlane(plane), fWrites(writes)
+CTileView::CLock::CLock(CVirtualPixmap& pixmap, std::uint32_t index, bool writes)
+    : fPixmap(pixmap), fIndex(index), fWrites(writes)
 {
-    fPixmap.LockTile(fColumn, fRow, fPlane, fBytes, true);
+    fPixmap.Tiles().Lock(fIndex, fBytes, true);
 }
 
 CTileView::CLock::CLock(CLock&& other) noexcept
-    : fPixmap(other.fPixmap), fColumn(other.fColumn), fRow(other.fRow), fPlane(other.fPlane),
-      fWrites(other.fWrites), fBytes(std::exchange(other.fBytes, nullptr))
+    : fPixmap(other.fPixmap), fIndex(other.fIndex), fWrites(other.fWrites),
+      fBytes(std::exchange(other.fBytes, nullptr))
 {
 }
 
 // Unlocking without an address does nothing.
 CTileView::CLock::~CLock()
 {
-    fPixmap.UnlockTile(fColumn, fRow, fPlane, fBytes, fWrites, false);
+    try {
+        fPixmap.Tiles().Unlock(fIndex, fBytes, fWrites, false);
+    } catch (const std::logic_error&) {
+        // The pixmap was made smaller or lost its heap meanwhile, and its locks with its tiles.
+    }
 }
 
 CTileView::CTileView(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
                      std::int32_t planeCount, bool writes)
 {
-    if (const auto* basic = dynamic_cast<const CBasicPixmap*>(&pixmap))
+    if (const auto* basic = dynamic_cast<const CBasicPixmap*>(&pixmap)) {
+        if (const auto* display = dynamic_cast<const CDisplayPixmap*>(basic))
+            fAccess.emplace(display->GetBitmap(), writes);
         basic->GetView(fView, rect, firstPlane, planeCount);
-    else if (auto* paged = dynamic_cast<CVirtualPixmap*>(&pixmap))
+    } else if (auto* paged = dynamic_cast<CVirtualPixmap*>(&pixmap)) {
         LockTiles(*paged, rect, firstPlane, planeCount, writes);
+    } else {
+        throw std::logic_error("Warning! (pixmap is contiguous or paged)");
+    }
 }
 
 // Planes are chosen as a contiguous pixmap does.
@@ -50,8 +59,9 @@ void CTileView::LockTiles(CVirtualPixmap& pixmap, const PixelRect& rect, std::in
     fView.SetPlanes(first, count);
     fLocks.reserve(static_cast<std::size_t>(count));
     for (std::int32_t i = 0; i < count; ++i) {
-        fLocks.emplace_back(pixmap, pixmap.GetTileColumn(rect.left), pixmap.GetTileRow(rect.top),
-                            first + i, writes);
+        const std::uint32_t index = pixmap.GetTileIndex(pixmap.GetTileColumn(rect.left),
+                                                        pixmap.GetTileRow(rect.top), first + i);
+        fLocks.emplace_back(pixmap, index, writes);
         fView.planePointers[static_cast<std::size_t>(i)] =
             fLocks.back().Bytes() + pixmap.GetByteOffset(x, y);
     }

@@ -1,9 +1,12 @@
-// A view of pixels within one tile, which stay in memory for as long as it lives.
+// A view of pixels within one tile, which stay in memory for as long as it lives. The graphics
+// system is told of those that it draws on.
 #pragma once
 
+#include "pixels/pixmaps/display_view.h"
 #include "pixels/pixmaps/pixmap.h"
 #include "pixels/pixmaps/pixview.h"
 
+#include <optional>
 #include <vector>
 
 namespace Kesto {
@@ -12,8 +15,9 @@ class CVirtualPixmap;
 
 class CTileView {
 public:
-    // `rect`, in global coordinates, lies in one tile of the pixmap. Pixels of a paged pixmap are
-    // kept only if `writes` is set. Throws what locking a tile throws.
+    // `rect`, in global coordinates, lies in one tile of the pixmap, which keeps its size and
+    // storage meanwhile. Pixels of a paged pixmap are kept only if `writes` is set. Throws what
+    // locking a tile throws, and std::logic_error for a pixmap that is neither contiguous nor paged.
     CTileView(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
               std::int32_t planeCount, bool writes);
     CTileView(CTileView&& other) noexcept = default;
@@ -25,8 +29,7 @@ private:
     // A locked tile.
     class CLock {
     public:
-        CLock(CVirtualPixmap& pixmap, std::int32_t column, std::int32_t row, std::int32_t plane,
-              bool writes);
+        CLock(CVirtualPixmap& pixmap, std::uint32_t index, bool writes);
         CLock(CLock&& other) noexcept;
         CLock& operator=(CLock&&) = delete;
         ~CLock();
@@ -35,9 +38,7 @@ private:
 
     private:
         CVirtualPixmap& fPixmap;
-        std::int32_t fColumn;
-        std::int32_t fRow;
-        std::int32_t fPlane;
+        std::uint32_t fIndex; // in the array of tiles
         bool fWrites;
         void* fBytes = nullptr;
     };
@@ -46,7 +47,8 @@ private:
                    std::int32_t planeCount, bool writes);
 
     CPixView fView;
-    std::vector<CLock> fLocks; // one for each plane
+    std::vector<CLock> fLocks;            // one for each plane
+    std::optional<CBitmapAccess> fAccess; // of a display pixmap
 };
 
 } // namespace Kesto

@@ -48,7 +48,8 @@ std::uint32_t CVirtualFile::AcquireSlots(std::uint8_t slotClass, std::uint32_t c
     const std::uint64_t made = std::min<std::uint64_t>(count, AvailableBytes() / slotBytes);
     if (made == 0)
         return 0;
-    fPort.SetLength(fUsedSize + made * slotBytes);
+    // Room for real: a tile that is evicted to a full disk could never be locked again.
+    fPort.Allocate(fUsedSize + made * slotBytes);
     const std::size_t firstIndex = fTiles.size();
     fTiles.resize(firstIndex + made);
 

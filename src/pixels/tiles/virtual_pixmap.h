@@ -77,6 +77,9 @@ public:
     // Where a tile stands in the array.
     std::uint32_t GetTileIndex(std::int32_t column, std::int32_t row, std::int32_t plane) const;
 
+    // All tiles, by that index.
+    CVirtualTileArray& Tiles() { return fTiles; }
+
     std::int32_t GetTilesAcross() const { return fGrid.fTilesAcross; }
     std::int32_t GetTilesDown() const { return fGrid.fTilesDown; }
 

@@ -57,6 +57,11 @@ public:
     // Cuts the file or extends it with zeros.
     std::uint32_t SetLength(std::uint64_t length) const;
 
+    // Extends the file to `length` bytes with room on the disk for all of them, so that no later
+    // write there fails for want of it. A longer file stays as it is. After a failure the length
+    // may be anything up to `length`.
+    std::uint32_t Allocate(std::uint64_t length) const;
+
     // Returns when the bytes are on the disk. The file must be open for writing.
     std::uint32_t Flush() const;
 

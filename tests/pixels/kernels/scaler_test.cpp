@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdint>
+#include <stdexcept>
 
 using namespace Kesto;
 using namespace Kesto::Testing;
@@ -52,6 +54,45 @@ TEST(Walker, VisitsWhatAllRectanglesHave)
     EXPECT_EQ(numbers(written), (std::array{100, 101, 3, 6, 1, 1}));
 }
 
+// As wide as 32 bits allow, and with the pixmap 32 bits away from the rectangle's corner.
+TEST(Walker, VisitsRectanglesThatAreWiderThan31Bits)
+{
+    CPicture picture(8, 5, 4, 1);
+    CPicture far(8, 5, 4, 1);
+    far.Pixmap().SetOrigin(INT32_MAX - 5, INT32_MAX - 4);
+    const PixelRect everything{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    for (CPicture* one : {&picture, &far}) {
+        SCOPED_TRACE(one == &far ? "far from the corner" : "at the origin");
+        const std::uint8_t value = 9;
+        Fill(one->Pixmap(), everything, &value, 0, -1);
+        EXPECT_EQ(one->Copied(), std::vector<std::uint8_t>(20, 9));
+    }
+}
+
+TEST(Walker, EndsWithPixmapsThatShrinkMeanwhileAndKeepsNoLocks)
+{
+    const auto walk = [](CPixmap& pixmap, PixelPoint newSize) {
+        CPixWalker(pixmap, pixmap.GetBounds(), 0, -1).Run([&](const CPixWalkContext&) {
+            pixmap.SetSize(newSize);
+            return true;
+        });
+    };
+    CVirtualHeap heap;
+    for (const PixelPoint newSize : {PixelPoint{1, 1}, {0, 0}, {300, 100}}) {
+        SCOPED_TRACE(newSize.x);
+        CVirtualPixmap paged(3, 200, 100, 2, 4, true, false, heap);
+        CPicture picture(8, 200, 100, 2);
+        for (CPixmap* pixmap :
+             {static_cast<CPixmap*>(&paged), static_cast<CPixmap*>(&picture.Pixmap())})
+            if (newSize.x < 200)
+                EXPECT_THROW(walk(*pixmap, newSize), std::logic_error);
+            else
+                walk(*pixmap, newSize);
+        for (std::uint32_t i = 0; i < paged.Tiles().GetCount(); ++i)
+            EXPECT_EQ(paged.Tiles().GetTile(i)->fLockCount, 0) << i;
+    }
+}
+
 TEST(Walker, EndsWhenTheFunctionSaysSo)
 {
     CPicture picture(8, 4, 4, 1);
@@ -90,6 +131,22 @@ TEST(Grid, SplitsEvenlyAndGivesTheRestToTheLast)
     for (const auto& [x, column] : {std::pair{63, 0}, {64, 1}, {1000, 1}, {-7, 0}})
         EXPECT_EQ(grid.GetColumn(x), column) << x;
     EXPECT_EQ(grid.GetRow(-7), 0);
+}
+
+TEST(Grid, KeepsTo31BitsAndFindsPlacesFartherAway)
+{
+    constexpr std::int32_t kLeast = INT32_MIN;
+    constexpr std::int32_t kMost = INT32_MAX;
+    CPixState grid;
+    grid.SetGrid({kMost - 40, kMost - 40, kMost, kMost}, {0, kMost - 40, kMost, kMost - 30});
+    EXPECT_EQ(grid.GetCell(0, 0), (PixelRect{kMost - 40, kMost - 40, kMost, kMost - 30}));
+    EXPECT_EQ(grid.GetRow(kLeast), 0);
+    grid.SetOrigin(kLeast, kLeast);
+    EXPECT_EQ(grid.GetRow(kMost), grid.GetRows() - 1);
+    const PixelRect before = grid.GetBounds();
+    EXPECT_THROW(grid.SetOrigin(kMost - 39, 0), std::length_error);
+    EXPECT_THROW(grid.SetGrid({-2, 0, kMost, 9}, {0, 0, 1, 1}), std::length_error);
+    EXPECT_EQ(grid.GetBounds(), before);
 }
 
 TEST(Grid, CanStartWithAPartOfACell)
@@ -274,4 +331,23 @@ TEST(PagedPixmaps, AreFilledCopiedAndScaledLikeContiguousOnes)
     EXPECT_EQ(back.At(249, 249, 1), 2);
     EXPECT_EQ(back.At(100, 100, 1), 0xFD);
     EXPECT_EQ(back.At(250, 249, 1), source.At(250, 249, 1));
+}
+
+TEST(PagedPixmaps, KeepThePlanesThatTheSourceLacks)
+{
+    CVirtualHeap heap;
+    CPicture source(8, 100, 70, 2, 3);
+    const std::uint8_t values[] = {51, 52, 53, 54};
+    CVirtualPixmap paged(3, 90, 80, 4, 0, false, false, heap);
+    Fill(paged, paged.GetBounds(), values, 0, -1);
+    CPixmapScaler scaler;
+    scaler.SetPixmaps(&paged, &source.Pixmap(), 0, -1, 1, -1);
+    scaler.DoCellsQuietly();
+    CPicture result(8, 90, 80, 4, 6);
+    Copy(result.Pixmap(), paged, paged.GetBounds(), paged.GetBounds(), 0, -1);
+    for (std::size_t plane = 0; plane < 4; ++plane) {
+        const auto pixels = result.Bytes().subspan(plane * 90 * 80, 90 * 80);
+        const bool stays = std::ranges::count(pixels, values[plane]) == 90 * 80;
+        EXPECT_EQ(stays, plane != 0) << plane;
+    }
 }

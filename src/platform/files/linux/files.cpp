@@ -132,6 +132,22 @@ std::uint32_t FileHandle::SetLength(std::uint64_t length) const
     return CodeOf(ftruncate(static_cast<int>(fNative), static_cast<off_t>(length)));
 }
 
+// A file that ftruncate extends is sparse: it has a length, but no room on the disk.
+std::uint32_t FileHandle::Allocate(std::uint64_t length) const
+{
+    if (length > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
+        return EFBIG;
+    std::uint64_t present = 0;
+    if (const std::uint32_t error = GetLength(present); error != 0 || length <= present)
+        return error;
+    int error = 0;
+    do
+        error = posix_fallocate(static_cast<int>(fNative), static_cast<off_t>(present),
+                                static_cast<off_t>(length - present));
+    while (error == EINTR);
+    return static_cast<std::uint32_t>(error);
+}
+
 std::uint32_t FileHandle::Flush() const
 {
     return CodeOf(fsync(static_cast<int>(fNative)));

@@ -114,6 +114,15 @@ std::uint32_t FileHandle::SetLength(std::uint64_t length) const
     return CodeOf(SetFileInformationByHandle(Native(fNative), FileEndOfFileInfo, &end, sizeof end));
 }
 
+// A file that isn't marked as sparse has room for its whole length.
+std::uint32_t FileHandle::Allocate(std::uint64_t length) const
+{
+    std::uint64_t present = 0;
+    if (const std::uint32_t error = GetLength(present); error != 0 || length <= present)
+        return error;
+    return SetLength(length);
+}
+
 std::uint32_t FileHandle::Flush() const
 {
     return CodeOf(FlushFileBuffers(Native(fNative)));

@@ -46,6 +46,7 @@ bool Bitmap::Make(std::int32_t width, std::int32_t height, std::int32_t pixelBit
         SetLastError(CodeOf(status));
         return false;
     }
+    cairo_surface_mark_dirty(surface); // or it counts as clear, and is drawn as nothing at all
     fNative = reinterpret_cast<std::intptr_t>(surface);
     fBits = cairo_image_surface_get_data(surface);
     fSize = {width, height, pixelBits, cairo_image_surface_get_stride(surface)};
