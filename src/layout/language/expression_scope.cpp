@@ -90,10 +90,11 @@ inline VexValue* CExpressionScope::FindHere(const VexName& name, std::size_t buc
         static_cast<const CExpressionScope*>(this)->FindHere(name, bucket));
 }
 
-const VexValue* CExpressionScope::FindVariable(const VexName& name) const
+const VexValue* CExpressionScope::FindVariable(const VexName& name,
+                                               const CExpressionScope* stop) const
 {
     const std::size_t bucket = name.hash % kBucketCount;
-    for (const CExpressionScope* scope = this; scope != nullptr; scope = scope->fParent) {
+    for (const CExpressionScope* scope = this; scope != stop; scope = scope->fParent) {
         if (!scope->fHasEntries)
             continue;
         if (const VexValue* variable = scope->FindHere(name, bucket))
@@ -106,10 +107,10 @@ inline void CExpressionScope::Insert(VexValue& variable)
 {
     if (!fBuckets && fVariableCount == kFewVariables)
         SpreadToBuckets();
-    VexValue*& chain = fBuckets ? (*fBuckets)[variable.bucket] : fFew;
+    VexValue*& chain = fBuckets ? (*fBuckets)[variable.fBucket] : fFew;
     variable.next = chain;
     chain = &variable;
-    fOccupied[variable.bucket / 64] |= std::uint64_t{1} << (variable.bucket % 64);
+    fOccupied[variable.fBucket / 64] |= std::uint64_t{1} << (variable.fBucket % 64);
     fHasEntries = true;
     ++fVariableCount;
 }
@@ -121,7 +122,7 @@ void CExpressionScope::SpreadToBuckets()
     std::ranges::transform(*fBuckets, ends.begin(), [](VexValue*& first) { return &first; });
     for (VexValue* variable = fFew; variable != nullptr;) {
         VexValue* const next = std::exchange(variable->next, nullptr);
-        VexValue**& end = ends[variable->bucket];
+        VexValue**& end = ends[variable->fBucket];
         *end = variable;
         end = &variable->next;
         variable = next;
@@ -133,10 +134,10 @@ inline VexValue& CExpressionScope::MakeVariable(const VexName& name, std::size_t
                                                 const char* storedName)
 {
     auto* const variable = static_cast<VexValue*>(fPool->Allocate(sizeof(VexValue)));
-    variable->name = storedName;
-    variable->nameLength = static_cast<std::uint32_t>(name.text.size());
+    variable->fName = storedName;
+    variable->fNameLength = static_cast<std::uint32_t>(name.text.size());
     variable->nameHash = name.hash;
-    variable->bucket = static_cast<std::uint32_t>(bucket);
+    variable->fBucket = static_cast<std::uint32_t>(bucket);
     Insert(*variable);
     return *variable;
 }
@@ -224,19 +225,46 @@ bool CExpressionScope::GetFourCharVariable(std::string_view name, std::int32_t* 
     return true;
 }
 
+template <class Visit>
+void CExpressionScope::ForEachHere(Visit visit) const
+{
+    const auto visitChain = [&visit](const VexValue* chain) {
+        for (; chain != nullptr; chain = chain->next)
+            visit(*chain);
+    };
+    visitChain(fFew);
+    if (fBuckets)
+        std::ranges::for_each(*fBuckets, visitChain);
+}
+
 std::vector<const VexValue*> CExpressionScope::VariablesByBucket() const
 {
     std::vector<const VexValue*> variables;
     variables.reserve(static_cast<std::size_t>(fVariableCount));
-    const auto append = [&variables](const VexValue* chain) {
-        for (; chain != nullptr; chain = chain->next)
-            variables.push_back(chain);
-    };
-    append(fFew);
-    if (fBuckets)
-        std::ranges::for_each(*fBuckets, append);
-    std::ranges::stable_sort(variables, {}, &VexValue::bucket);
+    ForEachHere([&variables](const VexValue& variable) { variables.push_back(&variable); });
+    std::ranges::stable_sort(variables, {}, &VexValue::fBucket);
     return variables;
+}
+
+// Around before within, so that the nearer definition of a name overwrites the other.
+void CopyScopeVariables(const CExpressionScope& from, CExpressionScope& to,
+                        const CExpressionScope* stop)
+{
+    if (from.Parent() != nullptr && from.Parent() != stop)
+        CopyScopeVariables(*from.Parent(), to, stop);
+    from.CopyOwnVariables(to);
+}
+
+void CExpressionScope::CopyOwnVariables(CExpressionScope& to) const
+{
+    ForEachHere([&to](const VexValue& variable) {
+        const bool isNumber = variable.integer != VexUndefined;
+        const bool isText = *variable.text != 0;
+        if (isNumber && !isText)
+            to.AddVariable(variable.Name(), variable.integer);
+        else if (isText && !isNumber)
+            to.AddVariable(variable.Name(), variable.text);
+    });
 }
 
 void CExpressionScope::ListVariables(CVexVariablePropertyList& out) const

@@ -53,7 +53,10 @@ public:
     {
         return FindVariable(VexName(name));
     }
-    const VexValue* FindVariable(const VexName& name) const;
+    const VexValue* FindVariable(const VexName& name) const { return FindVariable(name, nullptr); }
+
+    // The same, but `stop` and the scopes around it are not searched. Null stops nothing.
+    const VexValue* FindVariable(const VexName& name, const CExpressionScope* stop) const;
 
     // Defines or overwrites in this scope. Names and texts are copied to the pool, but a `content`
     // keeps its text's address: that must live as long as the scope. A number has the empty text, a
@@ -109,6 +112,10 @@ public:
     // a bucket first. A variable with both a number and a text, or with neither, has the type 0 and
     // no value.
     void ListVariables(CVexVariablePropertyList& out) const;
+
+    // Adds the variables of this scope alone to `to`, but for those that have both a number and a
+    // text (as a text of four bytes has), or neither. Texts are copied to the pool of `to`.
+    void CopyOwnVariables(CExpressionScope& to) const;
 
     const CExpressionScope* Parent() const { return fParent; }
     StringPool& Pool() { return *fPool; }
@@ -173,6 +180,8 @@ private:
     VexValue* FindHere(const VexName& name, std::size_t bucket);
     void Insert(VexValue& variable);
     void SpreadToBuckets();
+    template <class Visit>
+    void ForEachHere(Visit visit) const;
     std::vector<const VexValue*> VariablesByBucket() const;
     void Define(const VexName& name, const VexContent& content, bool copyName);
     VexValue& MakeVariable(const VexName& name, std::size_t bucket, const char* storedName);
@@ -220,5 +229,11 @@ private:
         nullptr; // for a debugger: the last name that an expression couldn't resolve
     std::size_t fLastUnknownLength = 0;
 };
+
+// CopyOwnVariables for `from` and the scopes around it, up to `stop` and without it; nearer
+// definitions overwrite further ones. So what a view and the blocks around it say reaches its
+// layout scope, and what the whole program defines does not.
+void CopyScopeVariables(const CExpressionScope& from, CExpressionScope& to,
+                        const CExpressionScope* stop);
 
 } // namespace Kesto

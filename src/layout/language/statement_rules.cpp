@@ -161,9 +161,9 @@ bool CExpressionScope::MatchStep(const char*& cursor)
     const char* const names = at;
     if (!MatchTargets(at, count, kAnyCount))
         return false;
-    AssignTargets(names, count, [&](std::size_t) {
-        return std::exchange(value, Vex::WrappingAdd(value, increment));
-    });
+    // Like a sum in the text: once undefined, the rest of the run is.
+    AssignTargets(names, count,
+                  [&](std::size_t) { return std::exchange(value, Vex::Add(value, increment)); });
     Matched(VexRule::kStep, cursor, at);
     cursor = at;
     return true;
@@ -192,8 +192,12 @@ bool CExpressionScope::MatchAlignCenters(const char*& cursor)
     std::size_t count = 0;
     if (heightCount == 0 || !MatchTargets(at, count, heightCount))
         return false;
+    // Without a base all are undefined; without a height its own place is, and the others keep to
+    // the largest height that is known.
     AssignTargets(names, count, [&](std::size_t i) {
-        return Vex::WrappingAdd(base, Vex::WrappingSubtract(largest, heights[i]) / 2);
+        return Vex::AreDefined(base, heights[i])
+                   ? Vex::WrappingAdd(base, Vex::WrappingSubtract(largest, heights[i]) / 2)
+                   : VexUndefined;
     });
     Matched(VexRule::kAlignCenters, cursor, at);
     cursor = at;

@@ -19,18 +19,24 @@ struct VexContent {
     const char* text = kVexNoText;
 };
 
-// One variable of a scope. It lies in the scope's string pool and so does its name, unless the name
-// outlives the scope. Its text may lie in the pool of an enclosing scope, and ends with a zero.
+// One variable of a scope. It lies in the scope's string pool. Its text may lie in the pool of an
+// enclosing scope, and ends with a zero.
 struct VexValue {
     VexValue* next; // in the bucket
-    const char* name;
     std::int32_t integer;
     std::uint32_t nameHash;
     const char* text;
-    std::uint32_t nameLength;
-    std::uint32_t bucket;
 
-    std::string_view Name() const { return {name, nameLength}; }
+    // Valid as long as the scope.
+    std::string_view Name() const { return {fName, fNameLength}; }
+
+private:
+    friend class CExpressionScope;
+
+    // In the pool, or in the text that is being read: so no zero need follow.
+    const char* fName;
+    std::uint32_t fNameLength;
+    std::uint32_t fBucket;
 };
 
 } // namespace Kesto

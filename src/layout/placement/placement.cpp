@@ -1,13 +1,28 @@
 #include "layout/placement/placement.h"
 
 #include "layout/placement/generator.h"
+#include "layout/placement/measure.h"
+#include "layout/placement/solve.h"
 #include "layout/placement/view_proxy.h"
+
+#include <ranges>
+#include <vector>
 
 namespace Kesto {
 
 namespace {
 
-CView* Realize(CViewProxy& proxy, CGenerator& generator, CView* parent)
+// All proxies, each after its parent.
+std::vector<CViewProxy*> FromTheRoot(CViewProxy& root)
+{
+    std::vector<CViewProxy*> order{&root};
+    for (std::size_t i = 0; i < order.size(); ++i)
+        for (const auto& child : order[i]->fChildren)
+            order.push_back(child.get());
+    return order;
+}
+
+void WriteNumbers(CViewProxy& proxy)
 {
     CExpressionScope& layout = proxy.fProperties;
     layout.AddVariable(LayoutKey::kTop, proxy.fTop);
@@ -20,17 +35,40 @@ CView* Realize(CViewProxy& proxy, CGenerator& generator, CView* parent)
     layout.AddVariable(LayoutKey::kBottomOutset, proxy.fBottomOutset);
     layout.AddVariable(LayoutKey::kRightOutset, proxy.fRightOutset);
     layout.AddVariable(LayoutKey::kLabelWidth, proxy.fLabelWidth);
-    CView* const view = generator.Build(proxy.ViewName(), &layout, parent);
-    for (const auto& child : proxy.fChildren)
-        Realize(*child, generator, view);
-    return view;
 }
 
 } // namespace
 
-CView* SolvePlacement(CViewProxy& root, CGenerator& generator)
+void SolvePlacement(CViewProxy& root)
 {
-    return Realize(root, generator, nullptr);
+    const std::vector<CViewProxy*> order = FromTheRoot(root);
+    for (CViewProxy* const proxy : std::views::reverse(order))
+        MeasureByChildren(*proxy);
+    for (CViewProxy* const proxy : order)
+        PlaceChildren(*proxy);
+}
+
+CView* RealizeViews(CViewProxy& root, CGenerator& generator)
+{
+    struct Due {
+        CViewProxy* proxy;
+        CView* parent;
+    };
+    CView* outermost = nullptr;
+    // The next one is the last, so children are pushed from the last to the first.
+    std::vector<Due> due{{&root, nullptr}};
+    while (!due.empty()) {
+        const Due next = due.back();
+        due.pop_back();
+        WriteNumbers(*next.proxy);
+        CView* const view =
+            generator.Build(next.proxy->ViewName(), &next.proxy->fProperties, next.parent);
+        if (next.proxy == &root)
+            outermost = view;
+        for (const auto& child : std::views::reverse(next.proxy->fChildren))
+            due.push_back({child.get(), view});
+    }
+    return outermost;
 }
 
 } // namespace Kesto

@@ -79,7 +79,8 @@ CView* CRapidViewScope::Parse(const char* text)
         throw std::logic_error("Warning! (viewProxyList.list->size() == 1)");
     if (Listener() != nullptr)
         Listener()->ScopeEnds(*this, definition);
-    CView* const built = SolvePlacement(*list.front(), *fGenerator);
+    SolvePlacement(*list.front());
+    CView* const built = RealizeViews(*list.front(), *fGenerator);
     return fGenerator->Result() != nullptr ? fGenerator->Result() : built;
 }
 
@@ -128,7 +129,6 @@ bool CRapidViewScope::MatchBlock(const char*& cursor, CViewProxy& view)
     MatchViewList(at, &view, view.fChildren);
     if (!MatchLiteral(at, "}"))
         return false;
-    view.fCount = static_cast<std::int32_t>(view.fChildren.size());
     if (Listener() != nullptr)
         Listener()->ScopeEnds(*this, at);
     Matched(VexRule::kBlock, cursor, at);

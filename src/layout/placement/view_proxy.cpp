@@ -34,11 +34,22 @@ CViewProxy::CViewProxy(CViewProxy* parent, StringPool& pool)
     fParentOffscreen = parent->fParentOffscreen;
 }
 
+// Takes the tree apart from its leaves: every proxy dies without children.
+CViewProxy::~CViewProxy()
+{
+    ViewProxyList rest = std::move(fChildren);
+    while (!rest.empty()) {
+        const std::unique_ptr<CViewProxy> last = std::move(rest.back());
+        rest.pop_back();
+        std::ranges::move(last->fChildren, std::back_inserter(rest));
+        last->fChildren.clear();
+    }
+}
+
 void CViewProxy::Define(std::string_view className, CExpressionScope& properties,
                         CGenerator& generator)
 {
     fChildren.clear();
-    fCount = 0;
     fViewName = generator.Pool().InternString(className);
     fViewNameLength = className.size();
     CopyKeys(properties);
@@ -63,15 +74,16 @@ void CViewProxy::CopyKeys(CExpressionScope& properties)
         fProperties.AddVariable(LayoutKey::kVertical, fDefaultVertical);
 }
 
-// A text in the place of a number has the undefined integer, which no sum of sizes should meet.
+// An undefined number counts as not given. A text where a number belongs is given, as 0.
 bool CViewProxy::Read(LayoutKey key, std::int32_t& number) const
 {
     if (!fProperties.LayoutKeys().Has(key))
         return false;
-    const std::int32_t value = fProperties.FindVariable(key)->integer;
-    if (value != VexUndefined)
-        number = value;
-    return value != VexUndefined;
+    const VexValue& value = *fProperties.FindVariable(key);
+    const bool isGiven = value.integer != VexUndefined || *value.text != 0;
+    if (isGiven)
+        number = value.integer != VexUndefined ? value.integer : 0;
+    return isGiven;
 }
 
 std::int32_t CViewProxy::ReadOr(LayoutKey key, std::int32_t absent) const

@@ -8,7 +8,9 @@
 #include "layout/language/expression_scope.h"
 #include "layout/vocabulary/placement_words.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -27,6 +29,7 @@ public:
     CViewProxy(CViewProxy* parent, StringPool& pool);
     CViewProxy(const CViewProxy&) = delete;
     CViewProxy& operator=(const CViewProxy&) = delete;
+    ~CViewProxy(); // without recursion, however deep the tree is
 
     // Describes the view to `generator` and reads the numbers that come back. `properties` is the
     // scope of the view's own properties, chained to the blocks around it.
@@ -34,9 +37,22 @@ public:
 
     std::string_view ViewName() const { return {fViewName, fViewNameLength}; }
 
+    // All that lies between the children.
+    std::int64_t SpacingSum() const
+    {
+        return fChildren.empty() ? 0 : (std::ssize(fChildren) - 1) * std::int64_t{fSpacing};
+    }
+
+    std::int32_t WithinMaxHeight(std::int32_t height) const
+    {
+        return fMaxHeight > 0 ? std::min(height, fMaxHeight) : height;
+    }
+
+    // Whether this view, as the first child of a row, makes its label that of the row.
+    bool StartsLabelColumn() const { return fHasLabel && fHorizontal != kAlign_InCenter; }
+
     ViewProxyList fChildren;
-    std::int32_t fCount = 0; // of the children
-    std::int32_t fLeft = 0;  // the result: the position within the parent
+    std::int32_t fLeft = 0; // the result: the position within the parent
     std::int32_t fTop = 0;
     std::int32_t fWidth = 0; // the natural size, then the result
     std::int32_t fHeight = 0;
@@ -71,8 +87,8 @@ public:
     bool fParentOffscreen = false; // the view or one around it keeps its children off the screen
     std::int32_t fDefaultHorizontal = 0;
     std::int32_t fDefaultVertical = 0;
-    std::int32_t fChildWidthSum = 0;
-    std::int32_t fChildHeightSum = 0;
+    std::int64_t fChildWidthSum = 0; // of the natural sizes, without what lies between them
+    std::int64_t fChildHeightSum = 0;
 
 private:
     void CopyKeys(CExpressionScope& properties);
