@@ -1,18 +1,15 @@
-// Shows what is in the icon store of this build: a table of all pictures, or a sheet with every one
-// of them at both densities, on a light and on a dark window.
+// Shows what is in the icon store of this build: a table of all pictures, or a sheet with what
+// controls show of every one of them, at both densities on the windows of the four themes.
 #include "contact_sheet/contact_sheet.h"
 #include "foundation/errors/exceptions.h"
-#include "foundation/streams/block_container.h"
 #include "images/icons/resource_data_provider.h"
-#include "images/png/png_decoder.h"
-#include "pixels/pixmaps/memory_pixmap.h"
+#include "images/pictures/picture_states.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,40 +23,17 @@ struct State {
 };
 
 constexpr State kStates[] = {{kStateSlot_Normal, "normal"},
-                             {kStateSlot_Rollover, "rollover"},
                              {kStateSlot_Pressed, "pressed"},
                              {kStateSlot_Inactive, "inactive"},
                              {kStateSlot_Dark, "dark"}};
 
-constexpr EResolution kDensities[] = {kResolution_Low, kResolution_High};
+constexpr EDensity kDensities[] = {kDensity_Low, kDensity_High};
 
-// How a window of one kind looks, and the states that it shows.
-struct Window {
-    std::uint32_t fColour;
-    std::vector<EStateSlot> fSlots;
-};
-
-const Window kWindows[] = {
-    {0xF0F0F0, {kStateSlot_Normal, kStateSlot_Rollover, kStateSlot_Pressed, kStateSlot_Inactive}},
-    {0x323232, {kStateSlot_Dark, kStateSlot_Pressed, kStateSlot_Inactive}}};
+// The colour of the windows of each theme.
+constexpr std::uint32_t kWindows[] = {0xF0F0F0, 0xB8B8B8, 0x535353, 0x323232};
 
 constexpr std::int32_t kSheetWidth = 1600;
 constexpr std::int32_t kGap = 8; // pixels around all that is laid out
-
-using Pixmap = std::unique_ptr<CMemoryPixmap>;
-
-// Null for a picture that the store does not have.
-Pixmap Load(const std::string& name, EResolution density, EStateSlot slot)
-{
-    std::uint32_t size;
-    const std::byte* data;
-    if (!CResourceDataProvider::Get().GetPicture(name, density, slot, size, data))
-        return nullptr;
-    CMemoryBlock bytes;
-    CopyToBlock(bytes, {data, size});
-    CBlockContainer stream(&bytes);
-    return CPNGDecoder().Decode(stream);
-}
 
 void List()
 {
@@ -83,17 +57,17 @@ void List()
     }
 }
 
-// One name: its label, and below it a pane for each window with the pictures side by side.
+// One name: its label, and below it a pane for each theme with the pictures that its states show,
+// side by side.
 class Card {
 public:
     Card(const std::string& name, const ContactSheet& ruler)
         : fName(name), fWidth(ruler.LabelWidth(name))
     {
-        for (const Window& window : kWindows) {
-            Pane& pane = fPanes.emplace_back(Pane{window.fColour, {}, kGap});
-            for (const EResolution density : kDensities)
-                for (const EStateSlot slot : window.fSlots)
-                    Add(pane, density, slot);
+        for (std::int32_t theme = kTheme_Light; theme <= kTheme_Dark; ++theme) {
+            Pane& pane = fPanes.emplace_back();
+            pane.fStates.LoadPictures(name, theme);
+            Fill(pane);
             fWidth = std::max(fWidth, pane.fWidth);
         }
     }
@@ -108,10 +82,10 @@ public:
     {
         sheet.Label(fName, left, top + ContactSheet::kLabelHeight);
         top += kLabel;
-        for (const Pane& pane : fPanes) {
-            sheet.Fill({left, top, left + fWidth, top + PaneHeight()}, pane.fColour);
+        for (std::size_t theme = 0; theme < fPanes.size(); ++theme) {
+            sheet.Fill({left, top, left + fWidth, top + PaneHeight()}, kWindows[theme]);
             std::int32_t x = left + kGap;
-            for (const Pixmap& pixmap : pane.fPixmaps) {
+            for (const CMemoryPixmap* pixmap : fPanes[theme].fPixmaps) {
                 CPixView view;
                 pixmap->GetView(view);
                 sheet.Draw(view, x, top + kGap);
@@ -125,22 +99,23 @@ private:
     static constexpr std::int32_t kLabel = ContactSheet::kLabelHeight + 5;
 
     struct Pane {
-        std::uint32_t fColour;
-        std::vector<Pixmap> fPixmaps;
-        std::int32_t fWidth;
+        CPictureStates fStates;
+        std::vector<const CMemoryPixmap*> fPixmaps; // each picture once
+        std::int32_t fWidth = kGap;
     };
 
-    // A picture without one for the dark shows its normal one there.
-    void Add(Pane& pane, EResolution density, EStateSlot slot)
+    void Fill(Pane& pane)
     {
-        Pixmap pixmap = Load(fName, density, slot);
-        if (pixmap == nullptr && slot == kStateSlot_Dark)
-            pixmap = Load(fName, density, kStateSlot_Normal);
-        if (pixmap == nullptr)
-            return;
-        pane.fWidth += pixmap->GetWidth() + kGap;
-        fPictureHeight = std::max(fPictureHeight, pixmap->GetHeight());
-        pane.fPixmaps.push_back(std::move(pixmap));
+        for (const EDensity density : kDensities)
+            for (std::uint32_t state = 0; state < kPictureStateCount; ++state) {
+                const CDualPicture& picture = pane.fStates.Get(static_cast<EPictureState>(state));
+                const CMemoryPixmap* const pixmap = picture.GetPixmap(density);
+                if (pixmap == nullptr || std::ranges::count(pane.fPixmaps, pixmap) != 0)
+                    continue;
+                pane.fWidth += pixmap->GetWidth() + kGap;
+                fPictureHeight = std::max(fPictureHeight, pixmap->GetHeight());
+                pane.fPixmaps.push_back(pixmap);
+            }
     }
 
     std::int32_t PaneHeight() const { return fPictureHeight + 2 * kGap; }
@@ -210,12 +185,13 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Lists the pictures of the icon store, or writes a contact sheet of them.",
                  "icons"};
-    app.footer("Without OUT.png: a line for each picture, with its size, its hot spot if it is a "
-               "cursor, and the bytes of\n"
-               "each state at single and double density. With it: all pictures and states at both "
-               "densities, on a light\n"
-               "and on a dark window.\n"
-               "To add a picture, see resources/icons/icons.list.");
+    app.footer(
+        "Without OUT.png: a line for each picture, with its size, its hot spot if it is a "
+        "cursor, and the bytes of\n"
+        "each state at single and double density. With it: what controls show of all pictures, "
+        "normal, pressed and\n"
+        "inactive, at both densities on the windows of the four themes.\n"
+        "To add a picture, see resources/icons/icons.list.");
     std::string path;
     app.add_option("OUT.png", path, "The contact sheet to write");
     try {

@@ -18,7 +18,7 @@ import subprocess
 import sys
 
 # The slot of each state; the module reads the same numbers.
-SLOTS = {"normal": 0, "rollover": 1, "inactive": 2, "pressed": 4, "dark": 6}
+SLOTS = {"normal": 0, "inactive": 2, "pressed": 4, "dark": 6}
 DENSITIES = (1, 2)  # pixels of a unit at low and at high density
 RESOLUTIONS, SLOT_COUNT = 4, 8
 HEADER = b"Lumograph Icon Resource Index 1.0\n"

@@ -104,7 +104,7 @@ TEST(DualPicture, MeasuresAHighPixmapByHalf)
 {
     CDualPicture picture;
     picture.SetPixmap(Blank(1, 7, 1), kDensity_High);
-    EXPECT_EQ(picture.GetBounds(), (PixelRect{1, -1, 4, 1}));
+    EXPECT_EQ(picture.GetBounds(), (PixelRect{1, -2, 4, 1}));
     EXPECT_EQ(picture.GetWidth(), 3);
     EXPECT_EQ(picture.GetHeight(), 2);
     picture.SetPixmap(Blank(1, 7, 1), kDensity_Low);
@@ -139,7 +139,7 @@ TEST(PictureStates, FillWhatIsMissing)
 {
     CPictureStates states;
     EXPECT_FALSE(states.LoadPictures("Nothing", kTheme_Dark));
-    EXPECT_EQ(states.Get(kPicture_Extra).GetWidth(), 0);
+    EXPECT_EQ(states.Get(kPicture_Disactive).GetWidth(), 0);
 
     // InfoWarning has the normal state alone.
     ASSERT_TRUE(states.LoadPictures("InfoWarning", kTheme_Dark));
@@ -147,7 +147,7 @@ TEST(PictureStates, FillWhatIsMissing)
     EXPECT_EQ(Alpha(states.Get(kPicture_Pressed)), normal);
     CDualPicture faded = states.Get(kPicture_Normal);
     faded.Fade(0.4);
-    for (const EPictureState state : {kPicture_Inactive, kPicture_Disabled, kPicture_Extra})
+    for (const EPictureState state : {kPicture_Inactive, kPicture_Disabled, kPicture_Disactive})
         EXPECT_EQ(Alpha(states.Get(state)), Alpha(faded));
 }
 
@@ -156,14 +156,31 @@ TEST(PictureStates, FollowTheTheme)
     CPictureStates states;
     CDualPicture picture;
     for (const std::int32_t theme : {0, 1, 2, 3, 4}) {
+        SCOPED_TRACE(theme);
         const bool isDark = theme == kTheme_MediumDark || theme == kTheme_Dark;
         ASSERT_TRUE(states.LoadPictures("CheckOff", theme));
         ASSERT_TRUE(picture.LoadPicture(isDark ? MakeTag("PIND") : MakeTag("PICn"), "CheckOff"));
-        EXPECT_EQ(Colours(states.Get(kPicture_Normal)), Colours(picture)) << theme;
+        EXPECT_EQ(Colours(states.Get(kPicture_Normal)), Colours(picture));
+        EXPECT_EQ(Colours(states.Get(kPicture_Rollover)), Colours(picture));
         ASSERT_TRUE(picture.LoadPicture(MakeTag("PICp"), "CheckOff"));
-        EXPECT_EQ(Colours(states.Get(kPicture_Pressed)), Colours(picture)) << theme;
-        EXPECT_NE(Colours(states.Get(kPicture_Normal)), Colours(picture)) << theme;
+        EXPECT_EQ(Colours(states.Get(kPicture_Pressed)), Colours(picture));
+        EXPECT_NE(Colours(states.Get(kPicture_Normal)), Colours(picture));
+        ASSERT_TRUE(picture.LoadPicture(MakeTag("PICi"), "CheckOff"));
+        EXPECT_EQ(Colours(states.Get(kPicture_Inactive)), Colours(picture));
     }
+}
+
+TEST(PictureStates, ShareWhatTheStoreKeepsInOneSlot)
+{
+    CPictureStates states;
+    ASSERT_TRUE(states.LoadPictures("CheckOff", kTheme_Light));
+    const auto pixmap = [&](EPictureState state) {
+        return states.Get(state).GetPixmap(kDensity_High);
+    };
+    EXPECT_EQ(pixmap(kPicture_Rollover), pixmap(kPicture_Normal));
+    EXPECT_EQ(pixmap(kPicture_Disactive), pixmap(kPicture_Inactive));
+    EXPECT_EQ(pixmap(kPicture_Disabled), pixmap(kPicture_Inactive));
+    EXPECT_NE(pixmap(kPicture_Inactive), pixmap(kPicture_Pressed));
 }
 
 } // namespace
