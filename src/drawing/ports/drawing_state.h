@@ -48,13 +48,15 @@ struct CFont {
     friend bool operator==(const CFont&, const CFont&) = default;
 };
 
-// Of the port's font.
+// Of the port's font. Lines stand 16 units apart and have their base line 12 below their top,
+// whatever the font, so that texts of all sizes in a row read as one line; only for fonts that do
+// not fit into that they are higher.
 struct SFontMetrics {
     double ascent = 0.0;  // above the base line
     double descent = 0.0; // below it
-    double leading = 0.0; // more between two lines
-    double Height() const { return ascent + descent; }
-    double LineHeight() const { return Height() + leading; }
+    double lineHeight = 16.0;
+    double baseLine = 12.0; // below the top of a line
+    double averageWidth = 0.0;
 };
 
 // How a shape that is painted meets what is there: replaces it, or flips the bits of its colours

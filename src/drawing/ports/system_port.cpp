@@ -1,8 +1,17 @@
 #include "drawing/ports/system_port.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Kesto {
+namespace {
+
+std::int32_t Near(std::int32_t pixel)
+{
+    return std::clamp(pixel, -kFarthestPixel, kFarthestPixel);
+}
+
+} // namespace
 
 CSystemPort::CSystemPort() = default;
 
@@ -10,12 +19,14 @@ void CSystemPort::SetSurface(const Platform::Bitmap* bitmap, const PixelPoint& s
 {
     fSurface = bitmap;
     fSurfaceSize = bitmap != nullptr ? size : PixelPoint{};
+    fCanvas.reset();
     ResetClip();
 }
 
 void CSystemPort::SetScaleFactor(double scale)
 {
     fScale = UsableScale(scale);
+    fDeviceFont.reset();
 }
 
 Rect CSystemPort::GetClientRect() const
@@ -34,28 +45,63 @@ void CSystemPort::SetWindowOrigin(const Point& origin)
     fState.brushOrigin = origin;
 }
 
-PixelRect CSystemPort::ToPixels(const Rect& units) const
+CPixelSurface CSystemPort::Pixels() const
 {
-    const Point& origin = fState.windowOrigin;
-    return ToDevice(Rect{units.left + origin.x, units.top + origin.y, units.right + origin.x,
-                         units.bottom + origin.y},
-                    fScale);
+    return fSurface != nullptr ? SurfaceOf(*fSurface) : CPixelSurface{};
 }
 
-CDeviceRegion CSystemPort::ToPixels(CBRVRegion units) const
+PixelPoint CSystemPort::ToPixels(const Point& units) const
 {
-    units.Move(fState.windowOrigin.x, fState.windowOrigin.y);
-    return ToDevice(units, fScale);
+    return {Near(ToDevice(units.x + fState.windowOrigin.x, fScale)),
+            Near(ToDevice(units.y + fState.windowOrigin.y, fScale))};
+}
+
+PixelRect CSystemPort::ToPixels(const Rect& units) const
+{
+    const PixelPoint corner = ToPixels(Point{units.left, units.top});
+    const PixelPoint end = ToPixels(Point{units.right, units.bottom});
+    return {corner.x, corner.y, end.x, end.y};
+}
+
+CDeviceRegion CSystemPort::ToPixels(const CBRVRegion& units) const
+{
+    CDeviceRegion pixels;
+    for (const Rect& rect : units.GetRects())
+        pixels.Union(ToPixels(rect));
+    return pixels;
+}
+
+Platform::PathPoint CSystemPort::ToPath(const Point& units) const
+{
+    constexpr double kFarthest = kFarthestPixel;
+    return {std::clamp((units.x + fState.windowOrigin.x) * fScale, -kFarthest, kFarthest),
+            std::clamp((units.y + fState.windowOrigin.y) * fScale, -kFarthest, kFarthest)};
+}
+
+CDeviceRegion& CSystemPort::ChangeClip()
+{
+    fCanvas.reset();
+    return fState.clip;
+}
+
+Platform::Canvas& CSystemPort::ClippedCanvas()
+{
+    if (!fCanvas) {
+        static const Platform::Bitmap none;
+        fCanvas.emplace(fSurface != nullptr ? *fSurface : none);
+        fCanvas->SetClip(fState.clip.GetRects());
+    }
+    return *fCanvas;
 }
 
 void CSystemPort::ResetClip()
 {
-    fState.clip = CDeviceRegion(PixelRect{0, 0, fSurfaceSize.x, fSurfaceSize.y});
+    ChangeClip() = CDeviceRegion(PixelRect{0, 0, fSurfaceSize.x, fSurfaceSize.y});
 }
 
 void CSystemPort::SetDeviceClip(const CDeviceRegion& pixels)
 {
-    fState.clip = pixels;
+    ChangeClip() = pixels;
     fState.clip.Intersect(PixelRect{0, 0, fSurfaceSize.x, fSurfaceSize.y});
 }
 
@@ -66,12 +112,12 @@ void CSystemPort::SetClip(const CBRVRegion& units)
 
 void CSystemPort::IntersectClip(const CBRVRegion& units)
 {
-    fState.clip.Intersect(ToPixels(units));
+    ChangeClip().Intersect(ToPixels(units));
 }
 
 void CSystemPort::IntersectClip(const Rect& units)
 {
-    fState.clip.Intersect(ToPixels(units));
+    ChangeClip().Intersect(ToPixels(units));
 }
 
 CBRVRegion CSystemPort::GetClip() const
@@ -83,7 +129,21 @@ CBRVRegion CSystemPort::GetClip() const
 
 bool CSystemPort::IsInClip(const Rect& units) const
 {
-    return fState.clip.Intersects(ToPixels(units));
+    return !units.IsEmpty() && fState.clip.Intersects(ToPixels(units));
+}
+
+void CSystemPort::SetFont(const CFont& font)
+{
+    if (font == fState.font)
+        return;
+    fState.font = font;
+    fDeviceFont.reset();
+}
+
+void CSystemPort::SetFontScale(double scale)
+{
+    fState.fontScale = UsableScale(scale);
+    fDeviceFont.reset();
 }
 
 void CSystemPort::SaveState()
@@ -97,6 +157,8 @@ void CSystemPort::RestoreState()
         return;
     fState = std::move(fSaved.back());
     fSaved.pop_back();
+    fCanvas.reset();
+    fDeviceFont.reset();
 }
 
 void CSystemPort::ResetTools()
@@ -106,6 +168,7 @@ void CSystemPort::ResetTools()
     defaults.brushOrigin = fState.windowOrigin;
     defaults.clip = std::move(fState.clip);
     fState = std::move(defaults);
+    fDeviceFont.reset();
 }
 
 } // namespace Kesto

@@ -11,10 +11,12 @@
 
 #include "drawing/ports/drawing_state.h"
 #include "drawing/ports/graphics_port.h"
+#include "drawing/ports/pixel_surface.h"
 #include "drawing/regions/region.h"
-#include "platform/graphics/bitmap.h"
+#include "platform/graphics/canvas.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -23,6 +25,11 @@ namespace Kesto {
 
 class CDualPicture;
 class CPixmap;
+struct CPreparedPixels;
+struct CRoundedFrame;
+
+// Places farther away than this count as being there, so that all distances fit in 32 bits.
+inline constexpr std::int32_t kFarthestPixel = 1 << 29;
 
 class CSystemPort : public CGraphicsPort {
 public:
@@ -80,8 +87,10 @@ public:
     const CPen& GetPen() const { return fState.pen; }
     void SetBrush(const CBrush& brush) { fState.brush = brush; }
     const CBrush& GetBrush() const { return fState.brush; }
-    void SetFont(const CFont& font) { fState.font = font; }
+    void SetFont(const CFont& font);
     const CFont& GetFont() const { return fState.font; }
+    // What font sizes are multiplied with besides the scale: 1 unless set.
+    void SetFontScale(double scale);
     void SetTextColour(const Colour& colour) { fState.textColour = colour; }
     Colour GetTextColour() const { return fState.textColour; }
     // What Erase paints with, and what lies behind text unless the ground is transparent.
@@ -190,7 +199,7 @@ public:
 
     // At the window origin, in device pixels.
     PixelRect ToPixels(const Rect& units) const;
-    CDeviceRegion ToPixels(CBRVRegion units) const;
+    CDeviceRegion ToPixels(const CBRVRegion& units) const;
 
 protected:
     CSystemPort();
@@ -213,6 +222,7 @@ private:
         CPen pen;
         CBrush brush;
         CFont font;
+        double fontScale = 1.0;
         Colour textColour = kBlack;
         Colour background = kWhite;
         bool opaqueText = false;
@@ -220,11 +230,40 @@ private:
         Point penPlace;
     };
 
+    CPixelSurface Pixels() const;
+    PixelPoint ToPixels(const Point& units) const;
+    Platform::PathPoint ToPath(const Point& units) const;
+    CPixelBrush ToPixels(const CBrush& brush) const;
+    std::int32_t StrokePixels(double width) const;
+    CDeviceRegion& ChangeClip();
+
+    void FillDevice(const PixelRect& pixels, const CPixelBrush& brush);
+    void FillDevice(const CDeviceRegion& pixels, const CPixelBrush& brush);
+    void DrawCurve(const CRoundedFrame& shape, const CPen* pen, const CBrush* brush);
+    void FillCurve(const CRoundedFrame& outer, const CRoundedFrame* inner, const CBrush& brush);
+    void StrokePath(std::span<const Point> places);
+    Platform::Canvas& ClippedCanvas();
+
+    const Platform::Font& DeviceFont() const;
+    // Within a frame of pixels as well as the clip.
+    void DrawLineWithin(const Platform::TextLine& line, const PixelPoint& start,
+                        const PixelRect& frame);
+    void Underline(const Platform::TextLine& line, std::size_t position, const PixelPoint& start,
+                   const PixelRect& frame);
+
+    PixelRect VisiblePart(const PixelRect& pixels) const;
+    void DrawPrepared(const CPreparedPixels& pixels, bool blended);
+
     const Platform::Bitmap* fSurface = nullptr;
     PixelPoint fSurfaceSize;
     double fScale = 1.0;
     CState fState;
     std::vector<CState> fSaved;
+
+    // Made when they are first needed after a change of what they depend on.
+    std::optional<Platform::Canvas> fCanvas;           // surface, clip
+    mutable std::optional<Platform::Font> fDeviceFont; // font, scales
+    Platform::Path fPath;                              // keeps its memory
 };
 
 template <class Shape>

@@ -23,7 +23,6 @@ public:
 
 private:
     Platform::Bitmap fBitmap;
-    PixelPoint fBitmapSize;
     PixelPoint fClientPixels;
 };
 

@@ -1,0 +1,308 @@
+#include "drawing/ports/pixmap_stage.h"
+
+#include "pixels/kernels/colour.h"
+#include "pixels/kernels/kernel_table.h"
+#include "pixels/operations/pixel_fill.h"
+#include "pixels/operations/pixmap_scaler.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace Kesto {
+namespace {
+
+using Kernels::PlaneOrder;
+
+// More than this is not averaged as a whole but takes the nearest pixels of what shows.
+constexpr std::int64_t kMostAveraged = std::int64_t{1} << 26;
+constexpr std::uint8_t kOpaque = 255;
+
+std::int32_t Width(const PixelRect& rect)
+{
+    return rect.right - rect.left;
+}
+
+std::int32_t Height(const PixelRect& rect)
+{
+    return rect.bottom - rect.top;
+}
+
+PixelRect Moved(const PixelRect& rect, std::int32_t dx, std::int32_t dy)
+{
+    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+}
+
+// One axis of a mapping from a source of `sourceLength` pixels to a destination.
+std::int32_t Scaled(std::int32_t offset, std::int32_t sourceLength, std::int32_t destLength)
+{
+    return RoundHalfAway(static_cast<double>(offset) * destLength / sourceLength);
+}
+
+// The source pixel whose area holds the middle of a destination pixel.
+std::int32_t Nearest(std::int32_t offset, std::int32_t sourceLength, std::int32_t destLength)
+{
+    return static_cast<std::int32_t>((2 * std::int64_t{offset} + 1) * sourceLength /
+                                     (2 * std::int64_t{destLength}));
+}
+
+// Cuts the source to the bounds, and the destination by as much.
+void Cut(PixelRect& source, PixelRect& dest, const PixelRect& bounds)
+{
+    const PixelRect cut = Intersect(source, bounds);
+    const std::int32_t width = Width(source);
+    const std::int32_t height = Height(source);
+    dest = {dest.left + Scaled(cut.left - source.left, width, Width(dest)),
+            dest.top + Scaled(cut.top - source.top, height, Height(dest)),
+            dest.right - Scaled(source.right - cut.right, width, Width(dest)),
+            dest.bottom - Scaled(source.bottom - cut.bottom, height, Height(dest))};
+    source = cut;
+}
+
+bool IsSane(const PixelRect& rect)
+{
+    constexpr std::int32_t kFarthest = 1 << 29;
+    return !rect.IsEmpty() && rect.left >= -kFarthest && rect.top >= -kFarthest &&
+           rect.right <= kFarthest && rect.bottom <= kFarthest;
+}
+
+// How planes of 8 bits become pixels, by their number.
+struct Merging {
+    PlaneOrder order;
+    bool hasAlpha;
+};
+constexpr Merging kMergings[] = {{Kernels::kOrder_GreyConstant, false},
+                                 {Kernels::kOrder_GreyAlpha, true},
+                                 {Kernels::kOrder_BGRConstant, false},
+                                 {Kernels::kOrder_BGRA, true}};
+constexpr std::int32_t kMostPlanes = 4;
+
+// Where the rows of a contiguous pixmap of 8 bits lie, without a view that would be allocated.
+struct PlaneRows {
+    explicit PlaneRows(const CBasicPixmap& pixmap)
+        : first(pixmap.GetBaseAddress()), rowBytes(pixmap.GetRowBytes()),
+          planeBytes(pixmap.GetPlaneBytes()), origin(pixmap.GetOrigin())
+    {
+    }
+    std::uint8_t* At(std::int32_t plane, std::int32_t x, std::int32_t y) const
+    {
+        return first + plane * planeBytes + (y - origin.y) * rowBytes + (x - origin.x);
+    }
+
+    std::uint8_t* first;
+    std::ptrdiff_t rowBytes;
+    std::ptrdiff_t planeBytes;
+    PixelPoint origin;
+};
+
+void MergeRect(const CBasicPixmap& pixmap, const PixelRect& rect, const PlaneOrder& order,
+               bool premultiply, const CPixelSurface& out)
+{
+    const PlaneRows planes(pixmap);
+    const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
+    const auto merge = premultiply ? kernels.mergePremultiplied : kernels.mergePlanes;
+    for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
+        Kernels::MergedRows rows{{}, kOpaque};
+        for (std::size_t i = 0; i < order.size(); ++i)
+            if (order[i] >= 0)
+                rows.fBytes[i] = planes.At(order[i], rect.left, y);
+        merge(rows, out.At(0, y - rect.top), static_cast<std::size_t>(Width(rect)));
+    }
+}
+
+void PremultiplyPlanes(const CBasicPixmap& pixmap)
+{
+    const PlaneRows planes(pixmap);
+    const auto width = static_cast<std::size_t>(pixmap.GetWidth());
+    const std::int32_t alpha = pixmap.GetPlaneCount() - 1;
+    const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
+    for (std::int32_t plane = 0; plane < alpha; ++plane)
+        for (std::int32_t y = 0; y < pixmap.GetHeight(); ++y)
+            kernels.applyMask(planes.At(plane, 0, y), planes.At(alpha, 0, y),
+                              planes.At(plane, 0, y), width);
+}
+
+void SplitRect(const CPixelSurface& surface, const PixelRect& rect, const CBasicPixmap& out)
+{
+    const PlaneRows planes(out);
+    const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
+    for (std::int32_t y = 0; y < Height(rect); ++y)
+        kernels.splitPlanes(
+            surface.At(rect.left, rect.top + y),
+            {planes.At(2, 0, y), planes.At(1, 0, y), planes.At(0, 0, y), planes.At(3, 0, y)},
+            static_cast<std::size_t>(Width(rect)));
+}
+
+// Makes it a pixmap of so many pixels from 0, 0, with unrelated content.
+void Reshape(CMemoryPixmap& pixmap, std::int32_t width, std::int32_t height, std::int32_t planes)
+{
+    if (pixmap.GetPlaneCount() != planes)
+        pixmap = CMemoryPixmap(8, width, height, planes, 4, 1);
+    pixmap.SetSize(width, height);
+}
+
+} // namespace
+
+// One picture on its way. Either `planes` or `pixels` is its source.
+struct CPixmapStage::CJob {
+    CPixmap* planes = nullptr;
+    CPixelSurface pixels;
+    PixelRect source;
+    PixelRect dest;
+    PixelRect visible;
+    EAlphaUse alpha = EAlphaUse::kIgnored;
+
+    // What is used of the source for the visible part when no pixels are averaged.
+    PixelRect UsedSource() const
+    {
+        const auto x = [this](std::int32_t at) {
+            return source.left + Nearest(at - dest.left, Width(source), Width(dest));
+        };
+        const auto y = [this](std::int32_t at) {
+            return source.top + Nearest(at - dest.top, Height(source), Height(dest));
+        };
+        return {x(visible.left), y(visible.top), x(visible.right - 1) + 1,
+                y(visible.bottom - 1) + 1};
+    }
+
+    bool IsPremultiplied() const
+    {
+        return alpha == EAlphaUse::kBlended && planes != nullptr &&
+               kMergings[planes->GetPlaneCount() - 1].hasAlpha;
+    }
+
+    PlaneOrder Order() const
+    {
+        const std::int32_t count = planes->GetPlaneCount();
+        const bool drop = alpha == EAlphaUse::kIgnored && kMergings[count - 1].hasAlpha;
+        return kMergings[count - 1 - (drop ? 1 : 0)].order;
+    }
+};
+
+CPixmapStage::CPixmapStage()
+    : fPlanes(8, 0, 0, 4, 4, 1), fAveraged(8, 0, 0, 4, 4, 1), fMerged(1, 1), fStretched(1, 1)
+{
+}
+
+CPixelSurface CPixmapStage::Grown(CDisplayPixmap& pixmap, std::int32_t width, std::int32_t height)
+{
+    if (width > pixmap.GetWidth() || height > pixmap.GetHeight())
+        pixmap.SetSize(std::max(width, pixmap.GetWidth()), std::max(height, pixmap.GetHeight()));
+    return SurfaceOf(pixmap.GetBitmap());
+}
+
+CPreparedPixels CPixmapStage::Prepare(CPixmap& pixmap, const PixelRect& source,
+                                      const PixelRect& dest, const PixelRect& visible,
+                                      EAlphaUse alpha)
+{
+    const std::int32_t planes = pixmap.GetPlaneCount();
+    const auto* const contiguous = dynamic_cast<const CBasicPixmap*>(&pixmap);
+    if (contiguous != nullptr && contiguous->GetBaseAddress() == nullptr)
+        return {};
+    if (alpha == EAlphaUse::kIgnored && contiguous != nullptr && planes == 1 &&
+        pixmap.GetPixelBits() == 32) {
+        const CPixelSurface surface{contiguous->GetBaseAddress(), contiguous->GetRowBytes(),
+                                    contiguous->GetSize()};
+        const PixelPoint origin = pixmap.GetOrigin();
+        return IsSane(source) ? Prepare(surface, Moved(source, -origin.x, -origin.y), dest, visible)
+                              : CPreparedPixels{};
+    }
+    if (pixmap.GetPixelBits() != 8 || planes < 1 || planes > kMostPlanes || !IsSane(source) ||
+        !IsSane(dest))
+        return {};
+    CJob job{&pixmap, {}, source, dest, visible, alpha};
+    Cut(job.source, job.dest, pixmap.GetBounds());
+    return Stretch(job);
+}
+
+CPreparedPixels CPixmapStage::Prepare(const CPixelSurface& surface, const PixelRect& source,
+                                      const PixelRect& dest, const PixelRect& visible)
+{
+    if (!IsSane(source) || !IsSane(dest))
+        return {};
+    CJob job{nullptr, surface, source, dest, visible, EAlphaUse::kIgnored};
+    Cut(job.source, job.dest, surface.Bounds());
+    return Stretch(job);
+}
+
+CPreparedPixels CPixmapStage::Detach(const CPreparedPixels& pixels)
+{
+    const PixelRect all{0, 0, Width(pixels.dest), Height(pixels.dest)};
+    const CPixelSurface copy = Grown(fMerged, all.right, all.bottom);
+    if (copy.bits != pixels.surface.bits)
+        CopyPixels(pixels.surface, all, copy, {});
+    return {copy, pixels.dest};
+}
+
+CPreparedPixels CPixmapStage::Stretch(CJob& job)
+{
+    job.visible = Intersect(job.visible, job.dest);
+    if (job.source.IsEmpty() || job.visible.IsEmpty())
+        return {};
+    const bool smaller =
+        Width(job.dest) < Width(job.source) || Height(job.dest) < Height(job.source);
+    if (smaller && std::int64_t{Width(job.dest)} * Height(job.dest) <= kMostAveraged)
+        return Average(job);
+
+    const PixelRect used = job.UsedSource();
+    CPixelSurface pixels = job.pixels;
+    PixelPoint first{used.left, used.top};
+    if (job.planes != nullptr) {
+        pixels = Grown(fMerged, Width(used), Height(used));
+        first = {};
+        if (const auto* contiguous = dynamic_cast<const CBasicPixmap*>(job.planes)) {
+            MergeRect(*contiguous, used, job.Order(), job.IsPremultiplied(), pixels);
+        } else {
+            const PixelRect all{0, 0, Width(used), Height(used)};
+            Reshape(fPlanes, all.right, all.bottom, job.planes->GetPlaneCount());
+            Copy(fPlanes, *job.planes, all, used, 0, -1);
+            MergeRect(fPlanes, all, job.Order(), job.IsPremultiplied(), pixels);
+        }
+    }
+    if (Width(job.dest) == Width(job.source) && Height(job.dest) == Height(job.source))
+        return {{reinterpret_cast<std::uint8_t*>(pixels.At(first.x, first.y)),
+                 pixels.rowBytes,
+                 {Width(used), Height(used)}},
+                job.visible};
+
+    const CPixelSurface stretched = Grown(fStretched, Width(job.visible), Height(job.visible));
+    for (std::int32_t y = job.visible.top; y < job.visible.bottom; ++y) {
+        const std::int32_t row = job.source.top - used.top + first.y +
+                                 Nearest(y - job.dest.top, Height(job.source), Height(job.dest));
+        std::uint32_t* const out = stretched.At(0, y - job.visible.top);
+        const std::uint32_t* const in = pixels.At(first.x + job.source.left - used.left, row);
+        for (std::int32_t x = job.visible.left; x < job.visible.right; ++x)
+            out[x - job.visible.left] =
+                in[Nearest(x - job.dest.left, Width(job.source), Width(job.dest))];
+    }
+    return {stretched, job.visible};
+}
+
+// Averages plane by plane, premultiplied where alpha counts, since what is transparent must not lend
+// its colour to its neighbours.
+CPreparedPixels CPixmapStage::Average(CJob& job)
+{
+    const std::int32_t planes = job.planes != nullptr ? job.planes->GetPlaneCount() : kMostPlanes;
+    const PixelRect all{0, 0, Width(job.source), Height(job.source)};
+    Reshape(fPlanes, all.right, all.bottom, planes);
+    if (job.planes != nullptr)
+        Copy(fPlanes, *job.planes, all, job.source, 0, -1);
+    else
+        SplitRect(job.pixels, job.source, fPlanes);
+    if (job.IsPremultiplied())
+        PremultiplyPlanes(fPlanes);
+
+    Reshape(fAveraged, Width(job.dest), Height(job.dest), planes);
+    CPixmapScaler scaler;
+    scaler.SetPixmaps(&fAveraged, &fPlanes);
+    std::uint32_t done = 0;
+    scaler.DoAll(done, nullptr, nullptr);
+
+    const PixelRect part = Moved(job.visible, -job.dest.left, -job.dest.top);
+    const CPixelSurface out = Grown(fMerged, Width(part), Height(part));
+    MergeRect(fAveraged, part, job.planes != nullptr ? job.Order() : Kernels::kOrder_BGRA, false,
+              out);
+    return {out, job.visible};
+}
+
+} // namespace Kesto

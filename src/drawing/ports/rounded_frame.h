@@ -1,0 +1,25 @@
+// CRoundedFrame, a frame of device pixels with quarter ellipses for corners; an oval when they meet.
+#pragma once
+
+#include "drawing/regions/region.h"
+#include "platform/graphics/path.h"
+
+#include <cstdint>
+
+namespace Kesto {
+
+struct CRoundedFrame {
+    PixelRect frame;
+    double radiusX = 0.0; // pixels, at most half of the width
+    double radiusY = 0.0;
+
+    // With so many pixels less on all sides; possibly nothing.
+    CRoundedFrame Inset(std::int32_t pixels) const;
+
+    void AddTo(Platform::Path& path) const;
+
+    // The pixels whose middle lies within, for what cannot cover a pixel in part.
+    CDeviceRegion WholePixels() const;
+};
+
+} // namespace Kesto
