@@ -87,6 +87,7 @@ inline constexpr std::uint32_t kExtraDown =
     0x020B; // the fourth or fifth button, as the parameter says
 inline constexpr std::uint32_t kExtraUp = 0x020C;
 inline constexpr std::uint32_t kExtraDouble = 0x020D;
+inline constexpr std::uint32_t kSidewaysWheel = 0x020E;
 inline constexpr std::uint32_t kMouseLast = 0x020E;
 
 inline constexpr std::uint32_t kPenMoved = 0x0245;

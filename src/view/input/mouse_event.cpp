@@ -47,6 +47,12 @@ CMouseEvent CMouseEvent::Of(const Platform::QueuedMessage& message)
     event.fWindow = IsOfMouse(message.number) ? message.window : Platform::WindowAt(event.fPoint);
     event.fModifiers = ReadModifiers(KeyMoment::kLastMessage);
     event.fTime = message.time / 1000.0;
+    // A notch is 120 in the upper half of the word.
+    const auto notches = static_cast<std::int16_t>(message.first >> 16) / 120.0;
+    if (message.number == kWheel)
+        event.fWheel.y = notches;
+    if (message.number == kSidewaysWheel)
+        event.fWheel.x = notches;
     const bool isButton =
         message.number >= kLeftDown && message.number <= kExtraDouble && message.number != kWheel;
     if (isButton) {

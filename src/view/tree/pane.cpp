@@ -1,0 +1,144 @@
+#include "view/tree/pane.h"
+
+#include "view/tree/context.h"
+#include "view/tree/view_hold.h"
+
+namespace Kesto {
+
+CPane::CPane(const Rect& frame, CObjID id, std::uint32_t options, std::uint32_t binding)
+    : CView({0.0, 0.0, frame.Width(), frame.Height()}, id, options, binding)
+{
+    fOrigin = {frame.left, frame.top};
+}
+
+CPane::~CPane()
+{
+    EndLife();
+}
+
+Point CPane::GetPortOffset() const
+{
+    const Point own = ParentOffset();
+    if (fParent == nullptr)
+        return own;
+    const Point above = fParent->GetPortOffset();
+    return {above.x + own.x, above.y + own.y};
+}
+
+void CPane::UpdateContext(CContext* context)
+{
+    if (fClient != 0 && fContext != nullptr && fContext != context)
+        fContext->RemoveClient(*this);
+    const bool enters = fClient != 0 && context != nullptr && context != fContext;
+    if (enters)
+        context->AddClient(*this, fClient);
+    CView::UpdateContext(context);
+}
+
+void CPane::AttachToParent(CView& parent)
+{
+    const CViewHold hold(*this);
+    if (ParentMessenger() != nullptr)
+        LeavePath();
+    SetParentMessenger(&parent);
+    fParent = &parent;
+    TakeParentState(parent);
+    UpdateContext(parent.GetContext());
+    if (fParent == &parent)
+        Place({});
+    if (fParent == &parent && IsVisible())
+        InvalidateAll();
+    if (fParent == &parent)
+        UpdateMessengerState();
+    if (fParent == &parent)
+        TellChildren();
+}
+
+void CPane::TakeParentState(const CView& parent)
+{
+    constexpr std::uint32_t kCopied = kState_Active | kState_Dragged | kState_Hot;
+    PutState(kState_ParentShown, parent.IsVisible());
+    PutState(kState_ParentEnabled, parent.IsUsable());
+    PutState(kCopied, false);
+    PutState(parent.State() & kCopied, true);
+}
+
+void CPane::DropParentState()
+{
+    PutState(kState_ParentShown | kState_ParentEnabled | kState_Active | kState_Dragged |
+                 kState_Hot,
+             false);
+}
+
+// Hands the state that has come from a new parent, or gone with the old one, on to the children,
+// and tells this view whether it is shown now.
+void CPane::TellChildren()
+{
+    const CViewHold hold(*this);
+    const CView* const parent = fParent;
+    if (IsVisible())
+        DidShow();
+    CChildWalk walk(*this);
+    while (CPane* const child = fParent == parent ? walk.Next() : nullptr) {
+        const CViewHold childHold(*child);
+        child->SetParentShown(IsVisible());
+        if (!childHold.IsOver())
+            child->SetParentEnabled(IsUsable());
+        if (!childHold.IsOver())
+            child->SetActive(IsActive());
+        if (!childHold.IsOver())
+            child->PutHover(State() & (kState_Dragged | kState_Hot));
+    }
+}
+
+void CPane::DetachFromParent()
+{
+    CView* const parent = fParent;
+    if (parent == nullptr)
+        return;
+    const CViewHold hold(*this);
+    LeavePath();
+    LeaveMouse();
+    if (fParent != parent)
+        return; // a hook has moved it
+    const bool wasVisible = IsVisible();
+    if (wasVisible && !parent->IsDisposed())
+        InvalidateAll();
+    DropParentState();
+    fParent = nullptr;
+    SetParentMessenger(nullptr);
+    UpdateContext(nullptr);
+    if (fParent == nullptr && wasVisible)
+        DidHide();
+    if (fParent == nullptr && !IsDisposed()) {
+        UpdateMessengerState();
+        TellChildren();
+    }
+}
+
+void CPane::SetClient(std::uint32_t client)
+{
+    if (client == fClient)
+        return;
+    if (fContext != nullptr && fClient != 0)
+        fContext->RemoveClient(*this);
+    fClient = client;
+    if (fContext != nullptr && fClient != 0)
+        fContext->AddClient(*this, fClient);
+}
+
+bool CPane::IsTopmostTabStop() const
+{
+    for (const CView* view = fParent; view != nullptr; view = view->GetParent())
+        if (view->IsTabStop())
+            return false;
+    return IsTabStop();
+}
+
+void CPane::ResetFocus()
+{
+    if (IsTarget())
+        ResignBullseyeToParent(true);
+}
+
+} // namespace Kesto

@@ -1,0 +1,44 @@
+// Putting children in and taking them out.
+#include "view/tree/pane.h"
+#include "view/tree/view_hold.h"
+
+#include <algorithm>
+
+namespace Kesto {
+
+std::size_t CView::IndexOf(const CView* child) const
+{
+    // From the end, where those stand that go when the whole tree goes.
+    const auto found = std::find(fChildren.rbegin(), fChildren.rend(), child);
+    return found == fChildren.rend()
+               ? kNoIndex
+               : fChildren.size() - 1 - static_cast<std::size_t>(found - fChildren.rbegin());
+}
+
+void CView::InsertChild(std::size_t index, std::unique_ptr<CPane> child)
+{
+    if (child == nullptr)
+        return;
+    const CViewHold hold(*this);
+    const std::size_t place = std::min(index, fChildren.size());
+    fChildren.insert(fChildren.begin() + static_cast<std::ptrdiff_t>(place), child.get());
+    ++fChildrenStamp;
+    CChildWalk::Inserted(this, place);
+    child.release()->AttachToParent(*this);
+}
+
+std::unique_ptr<CPane> CView::RemoveChild(CPane* child)
+{
+    const std::size_t index =
+        child != nullptr && child->GetParent() == this ? IndexOf(child) : kNoIndex;
+    if (index == kNoIndex)
+        return nullptr;
+    const CViewHold hold(*this);
+    fChildren.erase(fChildren.begin() + static_cast<std::ptrdiff_t>(index));
+    ++fChildrenStamp;
+    CChildWalk::Removed(this, index);
+    child->DetachFromParent();
+    return std::unique_ptr<CPane>(child);
+}
+
+} // namespace Kesto
