@@ -44,6 +44,7 @@ struct CFont {
     CText face = "Tahoma";
     double size = 11.0;
     bool bold = false;
+    bool italic = false;
 
     friend bool operator==(const CFont&, const CFont&) = default;
 };

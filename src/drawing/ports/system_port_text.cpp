@@ -33,7 +33,8 @@ const Platform::Font& CSystemPort::DeviceFont() const
         fDeviceFont.emplace(Platform::FontSpec{
             .face = std::string(font.face.View()),
             .pixels = std::max(ToDevice(font.size * fState.fontScale, fScale), 1),
-            .weight = font.bold ? 700 : 400});
+            .weight = font.bold ? 700 : 400,
+            .italic = font.italic});
     }
     return *fDeviceFont;
 }
