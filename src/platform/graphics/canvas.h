@@ -11,14 +11,13 @@
 #include "platform/graphics/colour.h"
 #include "platform/graphics/fonts.h"
 #include "platform/graphics/path.h"
+#include "platform/graphics/rasterizer.h"
 #include "platform/system/pixel_rect.h"
 
 #include <span>
 #include <vector>
 
 namespace Platform {
-
-enum class FillRule { kNonZero, kEvenOdd };
 
 class Canvas {
 public:
@@ -42,6 +41,9 @@ public:
     void DrawTextLine(const TextLine& line, PixelPoint start, Colour colour);
 
 private:
+    void Draw(Rasterizer& rasterizer, Colour colour, FillRule rule);
+    std::uint32_t* PixelsAt(std::int32_t x, std::int32_t y) const;
+
     PixelRect fBounds;
     std::uint8_t* fBits;
     std::ptrdiff_t fRowBytes;

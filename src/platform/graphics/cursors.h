@@ -44,6 +44,12 @@ public:
     friend bool operator==(const Cursor&, const Cursor&) = default; // the same handle
 
 private:
+    // Each system's own; null where it refuses the picture.
+    static std::shared_ptr<const Record> MakeRecord(CursorShape shape);
+    static std::shared_ptr<const Record> MakeRecord(std::span<const std::uint32_t> pixels,
+                                                    std::int32_t width, std::int32_t height,
+                                                    PixelPoint hotSpot);
+
     std::shared_ptr<const Record> fRecord;
 };
 

@@ -2,7 +2,7 @@
 //
 // Coordinates are device pixels, fractions included: 0, 0 is the outer corner of the first pixel,
 // so that a rectangle from 0, 0 to 1, 1 covers exactly that pixel. Points that are not numbers are
-// left out.
+// left out; those more than a thousand million pixels away are drawn to there.
 #pragma once
 
 #include <span>
@@ -35,7 +35,7 @@ public:
     // Begins a figure. A line without one begins it at its own end.
     void MoveTo(PathPoint point);
     void LineTo(PathPoint point);
-    // A cubic curve, kept as lines that stray from it by less than a tenth of a pixel.
+    // A cubic curve, kept as lines that stray from it by less than a fiftieth of a pixel.
     void CurveTo(PathPoint control1, PathPoint control2, PathPoint end);
     void Close();
 
@@ -52,6 +52,7 @@ public:
 private:
     Figure& Begin();
     Figure& Current();
+    void Add(PathPoint point);
 
     std::vector<Figure> fFigures; // the first fCount are in use
     std::size_t fCount = 0;

@@ -25,6 +25,7 @@ struct TextCluster {
     float trailing = 0.0F;    // where a caret behind it stands; to the left in right-to-left text
     bool breakBefore = false; // the text may be broken into lines here
     bool wordBefore = false;  // a word begins or ends here
+    bool blank = false;       // white space
 };
 
 struct TextExtent {
@@ -46,10 +47,12 @@ class TextLine {
 public:
     struct Shape {
         std::uint32_t length = 0; // bytes
+        float advance = 0.0F;     // where the line ends
         std::int32_t width = 0;
         bool rightToLeft = false;           // as a whole
         std::vector<TextCluster> clusters;  // in the text's order
         PixelRect inkBounds;                // covers all that is drawn
+        PixelRect underline;                // drawn besides the ink, within its bounds
         std::unique_ptr<const TextInk> ink; // null where nothing is drawn
     };
 
@@ -97,9 +100,11 @@ public:
 
 private:
     std::size_t ClusterAt(std::size_t position) const;
+    void Render(const PixelRect& area, std::vector<std::uint8_t>& coverage) const;
 
     Shape fShape;
-    mutable std::vector<std::uint8_t> fCoverage; // of all the bounds, once it was asked for
+    mutable std::unique_ptr<const TextInk> fInk;
+    mutable std::vector<std::uint8_t> fCoverage; // of all the bounds, in place of the ink
 };
 
 } // namespace Platform

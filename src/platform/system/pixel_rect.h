@@ -32,4 +32,13 @@ inline PixelRect Intersect(const PixelRect& a, const PixelRect& b)
             std::min(a.bottom, b.bottom)};
 }
 
+// The smallest rectangle that holds both; an empty one counts for nothing.
+inline PixelRect Union(const PixelRect& a, const PixelRect& b)
+{
+    if (a.IsEmpty() || b.IsEmpty())
+        return a.IsEmpty() ? b : a;
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
 } // namespace Platform

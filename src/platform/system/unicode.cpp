@@ -1,9 +1,9 @@
-#include "foundation/base/unicode.h"
+#include "platform/system/unicode.h"
 
 #include <algorithm>
 #include <bit>
 
-namespace Kesto {
+namespace Platform {
 namespace {
 
 // Encodings of n + 1 bytes reach up to kLimits[n].
@@ -110,4 +110,4 @@ std::size_t CountCharacters(std::string_view utf8)
     return utf8.size() - static_cast<std::size_t>(std::ranges::count_if(utf8, IsContinuation));
 }
 
-} // namespace Kesto
+} // namespace Platform

@@ -1,0 +1,289 @@
+#include "platform/graphics/canvas.h"
+
+#include "platform/graphics/blend.h"
+#include "platform/graphics/sheet.h"
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <limits>
+#include <numbers>
+#include <random>
+
+namespace {
+
+using Platform::Canvas;
+using Platform::Colour;
+using Platform::FillRule;
+using Platform::Path;
+using Platform::PixelRect;
+using Tests::Sheet;
+
+constexpr Colour kBlack{0, 0, 0, 255};
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kHuge = std::numeric_limits<double>::max();
+
+Path Lines(std::initializer_list<Platform::PathPoint> points, bool closed)
+{
+    Path path;
+    for (const auto& point : points)
+        path.LineTo(point);
+    if (closed)
+        path.Close();
+    return path;
+}
+
+TEST(Canvas, CoversAsMuchAsTheShapeHas)
+{
+    constexpr double kPi = std::numbers::pi;
+    struct Row {
+        const char* words;
+        std::function<void(Canvas&)> draw;
+        double area;
+        double tolerance;
+    };
+    const Row rows[] = {
+        {"a rectangle of fractions",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddRectangle({2.25, 3.5, 10.75, 9.125});
+             canvas.Fill(path, kBlack);
+         },
+         8.5 * 5.625, 0.1},
+        {"a triangle drawn anticlockwise",
+         [](Canvas& canvas) {
+             canvas.Fill(Lines({{5, 5}, {5, 45}, {65, 5}}, true), kBlack);
+         },
+         60 * 40 / 2.0, 0.5},
+        {"an open figure, filled as if closed",
+         [](Canvas& canvas) {
+             canvas.Fill(Lines({{5, 5}, {45, 5}, {45, 25}}, false), kBlack);
+         },
+         40 * 20 / 2.0, 0.5},
+        {"an oval",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddOval({10, 10, 70, 40});
+             canvas.Fill(path, kBlack);
+         },
+         kPi * 30 * 15, 3},
+        {"a rounded rectangle",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddRoundedRectangle({10, 10, 70, 40}, 8, 8);
+             canvas.Fill(path, kBlack);
+         },
+         60 * 30 - (4 - kPi) * 64, 1},
+        {"radii larger than the rectangle make an oval",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddRoundedRectangle({10, 10, 30, 30}, 500, 500);
+             canvas.Fill(path, kBlack);
+         },
+         kPi * 100, 1},
+        {"two figures over each other count once by the non-zero rule",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddRectangle({0, 0, 40, 40});
+             path.AddRectangle({20, 20, 60, 50});
+             canvas.Fill(path, kBlack, FillRule::kNonZero);
+         },
+         1600 + 1200 - 400, 0.01},
+        {"and not at all by the even-odd rule",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddRectangle({0, 0, 40, 40});
+             path.AddRectangle({20, 20, 60, 50});
+             canvas.Fill(path, kBlack, FillRule::kEvenOdd);
+         },
+         1600 + 1200 - 2 * 400, 0.01},
+        {"a stroke has flat ends",
+         [](Canvas& canvas) {
+             canvas.Stroke(Lines({{10, 10}, {40, 50}}, false), 4, kBlack);
+         },
+         50 * 4, 1},
+        {"a closed stroke has mitred corners",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddRectangle({20, 20, 60, 40});
+             canvas.Stroke(path, 4, kBlack);
+         },
+         44 * 24 - 36 * 16, 0.01},
+        {"a stroke that turns back is not drawn twice",
+         [](Canvas& canvas) {
+             canvas.Stroke(Lines({{10, 30}, {50, 30}, {20, 30}}, false), 6, kBlack);
+         },
+         40 * 6, 0.01},
+        {"the ring of an oval",
+         [](Canvas& canvas) {
+             Path path;
+             path.AddOval({10, 10, 50, 50});
+             canvas.Stroke(path, 6, kBlack);
+         },
+         kPi * (23 * 23 - 17 * 17), 4},
+        {"corners too sharp for a mitre stay near",
+         [](Canvas& canvas) {
+             canvas.Stroke(Lines({{10, 20}, {60, 21}, {10, 22}}, false), 4, kBlack);
+         },
+         50 * 5, 10},
+    };
+    for (const Row& row : rows) {
+        Sheet sheet(80, 60);
+        Canvas canvas(sheet.GetBitmap());
+        row.draw(canvas);
+        EXPECT_NEAR(sheet.CoveredArea(), row.area, row.tolerance) << row.words;
+    }
+}
+
+TEST(Canvas, FillsWholePixelsExactly)
+{
+    Sheet sheet(40, 30);
+    Path path;
+    path.AddRectangle({3, 4, 30, 20});
+    Canvas(sheet.GetBitmap()).Fill(path, kBlack);
+    for (std::int32_t y = 0; y < 30; ++y)
+        for (std::int32_t x = 0; x < 40; ++x)
+            ASSERT_EQ(sheet.AlphaAt(x, y), x >= 3 && x < 30 && y >= 4 && y < 20 ? 255U : 0U)
+                << x << ", " << y;
+}
+
+// Neighbours that share a slanting edge leave neither gap nor seam behind.
+TEST(Canvas, ShapesThatShareAnEdgeFillAllBetweenThem)
+{
+    Sheet sheet(40, 40);
+    Path both = Lines({{2, 3}, {37, 3}, {15.3, 36.7}}, true);
+    both.MoveTo({37, 3});
+    both.LineTo({38.5, 36.7});
+    both.LineTo({15.3, 36.7});
+    both.Close();
+    Canvas(sheet.GetBitmap()).Fill(both, kBlack);
+    for (std::int32_t x = 17; x < 37; ++x)
+        EXPECT_EQ(sheet.AlphaAt(x, 20), 255U) << x;
+}
+
+// Drawing piece by piece through clips gives what one drawing gives, and nothing beside it.
+TEST(Canvas, KeepsToItsClip)
+{
+    Path path;
+    path.AddOval({-7.3, 2.1, 52.7, 44.9});
+    const Platform::Font font({"Tahoma", 14, 700});
+    const auto draw = [&](Canvas& canvas) {
+        canvas.Fill(path, {200, 30, 90, 128});
+        canvas.Stroke(path, 2.5, kBlack);
+        canvas.DrawTextLine(*font.Line("Hamburgefonts"), {-3, 20}, {0, 0, 255, 200});
+    };
+    Sheet whole(48, 48, 0xFFFFFFFF);
+    Canvas all(whole.GetBitmap());
+    draw(all);
+
+    const PixelRect clips[] = {{0, 0, 10, 48},   {10, 5, 30, 20}, {30, 5, 48, 9},
+                               {12, 20, 13, 60}, {-9, -9, 0, 0},  {40, 40, 30, 30}};
+    Sheet parts(48, 48, 0xFFFFFFFF);
+    Canvas clipped(parts.GetBitmap());
+    clipped.SetClip(clips);
+    draw(clipped);
+    for (std::int32_t y = 0; y < 48; ++y)
+        for (std::int32_t x = 0; x < 48; ++x) {
+            const bool isInside = std::ranges::any_of(clips, [&](const PixelRect& clip) {
+                return x >= clip.left && x < clip.right && y >= clip.top && y < clip.bottom;
+            });
+            ASSERT_EQ(parts.At(x, y), isInside ? whole.At(x, y) : 0xFFFFFFFF) << x << ", " << y;
+        }
+
+    clipped.SetClip({});
+    std::ranges::fill(parts.Pixels(), 1);
+    draw(clipped);
+    EXPECT_TRUE(std::ranges::all_of(parts.Pixels(), [](std::uint32_t p) { return p == 1; }));
+}
+
+TEST(Canvas, BlendsAsTheFormulaSaysForEveryAlpha)
+{
+    const auto part = [](std::uint32_t a, std::uint32_t b) {
+        return static_cast<std::uint32_t>(std::lround(a * b / 255.0));
+    };
+    for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
+        for (const std::uint32_t ground : {0U, 1U, 100U, 254U, 255U}) {
+            const std::uint32_t blended = Platform::PixelOver(
+                Platform::PremultipliedPixel({255, 128, 0, static_cast<std::uint8_t>(alpha)}),
+                0xFF000000 | ground << 16 | ground << 8 | ground);
+            const std::uint32_t rest = part(ground, 255 - alpha);
+            ASSERT_EQ(blended, 0xFF000000 | (part(255, alpha) + rest) << 16 |
+                                   (part(128, alpha) + rest) << 8 | rest)
+                << alpha << " over " << ground;
+        }
+}
+
+// Text on nothing makes the alpha that other code relies on.
+TEST(Canvas, TextLeavesTheAlphaOfItsResult)
+{
+    const Platform::Font font({"Tahoma", 20, 400});
+    const auto line = font.Line("Ill");
+    Sheet clear(60, 40);
+    Sheet opaque(60, 40, 0xFFFFFFFF);
+    Canvas(clear.GetBitmap()).DrawTextLine(*line, {5, 30}, {255, 0, 0, 255});
+    Canvas(opaque.GetBitmap()).DrawTextLine(*line, {5, 30}, {255, 0, 0, 255});
+    EXPECT_GT(clear.CoveredArea(), 20);
+    for (std::size_t i = 0; i < clear.Pixels().size(); ++i) {
+        const std::uint32_t pixel = clear.Pixels()[i];
+        ASSERT_EQ(pixel >> 24, pixel >> 16 & 0xFF) << "red as its alpha at " << i;
+        ASSERT_EQ(Platform::PixelOver(pixel, 0xFFFFFFFF), opaque.Pixels()[i]) << i;
+    }
+}
+
+TEST(Canvas, DrawsNothingOnWhatIsNoBitmapOf32Bits)
+{
+    Path path;
+    path.AddOval({0, 0, 9, 9});
+    const Platform::Bitmap none;
+    Canvas(none).Fill(path, kBlack);
+    Platform::Bitmap grey;
+    ASSERT_TRUE(grey.Make(8, 8, 8, false));
+    std::fill_n(grey.Bits(), 64, std::uint8_t{7});
+    Canvas(grey).Fill(path, kBlack);
+    EXPECT_TRUE(std::all_of(grey.Bits(), grey.Bits() + 64, [](int byte) { return byte == 7; }));
+}
+
+// Numbers of all kinds; the sanitizers and the untouched border tell.
+TEST(Canvas, SurvivesHostileNumbers)
+{
+    constexpr double kNumbers[] = {0,    -1,        1e-300, 0.5,        31.999, 1e5,
+                                   -1e9, kInfinite, kNaN,   -kInfinite, kHuge,  -kHuge};
+    std::mt19937 random(7);
+    const auto any = [&] { return kNumbers[random() % std::size(kNumbers)]; };
+    for (int round = 0; round < 3000; ++round) {
+        Sheet sheet(32, 32);
+        Canvas canvas(sheet.GetBitmap());
+        const PixelRect inner{1, 1, 31, 31};
+        canvas.SetClip({&inner, 1});
+        Path path;
+        path.Close();
+        for (int step = 0; step < 6; ++step)
+            switch (random() % 6) {
+            case 0:
+                path.MoveTo({any(), any()});
+                break;
+            case 1:
+                path.LineTo({any(), any()});
+                break;
+            case 2:
+                path.CurveTo({any(), any()}, {any(), any()}, {any(), any()});
+                break;
+            case 3:
+                path.Close();
+                break;
+            case 4:
+                path.AddOval({any(), any(), any(), any()});
+                break;
+            default:
+                path.AddRoundedRectangle({any(), any(), any(), any()}, any(), any());
+            }
+        canvas.Fill(path, kBlack, round % 2 != 0 ? FillRule::kEvenOdd : FillRule::kNonZero);
+        canvas.Stroke(path, any(), kBlack);
+        for (std::int32_t i = 0; i < 32; ++i)
+            ASSERT_EQ(sheet.At(i, 0) | sheet.At(0, i) | sheet.At(i, 31) | sheet.At(31, i), 0U)
+                << "round " << round;
+    }
+}
+
+} // namespace
