@@ -2,18 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 TEST(LanguageName, TakesLanguageAndRegionOfASystemsName)
 {
-    EXPECT_EQ(Platform::LanguageNameFrom("de_DE.UTF-8@euro"), "de_DE");
-    EXPECT_EQ(Platform::LanguageNameFrom("pt-BR"), "pt_BR");
-    EXPECT_EQ(Platform::LanguageNameFrom("sr-Latn-RS"), "sr_RS");
-    EXPECT_EQ(Platform::LanguageNameFrom("fil_PH"), "fil_PH");
+    constexpr std::pair<const char*, const char*> kNames[] = {
+        {"de_DE.UTF-8@euro", "de_DE"},     {"pt-BR", "pt_BR"},
+        {"sr-Latn-RS", "sr_RS"},           {"fil_PH", "fil_PH"},
+        {"ca-ES-valencia", "ca_ES"},       {"ca_ES.UTF-8@valencia", "ca_ES"},
+        {"zh-Hant-HK-x-private", "zh_HK"}, {"es-419", "es_419"},
+    };
+    for (const auto& [system, name] : kNames)
+        EXPECT_EQ(Platform::LanguageNameFrom(system), name) << system;
 }
 
 TEST(LanguageName, FallsBackToAmericanEnglish)
 {
     for (const char* name :
-         {"", "C", "POSIX", "C.UTF-8", "de", "de_", "_DE", "DE_de", "es-419", "@euro"})
+         {"", "C", "POSIX", "C.UTF-8", "de", "de_", "_DE", "DE_de", "sr-Latn", "es-4199", "@euro"})
         EXPECT_EQ(Platform::LanguageNameFrom(name), "en_US") << name;
 }
 

@@ -71,8 +71,10 @@ private:
     std::intptr_t fNative = kNone;
 };
 
-// True for the codes that say that a file, or a folder on the way to it, does not exist.
+// True for the codes that say that a file, or a folder on the way to it, does not exist; that the
+// user may not do this there.
 bool IsNotFound(std::uint32_t error);
+bool IsAccessDenied(std::uint32_t error);
 
 // Makes one folder; one that exists already is a success.
 std::uint32_t MakeFolder(const std::string& path);
@@ -90,8 +92,10 @@ std::string JoinPath(std::string_view folder, std::string_view name);
 std::uint32_t MakeFolderPath(const std::string& path);
 
 // Makes `bytes` the whole content of the file, new or existing: written beside it, brought to the
-// disk, then moved over it. After a failure the old file is as it was. A file that may not be
-// written and a folder of that name are refused.
+// disk, then moved over it with the old file's permissions. After a failure the old file is as it
+// was. A symbolic link stays, and the file that it names is replaced. In a folder that takes no new
+// file an existing one is written in place: there a failure of the disk may spoil it. A file that
+// may not be written and a folder of that name are refused.
 std::uint32_t ReplaceFileContents(const std::string& path, std::span<const std::byte> bytes);
 
 } // namespace Platform

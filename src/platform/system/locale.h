@@ -11,8 +11,8 @@ namespace Platform {
 std::string UserLanguageName();
 
 // That form from the names that systems use: "de_DE.UTF-8@euro" and "de-DE" give "de_DE",
-// "sr-Latn-RS" gives "sr_RS", and a name without both a language and a region ("C", "", "de") gives
-// "en_US".
+// "sr-Latn-RS" gives "sr_RS", "ca-ES-valencia" gives "ca_ES", "es-419" gives "es_419", and a name
+// without both a language and a region ("C", "", "de") gives "en_US".
 std::string LanguageNameFrom(std::string_view systemName);
 
 // The user's decimal point, UTF-8; "." when the system names none.

@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <span>
+#include <string>
 #include <vector>
 
 #include <sys/resource.h>
@@ -77,6 +79,12 @@ protected:
         CFile(fFolder.File("file")).ReplaceContents(std::vector<std::byte>(100'000));
     }
 
+    void Permit(int file, int folder) const
+    {
+        std::filesystem::permissions(fFolder.Path() / "file", std::filesystem::perms(file));
+        std::filesystem::permissions(fFolder.Path(), std::filesystem::perms(folder));
+    }
+
     void ExpectToKeepTheOldFile(std::uint32_t code) const
     {
         EXPECT_THAT([this] { Replace(); }, ThrowsCode(code));
@@ -115,14 +123,56 @@ TEST_F(ReplaceFile, KeepsTheOldFileWhenTheDiskIsFull)
     }
 }
 
-TEST_F(ReplaceFile, KeepsTheOldFileWithoutPermissionForItOrItsFolder)
+TEST_F(ReplaceFile, KeepsTheOldFileWithoutPermissionForIt)
 {
-    for (const auto& [folder, file] : {std::pair(0555, 0666), {0777, 0444}}) {
-        std::filesystem::permissions(fFolder.Path() / "file", std::filesystem::perms(file));
-        std::filesystem::permissions(fFolder.Path(), std::filesystem::perms(folder));
+    for (const int folder : {0555, 0777}) {
+        SCOPED_TRACE(folder);
+        Permit(0444, folder);
         const OrdinaryUser user;
         ExpectToKeepTheOldFile(EACCES);
     }
+}
+
+TEST_F(ReplaceFile, WritesInPlaceWhereTheFolderTakesNoNewFile)
+{
+    Permit(0666, 0555);
+    const OrdinaryUser user;
+    {
+        const FullDisk full(50'000);
+        ExpectToKeepTheOldFile(EFBIG);
+    }
+    for (const std::size_t size : {100'000, 5, 0}) {
+        SCOPED_TRACE(size);
+        const std::string text(size, 'x');
+        CFile(fFolder.File("file")).ReplaceContents(std::as_bytes(std::span(text)));
+        EXPECT_EQ(fFolder.Get("file"), text);
+    }
+    EXPECT_EQ(fFolder.Count(), 1);
+}
+
+TEST_F(ReplaceFile, KeepsThePermissionsAndTheLinksThatLeadToTheFile)
+{
+    Permit(0600, 0777);
+    fFolder.Put("far", "far");
+    std::filesystem::create_symlink("file", fFolder.Path() / "near");
+    std::filesystem::create_symlink(fFolder.Path() / "near", fFolder.Path() / "link");
+    std::filesystem::create_symlink("missing", fFolder.Path() / "dangling");
+    std::filesystem::create_symlink("round", fFolder.Path() / "round");
+    struct Case {
+        const char* name;
+        const char* written;
+        int permissions; // 0: not looked at
+    };
+    for (const auto& [name, written, permissions] :
+         {Case{"link", "file", 0600}, {"dangling", "missing", 0}}) {
+        SCOPED_TRACE(name);
+        CFile(fFolder.File(name)).ReplaceContents(std::as_bytes(std::span("new", 3)));
+        EXPECT_TRUE(std::filesystem::is_symlink(fFolder.Path() / name));
+        EXPECT_EQ(fFolder.Get(written), "new");
+        const std::filesystem::file_status file = std::filesystem::status(fFolder.Path() / written);
+        EXPECT_TRUE(permissions == 0 || file.permissions() == std::filesystem::perms(permissions));
+    }
+    EXPECT_THAT([&] { CFile(fFolder.File("round")).ReplaceContents({}); }, ThrowsCode(ELOOP));
 }
 
 TEST_F(ReplaceFile, LeavesTheOldFileToWhoReadsIt)

@@ -158,6 +158,11 @@ bool IsNotFound(std::uint32_t error)
     return error == ENOENT;
 }
 
+bool IsAccessDenied(std::uint32_t error)
+{
+    return error == EACCES || error == EPERM;
+}
+
 std::uint32_t MakeFolder(const std::string& path)
 {
     constexpr mode_t kOwnerOnly = 0700;

@@ -133,6 +133,11 @@ bool IsNotFound(std::uint32_t error)
     return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
 }
 
+bool IsAccessDenied(std::uint32_t error)
+{
+    return error == ERROR_ACCESS_DENIED;
+}
+
 std::uint32_t MakeFolder(const std::string& path)
 {
     const std::wstring wide = ToWide(path);
