@@ -1,5 +1,6 @@
 #include "images/pictures/dual_picture.h"
 
+#include "foundation/base/geometry.h"
 #include "foundation/streams/block_container.h"
 #include "images/icons/resource_conversion_thunk.h"
 #include "images/icons/resource_data_provider.h"
@@ -7,7 +8,7 @@
 #include "images/png/png_decoder.h"
 #include "pixels/kernels/blend_table.h"
 
-#include <cmath>
+#include <algorithm>
 #include <utility>
 
 namespace Kesto {
@@ -119,7 +120,7 @@ std::int32_t CDualPicture::GetHeight() const
 
 void CDualPicture::Fade(double opacity)
 {
-    const double level = opacity > 0 ? std::min(std::floor(opacity * 255 + 0.5), 255.0) : 0;
+    const std::int32_t level = opacity > 0 ? std::min(RoundHalfAway(opacity * 255), 255) : 0;
     const std::uint8_t* table = CBlendTable::Get()->Row(static_cast<std::uint32_t>(level));
     for (CSharedPixmap& shared : fPixmaps) {
         const std::int32_t alpha =
