@@ -74,6 +74,18 @@ TEST_F(Service, ShutsDownNewestFirstAndCanBeUsedAgain)
     }
 }
 
+TEST_F(Service, AllAreMadeAnewInAChain)
+{
+    PartService<'A'>::Get();
+    PartService<'B'>::Get();
+    PartService<'C'>::Get();
+    PartService<'B'>::Holder().Destroy();
+    gLog.clear();
+    CService::RecreateAll();
+    EXPECT_THAT(gLog, ElementsAre("-C", "+C", "-A", "+A")) << "what was destroyed stays so";
+    EXPECT_EQ(LogOfShutdown(), (Log{"-C", "-A"}));
+}
+
 TEST_F(Service, MadeDuringShutdownIsDestroyedToo)
 {
     CServiceT<Clinging>::Get();

@@ -7,10 +7,13 @@
 #include "foundation/spec_folder.h"
 #include "foundation/streams/memory_container.h"
 #include "platform/files/folders.h"
+#include "support/alert_capture.h"
 
 #include <gmock/gmock.h>
 
 #include <chrono>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -57,6 +60,8 @@ protected:
         fileName = "record.lgp";
     }
 
+    std::unique_ptr<Project::PSettings> CreateSettings() override { return fMakes(); }
+
     CSettingsRecord Record()
     {
         return CSettingsRecord(*this, *this, [] { return gHeld; });
@@ -67,6 +72,10 @@ protected:
         record.Get().window.positionX = positionX;
         EXPECT_TRUE(record.Save());
     }
+
+    std::function<std::unique_ptr<Project::PSettings>()> fMakes = [] {
+        return std::make_unique<Project::PSettings>();
+    };
 };
 
 } // namespace
@@ -165,12 +174,28 @@ TEST_F(SettingsRecord, IsNotLoadedWithAllThreeModifiersHeld)
     EXPECT_EQ(fFolder.Get("record.lgp"), stored);
 }
 
+TEST_F(SettingsRecord, KeepsWhatIsStoredWhenItsDefaultsCantBeMade)
+{
+    CSettingsRecord record = Record();
+    fMakes = []() -> std::unique_ptr<Project::PSettings> { throw CError("no memory"); };
+    EXPECT_THROW(record.Get(), CError);
+    EXPECT_THROW(record.Save(), CError);
+    fMakes = [] { return nullptr; };
+    EXPECT_EQ(record.Get().window.positionX, 70);
+    EXPECT_NE(record.Get().project, nullptr);
+    PluginSettings copy = record.Get().Clone();
+    copy.window.positionX = 1;
+    EXPECT_EQ(record.Get().window.positionX, 70);
+}
+
 TEST_F(SettingsRecord, TellsOfACutFileOnceAndGoesOnWithItsDefaults)
 {
     std::filesystem::resize_file(fFolder.Path() / "record.lgp", 100);
     CSettingsRecord record = Record();
-    EXPECT_THROW(record.Get(), CError);
-    EXPECT_EQ(record.Get().window, WindowState::FromNothing());
+    AlertCapture alerts;
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(record.Get().window, WindowState::FromNothing());
+    EXPECT_EQ(alerts.boxes.size(), 1U);
     EXPECT_TRUE(record.Save());
     EXPECT_EQ(Record().Get().window, WindowState::FromNothing());
 }

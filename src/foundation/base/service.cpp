@@ -7,6 +7,12 @@ namespace {
 
 CService* gNewest = nullptr;
 
+// Ends the services that are left when the program exits or the module is unloaded. It is made with
+// the first service, so that it goes before the static objects that services may rely on.
+struct ServicesEnd {
+    ~ServicesEnd() { ShutdownServices(); }
+};
+
 } // namespace
 
 CService::~CService()
@@ -23,8 +29,15 @@ void CService::ShutdownAll()
     }
 }
 
+void CService::RecreateAll()
+{
+    for (CService* service = gNewest; service != nullptr; service = service->fNext)
+        service->Recreate();
+}
+
 void CService::Link()
 {
+    static const ServicesEnd end;
     Unlink();
     fNext = std::exchange(gNewest, this);
 }

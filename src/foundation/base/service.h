@@ -1,11 +1,14 @@
 // Process-wide singletons that are made on first use and destroyed, newest first, when the process
 // shuts down.
 //
-// All services that were ever used form one list, newest at its head. One thread, the user
-// interface's, uses them.
+// All services that were ever used form one list, newest at its head. They end with the last
+// process, and those that were used after it when the program exits or the module is unloaded. One
+// thread, the user interface's, uses them.
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <new>
 
 namespace Kesto {
 
@@ -19,9 +22,16 @@ public:
     // Deletes the object, if there is one.
     virtual void Destroy() = 0;
 
+    // Deletes the object, if there is one, and makes a new one in its place.
+    virtual void Recreate() = 0;
+
     // Destroys the objects of all listed services, newest first, and empties the list. A service
     // that is used later, even by an object that is going, is made and listed anew.
     static void ShutdownAll();
+
+    // Recreates all listed services, newest first, as if each was used for the first time. Those
+    // that join meanwhile are new already.
+    static void RecreateAll();
 
 protected:
     // Puts this service at the head of the list; one that is in it already moves.
@@ -42,10 +52,12 @@ inline void ShutdownServices()
 template <class T>
 class CServiceT : public CService {
 public:
-    // The one holder, made at its first use.
+    // The one holder, made at its first use. It never ends: an object must not end in the order in
+    // which static objects do, which isn't that of the list.
     static CServiceT& Holder()
     {
-        static CServiceT holder;
+        alignas(CServiceT) static std::byte room[sizeof(CServiceT)];
+        static CServiceT& holder = *::new (static_cast<void*>(room)) CServiceT;
         return holder;
     }
 
@@ -67,8 +79,7 @@ public:
         return fObject.get();
     }
 
-    // Deletes the object, if there is one, and makes a new one in its place.
-    virtual void Recreate()
+    void Recreate() override
     {
         if (fObject == nullptr)
             return;

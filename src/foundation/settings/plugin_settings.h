@@ -22,6 +22,9 @@ public:
     virtual void Read(Kesto::CStream&, std::uint32_t /*size*/) {}
 
     virtual void Write(Kesto::CStream&) const {}
+
+    // A copy of the whole object; never null. Those who derive return their own class.
+    virtual std::unique_ptr<PSettings> Clone() const { return std::make_unique<PSettings>(*this); }
 };
 
 } // namespace Project
@@ -32,6 +35,8 @@ struct PluginSettings {
     WindowState window = WindowState::FromNothing();
     std::unique_ptr<Project::PSettings> project =
         std::make_unique<Project::PSettings>(); // never null
+
+    PluginSettings Clone() const { return {window, project->Clone()}; }
 };
 
 } // namespace Kesto

@@ -1,8 +1,11 @@
 #include "foundation/settings/settings_record.h"
 
+#include "foundation/alerts/reporter.h"
 #include "foundation/settings/settings_file.h"
 #include "foundation/settings/settings_locations.h"
 #include "foundation/streams/memory_container.h"
+
+#include <utility>
 
 namespace Kesto {
 namespace {
@@ -21,22 +24,31 @@ PluginSettings& CSettingsRecord::Get()
 {
     if (fSettings != nullptr)
         return *fSettings;
-    fSettings = std::make_unique<PluginSettings>();
-    fSettings->project = fOwner.CreateSettings();
+    PluginSettings settings = MakeDefaults();
     const Platform::ModifierKeys held = fKeyboard();
-    if (!(held.control && held.alt && held.shift))
-        Load();
+    const bool wantsDefaults = held.control && held.alt && held.shift;
+    if (!wantsDefaults && !Reported([&] { Load(settings); }))
+        settings = MakeDefaults(); // a part of them may have been read
+    fSettings = std::make_unique<PluginSettings>(std::move(settings));
     return *fSettings;
 }
 
-void CSettingsRecord::Load()
+PluginSettings CSettingsRecord::MakeDefaults()
+{
+    PluginSettings settings;
+    if (std::unique_ptr<Project::PSettings> project = fOwner.CreateSettings())
+        settings.project = std::move(project);
+    return settings;
+}
+
+void CSettingsRecord::Load(PluginSettings& settings)
 {
     CText keyPath;
     CText fileName;
     fOwner.GetSettingsLocation(keyPath, fileName);
     CMemoryContainer file(kGrowth);
     if (fStore.ReadSettingsData(keyPath, CText(kSettingsValueName), fileName, file, false))
-        SettingsFileLoad(*fSettings, file);
+        SettingsFileLoad(settings, file);
 }
 
 bool CSettingsRecord::Save()

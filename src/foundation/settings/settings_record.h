@@ -15,7 +15,8 @@ public:
     // The key path in the registry and the name of the file, as keys to be localised.
     virtual void GetSettingsLocation(CText& keyPath, CText& fileName) = 0;
 
-    // The project's part of a new record, with its defaults.
+    // The project's part of a new record, with its defaults; for null the record takes the base,
+    // which has none.
     virtual std::unique_ptr<Project::PSettings> CreateSettings()
     {
         return std::make_unique<Project::PSettings>();
@@ -34,8 +35,9 @@ public:
                     KeyboardReader keyboard = Platform::HeldModifierKeys);
 
     // The settings. The first call makes them with their defaults and loads what is stored, unless
-    // the user holds Control, Alt and Shift down. If loading throws, this call does, and the next
-    // one finds what was loaded until then.
+    // the user holds Control, Alt and Shift down. What can't be loaded is reported to the user, and
+    // the defaults hold. When the defaults themselves can't be made, the call throws, and the next
+    // one begins anew.
     PluginSettings& Get();
 
     // Stores the settings; false if there was nothing to store. Throws CSystemError, with the
@@ -43,7 +45,8 @@ public:
     bool Save();
 
 private:
-    void Load();
+    PluginSettings MakeDefaults();
+    void Load(PluginSettings& settings);
 
     CSettingsOwner& fOwner;
     CSettingsStore& fStore;
