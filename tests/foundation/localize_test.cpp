@@ -72,7 +72,9 @@ TEST_F(Localizing, NeverAsksAProcessThatHasItsOwnStrings)
     process.ownStringsOnly = true;
     process.translations["$$$/A=default"] = "translation";
     EXPECT_EQ(Localized("$$$/A=default"), "default");
+    EXPECT_EQ(Localized("$$$/B=default"), "default");
     EXPECT_TRUE(process.asked.empty());
+    EXPECT_EQ(process.timesAskedForOwnStrings, 1) << "the answer is kept";
 }
 
 TEST(Marks, CaretsStandForCharacters)

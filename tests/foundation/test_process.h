@@ -22,7 +22,11 @@ public:
         literal = found != translations.end() ? found->second.c_str() : "spoilt";
         return found != translations.end();
     }
-    bool UsesOwnStringsOnly() override { return ownStringsOnly; }
+    bool UsesOwnStringsOnly() override
+    {
+        ++timesAskedForOwnStrings;
+        return ownStringsOnly;
+    }
     Platform::NativeWindow AlertParent() override { return frontWindow; }
     bool IsMainThread() override { return isMainThread; }
     bool PostDebugReport(const char* message, const char* file, std::uint32_t line,
@@ -34,6 +38,7 @@ public:
 
     std::map<std::string, std::string> translations; // by the whole literal
     bool ownStringsOnly = false;
+    int timesAskedForOwnStrings = 0;
     bool isMainThread = true;
     Platform::NativeWindow frontWindow = nullptr;
     std::vector<Kesto::CText> asked;

@@ -6,8 +6,11 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <stdexcept>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -34,6 +37,11 @@ protected:
         {
             test.log += static_cast<Node*>(child)->name + "! ";
         }
+        void OnBeforePoll() override
+        {
+            if (const auto poll = atPoll) // this may be gone before it is done
+                poll();
+        }
         bool CanFinish() override
         {
             test.log += name + "? ";
@@ -44,6 +52,7 @@ protected:
         std::string name;
         bool agrees = true;
         bool doneByStart = false;
+        std::function<void()> atPoll;
     };
 
     std::string TakeLog() { return std::exchange(log, {}); }
@@ -78,6 +87,93 @@ TEST_F(Executables, StartInOrderAndStopInReverse)
     root.Start();
     EXPECT_EQ(TakeLog(), "+root ") << "one that is done by its start starts no children";
     EXPECT_TRUE(root.IsDone());
+    root.doneByStart = false;
+    Node late(*this, &root, "late", CExecutable::kAutoStart);
+    second.doneByStart = true;
+    root.Stop();
+    TakeLog();
+    root.Start();
+    EXPECT_EQ(TakeLog(), "+root +second +late ") << "a child that is done at once keeps none back";
+    EXPECT_TRUE(root.IsDone());
+}
+
+TEST_F(Executables, ARequestThatComesDuringThePollIsAnsweredInTheNextTurn)
+{
+    root.Start();
+    second.atPoll = [this] { root.SetDone(true); };
+    TakeLog();
+    EXPECT_TRUE(Poll());
+    EXPECT_EQ(TakeLog(), "");
+    EXPECT_TRUE(root.IsDone());
+    second.atPoll = nullptr;
+    root.agrees = false;
+    EXPECT_TRUE(Poll());
+    EXPECT_EQ(TakeLog(), "root? ");
+    EXPECT_FALSE(root.IsDone()) << "it was asked, and refused";
+}
+
+TEST_F(Executables, EachChildIsPolledOnceWhoeverGoesOrComes)
+{
+    root.Start();
+    third.Start();
+    auto goes = std::make_unique<Node>(*this, &root, "goes", CExecutable::kAutoStart);
+    Node last(*this, &root, "last", 0);
+    last.Start();
+    std::string polled;
+    std::unique_ptr<Node> comes;
+    for (Node* const node : {first, &second, &third, &last})
+        node->atPoll = [&polled, node] { polled += node->name + ' '; };
+    third.atPoll = [&] {
+        polled += "third ";
+        delete std::exchange(first, nullptr);
+        goes.reset();
+        comes = std::make_unique<Node>(*this, &root, "comes", 0U);
+        comes->Start();
+        comes->atPoll = [&polled] { polled += "comes "; };
+    };
+    EXPECT_TRUE(Poll());
+    EXPECT_EQ(polled, "last third second ");
+}
+
+TEST_F(Executables, OneMayBeDestroyedInItsOwnPollAndLoop)
+{
+    for (const bool inRun : {false, true}) {
+        SCOPED_TRACE(inRun ? "in its run" : "in its poll");
+        auto parent = std::make_unique<Node>(*this, &process, "parent", 0U);
+        Node child(*this, parent.get(), "child", CExecutable::kAutoStart);
+        child.atPoll = [&parent] { parent.reset(); };
+        bool force = false;
+        Node& runs = *parent;
+        if (inRun)
+            EXPECT_EQ(runs.Run(), 0);
+        else {
+            runs.Start();
+            EXPECT_FALSE(runs.Poll(force));
+        }
+        EXPECT_EQ(parent, nullptr);
+    }
+}
+
+TEST_F(Executables, ARunGivesItsResultAndIsStoppedWhateverIsThrown)
+{
+    second.atPoll = [this] { root.EndRun(7); };
+    EXPECT_EQ(root.Run(), 7);
+    second.atPoll = [this] { root.SetDone(true); };
+    EXPECT_EQ(root.Run(), 0) << "the result of the run before doesn't count";
+    second.atPoll = [this] {
+        root.EndRun(7);
+        second.atPoll = [this] { // refused once
+            root.agrees = true;
+            root.SetDone(true);
+        };
+    };
+    root.agrees = false;
+    EXPECT_EQ(root.Run(), 0) << "a refusal forgets the result";
+    TakeLog();
+    second.atPoll = [] { throw std::runtime_error("a hook's own"); };
+    EXPECT_THROW(root.Run(), std::runtime_error);
+    EXPECT_EQ(TakeLog(), "+root +second -second second! -root ");
+    EXPECT_EQ(CExecutable::Current(), nullptr);
 }
 
 TEST_F(Executables, ARefusalClearsTheRequestUpToTheRoot)

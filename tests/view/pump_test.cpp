@@ -2,11 +2,17 @@
 #include "test_pump.h"
 #include "test_window.h"
 
+#include "support/alert_capture.h"
+
 #include "view/messages/message_event.h"
 #include "view/messages/message_ids.h"
+#include "view/process/desktop.h"
+#include "view/process/idler.h"
 #include "view/process/posted_events.h"
+#include "view/process/timer.h"
 
 #include "foundation/base/link.h"
+#include "foundation/base/service.h"
 #include "foundation/errors/debug_report.h"
 #include "foundation/errors/exceptions.h"
 
@@ -125,6 +131,63 @@ TEST_F(Pump, ARequestToQuitEndsTheRunAndGoesOnToTheHost)
     EXPECT_EQ(Platform::TakeQuitRequest(), std::nullopt);
 }
 
+TEST_F(Pump, ARequestToQuitEndsNestedRunsUnlessOneRefuses)
+{
+    struct Dialog : Kesto::CExecutable {
+        using CExecutable::CExecutable;
+        bool CanFinish() override { return agrees; }
+        void OnBeforePoll() override
+        {
+            if (const auto poll = std::exchange(atPoll, nullptr))
+                poll();
+        }
+        bool agrees = true;
+        std::function<void()> atPoll;
+    };
+    for (const bool agrees : {true, false}) {
+        SCOPED_TRACE(agrees ? "both agree" : "the inner one refuses");
+        Dialog outer(&process);
+        Dialog inner(&process);
+        bool outerWasAsked = false;
+        inner.agrees = agrees;
+        inner.atPoll = [] { Platform::RequestQuit(3); };
+        outer.atPoll = [&] {
+            if (!agrees)
+                process.PostCall(-128, [&] {
+                    inner.agrees = true;
+                    inner.SetDone(true);
+                });
+            inner.Run();
+            outerWasAsked = outer.IsDone() || process.IsQuitting();
+            outer.SetDone(true); // or else the test would go on for ever
+        };
+        outer.Run();
+        EXPECT_EQ(outerWasAsked, agrees);
+        EXPECT_EQ(Platform::TakeQuitRequest(), 3) << "the host gets it all the same";
+    }
+}
+
+TEST_F(Pump, AForeignLoopStillRunsEventsIdlersAndTimersAndReportsWhatTheyThrow)
+{
+    struct Idler : Kesto::CIdler {
+        explicit Idler(std::vector<int>& itsLog) : log(itsLog) { StartIdling(); }
+        void Idle() override { log.push_back(2); }
+        std::vector<int>& log;
+    } idler(process.log);
+    Kesto::CTimer timer(
+        0.001, [](void* log, double, double) { static_cast<std::vector<int>*>(log)->push_back(3); },
+        &process.log);
+    timer.Start();
+    AlertCapture alerts;
+    process.PostMark(-1, 1);
+    process.PostCall(1, [] { throw std::runtime_error("a handler's own"); });
+    PassATick();
+    PassATick();
+    CProcess::RunForeignTurn();
+    EXPECT_THAT(process.log, ElementsAre(1, 2, 3));
+    EXPECT_EQ(alerts.boxes.size(), 1U);
+}
+
 TEST_F(Pump, ABlockedPumpTakesNoProcessorTime)
 {
     const double before = ProcessorSeconds();
@@ -179,6 +242,46 @@ TEST(Process, IsWhereEventsGoAndTheBullseyeWhileThereIsOne)
         EXPECT_FALSE(process.GetModulePath().Path().IsEmpty());
     }
     EXPECT_EQ(Kesto::CMessenger::GetBullseye(), nullptr);
+}
+
+TEST(Process, HandsTheKeyboardBackToTheOneBefore)
+{
+    struct View : Kesto::CMessenger {
+        using CMessenger::CMessenger;
+    };
+    constexpr std::uint32_t kBoth = View::kCanTarget | View::kCanBullseye;
+    PumpedProcess dialogs;
+    View field(&dialogs, {}, kBoth);
+    ASSERT_TRUE(field.BecomeBullseye(false));
+    auto second = std::make_unique<PumpedProcess>();
+    EXPECT_EQ(Kesto::CMessenger::GetBullseye(), second.get());
+    {
+        const Kesto::CProcessScope scope(dialogs);
+        EXPECT_EQ(Kesto::CMessenger::GetBullseye(), &field);
+    }
+    EXPECT_EQ(Kesto::CMessenger::GetBullseye(), second.get());
+    second.reset();
+    EXPECT_EQ(CProcess::Current(), &dialogs);
+    EXPECT_EQ(Kesto::CMessenger::GetBullseye(), &field);
+
+    auto gone = std::make_unique<PumpedProcess>();
+    {
+        const Kesto::CProcessScope scope(dialogs);
+        gone.reset();
+    }
+    EXPECT_EQ(CProcess::Current(), nullptr) << "the process that the scope found has ended";
+}
+
+TEST(Process, EndsTheServicesWithTheLastOne)
+{
+    using Service = Kesto::CServiceT<Kesto::CDesktop>;
+    auto first = std::make_unique<PumpedProcess>();
+    auto second = std::make_unique<PumpedProcess>();
+    Service::Get();
+    first.reset();
+    EXPECT_NE(Service::Get(false), nullptr);
+    second.reset();
+    EXPECT_EQ(Service::Get(false), nullptr);
 }
 
 } // namespace

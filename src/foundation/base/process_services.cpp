@@ -1,6 +1,5 @@
 #include "foundation/base/process_services.h"
 
-#include <atomic>
 #include <thread>
 
 namespace Kesto {
@@ -8,9 +7,10 @@ namespace {
 
 class CNoProcess final : public CProcessServices {};
 
-std::atomic<CProcessServices*> gCurrent = nullptr;
-
 } // namespace
+
+constinit std::atomic<CProcessServices*> CProcessServices::gCurrent = nullptr;
+constinit std::mutex CProcessServices::gMutex;
 
 CProcessServices& CProcessServices::Current()
 {
@@ -21,6 +21,7 @@ CProcessServices& CProcessServices::Current()
 
 CProcessServices* CProcessServices::SetCurrent(CProcessServices* services)
 {
+    const std::lock_guard lock(gMutex);
     return gCurrent.exchange(services, std::memory_order_acq_rel);
 }
 
@@ -32,6 +33,13 @@ bool CProcessServices::TranslateKey(CText&)
 bool CProcessServices::UsesOwnStringsOnly()
 {
     return false;
+}
+
+bool CProcessServices::HasOwnStringsOnly()
+{
+    if (!fOwnStringsOnly)
+        fOwnStringsOnly = UsesOwnStringsOnly();
+    return *fOwnStringsOnly;
 }
 
 Platform::NativeWindow CProcessServices::AlertParent()

@@ -14,7 +14,7 @@ CText Translate(const CText& literal, std::size_t equals)
 {
     CProcessServices& process = CProcessServices::Current();
     CText text = literal;
-    if (!process.UsesOwnStringsOnly() && process.TranslateKey(text))
+    if (!process.HasOwnStringsOnly() && process.TranslateKey(text))
         return text;
     text =
         equals == std::string_view::npos ? std::string_view() : literal.View().substr(equals + 1);

@@ -44,6 +44,10 @@ std::optional<QueuedMessage> AwaitMessage();
 // Blocks until there is a message or a request to quit, at most so many milliseconds.
 void WaitForMessage(std::uint32_t milliseconds);
 
+// The same, but what was in the queue when it was last looked at doesn't end the wait: for loops
+// that look at some ranges only.
+void WaitForArrival(std::uint32_t milliseconds);
+
 // Posts the character message that belongs to a key message, if there is one. Other messages are
 // left alone.
 void TranslateKeyMessage(const QueuedMessage& message);

@@ -183,6 +183,11 @@ public:
     // the path leaves it first.
     void SetParentMessenger(CMessenger* parent);
 
+protected:
+    // Gives the keyboard back to the messenger that this one's path ends in, if it does: for the
+    // top of a chain that comes back to its place, after another chain had the bullseye.
+    void ReclaimBullseye();
+
 private:
     template <class Message, bool (CMessenger::*handle)(Message&),
               bool (CMessenger::*send)(Message&)>

@@ -296,6 +296,13 @@ bool CMessenger::LeavePath()
     return true;
 }
 
+void CMessenger::ReclaimBullseye()
+{
+    for (CMessenger* at = this; at != nullptr; at = at->fTarget)
+        if (at->IsBullseye())
+            gBullseye = at;
+}
+
 // Clears what hooks have taken back while the path was left, without calling them again.
 void CMessenger::DropPath()
 {

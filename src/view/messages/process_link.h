@@ -1,28 +1,21 @@
-// What messengers ask of the process above them. The process class derives from this and makes
-// itself current.
+// What messengers ask of the process above them. The process class derives from this, and no other
+// does.
 //
-// A lock guards the pointer to the current process. Post keeps it for as long as it takes to queue
-// the event, so that a process that goes on its own thread doesn't go meanwhile.
+// Post keeps the current process from being taken away for as long as it takes to queue the event,
+// so that a process that ends on its own thread doesn't end meanwhile.
 #pragma once
 
+#include "foundation/base/process_services.h"
 #include "view/messages/process_event.h"
 
 #include <memory>
 
 namespace Kesto {
 
-class CProcessLink {
+class CProcessLink : public CProcessServices {
 public:
-    CProcessLink() = default;
-    CProcessLink(const CProcessLink&) = delete;
-    CProcessLink& operator=(const CProcessLink&) = delete;
-
-    // The current process, or null. May be called from any thread.
-    static CProcessLink* Current();
-
-    // Makes `process` current, which its maker keeps alive; null for none. Returns the former one
-    // or null.
-    static CProcessLink* SetCurrent(CProcessLink* process);
+    // The current process, or null. For the thread of the user interface.
+    static CProcessLink* Current() { return CurrentLink(); }
 
     // Queues an event with the current process; false, and the event is gone, without one. May be
     // called from any thread.
@@ -36,6 +29,8 @@ public:
 
     // Has every queued event let go of a messenger, and drops those that are dead then.
     virtual void ForgetMessenger(CMessenger* messenger) = 0;
+
+    CProcessLink* AsLink() override { return this; }
 
 protected:
     ~CProcessLink() = default;

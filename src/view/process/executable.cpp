@@ -1,5 +1,6 @@
 #include "view/process/executable.h"
 
+#include "view/messages/messenger_watch.h"
 #include "view/process/process.h"
 
 #include <algorithm>
@@ -31,6 +32,42 @@ private:
     CExecutable* fBefore;
 };
 
+// A visit of the children from the last to the first, which keeps its place when some go.
+class CExecutable::CVisit {
+public:
+    explicit CVisit(CExecutable& parent)
+        : fParent(parent), fWatch(&parent), fOuter(std::exchange(parent.fVisit, this)),
+          fLeft(parent.fChildren.size())
+    {
+    }
+    ~CVisit()
+    {
+        if (!fWatch.IsGone())
+            fParent.fVisit = fOuter;
+    }
+    CVisit(const CVisit&) = delete;
+    CVisit& operator=(const CVisit&) = delete;
+
+    CExecutable* Take()
+    {
+        return fWatch.IsGone() || fLeft == 0 ? nullptr : fParent.fChildren[--fLeft];
+    }
+
+    // The child at this place leaves.
+    static void Leave(CVisit* innermost, std::size_t place)
+    {
+        for (CVisit* visit = innermost; visit != nullptr; visit = visit->fOuter)
+            if (place < visit->fLeft)
+                --visit->fLeft;
+    }
+
+private:
+    CExecutable& fParent;
+    CMessengerWatch fWatch;
+    CVisit* fOuter;
+    std::size_t fLeft; // children that haven't had their turn
+};
+
 CExecutable::CExecutable(CExecutable* super, std::uint32_t flags) : fSuper(super), fFlags(flags)
 {
     if (super == nullptr)
@@ -43,7 +80,16 @@ CExecutable::~CExecutable()
 {
     DisposeChildren();
     if (fSuper != nullptr)
-        std::erase(fSuper->fChildren, this);
+        fSuper->RemoveChild(this);
+}
+
+void CExecutable::RemoveChild(CExecutable* child)
+{
+    const auto found = std::ranges::find(fChildren, child);
+    if (found == fChildren.end())
+        return;
+    CVisit::Leave(fVisit, static_cast<std::size_t>(found - fChildren.begin()));
+    fChildren.erase(found);
 }
 
 void CExecutable::DisposeChildren()
@@ -52,7 +98,7 @@ void CExecutable::DisposeChildren()
         CExecutable* const child = fChildren.back();
         if (!child->LeavePath() || !HasChild(child))
             continue; // a hook has taken it out
-        std::erase(fChildren, child);
+        RemoveChild(child);
         child->fSuper = nullptr;
         child->SetParentMessenger(nullptr);
         if (child->IsAutoDelete())
@@ -122,8 +168,11 @@ void CExecutable::Start()
     SetRunFlag(kDone, false);
     if (wasStarted)
         return;
+    const CMessengerWatch watch(this);
     OnStart();
-    for (std::size_t i = 0; i < fChildren.size() && IsStarted() && !IsDone(); ++i)
+    if (watch.IsGone() || IsDone())
+        return;
+    for (std::size_t i = 0; !watch.IsGone() && i < fChildren.size() && IsStarted(); ++i)
         if (fChildren[i]->IsAutoStart())
             fChildren[i]->Start();
 }
@@ -133,30 +182,33 @@ bool CExecutable::HasChild(const CExecutable* child) const
     return std::find(fChildren.begin(), fChildren.end(), child) != fChildren.end();
 }
 
-// Any child may go, and others may come, during a visit.
 template <class Visit>
 void CExecutable::VisitChildrenBackward(Visit visit)
 {
-    for (std::size_t i = fChildren.size(); i-- > 0;)
-        if (i < fChildren.size())
-            visit(fChildren[i]);
+    CVisit children(*this);
+    while (CExecutable* const child = children.Take())
+        visit(child);
 }
 
 void CExecutable::Stop()
 {
+    const CMessengerWatch watch(this);
+    const auto has = [&](const CExecutable* child) { return !watch.IsGone() && HasChild(child); };
     if (HasRunFlag(kStarted))
-        VisitChildrenBackward([this](CExecutable* child) {
+        VisitChildrenBackward([&](CExecutable* child) {
             const bool deletes = child->IsAutoDelete();
             if (child->IsStarted()) {
                 child->Stop();
-                if (HasChild(child))
+                if (has(child))
                     ChildStopped(child);
             }
-            if (deletes && HasChild(child))
+            if (deletes && has(child))
                 delete child;
         });
-    OnStop();
-    SetRunFlag(kStarted | kDone, false);
+    if (!watch.IsGone())
+        OnStop();
+    if (!watch.IsGone())
+        SetRunFlag(kStarted | kDone, false);
 }
 
 void CExecutable::SetStarted(bool on)
@@ -179,13 +231,15 @@ bool CExecutable::CanFinish()
 
 void CExecutable::PollChildren(bool& force)
 {
-    VisitChildrenBackward([this, &force](CExecutable* child) {
+    const CMessengerWatch watch(this);
+    const auto has = [&](const CExecutable* child) { return !watch.IsGone() && HasChild(child); };
+    VisitChildrenBackward([&](CExecutable* child) {
         const bool wasStarted = child->IsStarted();
         const bool deletes = child->IsAutoDelete();
-        if (child->Poll(force) || !wasStarted || !HasChild(child))
+        if (child->Poll(force) || !wasStarted || !has(child))
             return;
         ChildStopped(child);
-        if (deletes && HasChild(child))
+        if (deletes && has(child))
             delete child;
     });
 }
@@ -196,18 +250,24 @@ bool CExecutable::Poll(bool& force)
 {
     if (!IsStarted())
         return false;
+    const CMessengerWatch watch(this);
     OnBeforePoll();
-    bool finish = (force || IsDone()) && CanFinish();
-    PollChildren(finish);
-    OnAfterPoll();
-    if (!IsStarted())
+    const bool asked = !watch.IsGone() && (force || IsDone());
+    bool finish = asked && CanFinish();
+    if (!watch.IsGone())
+        PollChildren(finish);
+    if (!watch.IsGone())
+        OnAfterPoll();
+    if (watch.IsGone() || !IsStarted())
         return false;
     if (finish) {
         Stop();
         return false;
     }
-    if (force || IsDone())
+    if (asked) {
         SetDone(false);
+        fResult = 0;
+    }
     force = false;
     return true;
 }
@@ -236,27 +296,51 @@ bool CExecutable::CanRun() const
 void CExecutable::RunLoop()
 {
     const CRunning running(this);
+    const CMessengerWatch watch(this);
     bool goesOn = true;
     while (goesOn) {
-        CProcess* const process = CProcess::Current();
+        CProcess* process = CProcess::Current();
         if (process == nullptr)
             return;
         process->GetNextEvent(0);
-        bool force = IsDone();
+        process = CProcess::Current();
+        if (watch.IsGone())
+            return;
+        const bool isQuitting = process != nullptr && process->IsQuitting();
+        bool force = IsDone() || isQuitting;
         goesOn = Poll(force);
+        if (goesOn && isQuitting && CProcess::Current() == process)
+            process->RefuseQuit();
     }
 }
 
 void CExecutable::AfterRun() {}
 
-void CExecutable::Run()
+std::int32_t CExecutable::Run()
 {
-    Start();
-    if (CanRun()) {
-        RunLoop();
-        AfterRun();
+    const CMessengerWatch watch(this);
+    fResult = 0;
+    try {
+        Start();
+        if (!watch.IsGone() && CanRun()) {
+            RunLoop();
+            if (!watch.IsGone())
+                AfterRun();
+        }
+    } catch (...) {
+        if (!watch.IsGone())
+            Stop();
+        throw;
     }
-    Stop();
+    if (!watch.IsGone())
+        Stop();
+    return watch.IsGone() ? 0 : fResult;
+}
+
+void CExecutable::EndRun(std::int32_t result)
+{
+    fResult = result;
+    SetDone(true);
 }
 
 void CExecutable::OnStart() {}

@@ -4,8 +4,12 @@
 // Executables form a tree with the process at its root. A request to be done goes up the tree; at
 // the next poll whatever was asked to finish is asked whether it can, and a refusal takes the
 // request back, all the way up. Of its children an executable deletes those that are marked for it,
-// once they have stopped or when it goes itself; others are their maker's, and find themselves
+// once they have stopped or when it is destroyed itself; others are their maker's, and are left
 // without a parent.
+//
+// An executable may be destroyed in any of its hooks, in its own poll and loop too, and children
+// may come and go while they are visited: a visit calls each child that was there at its beginning,
+// once.
 #pragma once
 
 #include "view/messages/messenger.h"
@@ -47,7 +51,8 @@ public:
     virtual void SetAutoDelete(bool on);
 
     // Starts this, unless it runs, and then the children that start with it, unless it is stopped
-    // or done by then.
+    // or done by then. What the children do to it ends their starts only if it is stopped: one that
+    // is done at once leaves the others their turns.
     virtual void Start();
 
     // Stops the children that run, the last one first, and deletes those that are marked for it;
@@ -68,7 +73,8 @@ public:
     virtual void ChildStopped(CExecutable* child);
 
     // One turn: decides whether this goes on. With `force` it has been asked to end; a refusal
-    // clears it. False: it doesn't run, or not any more.
+    // clears it. False: it doesn't run, or not any more. A request that comes while the children
+    // are polled is answered in the next turn.
     virtual bool Poll(bool& force);
 
     // Appends a line about this and each one below it, indented by their depth: a picture of what
@@ -85,8 +91,12 @@ public:
     virtual void RunLoop();
     virtual void AfterRun();
 
-    // Starts, runs the loop and stops.
-    virtual void Run();
+    // Starts, runs the loop and stops, also when something is thrown on the way, which is passed
+    // on. Returns the result that EndRun gave, 0 when the run ended without one.
+    virtual std::int32_t Run();
+
+    // Asks this to be done, and so the run to end with a result. A refusal forgets the result.
+    void EndRun(std::int32_t result);
 
     virtual void OnStart();
     virtual void OnStop();
@@ -105,16 +115,20 @@ public:
 
 private:
     class CRunning;
+    class CVisit;
 
     // Named apart from those of CMessenger, for classes derived from both.
     bool HasRunFlag(std::uint32_t flag) const { return (fFlags & flag) != 0; }
     void SetRunFlag(std::uint32_t flag, bool on) { fFlags = on ? fFlags | flag : fFlags & ~flag; }
     bool HasChild(const CExecutable* child) const;
+    void RemoveChild(CExecutable* child);
     template <class Visit>
     void VisitChildrenBackward(Visit visit);
 
     CExecutable* fSuper;                 // not owned
     std::vector<CExecutable*> fChildren; // owned if they are marked so
+    CVisit* fVisit = nullptr;            // the innermost of the children
+    std::int32_t fResult = 0;
     std::uint32_t fFlags;
 };
 

@@ -13,15 +13,7 @@
 namespace Kesto {
 namespace {
 
-CProcess* gCurrent = nullptr;
 std::thread::id gMainThread;
-
-void SetCurrentProcess(CProcess* process)
-{
-    gCurrent = process;
-    CProcessServices::SetCurrent(process);
-    CProcessLink::SetCurrent(process);
-}
 
 void ForgetActive(void* known, double, double)
 {
@@ -31,8 +23,8 @@ void ForgetActive(void* known, double, double)
 } // namespace
 
 CProcess::CProcess()
-    : CExecutable(nullptr, kAutoStart | kDone),
-      fIdleTimer(kIdlePeriod, ForgetActive, &fIsHostActive)
+    : CExecutable(nullptr, kAutoStart | kDone), fOlder(std::exchange(gNewest, this)),
+      fBefore(Current()), fIdleTimer(kIdlePeriod, ForgetActive, &fIsHostActive)
 {
     if (gMainThread == std::thread::id())
         NoteMainThread();
@@ -44,23 +36,38 @@ CProcess::CProcess()
 }
 
 // Children may still ask for the process; others can't post any more once it is no longer the
-// current one.
+// current one. Its parts may use services, so they end before those do.
 CProcess::~CProcess()
 {
     DisposeChildren();
-    if (gCurrent == this)
-        SetCurrentProcess(nullptr);
+    CProcess** link = &gNewest;
+    while (*link != this)
+        link = &(*link)->fOlder;
+    *link = fOlder;
+    if (Current() == this)
+        MakeCurrentIfAlive(fBefore);
     fEvents.Clear();
-}
-
-CProcess* CProcess::Current()
-{
-    return gCurrent;
+    fMenuBar.part.reset();
+    fDocumentBar.part.reset();
+    fClipboard.part.reset();
+    if (gNewest == nullptr)
+        ShutdownServices();
 }
 
 void CProcess::MakeCurrent()
 {
-    SetCurrentProcess(this);
+    if (SetCurrent(this) != this)
+        ReclaimBullseye();
+}
+
+void CProcess::MakeCurrentIfAlive(CProcess* process)
+{
+    for (const CProcess* alive = gNewest; alive != nullptr; alive = alive->fOlder)
+        if (alive == process) {
+            process->MakeCurrent();
+            return;
+        }
+    SetCurrent(nullptr);
 }
 
 void CProcess::NoteMainThread()
@@ -252,7 +259,7 @@ CProcessScope::CProcessScope(CProcess& process) : fBefore(CProcess::Current())
 
 CProcessScope::~CProcessScope()
 {
-    SetCurrentProcess(fBefore);
+    CProcess::MakeCurrentIfAlive(fBefore);
 }
 
 } // namespace Kesto

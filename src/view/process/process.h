@@ -2,12 +2,15 @@
 // pumps messages.
 //
 // This is a module in a host's program. A process is made when the host calls, and pumps for as
-// long as a dialog or a tracker needs it, on the host's thread. Of its data only the queue may be
-// touched by other threads, through PostEvent; one lock guards the queue, one more the pointer to
-// the current process. Handlers are called without either.
+// long as a dialog or a tracker needs it, on the host's thread. Several may live at once; each has
+// a path of its own, and the bullseye is that of the current one. With the last of them the
+// services end.
+//
+// Of a process's data only the queue may be touched by other threads, through PostEvent; one lock
+// guards the queue, one more the pointer to the current process. Handlers are called without
+// either.
 #pragma once
 
-#include "foundation/base/process_services.h"
 #include "foundation/settings/settings_store.h"
 #include "foundation/streams/file_spec.h"
 #include "view/messages/process_link.h"
@@ -25,10 +28,7 @@ namespace Kesto {
 
 class CTracker;
 
-class CProcess : public CExecutable,
-                 public CProcessServices,
-                 public CProcessLink,
-                 public CSettingsStore {
+class CProcess : public CExecutable, public CProcessLink, public CSettingsStore {
 public:
     // Bits of the flags of GetNextEvent.
     static constexpr std::uint32_t kEvent_Poll = 1U << 0;    // never block
@@ -39,14 +39,19 @@ public:
     static constexpr float kNoPen = -2.0F;
     static constexpr float kNoPressure = -1.0F;
 
-    // A new process is the current one, and the bullseye, at once; events that nobody took go with
-    // it.
+    // A new process is the current one, and the bullseye, at once. When it ends, events that nobody
+    // took end with it, and the process that was current before is so again, if it still lives.
     CProcess();
     ~CProcess() override;
 
     // The process at work, or null. For the thread of the user interface.
-    static CProcess* Current();
+    static CProcess* Current() { return static_cast<CProcess*>(CProcessLink::Current()); }
+
+    // The process's own bullseye has the keyboard then.
     void MakeCurrent();
+
+    // The same for a process that may have ended meanwhile; one that has, and null, leave none.
+    static void MakeCurrentIfAlive(CProcess* process);
 
     // Notes the calling thread as the one that owns the user interface. Without it, that of the
     // first process is.
@@ -130,6 +135,17 @@ public:
     float Pressure() const { return fPressure; }
     void SetPenScale(float scale) { fPenScale = scale; } // pressure of one unit of the pen
 
+    // A turn for posted events, idlers and timers of the current process while a loop of the
+    // system's own pumps the messages: a frame is dragged, a menu is open, the host is at work.
+    // Whatever they throw is reported, since nothing may unwind through the system. Without a
+    // process nothing is done.
+    static void RunForeignTurn();
+
+    // Whether a request to quit waits for the runs to end, and a run that refuses it: then the
+    // others aren't asked. The host gets it all the same.
+    bool IsQuitting() const { return fAsksToQuit; }
+    void RefuseQuit() { fAsksToQuit = false; }
+
     // Puts a request to quit that the pump has met back into the queue, for the host.
     void ReturnQuitRequest();
 
@@ -186,6 +202,10 @@ private:
     float fPenScale = 0.001F;
     float fPressure = kNoPen;
     std::optional<int> fQuit; // met, and not yet given back
+    bool fAsksToQuit = false;
+    static inline CProcess* gNewest = nullptr;
+    CProcess* fOlder;        // of those that live
+    CProcess* const fBefore; // current when this one was made; it may have ended since
     CTimer fIdleTimer;
 };
 

@@ -1,10 +1,12 @@
 // The pump of messages and events, in the order in which each turn asks for them.
+#include "foundation/alerts/reporter.h"
 #include "foundation/base/service.h"
 #include "platform/input/message_numbers.h"
 #include "platform/input/pointer.h"
 #include "platform/system/machine.h"
 #include "view/input/mouse_history.h"
 #include "view/messages/message_ids.h"
+#include "view/messages/messenger_watch.h"
 #include "view/process/desktop.h"
 #include "view/process/idler.h"
 #include "view/process/process.h"
@@ -34,7 +36,14 @@ struct Turn {
     // none.
     bool ComesBefore(const std::optional<QueuedMessage>& pending) const
     {
-        return priority > 0 || !pending || (priority == 0 && time <= pending->time / 1000.0);
+        return priority > 0 || !pending || (priority == 0 && IsAsOldAs(*pending));
+    }
+
+    // The clock of both starts over every few weeks.
+    bool IsAsOldAs(const QueuedMessage& message) const
+    {
+        const auto milliseconds = static_cast<std::uint32_t>(std::llround(time * 1000.0));
+        return static_cast<std::int32_t>(milliseconds - message.time) <= 0;
     }
 };
 
@@ -198,20 +207,22 @@ void CProcess::NotePen(const QueuedMessage& message)
     }
 }
 
-// What runs innermost is asked to be done, and with it all above it. The request stays known until
-// the host gets it.
+// What runs innermost is asked to be done, and with it all above it; the runs around it ask the
+// process. The request stays known until the host gets it.
 void CProcess::TakeQuitRequest()
 {
     const std::optional<int> code = Platform::TakeQuitRequest();
     if (!code)
         return;
     fQuit = code;
+    fAsksToQuit = true;
     CExecutable* const running = CExecutable::Current();
     (running != nullptr ? *running : *this).SetDone(true);
 }
 
 void CProcess::ReturnQuitRequest()
 {
+    fAsksToQuit = false;
     if (const std::optional<int> code = std::exchange(fQuit, std::nullopt))
         Platform::RequestQuit(*code);
 }
@@ -221,6 +232,24 @@ void CProcess::RunIdle(std::uint32_t flags)
     if ((flags & kEvent_NoIdle) == 0)
         CIdler::RunIdlers(Now());
     CTimer::RunTimers(Now());
+}
+
+// Events that are posted by these ones wait for the next turn, so that the turn ends.
+void CProcess::RunForeignTurn()
+{
+    CProcess* const process = Current();
+    if (process == nullptr)
+        return;
+    const double start = Now();
+    const CMessengerWatch watch(process);
+    const auto hasEvent = [&] {
+        const CProcessEvent* const top = watch.IsGone() ? nullptr : process->TopEvent();
+        return top != nullptr && top->Time() <= start;
+    };
+    while (hasEvent())
+        Reported([process] { process->DispatchTopEvent(); });
+    Reported([] { CIdler::RunIdlers(Now()); });
+    Reported([] { CTimer::RunTimers(Now(), CTimer::Whose::kThread); });
 }
 
 } // namespace Kesto

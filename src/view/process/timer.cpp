@@ -80,13 +80,15 @@ void CTimer::FireNow(double now)
 }
 
 // A clock that has started over counts as a period passed.
-void CTimer::RunTimers(double now)
+void CTimer::RunTimers(double now, Whose whose)
 {
     if (gTimers.IsWalked())
         return;
-    gTimers.ForEach([now](CTimer& timer) {
+    gTimers.ForEach([now, whose](CTimer& timer) {
         const double elapsed = now - timer.fLast;
-        if ((timer.fFlags & kHasSystemTimer) == 0 && (elapsed >= timer.fPeriod || elapsed < 0.0))
+        const bool isOurs = (timer.fFlags & kHasSystemTimer) == 0 ||
+                            (whose == Whose::kThread && timer.fWindow == nullptr);
+        if (isOurs && (elapsed >= timer.fPeriod || elapsed < 0.0))
             timer.FireNow(now);
     });
 }

@@ -52,9 +52,12 @@ public:
     // the start.
     virtual void Fire(double now, double elapsed);
 
-    // Fires the timers that are due and have no timer of the system's. Without effect when it is
-    // called from one that fires so.
-    static void RunTimers(double now);
+    // Which timers RunTimers fires: those without a timer of the system's, or also those whose
+    // timer belongs to the thread, since a loop of the system's own drops their messages.
+    enum class Whose { kNobody, kThread };
+
+    // Fires the timers that are due. Without effect when it is called from one that fires so.
+    static void RunTimers(double now, Whose whose = Whose::kNobody);
 
     // A timer message has come: fires the timer that it belongs to. False if there is none.
     static bool FireSystemTimer(const Platform::QueuedMessage& message, double now);

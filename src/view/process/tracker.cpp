@@ -41,7 +41,7 @@ void CTracker::Run(CProcess& process)
     constexpr auto kWait = static_cast<std::uint32_t>(kPeriod * 1000.0);
     while (IsRunning())
         if (!process.PumpTracker(*this) && IsRunning())
-            Platform::WaitForMessage(kWait);
+            Platform::WaitForArrival(kWait);
 }
 
 void CTracker::Finish()

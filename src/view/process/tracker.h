@@ -1,4 +1,6 @@
 // CTracker, what takes over the mouse between the press of a button and its release.
+//
+// A tracker outlives its run: what is to end it from within its own turn calls Finish.
 #pragma once
 
 #include "platform/input/keyboard.h"

@@ -115,6 +115,23 @@ TEST_F(Input, ATrackerRunsUntilTheRelease)
     EXPECT_THAT(tracker.xs, ElementsAre(5));
 }
 
+TEST_F(Input, ATrackerRestsWhileAMessageWaitsThatItDoesNotLookAt)
+{
+    Follow tracker;
+    Inject(kLeftDown, 1);
+    process.PumpQuiet();
+    Platform::PostToQueue(window.Handle(), kUser);
+    Kesto::CTimer release(
+        0.3,
+        [](void* at, double, double) {
+            Platform::InjectInput({static_cast<TestWindow*>(at)->Handle(), kLeftUp, 0, 0, 2, 0, 0});
+        },
+        &window);
+    release.Start();
+    tracker.Run(process);
+    EXPECT_LT(tracker.xs.size(), 40U) << "a turn each three hundredths of a second";
+}
+
 TEST_F(Input, TheHistoryBringsEachPlaceOnce)
 {
     Follow tracker;

@@ -28,6 +28,11 @@ void WaitForMessage(std::uint32_t milliseconds)
     Queue::Get().Wait(milliseconds);
 }
 
+void WaitForArrival(std::uint32_t milliseconds)
+{
+    Queue::Get().Wait(milliseconds, Queue::WaitFor::kArrival);
+}
+
 void TranslateKeyMessage(const QueuedMessage& message)
 {
     if (message.number != Number::kKeyDown && message.number != Number::kSysKeyDown)

@@ -244,7 +244,7 @@ std::optional<std::uint64_t> Queue::NextDue() const
     return next;
 }
 
-void Queue::Wait(std::optional<std::uint32_t> milliseconds)
+void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
 {
     constexpr std::uint64_t kForever = ~std::uint64_t{0};
     std::uint64_t wait = milliseconds ? *milliseconds : kForever;
@@ -252,7 +252,7 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds)
     std::array<pollfd, 2> descriptors{};
     {
         const std::lock_guard lock(fMutex);
-        if (IsAnythingHere())
+        if (what == WaitFor::kAnything && IsAnythingHere())
             wait = 0;
         else if (const auto due = NextDue()) {
             const std::uint64_t now = Now();

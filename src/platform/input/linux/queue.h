@@ -36,9 +36,10 @@ public:
     std::optional<int> TakeQuit();
     bool IsQuitAsked();
 
-    // Blocks until something may have arrived, at most until the next timer is due or
-    // `milliseconds` have passed.
-    void Wait(std::optional<std::uint32_t> milliseconds);
+    // Blocks until there may be something, or something that wasn't there at the last wait; at most
+    // until the next timer is due or `milliseconds` have passed.
+    enum class WaitFor { kAnything, kArrival };
+    void Wait(std::optional<std::uint32_t> milliseconds, WaitFor what = WaitFor::kAnything);
 
     // The text of a key message that was taken last, once.
     std::u16string TakeTextOf(const QueuedMessage& message);

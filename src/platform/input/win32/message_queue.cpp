@@ -69,6 +69,11 @@ void WaitForMessage(std::uint32_t milliseconds)
         MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
+void WaitForArrival(std::uint32_t milliseconds)
+{
+    MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, 0);
+}
+
 void TranslateKeyMessage(const QueuedMessage& message)
 {
     const MSG system = ToSystem(message);
