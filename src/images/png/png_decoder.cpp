@@ -22,14 +22,19 @@ constexpr std::uint32_t kHeaderLength = 13; // bytes
 constexpr std::size_t kChunkGrowth = 0x1000;
 constexpr std::int32_t kRowAlignment = 4;
 
-// No deflated byte stands for more than this many. Up to the plausible size a header is believed
-// whatever data follows.
+// No deflated byte gives more than this many. Up to the modest size a header is believed whatever
+// data follows, and what is missing is 0.
 constexpr std::int32_t kMostExpansion = 1032;
-constexpr std::int32_t kPlausibleSize = 1 << 20;
+constexpr std::int32_t kModestSize = 64 << 20;
 
 [[noreturn]] void ThrowInvalidHeader()
 {
     throw CError("$$$/Kesto/PNGDecoder/Error/InvalidHeader=The PNG header data is not valid.");
+}
+
+[[noreturn]] void ThrowMemoryError()
+{
+    throw CError("$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.");
 }
 
 } // namespace
@@ -107,7 +112,7 @@ void CPNGDecoder::InflateTo(std::span<std::uint8_t> data) const
     if (!std::in_range<uLong>(fImageBytes) ||
         uncompress(data.data(), &inflated, reinterpret_cast<const Bytef*>(fImageData.Data()),
                    static_cast<uLong>(fImageBytes)) != Z_OK)
-        throw CError("$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.");
+        ThrowMemoryError();
     // Short data leaves the last rows as they are, which shall not be what other pictures left in
     // this memory.
     std::ranges::fill(data.subspan(std::min<std::size_t>(inflated, data.size())), std::uint8_t{0});
@@ -120,7 +125,9 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::DecodeStream(CContainer& stream)
     ReadSignature(stream);
     ReadHeader(stream);
     ReadChunks(stream);
-    if (fTotalSize > kPlausibleSize &&
+    if (fImageBytes == 0)
+        ThrowMemoryError(); // as zlib would have it, but before memory is taken for nothing
+    if (fTotalSize > kModestSize &&
         static_cast<std::size_t>(fTotalSize / kMostExpansion) > fImageBytes)
         ThrowInvalidHeader();
 

@@ -90,9 +90,10 @@ bool CPNGFormat::DeriveSizes()
     fChannels = ChannelsOf(fColorType);
     if (fWidth < 0 || fHeight < 0)
         return false;
+    // Only samples of 8 bits get as far as a pixmap; any other depth has a failure of its own.
     const std::int64_t alignedRow =
         (std::int64_t{fWidth} + kRowAlignment - 1) / kRowAlignment * kRowAlignment;
-    if (!Fits(alignedRow) || !Fits(alignedRow * fHeight))
+    if (fBitDepth == 8 && (!Fits(alignedRow) || !Fits(alignedRow * fHeight)))
         return false;
     if (!fImage.SetSize(fWidth, fHeight, PixelBits(), HasFilterBytes()))
         return false;
