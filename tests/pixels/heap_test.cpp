@@ -72,7 +72,7 @@ public:
     void ExpectAll()
     {
         for (std::uint32_t i = 0; i < GetCount(); ++i)
-            EXPECT_EQ(Read(i), static_cast<std::uint8_t>(i));
+            EXPECT_EQ(Read(i), static_cast<std::uint8_t>(i)) << i;
     }
 };
 
@@ -136,7 +136,7 @@ TEST_F(Heap, EndsAFileWhereAHandleEndsAndHandsTheTileReleasedLastOutFirst)
     std::vector<CVirtualTile*> tiles;
     for (const std::uint32_t handle : {0U, 512U, 0x10000000U, 0x10000000U + 512U}) {
         tiles.push_back(heap.AcquireTile(9, 9, 1));
-        EXPECT_EQ(tiles.back()->fHandle, handle);
+        EXPECT_EQ(tiles.back()->fHandle, handle) << tiles.size();
     }
     EXPECT_THROW(heap.AcquireTile(9, 9, 1), CError);
     EXPECT_THROW(heap.AcquireTile(0, 0, 1), CError);

@@ -1,7 +1,7 @@
 // A machine whose files live in memory, whose volumes are made up, and whose disk fails when it is
 // told to.
 //
-// It stands where the platform's files and volumes stand otherwise.
+// It takes the place of the platform's files and volumes.
 #pragma once
 
 #include "platform/files/volumes.h"

@@ -165,11 +165,11 @@ TEST_F(View, OfAPartOrAllAndOfPlanesInRange)
 
     EXPECT_EQ(Part(0, 0, 0, 0, -5, -1), "100,200 10*6 planes 0+3 at 0.0 ");
     for (const std::int32_t count : {-1, 5})
-        EXPECT_EQ(Part(0, 0, 0, 0, 9, count), "100,200 10*6 planes 2+1 at 144.0 ");
+        EXPECT_EQ(Part(0, 0, 0, 0, 9, count), "100,200 10*6 planes 2+1 at 144.0 ") << count;
     EXPECT_EQ(Part(0, 0, 0, 0, 1, 7), "100,200 10*6 planes 1+2 at 72.0 ");
     EXPECT_EQ(Part(0, 0, 0, 0, 0, 2), "100,200 10*6 planes 0+2 at 0.0 ");
     for (const std::int32_t first : {0, 9})
-        EXPECT_EQ(Part(0, 0, 0, 0, first, 0), "nothing");
+        EXPECT_EQ(Part(0, 0, 0, 0, first, 0), "nothing") << first;
 
     EXPECT_EQ(Part({90, 203, 104, 900}), "100,203 4*3 planes 0+1 at 36.0 ")
         << "clipped to the bounds";

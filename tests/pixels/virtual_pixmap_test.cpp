@@ -132,7 +132,8 @@ TEST_F(VirtualPixmap, PagesToTheDiskAndBack)
             pixmap.LockTile(i % 16, i / 16, 0, pointer, false);
             const std::span<std::int32_t> pixels(static_cast<std::int32_t*>(pointer), 64 * 64);
             ASSERT_TRUE(pass == 0 ||
-                        (pixels.front() == i + pass - 1 && pixels.back() == i - pass + 1));
+                        (pixels.front() == i + pass - 1 && pixels.back() == i - pass + 1))
+                << "tile " << i << " at pass " << pass;
             pixels.front() = i + pass;
             pixels.back() = i - pass;
             pixmap.UnlockTile(i % 16, i / 16, 0, pointer, true, false);

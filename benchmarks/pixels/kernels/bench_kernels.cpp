@@ -172,7 +172,7 @@ void AllScales(std::int32_t size)
 void Boxes(std::int32_t size)
 {
     const Picture source(8, size + 8, size + 8), out(8, size, size), peer(8, size, size);
-    const cv::Mat from = source.Mat(CV_8U)(cv::PixelRect(4, 4, size, size)).clone();
+    const cv::Mat from = source.Mat(CV_8U)(cv::Rect(4, 4, size, size)).clone();
     cv::Mat to = peer.Mat(CV_8U);
     const BoxShape nine{9, 9};
     const cv::Mat element = cv::getStructuringElement(cv::MORPH_RECT, {9, 9});
@@ -202,7 +202,7 @@ void Boxes(std::int32_t size)
 void Neighbours(std::int32_t size)
 {
     const Picture source(8, size + 2, size + 2), out(8, size, size), peer(8, size, size);
-    const cv::Mat from = source.Mat(CV_8U)(cv::PixelRect(1, 1, size, size)).clone();
+    const cv::Mat from = source.Mat(CV_8U)(cv::Rect(1, 1, size, size)).clone();
     cv::Mat to = peer.Mat(CV_8U);
     std::vector<std::int32_t> gain(kSharpenLevels);
     for (std::int32_t edge = -1020; edge <= 1020; ++edge)
@@ -259,6 +259,31 @@ void Arithmetic(std::int32_t size)
     ComparePlain("hue to RGB", size, [&] { HueToRGB(rgb.fView, hsv.fView); });
 }
 
+// Between four planes and 32-bit pixels, the way of every picture that is drawn.
+void Packing(std::int32_t size)
+{
+    const Picture planes(8, size, size, 4), packed(32, size, size), split(8, size, size, 4);
+    const Picture peerPacked(32, size, size), peerSplit(8, size, size, 4);
+    const auto mats = [](const Picture& picture) {
+        std::vector<cv::Mat> result;
+        for (const std::int32_t plane : kOrder_BGRA)
+            result.push_back(picture.Mat(CV_8U, plane));
+        return result;
+    };
+    const std::vector<cv::Mat> from = mats(planes);
+    std::vector<cv::Mat> to = mats(peerSplit);
+    cv::Mat peer = peerPacked.Mat(CV_8UC4);
+    Compare(
+        "merge planes", size, "OpenCV merge",
+        [&] { MergePlanes(packed.fView, planes.fView, kOrder_BGRA); },
+        [&] { cv::merge(from, peer); });
+    Compare(
+        "split planes", size, "OpenCV split",
+        [&] { SplitPlanes(split.fView, packed.fView, kOrder_BGRA); }, [&] { cv::split(peer, to); });
+    ComparePlain("merge, premultiplied", size,
+                 [&] { MergePremultiplied(packed.fView, planes.fView, kOrder_BGRA); });
+}
+
 } // namespace
 
 int main(int count, char** arguments)
@@ -275,6 +300,7 @@ int main(int count, char** arguments)
         Boxes(size);
         Neighbours(size);
         Arithmetic(size);
+        Packing(size);
     }
     return 0;
 }

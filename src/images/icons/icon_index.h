@@ -59,7 +59,7 @@ struct LittleUInt32 {
     }
 };
 
-// An entry behind its name.
+// An entry without its name.
 struct IconPlaces {
     LittleUInt32 fWidth[kResolutionCount];
     LittleUInt32 fHeight[kResolutionCount];

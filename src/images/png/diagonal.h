@@ -157,7 +157,7 @@ struct LaneFilters {
 template <int kPixelBytes, class V>
 struct Group {
     Row above;
-    Row rows[Lanes<kPixelBytes>::kRows]; // those behind the last don't exist
+    Row rows[Lanes<kPixelBytes>::kRows]; // those after the last don't exist
     int count = 0;
     LaneFilters<V> filters;
     bool needsLeft = false;
@@ -237,6 +237,8 @@ inline void UnfilterUp(Row row, Row above)
             row.bytes[i] = static_cast<std::uint8_t>(row.bytes[i] + above.bytes[i]);
 }
 
+// As many rows together as a vector has lanes. Rows whose filters look only upward are quicker one
+// by one.
 template <int kPixelBytes, class V>
 void UnfilterGroups(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows)
 {

@@ -28,6 +28,8 @@ bool CPNGDecoder::OnPLTE(CContainer& chunk, std::uint32_t length)
     return true;
 }
 
+// A grey key is kept in all three fields, so that one comparison serves both kinds. Colour types
+// with an alpha of their own have no use for the chunk.
 bool CPNGDecoder::OnTRNS(CContainer& chunk, std::uint32_t length)
 {
     switch (fColorType) {
@@ -60,6 +62,7 @@ bool CPNGDecoder::DispatchChunk(CContainer& chunk, Tag type, std::uint32_t lengt
         bool (CPNGDecoder::*handler)(CContainer&, std::uint32_t);
     };
     static constexpr Row kRows[] = {
+        // most chunks are image data
         {MakeTag("IDAT"), &CPNGDecoder::OnIDAT}, {MakeTag("PLTE"), &CPNGDecoder::OnPLTE},
         {MakeTag("tRNS"), &CPNGDecoder::OnTRNS}, {MakeTag("bKGD"), &CPNGDecoder::OnBKGD},
         {MakeTag("cHRM"), &CPNGDecoder::OnCHRM}, {MakeTag("gAMA"), &CPNGDecoder::OnGAMA},

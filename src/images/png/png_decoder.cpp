@@ -83,7 +83,7 @@ void CPNGDecoder::ReadHeader(CContainer& stream)
     Tag type = 0;
     std::uint32_t length = 0;
     ReadChunk(stream, chunk, type, length);
-    if (type != MakeTag("IHDR") || length < kHeaderLength)
+    if (type != MakeTag("IHDR") || length < kHeaderLength) // a longer one is taken for a newer one
         ThrowInvalidHeader();
     fWidth = chunk.ReadInt32();
     fHeight = chunk.ReadInt32();
@@ -113,8 +113,7 @@ void CPNGDecoder::InflateTo(std::span<std::uint8_t> data) const
         uncompress(data.data(), &inflated, reinterpret_cast<const Bytef*>(fImageData.Data()),
                    static_cast<uLong>(fImageBytes)) != Z_OK)
         ThrowMemoryError();
-    // Short data leaves the last rows as they are, which shall not be what other pictures left in
-    // this memory.
+    // Short data doesn't reach the last rows, where this memory may hold another picture's.
     std::ranges::fill(data.subspan(std::min<std::size_t>(inflated, data.size())), std::uint8_t{0});
 }
 

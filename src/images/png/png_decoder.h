@@ -3,8 +3,8 @@
 // It takes what the module's own pictures need: samples of 8 bits, every colour type, both
 // interlace methods. Checksums are not looked at, and no chunk but the header, the palette, the
 // transparency and the image data has an effect. The pixmap has 8 bits a pixel, rows aligned to 4
-// bytes, its origin at (0, 0), and the planes of the house: grey or red, green, blue, with alpha
-// behind them where the file has any.
+// bytes, its origin at (0, 0), and the planes of the house: grey or red, green, blue, and
+// alpha after them where the file has any.
 //
 // Data is taken as hostile: nothing in a file makes the decoder touch memory outside its buffers,
 // and no more memory is asked for than the file's data could fill.

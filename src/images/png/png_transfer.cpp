@@ -10,16 +10,16 @@ namespace Kesto {
 
 namespace {
 
-// Where the pixels of a pass go in each plane: bytes from its first pixel.
+// Where the pixels of a pass are put in each plane, in bytes from the plane's first pixel.
 struct Route {
     std::ptrdiff_t start;
     std::ptrdiff_t rowStep;
     std::size_t pixelStep;
 };
 
-// Interlaced RGBA goes its own way, and pictures count on it: the pixels of a row lie side by side
-// whatever dx says, and the next row starts as far to the left of its place as that drew the row
-// together.
+// Interlaced RGBA is different, and stays so since pictures may count on it: the pixels of a row are
+// put side by side whatever dx says, and each further row begins (dx - 1) * width bytes to the left
+// of its place.
 Route RouteOf(const PNGPass& pass, PNGColor color, std::ptrdiff_t rowBytes)
 {
     Route route{pass.y0 * rowBytes + pass.x0, pass.dy * rowBytes,
@@ -75,7 +75,7 @@ void CPNGDecoder::TransferTo(CBasicPixmap& pixmap, std::span<const std::uint8_t>
         throw std::logic_error("Warning! (data.size() >= totalSize)");
 
     const std::uint8_t* row = data.data() + (HasFilterBytes() ? 1 : 0);
-    std::vector<std::uint8_t> scratch(
+    std::vector<std::uint8_t> scratch( // for rows whose pixels lie apart in the planes
         IsInterlaced() ? format.planes * static_cast<std::size_t>(fWidth) : 0);
     for (const PNGPass& pass : Passes()) {
         const Route route = RouteOf(pass, fColorType, view.rowBytes);

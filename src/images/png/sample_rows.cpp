@@ -118,7 +118,7 @@ void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::
     }
 }
 
-// The plane behind the samples', from the key colour.
+// The alpha plane, made of the key colour; it follows those of the samples.
 void AddAlpha(const SampleFormat& format, std::size_t pixels, const PlaneRows& planes)
 {
     std::uint8_t* alpha = planes[format.channels];

@@ -7,7 +7,7 @@
 
 namespace Kesto {
 
-// One plane row for each channel; those behind the last are not looked at.
+// One plane row for each channel; those after the last are not looked at.
 using PlaneRows = std::array<std::uint8_t*, 4>;
 
 // What the samples of a row mean.

@@ -16,6 +16,7 @@ void Mosaic(const CPixView& out, const CPixView& source, PixelPoint cell, bool r
     CMemoryBlock sums;
     sums.SetSize(static_cast<std::size_t>(extent.fWidth) * sizeof(std::uint32_t));
     for (std::int32_t plane = 0; plane < extent.fPlanes; ++plane) {
+        // A row of cells at a time; the last may be lower.
         for (std::int32_t y = 0, rows = 0; y < extent.fHeight; y += rows) {
             rows = std::min(cell.y, extent.fHeight - y);
             const auto band = [&](const CPixView& view) {

@@ -81,6 +81,7 @@ void FillFrame(const CPixView& view, const PixelRect& inner, std::span<const T> 
     const PixelRect kept = Intersect(all, inner);
     if (kept.IsEmpty())
         return Fill(view, values);
+    // Above and below take the corners, so that no pixel is filled twice.
     const PixelRect strips[] = {{all.left, all.top, all.right, kept.top},
                                 {all.left, kept.top, kept.left, kept.bottom},
                                 {kept.right, kept.top, all.right, kept.bottom},

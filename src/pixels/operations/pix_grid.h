@@ -35,7 +35,7 @@ public:
     PixelRect GetCell(std::int32_t column, std::int32_t row) const;
 
     // The column and row whose cells hold a global place. A place before the grid gives 0, one
-    // behind it the last.
+    // after it the last.
     std::int32_t GetColumn(std::int32_t x) const;
     std::int32_t GetRow(std::int32_t y) const;
 

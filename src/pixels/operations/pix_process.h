@@ -34,8 +34,8 @@ public:
     virtual std::uint32_t GetStepsLeft(std::int32_t column, std::int32_t row);
     virtual std::uint32_t GetStepCount(std::int32_t column, std::int32_t row);
 
-    // A block of cells, row by row: all steps until stopped; the first step that is left anywhere;
-    // all steps quietly.
+    // For a block of cells, row by row. DoCells does all steps until it is stopped, DoCellsQuietly
+    // all of them. DoFirstStepInCells does one step: the first that is left in any of the cells.
     virtual bool DoCells(std::int32_t column, std::int32_t row, std::int32_t columns,
                          std::int32_t rows, std::uint32_t& done, Callback callback, void* userData);
     virtual std::uint32_t DoFirstStepInCells(std::int32_t column, std::int32_t row,

@@ -146,6 +146,8 @@ void CPixScaler::Reset()
     fRowTable.clear();
 }
 
+// The tables depend on the rectangles alone and are kept with them; the cells start over each time,
+// since the pixels may be others.
 void CPixScaler::Prepare(const PixelRect& destRect, const PixelRect& sourceRect)
 {
     if (destRect != fDestRect || sourceRect != fSourceRect) {

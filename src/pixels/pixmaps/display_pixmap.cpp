@@ -97,7 +97,7 @@ void CDisplayPixmap::SetSize(std::int32_t width, std::int32_t height)
     CBasicPixmap::SetSize(width, height);
     if (GetBaseAddress() == nullptr)
         return;
-    Platform::Bitmap bitmap;
+    Platform::Bitmap bitmap; // beside the old one, which stays after a failure
     try {
         bitmap = MakeBitmap();
     } catch (...) {

@@ -45,7 +45,7 @@ public:
     virtual std::int32_t GetPixelBytes() const = 0; // 0 below 8 bits
 
     // The distances of rows and planes within a tile. The distance of planes is 0 where they do not
-    // lie behind each other.
+    // follow each other.
     virtual std::int32_t GetRowBits() const = 0;
     virtual std::int32_t GetRowBytes() const = 0;
     virtual std::int32_t GetPlaneBits() const = 0;

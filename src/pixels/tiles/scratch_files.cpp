@@ -24,6 +24,8 @@ struct Candidate {
     std::uint64_t fFreeBytes;
 };
 
+// Folders that somebody chose may be on any disk that is there; of the machine's own volumes only
+// fixed ones will do, since others may be pulled out.
 std::vector<Candidate> GatherCandidates(const std::vector<CFileSpec>* folders)
 {
     std::vector<Candidate> candidates;
@@ -42,8 +44,8 @@ std::vector<Candidate> GatherCandidates(const std::vector<CFileSpec>* folders)
     return candidates;
 }
 
-// Exchanges only what stands the wrong way round, each place with all behind it: equals may change
-// their order.
+// The largest first, by plain exchanges: each place is compared with all after it, so equals may
+// change their order.
 void SortByFreeBytes(std::vector<Candidate>& candidates)
 {
     for (std::size_t i = 0; i < candidates.size(); ++i)

@@ -25,7 +25,7 @@ std::string ScratchFileStem(const std::vector<CFileSpec>& folders);
 // The whole name of the file of an index, "4712_8391044_KVM_0.tmp".
 CText ScratchFileName(const std::string& stem, std::size_t index);
 
-// Removes the scratch files that a process left behind which runs no more. Files of others that
+// Removes the scratch files of processes that have ended without doing it. Files of others that
 // cannot be removed stay.
 void RemoveStaleScratchFiles(const CFileSpec& folder);
 

@@ -20,7 +20,7 @@ struct TileShape {
     std::int32_t fHeight = 0;
 };
 
-// How many tiles a pixmap takes, and where each stands in the array of them:
+// How many tiles a pixmap takes, and the index of each in the array of them:
 // column * fColumnStride + row * fRowStride + plane * fPlaneStride.
 struct TileGrid {
     // Throws std::length_error for a negative size, and for more tiles than 31 bits can count.

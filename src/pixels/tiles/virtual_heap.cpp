@@ -62,7 +62,7 @@ void CVirtualHeap::Initialize(const std::vector<CFileSpec>* folders)
         if (&folder == &plan.front() || folder.Path() != (&folder)[-1].Path())
             RemoveStaleScratchFiles(folder);
     const std::string stem = ScratchFileStem(plan);
-    std::vector<std::unique_ptr<CVirtualFile>> files;
+    std::vector<std::unique_ptr<CVirtualFile>> files; // one that can't be opened closes the others
     for (const CFileSpec& folder : plan) {
         const std::size_t index = files.size();
         files.push_back(std::make_unique<CVirtualFile>(folder, ScratchFileName(stem, index),
@@ -170,7 +170,7 @@ void CVirtualHeap::ReleaseTile(CVirtualTile* tile)
     tile->fFlags = 0;
     tile->fLockCount = 0;
     tile->fClasses = static_cast<std::uint8_t>(slotClass << 4 | slotClass);
-    tile->fNext = list.fFirst;
+    tile->fNext = list.fFirst; // the next to be handed out: its slot was in use a moment ago
     list.fFirst = tile;
     if (list.fLast == nullptr)
         list.fLast = tile;

@@ -2,7 +2,7 @@
 //
 // It owns a set of scratch files and a budget of memory. A tile is a fixed-size piece of storage
 // with a slot of its own in a scratch file; while it is used it holds a block of memory. Blocks
-// that hold a tile stand in the recency list, oldest first; the others wait in a free list of their
+// that hold a tile are in the recency list, oldest first; the others wait in a free list of their
 // class, and their memory stays allocated. Invariant: allocatedBytes counts all blocks,
 // freeBlockBytes those in the free lists. The budget bounds allocatedBytes as far as tiles can be
 // evicted: when all are locked, a block is allocated above it rather than failing.
@@ -51,7 +51,7 @@ public:
     bool IsInitialized() const { return fInitialized; }
 
     // Initialize, put off to the moment at which the first tile is wanted, so that nobody waits for
-    // files in vain. An empty list stands for the volumes of the machine.
+    // files in vain. An empty list means the volumes of the machine.
     void InitializeLater(std::vector<CFileSpec> folders) { fFolders = std::move(folders); }
 
     // Hands out a tile without a block. When no slot is free, files grow by `minimumCount` tiles or
@@ -95,7 +95,7 @@ public:
     // Gives `bytes` back to the system, by eviction where the free blocks don't suffice.
     void MakeRoom(std::uint64_t bytes);
 
-    // Steps aside for another user of memory that is about to take `bytes`.
+    // Gives back as much memory as somebody else is about to take, and a little more.
     void Reserve(std::uint64_t bytes);
 
     // Sets the limit of all block memory and shrinks to it.

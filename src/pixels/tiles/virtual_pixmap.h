@@ -58,7 +58,7 @@ public:
     std::int32_t GetBitOffset(std::int32_t x, std::int32_t y) const override;
     std::int32_t GetByteOffset(std::int32_t x, std::int32_t y) const override;
 
-    // Then all tiles exist. What a tile held stands at another place now.
+    // Makes all tiles that are missing. A tile's pixels belong to another place afterwards.
     void SetSize(std::int32_t width, std::int32_t height) override;
 
     // The tile of a place, as the calls of CVirtualTileArray. Throw std::logic_error for a place
@@ -74,7 +74,7 @@ public:
     CVirtualTile* SetTile(std::int32_t column, std::int32_t row, std::int32_t plane,
                           CVirtualTile* tile);
 
-    // Where a tile stands in the array.
+    // A tile's index in the array.
     std::uint32_t GetTileIndex(std::int32_t column, std::int32_t row, std::int32_t plane) const;
 
     // All tiles, by that index.

@@ -35,7 +35,7 @@ CVirtualTile*& CVirtualTileArray::Place(std::uint32_t index)
     return fTiles[index];
 }
 
-// The heap is going, and the tiles with it.
+// The heap is being destroyed, and the tiles with it.
 void CVirtualTileArray::LoseHeap()
 {
     std::ranges::fill(fTiles, nullptr);
@@ -70,7 +70,7 @@ void CVirtualTileArray::Lock(std::uint32_t index, void*& pointer, bool touch)
     if (tile.fLockCount == CVirtualTile::kMostLocks)
         throw std::logic_error("Warning! (tile.fLockCount < kMostLocks)");
     if (tile.fBlock == nullptr)
-        tile.Load(heap);
+        tile.Load(heap); // counted after it, so that a failure leaves no lock
     ++tile.fLockCount;
     pointer = tile.fBlock->fMemory;
     if (touch)

@@ -13,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// Sets the 32-bit number that is the `index`th behind an entry's name.
+// Sets the 32-bit number that is the `index`th after an entry's name.
 void SetNumber(std::string& entry, std::size_t index, std::uint32_t value)
 {
     for (std::size_t byte = 0; byte < 4; ++byte)
@@ -102,7 +102,7 @@ protected:
 TEST_F(IconStore, FindsPicturesByTag)
 {
     for (const Tag tag : {MakeTag("PNGf"), MakeTag("PICn"), MakeTag("PICr")})
-        EXPECT_EQ(Picture(tag, "Button"), "AAA");
+        EXPECT_EQ(Picture(tag, "Button"), "AAA") << tag;
     EXPECT_EQ(Picture(MakeTag("PIND"), "Button"), "DD");
     EXPECT_EQ(Picture(MakeTag("HICn"), "Button"), "HHHH");
     for (const Tag tag : {MakeTag("PICi"), MakeTag("PICd"), MakeTag("PICx"), MakeTag("PICp"),

@@ -92,6 +92,7 @@ TEST(DualPicture, FallsBackToTheResourcesOfTheModule)
 {
     CDualPicture picture;
     for (const CResourceName& name : {CResourceName("LowOnly"), CResourceName(300)}) {
+        SCOPED_TRACE(name.Text());
         ASSERT_TRUE(picture.LoadPicture(name));
         EXPECT_THAT(Plane(picture.GetPixmap(kDensity_Low), 0), ElementsAre(10, 20, 30));
         EXPECT_EQ(picture.GetPixmap(kDensity_High), nullptr);
@@ -148,7 +149,7 @@ TEST(PictureStates, FillWhatIsMissing)
     CDualPicture faded = states.Get(kPicture_Normal);
     faded.Fade(0.4);
     for (const EPictureState state : {kPicture_Inactive, kPicture_Disabled, kPicture_Disactive})
-        EXPECT_EQ(Alpha(states.Get(state)), Alpha(faded));
+        EXPECT_EQ(Alpha(states.Get(state)), Alpha(faded)) << state;
 }
 
 TEST(PictureStates, FollowTheTheme)

@@ -1,4 +1,4 @@
-// Decoding as the tests want it: from bytes, to samples.
+// Decoding for tests: from bytes to samples.
 #pragma once
 
 #include "foundation/streams/memory_container.h"

@@ -48,7 +48,7 @@ TEST(PNGFailures, HaveTheirMessages)
     const Bytes grey = Header(2, 1, 8, 0), header = Chunk("IHDR", grey),
                 good = File(grey, Deflated({0, 1, 2}));
     Bytes lying = good;
-    lying[33] = 0xFF; // the length of the chunk behind the header
+    lying[33] = 0xFF; // the length of the chunk after the header
     struct {
         const char* defect;
         Bytes file;

@@ -142,8 +142,9 @@ TEST(PNGDecoder, TransfersToAPixmapOfTheHeadersShape)
     decoder.TransferTo(fitting, row);
     EXPECT_EQ(SamplesOf(fitting), (Bytes{1, 2, 3, 4}));
     EXPECT_THROW(decoder.TransferTo(fitting, std::span(row).first(4)), std::logic_error);
-    for (CMemoryPixmap* other : {&flat, &narrow, &deep})
-        EXPECT_THROW(decoder.TransferTo(*other, row), std::logic_error);
+    for (const auto& [words, other] :
+         {std::pair{"a plane less", &flat}, {"too narrow", &narrow}, {"16 bits", &deep}})
+        EXPECT_THROW(decoder.TransferTo(*other, row), std::logic_error) << words;
 }
 
 } // namespace

@@ -30,7 +30,7 @@ struct Picture {
 // the first pixel's colour for a key.
 std::vector<Picture> EveryKind(std::int32_t width, std::int32_t height, std::uint32_t seed);
 
-// The rows as they are compressed, row i behind filter byte filters[i % size] and filtered so; 5
+// The rows as they are compressed, row i after the filter byte filters[i % size], and filtered by it; 5
 // and up filter nothing.
 Bytes FilteredRows(const Picture& picture, const Bytes& filters);
 
@@ -42,7 +42,7 @@ Bytes Chunk(std::string_view type, const Bytes& payload);
 Bytes Deflated(const Bytes& data, int level = 6);
 Bytes Joined(const std::vector<Bytes>& parts);
 
-// A file of a header's payload, the chunks behind it and the end chunk.
+// A file of a header's payload, the chunks after it and the end chunk.
 Bytes FileOf(const Bytes& header, const std::vector<Bytes>& chunks);
 
 // A whole file, its image data in chunks of `pieceBytes`.

@@ -40,6 +40,7 @@ TEST(BlendTable, RoundsTheProductSoThatTheTwoPartsOfAValueAddUpToIt)
     const CBlendTable& table = *CBlendTable::Get();
     for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
         for (std::uint32_t value = 0; value < 256; ++value) {
+            SCOPED_TRACE(testing::Message() << "alpha " << alpha << ", value " << value);
             ASSERT_EQ(table(alpha, value), ((alpha * value + 128) * 257) >> 16);
             ASSERT_EQ(table(alpha, value) + table(255 - alpha, value), static_cast<int>(value));
         }
@@ -185,7 +186,8 @@ TEST(Neighbours, SharpenAndMean)
     EXPECT_EQ(out.At(0, 0), 43);
     for (const int weight : {3, -4}) {
         NeighbourMean(out.View(), source.View(), weight);
-        EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7);
+        EXPECT_EQ(out.At(0, 0), (3 * 50 + 100) / 7)
+            << (weight == -4 ? "nothing is done where the weights cancel" : "a mean");
     }
 }
 

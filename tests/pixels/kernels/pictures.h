@@ -11,6 +11,8 @@
 #include <cstring>
 #include <random>
 #include <span>
+#include <sstream>
+#include <string>
 #include <vector>
 
 namespace Kesto::Testing {
@@ -92,6 +94,15 @@ inline std::vector<std::vector<std::uint8_t>> RowsOf(const CPicture& picture)
     for (std::int32_t y = 0; y < view.height; ++y)
         rows.emplace_back(&picture.At(0, y), &picture.At(0, y) + view.width);
     return rows;
+}
+
+// Words that name a case, with blanks between them.
+template <class... Parts>
+std::string Words(const Parts&... parts)
+{
+    std::ostringstream words;
+    ((words << parts << ' '), ...);
+    return words.str();
 }
 
 // Uses a level of the processor for as long as it lives.

@@ -53,6 +53,7 @@ TYPED_TEST(ScaleTwins, OfRatiosThatMatter)
 TYPED_TEST(ScaleTwins, OfExtremePixels)
 {
     for (const std::uint8_t value : {0, 255}) {
+        SCOPED_TRACE(value == 0 ? "black" : "white");
         const CPicture source(8 * sizeof(TypeParam), 700, 9, 1);
         std::fill(source.Bytes().begin(), source.Bytes().end(), value);
         for (const std::int32_t width : {1, 3, 189, 350, 699, 1050})
@@ -87,7 +88,8 @@ TEST(ScaleLine, IsTheMeanOfWholeAndSharedPixelsOrLiesBetweenThem)
         {{7}, {7, 7}},
     };
     for (const auto& [from, to] : cases)
-        EXPECT_EQ(ScaledLine(from, static_cast<std::int32_t>(to.size())), to);
+        EXPECT_EQ(ScaledLine(from, static_cast<std::int32_t>(to.size())), to)
+            << testing::PrintToString(from);
 }
 
 TEST(ScaleTables, ReductionCoversTheSourceOnce)
@@ -96,6 +98,7 @@ TEST(ScaleTables, ReductionCoversTheSourceOnce)
         for (const std::int32_t target : {1, 2, 3, 37, 99, 999}) {
             if (target >= source)
                 continue;
+            SCOPED_TRACE(Words(source, "to", target));
             float scale = 0;
             const ScaleTable table = MakeReduceTable(target, source, 10, scale);
             EXPECT_EQ(table.front().fFirst, 10);
@@ -112,6 +115,7 @@ TEST(ScaleTables, NeverReadBeyondTheSource)
 {
     for (std::int32_t source = 1; source < 3000; source += 37)
         for (std::int32_t target = 1; target < 4000; target += 41) {
+            SCOPED_TRACE(Words(source, "to", target));
             const ScaledAxis axis(target, source, 0);
             for (const ScaleEntry& entry : axis.table) {
                 ASSERT_GE(entry.fFirst, 0);

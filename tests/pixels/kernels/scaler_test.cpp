@@ -85,7 +85,8 @@ TEST(Walker, EndsWithPixmapsThatShrinkMeanwhileAndKeepsNoLocks)
         for (CPixmap* pixmap :
              {static_cast<CPixmap*>(&paged), static_cast<CPixmap*>(&picture.Pixmap())})
             if (newSize.x < 200)
-                EXPECT_THROW(walk(*pixmap, newSize), std::logic_error);
+                EXPECT_THROW(walk(*pixmap, newSize), std::logic_error)
+                    << (pixmap == &paged ? "paged" : "contiguous");
             else
                 walk(*pixmap, newSize);
         for (std::uint32_t i = 0; i < paged.Tiles().GetCount(); ++i)

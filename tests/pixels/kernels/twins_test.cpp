@@ -19,6 +19,7 @@ using namespace Kesto;
 using namespace Kesto::Kernels;
 using Kesto::Testing::CPicture;
 using Kesto::Testing::CUseLevel;
+using Kesto::Testing::Words;
 
 namespace {
 
@@ -82,23 +83,31 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
     const CPixView a = first.View(1, width, height);
     const CPixView b = second.View(1, width, height);
     const CPixView mask = third.View(1, width, height);
-    const auto expectTwins = [&](const auto& kernel) { ExpectTwins(8, width, height, 4, kernel); };
-    expectTwins([&](const CPixView& out) { AddCapped(out, a, b); });
-    expectTwins([&](const CPixView& out) { SubtractFloored(out, out, b); });
-    expectTwins([&](const CPixView& out) { Copy(out, a); });
-    expectTwins([&](const CPixView& out) { Invert(out, a); });
-    expectTwins([&](const CPixView& out) { Invert(out, out); });
-    expectTwins([&](const CPixView& out) { Blend(out, a, b, mask); });
-    expectTwins([&](const CPixView& out) { Blend(out, a, out, mask); });
-    expectTwins([&](const CPixView& out) { Blend(out, a, out, 100); });
-    expectTwins([&](const CPixView& out) { BlendColour(out, colour, a, mask); });
-    expectTwins([&](const CPixView& out) { BlendColour(out, colour, out, mask); });
-    expectTwins([&](const CPixView& out) { BlendColours(out, colour, below, mask); });
-    expectTwins([&](const CPixView& out) { ApplyMask(out, mask); });
-    expectTwins([&](const CPixView& out) { MapTable(out, a, table); });
-    expectTwins([&](const CPixView& out) { MapTable(out, out, table); });
-    expectTwins([&](const CPixView& out) { HueToRGB(out, a); });
-    expectTwins([&](const CPixView& out) { HueToRGB(out, out); });
+    const auto expectTwins = [&](const char* words, const auto& kernel) {
+        SCOPED_TRACE(words);
+        ExpectTwins(8, width, height, 4, kernel);
+    };
+    expectTwins("AddCapped(out, a, b)", [&](const CPixView& out) { AddCapped(out, a, b); });
+    expectTwins("SubtractFloored(out, out, b)",
+                [&](const CPixView& out) { SubtractFloored(out, out, b); });
+    expectTwins("Copy(out, a)", [&](const CPixView& out) { Copy(out, a); });
+    expectTwins("Invert(out, a)", [&](const CPixView& out) { Invert(out, a); });
+    expectTwins("Invert(out, out)", [&](const CPixView& out) { Invert(out, out); });
+    expectTwins("Blend(out, a, b, mask)", [&](const CPixView& out) { Blend(out, a, b, mask); });
+    expectTwins("Blend(out, a, out, mask)", [&](const CPixView& out) { Blend(out, a, out, mask); });
+    expectTwins("Blend(out, a, out, 100)", [&](const CPixView& out) { Blend(out, a, out, 100); });
+    expectTwins("BlendColour(out, colour, a, mask)",
+                [&](const CPixView& out) { BlendColour(out, colour, a, mask); });
+    expectTwins("BlendColour(out, colour, out, mask)",
+                [&](const CPixView& out) { BlendColour(out, colour, out, mask); });
+    expectTwins("BlendColours(out, colour, below, mask)",
+                [&](const CPixView& out) { BlendColours(out, colour, below, mask); });
+    expectTwins("ApplyMask(out, mask)", [&](const CPixView& out) { ApplyMask(out, mask); });
+    expectTwins("MapTable(out, a, table)", [&](const CPixView& out) { MapTable(out, a, table); });
+    expectTwins("MapTable(out, out, table)",
+                [&](const CPixView& out) { MapTable(out, out, table); });
+    expectTwins("HueToRGB(out, a)", [&](const CPixView& out) { HueToRGB(out, a); });
+    expectTwins("HueToRGB(out, out)", [&](const CPixView& out) { HueToRGB(out, out); });
     for (const PlaneOrder& order :
          {kOrder_BGRA, kOrder_BGRConstant, kOrder_GreyAlpha, kOrder_GreyConstant}) {
         SCOPED_TRACE(testing::PrintToString(order));
@@ -106,16 +115,22 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
                     [&](const CPixView& out) { MergePlanes(out, a, order, 77); });
         ExpectTwins(32, width, height, 1,
                     [&](const CPixView& out) { MergePremultiplied(out, a, order, 77); });
-        expectTwins([&](const CPixView& out) { SplitPlanes(out, merged.View(), order); });
+        expectTwins("SplitPlanes(out, merged.View(), order)",
+                    [&](const CPixView& out) { SplitPlanes(out, merged.View(), order); });
     }
-    expectTwins([&](const CPixView& out) { Mosaic(out, a, {9, 4}, true); });
-    expectTwins([&](const CPixView& out) { Mosaic(out, a, {40, 2}, false); });
-    expectTwins([&](const CPixView& out) {
+    expectTwins("Mosaic(out, a, {9, 4}, true)", [&](const CPixView& out) {
+        Mosaic(out, a, {9, 4}, true);
+    });
+    expectTwins("Mosaic(out, a, {40, 2}, false)", [&](const CPixView& out) {
+        Mosaic(out, a, {40, 2}, false);
+    });
+    expectTwins("AddNoise(out, a, 40, seed)", [&](const CPixView& out) {
         std::uint32_t seed = 12345;
         AddNoise(out, a, 40, seed);
         out.planePointers[0][0] = static_cast<std::uint8_t>(seed >> 16);
     });
-    expectTwins([&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
+    expectTwins("Fill<std::uint8_t>(out, colour)",
+                [&](const CPixView& out) { Fill<std::uint8_t>(out, colour); });
     ExpectTwins(32, width, height, 2, [](const CPixView& out) {
         Fill<std::uint32_t>(out, std::array{0x12345678u, 0xFFu});
         SwapBytes(out, out);
@@ -123,7 +138,7 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
     ExpectTwins(16, width, height, 1, [](const CPixView& out) {
         Fill<std::uint16_t>(out, std::array<std::uint16_t, 1>{0x1234});
     });
-    expectTwins([&](const CPixView& out) {
+    expectTwins("Fill at odd addresses", [&](const CPixView& out) {
         CPixView wide = out; // the same rows as 16-bit pixels at odd addresses
         wide.pixelBits = 16;
         wide.width = width / 2;
@@ -135,19 +150,28 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
 
 TEST_F(AllPairs, OfArithmetic)
 {
-    for (const auto kernel : {AddWrapping, AddCapped, SubtractWrapping, SubtractFloored})
+    for (const auto& [words, kernel] : {std::pair{"AddWrapping", &AddWrapping},
+                                        {"AddCapped", AddCapped},
+                                        {"SubtractWrapping", SubtractWrapping},
+                                        {"SubtractFloored", SubtractFloored}}) {
+        SCOPED_TRACE(words);
         ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { kernel(out, a, b); });
+    }
     ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Invert(out, a); });
-    for (const auto kernel : {ApplyMask, ApplyInvertedMask})
+    for (const auto& [words, kernel] :
+         {std::pair{"ApplyMask", &ApplyMask}, {"ApplyInvertedMask", ApplyInvertedMask}}) {
+        SCOPED_TRACE(words);
         ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
             Copy(out, a);
             kernel(out, b);
         });
+    }
 }
 
 TEST_F(AllPairs, OfBlendingWithEveryAlpha)
 {
     for (std::int32_t alpha = 0; alpha < 256; ++alpha) {
+        SCOPED_TRACE(Words("alpha", alpha));
         const std::uint8_t value = static_cast<std::uint8_t>(alpha);
         const std::array<std::uint8_t, 1> colour = {value};
         ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Blend(out, a, b, value); });
@@ -167,6 +191,7 @@ TEST_F(AllPairs, OfHueWithEveryValue)
     Copy(source.Plane(0), a);
     Copy(source.Plane(1), b);
     for (int value = 0; value < 256; ++value) {
+        SCOPED_TRACE(Words("value", value));
         Fill<std::uint8_t>(source.Plane(2), std::array{static_cast<std::uint8_t>(value)});
         ExpectTwins(8, 256, 256, 3, [&](const CPixView& out) { HueToRGB(out, source.View()); });
     }
@@ -185,8 +210,10 @@ TEST_F(AllPairs, OfPremultiplying)
 
 TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)
 {
-    for (const std::int32_t width : kWidths)
+    for (const std::int32_t width : kWidths) {
+        SCOPED_TRACE(Words("width", width));
         ExpectPixelTwins(width, 5);
+    }
     ExpectPixelTwins(1501, 1433); // 8.2 MiB in four planes
 }
 
@@ -195,6 +222,7 @@ TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)
 TEST(Twins, PlanesWithoutGaps)
 {
     for (const std::int32_t width : {64, 40000}) {
+        SCOPED_TRACE(Words("width", width));
         const CPicture source(8, width, 7, 3, 2), mask(8, width, 7, 1, 4);
         const auto blended = [&](CpuLevel level, std::int32_t rows) {
             const CUseLevel use(level);
@@ -221,18 +249,22 @@ TEST(Twins, MosaicOfTallCells)
     const CPicture mixed(8, 50, 600, 1);
     const CPicture white(8, 50, 600, 1);
     std::fill(white.Bytes().begin(), white.Bytes().end(), std::uint8_t{255});
-    for (const CPixView& source : {mixed.View(), white.View()})
+    for (const auto& [words, source] : {std::pair{"mixed", mixed.View()}, {"white", white.View()}})
         for (const std::int32_t width : {1, 20})
-            for (const std::int32_t height : {257, 258, 600})
+            for (const std::int32_t height : {257, 258, 600}) {
+                SCOPED_TRACE(Words(words, "cells of", width, "by", height));
+                const CPixView& from = source;
                 ExpectTwins(8, 50, 600, 1, [&](const CPixView& out) {
-                    Mosaic(out, source, {width, height}, true);
+                    Mosaic(out, from, {width, height}, true);
                 });
+            }
 }
 
 TEST(Twins, OverlappingRows)
 {
     const std::array<std::uint8_t, 1> colour = {200};
     for (const std::int32_t shift : {-33, -5, -1, 1, 4, 40}) {
+        SCOPED_TRACE(Words("moved by", shift));
         ExpectTwins(8, 200, 3, 1, [&](const CPixView& out) {
             CPixView from = out;
             from.MoveTo({60 + shift, 0, 160 + shift, 3});
@@ -268,12 +300,18 @@ TEST(Twins, BoxesOfManyShapes)
         for (const std::int32_t width : kWidths) {
             const CPicture source(8, width + shape.ExtraColumns(), 12 + shape.ExtraRows(), 2, 5);
             const CPixView from = source.View();
-            for (const bool rounds : {true, false})
+            SCOPED_TRACE(Words("box", shape.fWidth, "by", shape.fHeight, "lean", shape.fLean));
+            for (const bool rounds : {true, false}) {
+                SCOPED_TRACE(Words("BoxMean", rounds ? "rounded" : "cut off"));
                 ExpectTwins(8, width, 12, 2,
                             [&](const CPixView& out) { BoxMean(out, from, shape, rounds); });
-            for (const auto kernel : {Dilate, Erode, BoxRange})
+            }
+            for (const auto& [words, kernel] :
+                 {std::pair{"Dilate", &Dilate}, {"Erode", Erode}, {"BoxRange", BoxRange}}) {
+                SCOPED_TRACE(words);
                 ExpectTwins(8, width, 12, 2,
                             [&](const CPixView& out) { kernel(out, from, shape); });
+            }
         }
     }
 }
@@ -283,6 +321,7 @@ TEST(Twins, WhiteAndBlackBoxes)
     for (const std::int32_t size : {9, 11, 15, 16, 17}) {
         const CPicture source(8, 60 + size, 6 + size, 1);
         for (const int value : {0, 255}) {
+            SCOPED_TRACE(Words("size", size, "value", value));
             std::fill(source.Bytes().begin(), source.Bytes().end(),
                       static_cast<std::uint8_t>(value));
             ExpectTwins(8, 60, 6, 1, [&](const CPixView& out) {
@@ -305,9 +344,12 @@ TEST(Twins, Ranks)
                     for (std::int32_t x = 0; x < from.width; ++x)
                         source.At<std::uint32_t>(x, y) %= 300;
                 for (const std::int32_t rank :
-                     {-1, 0, 1, shape.Area() / 2 + 1, shape.Area(), shape.Area() + 1})
+                     {-1, 0, 1, shape.Area() / 2 + 1, shape.Area(), shape.Area() + 1}) {
+                    SCOPED_TRACE(Words("box", shape.fWidth, "by", shape.fHeight, "levels", levels,
+                                       "rank", rank));
                     ExpectTwins(32, width, 6, 1,
                                 [&](const CPixView& out) { Rank(out, from, shape, rank, counts); });
+                }
             }
         }
     }
@@ -315,9 +357,14 @@ TEST(Twins, Ranks)
 
 TEST(Twins, Neighbours)
 {
+    struct Light {
+        const char* fWords;
+        const std::array<std::int32_t, 256>& fTable;
+        std::int32_t fLevel;
+    };
     std::array<std::int32_t, 256> relief;
     std::array<std::int32_t, 256> huge;
-    std::array<std::int32_t, 256> steep; // as much as 16 bits bear
+    std::array<std::int32_t, 256> steep; // as much as 16 bits hold
     for (std::size_t i = 0; i < 256; ++i) {
         relief[i] = static_cast<std::int32_t>(i) * 3 - 300;
         huge[i] = i == 3 ? -0x7FFFFFFF : 0x7FFFFFFF;
@@ -328,24 +375,36 @@ TEST(Twins, Neighbours)
         const CPicture base(8, width, 5, 2, 8);
         const CPixView from = source.View();
         const CPixView under = base.View();
+        SCOPED_TRACE(Words("width", width));
         for (std::int32_t direction = 0; direction < 8; ++direction) {
-            for (const auto& [table, level] : {std::pair{relief, 128}, {huge, -5}, {steep, 4096}})
+            for (const auto& [words, table, level] :
+                 {Light{"relief", relief, 128}, {"huge", huge, -5}, {"steep", steep, 4096}}) {
+                SCOPED_TRACE(Words("Emboss", words, "direction", direction));
+                const auto& values = table;
+                const std::int32_t lift = level;
                 ExpectTwins(8, width, 5, 2, [&](const CPixView& out) {
-                    Emboss(out, from, table, direction, level);
+                    Emboss(out, from, values, direction, lift);
                 });
+            }
+            SCOPED_TRACE(Words("Emboss on a base, direction", direction));
             ExpectTwins(8, width, 5, 2,
                         [&](const CPixView& out) { Emboss(out, from, relief, direction, under); });
         }
-        for (const std::int32_t weight : {0, 1, 2, 4, 5, 12, 13, 100, 253, 254, 4000, -1, -3, -9})
+        for (const std::int32_t weight : {0, 1, 2, 4, 5, 12, 13, 100, 253, 254, 4000, -1, -3, -9}) {
+            SCOPED_TRACE(Words("NeighbourMean, weight", weight));
             ExpectTwins(8, width, 5, 2,
                         [&](const CPixView& out) { NeighbourMean(out, from, weight); });
-        for (const auto& table :
-             {SharpenTable(1, 1, 0), SharpenTable(1, 2, 0), SharpenTable(77, 256, 0),
-              SharpenTable(-3, 4, 0), SharpenTable(1, 3, 0), SharpenTable(1, 2, 5),
-              SharpenTable(90000, 1, 0), SharpenTable(4000, 256, 0)})
+        }
+        constexpr std::array<std::int32_t, 3> kSlopes[] = {
+            {1, 1, 0}, {1, 2, 0}, {77, 256, 0},  {-3, 4, 0},
+            {1, 3, 0}, {1, 2, 5}, {90000, 1, 0}, {4000, 256, 0}};
+        for (const auto& [numerator, denominator, step] : kSlopes) {
+            SCOPED_TRACE(Words("Sharpen", numerator, "/", denominator, "+", step));
+            const auto table = SharpenTable(numerator, denominator, step);
             ExpectTwins(8, width, 5, 2, [&](const CPixView& out) {
                 Sharpen(out, from, std::span<const std::int32_t, kSharpenLevels>(table));
             });
+        }
     }
 }
 
@@ -354,6 +413,7 @@ TEST(Twins, NoiseOfManyAmounts)
     const CPicture source(8, 203, 40, 1, 6);
     for (const std::int32_t amount : {0, 1, -1, 3, 40, 255, -255, 1000, 10922, 10923, -10922,
                                       100000, 2147483647, -2147483647 - 1}) {
+        SCOPED_TRACE(Words("amount", amount));
         ExpectTwins(8, 203, 40, 1, [&](const CPixView& out) {
             std::uint32_t seed = 99;
             AddNoise(out, source.View(), amount, seed);

@@ -132,8 +132,8 @@ void Widen(const Byte* in, Byte* out, std::size_t n, std::size_t part, std::size
         Store(out + i, Pick()(Pick()(Load(in + i), Load(in + i + middle)), Load(in + i + last)));
 }
 
-// The extremes of windows of `width` pixels along a row: windows grow threefold. The result goes to
-// `out`, which goes on for a whole vector and may be `in`.
+// The extremes of windows of `width` pixels along a row: windows grow threefold. The result is put
+// into `out`, which has room for a whole vector more and may be `in`.
 template <class Pick>
 void AlongRow(const Byte* in, Byte* out, std::size_t n, std::size_t width)
 {
@@ -217,6 +217,8 @@ auto NarrowRowFor(std::size_t width)
     return width < sizeof kRows / sizeof *kRows ? kRows[width] : nullptr;
 }
 
+// Narrow boxes keep their columns in registers, which a row of a few vectors doesn't repay. Others
+// are worked on in scratch, since AlongRow writes past the row's end.
 template <class Pick>
 void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::byte* scratch)
 {
@@ -237,6 +239,7 @@ void BoxExtreme(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::
     }
 }
 
+// Both extremes at once, while the source's rows are in the near caches.
 void BoxRange(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, std::byte* scratch)
 {
     const std::size_t n = static_cast<std::size_t>(out.fWidth);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int32_t kMostPixels = 254; // in a box, so that a count and a rank above it are bytes
 constexpr std::size_t kMostBins = 256;
-constexpr std::size_t kSlack = 64; // behind a row of bytes, for reading whole vectors
+constexpr std::size_t kSlack = 64; // bytes after a row, so that whole vectors can be read
 
 // Bins as bytes, less 128, since vectors compare with a sign.
 void TakeRow(const std::uint32_t* source, Byte* out, std::size_t n, std::uint32_t lastBin)

@@ -87,6 +87,8 @@ std::int32_t Foldable(const ScaleColumns& columns)
     return length;
 }
 
+// The pixels of an entry, eight at most, are read as one number: its first byte is the first pixel,
+// a shift gives the last, a mask what lies between.
 void PlanBytes(const ScaleColumns& columns)
 {
     HeadOf(columns) = {0, Foldable(columns)};
@@ -224,6 +226,7 @@ __m128i MeansOf16(const Byte* from)
     return _mm_packus_epi16(EightMeansOf16(from), EightMeansOf16(from + 4 * kVector));
 }
 
+// Means of kPixels each, halves rounded up, which is what the tables give for a whole ratio.
 template <std::int32_t kPixels, __m128i (*kMeans)(const Byte*)>
 void FoldRow(const Byte* source, Byte* out, std::size_t n)
 {
@@ -410,6 +413,8 @@ __m256d InnerSums(const std::uint32_t* source, const LongGroup& group)
                                     _mm256_permute2x128_si256(low, high, 0x31)));
 }
 
+// 32-bit sums need all the bits of a double: first, inner and last are added in the plain loop's
+// order, or the last bit would differ.
 void ReduceLongs(const std::uint32_t* source, const ScaleColumns& columns, std::uint32_t* out)
 {
     const __m256d scale = _mm256_set1_pd(static_cast<double>(columns.fScale));
