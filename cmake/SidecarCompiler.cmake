@@ -13,8 +13,10 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # Without these sloppinesses it would pass every source by that has a precompiled header.
   set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
 endif()
 
 # -Wrestrict: GCC 12 reports false positives inside std::string concatenation.
@@ -24,6 +26,13 @@ target_compile_options(sidecar_warnings INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wextra-semi>
   $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wduplicated-cond -Wlogical-op -Wsuggest-override
     -Wno-restrict>)
+
+# For sources that run once and wait on nothing: tests, and the command lines of programs. Optimising their templates
+# under the sanitizers takes longer than all that they ever do.
+set(SIDECAR_QUICK_BUILD "")
+if(SIDECAR_TESTS OR SIDECAR_SANITIZE)
+  set(SIDECAR_QUICK_BUILD -O0)
+endif()
 
 if(SIDECAR_SANITIZE)
   add_compile_options(-fsanitize=${SIDECAR_SANITIZE} -fno-omit-frame-pointer)
