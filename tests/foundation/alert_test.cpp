@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <memory>
+
 using namespace Kesto;
 
 namespace {
@@ -19,7 +22,7 @@ std::uint32_t FlagsOf(int buttons, AlertButton defaultButton = AlertButton::kNon
     AlertCapture user;
     ShowAlert(AlertButtons{buttons}, AlertIcon{icon}, AlertModality{modality}, "message", "",
               "title", defaultButton);
-    return user.boxes.at(0).flags;
+    return user.boxes.at(0).Flags();
 }
 
 AlertButton Show(const char* message = "m", const char* explanation = "",
@@ -31,12 +34,12 @@ AlertButton Show(const char* message = "m", const char* explanation = "",
 
 // The text of the box that the reporter shows for a failure; "beep" if it only beeps, "" if it is
 // silent.
-CText Reported(const CException& failure)
+CText TextFor(const CException& failure)
 {
     AlertCapture user;
     CServiceT<CReporter>::Get()->Report(failure);
     EXPECT_LE(user.boxes.size() + static_cast<std::size_t>(user.beeps), 1U);
-    return user.boxes.empty() ? CText(user.beeps != 0 ? "beep" : "") : user.boxes[0].text;
+    return user.boxes.empty() ? CText(user.beeps != 0 ? "beep" : "") : user.boxes[0].Text();
 }
 
 } // namespace
@@ -82,23 +85,47 @@ TEST(Alert, LocalisesItsTextsAndStandsBeforeTheFrontWindowUnlessItIsGivenOne)
     process.frontWindow = front;
     AlertCapture user;
     Show("$$$/Test/Alert/Message=Disk^rfull.", "$$$/Test/Alert/Explanation=Free some space.");
-    EXPECT_EQ(user.boxes.at(0).text, "Disk\rfull.\n\nFree some space.");
+    EXPECT_EQ(user.boxes.at(0).Text(), "Disk\rfull.\n\nFree some space.");
+    EXPECT_EQ(user.boxes[0].message, "Disk\rfull.");
+    EXPECT_EQ(user.boxes[0].explanation, "Free some space.");
     EXPECT_EQ(user.boxes[0].title, "Trouble");
     EXPECT_EQ(user.boxes[0].parent, front);
     Show("message", "$$$/Test/Alert/Nothing", other);
-    EXPECT_EQ(user.boxes.at(1).text, "message") << "the explanation resolves to nothing";
+    EXPECT_EQ(user.boxes.at(1).Text(), "message") << "the explanation resolves to nothing";
     EXPECT_EQ(user.boxes[1].parent, other);
 }
 
-TEST(Alert, ReturnsTheAnswerOfTheYoungestHook)
+TEST(Alert, TellsItsButtonsInTheirOrder)
+{
+    using enum AlertButton;
+    const std::array<AlertButton, 3> rows[] = {
+        {kOK, kNone, kNone},  {kOK, kCancel, kNone},    {kYes, kNo, kNone},
+        {kYes, kNo, kCancel}, {kRetry, kCancel, kNone}, {kAbort, kRetry, kIgnore},
+        {kYes, kNo, kCancel}, {kYes, kNo, kNone},       {kYes, kNo, kCancel},
+        {kOK, kNone, kNone},
+    };
+    AlertBox box;
+    for (int buttons = 0; buttons < 10; ++buttons) {
+        box.buttons = AlertButtons{buttons};
+        EXPECT_EQ(box.Buttons(), rows[buttons]) << buttons;
+    }
+}
+
+TEST(Alert, ReturnsTheAnswerOfTheYoungestHookThatDoesNotPassItOn)
 {
     AlertCapture outer(AlertButton::kYes);
+    auto middle = std::make_unique<AlertCapture>(AlertButton::kRetry);
     {
         AlertCapture inner(AlertButton::kNo);
         EXPECT_EQ(Show(), AlertButton::kNo);
+        middle.reset();
+        EXPECT_EQ(Show(), AlertButton::kNo) << "an older one has ended";
     }
+    const CAlertHook passesOn;
     EXPECT_EQ(Show(), AlertButton::kYes);
+    BeepAlert();
     EXPECT_EQ(outer.boxes.size(), 1U);
+    EXPECT_EQ(outer.beeps, 1);
 }
 
 TEST(Reporter, ShowsTaskAndErrorInAStopAlert)
@@ -107,22 +134,22 @@ TEST(Reporter, ShowsTaskAndErrorInAStopAlert)
     CServiceT<CReporter>::Get()->Report(
         CError("$$$/Test/Reporter/Task=The frame was not read.", "The disk is gone."));
     ASSERT_EQ(user.boxes.size(), 1U);
-    EXPECT_EQ(user.boxes[0].text, "The frame was not read.\n\nThe disk is gone.");
+    EXPECT_EQ(user.boxes[0].Text(), "The frame was not read.\n\nThe disk is gone.");
     EXPECT_EQ(user.boxes[0].title, "Error");
-    EXPECT_EQ(user.boxes[0].flags, 0x12010U);
+    EXPECT_EQ(user.boxes[0].Flags(), 0x12010U);
 }
 
 TEST(Reporter, FindsTheWordsForAFailureOrIsSilent)
 {
     constexpr char kUnknown[] = "The operation could not be completed.";
-    EXPECT_EQ(Reported(CError("The end was reached.")), "The end was reached.");
-    EXPECT_EQ(Reported(CError()), kUnknown);
-    EXPECT_EQ(Reported(CException()), kUnknown) << "a task without an error";
-    EXPECT_EQ(Reported(CError("error", true, true)), "");
-    EXPECT_EQ(Reported(CError("error", true, false)), "");
-    EXPECT_EQ(Reported(CAbort(true)), "");
-    EXPECT_EQ(Reported(CError("error", false, false)), "beep");
+    EXPECT_EQ(TextFor(CError("The end was reached.")), "The end was reached.");
+    EXPECT_EQ(TextFor(CError()), kUnknown);
+    EXPECT_EQ(TextFor(CException()), kUnknown) << "a task without an error";
+    EXPECT_EQ(TextFor(CError("error", true, true)), "");
+    EXPECT_EQ(TextFor(CError("error", true, false)), "");
+    EXPECT_EQ(TextFor(CAbort(true)), "");
+    EXPECT_EQ(TextFor(CError("error", false, false)), "beep");
     AlertCapture user;
     CServiceT<CReporter>::Get()->ReportUnknown();
-    EXPECT_EQ(user.boxes.at(0).text, kUnknown);
+    EXPECT_EQ(user.boxes.at(0).Text(), kUnknown);
 }

@@ -13,7 +13,7 @@ public:
     Kesto::AlertButton Show(const Kesto::AlertBox& box) override
     {
         boxes.push_back(box);
-        texts.emplace_back(box.text.View());
+        texts.emplace_back(box.Text().View());
         return fAnswer;
     }
     void Beep() override { ++beeps; }

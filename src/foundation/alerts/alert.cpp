@@ -14,22 +14,22 @@ constexpr std::uint32_t kSetForeground = 0x10000;
 constexpr std::uint32_t kSecondButton = 0x100;
 constexpr std::uint32_t kThirdButton = 0x200;
 
-// The message box that a set of buttons asks for, and which of them are its second and third.
+// A set of buttons, and the flags of the message box that has them.
 struct ButtonRow {
     std::uint32_t flags;
-    AlertButton second;
-    AlertButton third;
+    std::array<AlertButton, 3> buttons;
 };
 
-constexpr ButtonRow kOK = {0, AlertButton::kNone, AlertButton::kNone};
-constexpr ButtonRow kOKCancel = {1, AlertButton::kCancel, AlertButton::kNone};
-constexpr ButtonRow kAbortRetryIgnore = {2, AlertButton::kRetry, AlertButton::kIgnore};
-constexpr ButtonRow kYesNoCancel = {3, AlertButton::kNo, AlertButton::kCancel};
-constexpr ButtonRow kYesNo = {4, AlertButton::kNo, AlertButton::kNone};
-constexpr ButtonRow kRetryCancel = {5, AlertButton::kCancel, AlertButton::kNone};
+using enum AlertButton;
+constexpr ButtonRow kOnlyOK = {0, {AlertButton::kOK, kNone, kNone}};
+constexpr ButtonRow kOKCancel = {1, {AlertButton::kOK, kCancel, kNone}};
+constexpr ButtonRow kAbortRetryIgnore = {2, {kAbort, kRetry, kIgnore}};
+constexpr ButtonRow kYesNoCancel = {3, {kYes, kNo, kCancel}};
+constexpr ButtonRow kYesNo = {4, {kYes, kNo, kNone}};
+constexpr ButtonRow kRetryCancel = {5, {kRetry, kCancel, kNone}};
 
 // By AlertButtons.
-constexpr std::array kButtonRows = {kOK,          kOKCancel,    kYesNo,
+constexpr std::array kButtonRows = {kOnlyOK,      kOKCancel,    kYesNo,
                                     kYesNoCancel, kRetryCancel, kAbortRetryIgnore,
                                     kYesNoCancel, kYesNo,       kYesNoCancel};
 // By AlertIcon and AlertModality.
@@ -44,14 +44,13 @@ const auto& EntryAt(const Table& table, Index index)
     return table[i < table.size() ? i : 0];
 }
 
-std::uint32_t ButtonFlags(AlertButtons buttons, AlertButton defaultButton)
+std::uint32_t ButtonFlags(const ButtonRow& row, AlertButton defaultButton)
 {
-    const ButtonRow& row = EntryAt(kButtonRows, buttons);
-    if (defaultButton == AlertButton::kNone)
+    if (defaultButton == kNone)
         return row.flags;
-    return row.flags | (defaultButton == row.second  ? kSecondButton
-                        : defaultButton == row.third ? kThirdButton
-                                                     : 0);
+    return row.flags | (defaultButton == row.buttons[1]   ? kSecondButton
+                        : defaultButton == row.buttons[2] ? kThirdButton
+                                                          : 0);
 }
 
 AlertButton ButtonFrom(Platform::BoxAnswer answer)
@@ -78,41 +77,83 @@ AlertButton ButtonFrom(Platform::BoxAnswer answer)
     return AlertButton::kNone;
 }
 
-CAlertHook* gHook = nullptr;
+CAlertHook* gYoungest = nullptr;
+
+AlertButton ShowWith(CAlertHook* hook, const AlertBox& box)
+{
+    if (hook != nullptr)
+        return hook->Show(box);
+    return ButtonFrom(
+        Platform::ShowMessageBox(box.Flags(), box.title.View(), box.Text().View(), box.parent));
+}
+
+void BeepWith(CAlertHook* hook)
+{
+    if (hook != nullptr)
+        hook->Beep();
+    else
+        Platform::PlayAlertSound(kExclamationSound);
+}
 
 } // namespace
+
+std::array<AlertButton, 3> AlertBox::Buttons() const
+{
+    return EntryAt(kButtonRows, buttons).buttons;
+}
+
+std::uint32_t AlertBox::Flags() const
+{
+    return ButtonFlags(EntryAt(kButtonRows, buttons), defaultButton) | EntryAt(kIconFlags, icon) |
+           EntryAt(kModalityFlags, modality) | kSetForeground;
+}
+
+CText AlertBox::Text() const
+{
+    return explanation.IsEmpty() ? message
+                                 : CText::Join({message.View(), "\n\n", explanation.View()});
+}
 
 AlertButton ShowAlert(AlertButtons buttons, AlertIcon icon, AlertModality modality, CText message,
                       CText explanation, CText title, AlertButton defaultButton,
                       Platform::NativeWindow parent)
 {
-    AlertBox box;
-    box.flags = ButtonFlags(buttons, defaultButton) | EntryAt(kIconFlags, icon) |
-                EntryAt(kModalityFlags, modality) | kSetForeground;
-    box.text = Localize(message);
-    if (!Localize(explanation).IsEmpty())
-        box.text = CText::Join({message.View(), "\n\n", explanation.View()});
-    box.title = Localize(title);
-    box.parent = parent != nullptr ? parent : CProcessServices::Current().AlertParent();
-    if (gHook != nullptr)
-        return gHook->Show(box);
-    return ButtonFrom(
-        Platform::ShowMessageBox(box.flags, box.title.View(), box.text.View(), box.parent));
+    const AlertBox box{
+        .buttons = buttons,
+        .icon = icon,
+        .modality = modality,
+        .message = Localize(message),
+        .explanation = Localize(explanation),
+        .title = Localize(title),
+        .defaultButton = defaultButton,
+        .parent = parent != nullptr ? parent : CProcessServices::Current().AlertParent(),
+    };
+    return ShowWith(gYoungest, box);
 }
 
 void BeepAlert()
 {
-    if (gHook != nullptr)
-        gHook->Beep();
-    else
-        Platform::PlayAlertSound(kExclamationSound);
+    BeepWith(gYoungest);
 }
 
-CAlertHook::CAlertHook() : fFormer(std::exchange(gHook, this)) {}
+CAlertHook::CAlertHook() : fOlder(std::exchange(gYoungest, this)) {}
 
 CAlertHook::~CAlertHook()
 {
-    gHook = fFormer;
+    CAlertHook** link = &gYoungest;
+    while (*link != this)
+        link = &(*link)->fOlder;
+    *link = fOlder;
+}
+
+AlertButton CAlertHook::Show(const AlertBox& box)
+{
+    return ShowWith(fOlder, box);
+}
+
+void CAlertHook::Beep()
+{
+    BeepWith(fOlder);
 }
 
 } // namespace Kesto

@@ -1,12 +1,13 @@
 // ShowAlert, the toolkit's one way to put a message box before the user.
 //
-// Called on the user interface's thread only. While a CAlertHook lives, it answers in the user's
-// place.
+// Called on the user interface's thread only. The youngest CAlertHook that lives shows the alert or
+// passes it on; behind all of them is the operating system's message box.
 #pragma once
 
 #include "foundation/base/text.h"
 #include "platform/system/alert.h"
 
+#include <array>
 #include <cstdint>
 
 namespace Kesto {
@@ -32,9 +33,8 @@ enum class AlertModality : int { kApplication = 0, kTask = 1, kSystem = 2 };
 // answer.
 enum class AlertButton : int { kNone = 0, kOK, kCancel, kAbort, kRetry, kIgnore, kYes, kNo };
 
-// Shows the box and returns the button pressed. The texts are localised; `explanation`, when there
-// is one, stands below `message` behind a blank line. Without `parent`, the box stands before the
-// process's front window.
+// Shows the box and returns the button pressed. The texts are localised. Without `parent`, the box
+// is shown in front of the process's front window.
 AlertButton ShowAlert(AlertButtons buttons, AlertIcon icon, AlertModality modality, CText message,
                       CText explanation, CText title,
                       AlertButton defaultButton = AlertButton::kNone,
@@ -43,16 +43,28 @@ AlertButton ShowAlert(AlertButtons buttons, AlertIcon icon, AlertModality modali
 // Sounds the warning that takes an alert's place when a failure isn't worth one.
 void BeepAlert();
 
-// An alert as it goes to the operating system: flags of its message box, resolved texts.
+// An alert that is to be shown: its parts, with their texts resolved.
 struct AlertBox {
-    std::uint32_t flags;
-    CText text;
+    AlertButtons buttons = AlertButtons::kOK;
+    AlertIcon icon = AlertIcon::kNone;
+    AlertModality modality = AlertModality::kApplication;
+    CText message;
+    CText explanation; // may be empty
     CText title;
-    Platform::NativeWindow parent;
+    AlertButton defaultButton = AlertButton::kNone;
+    Platform::NativeWindow parent = nullptr;
+
+    // The buttons from the first to the last; kNone in the places that are left.
+    std::array<AlertButton, 3> Buttons() const;
+
+    // The same for the operating system's message box: its flags, and one text, with the
+    // explanation below the message after a blank line.
+    std::uint32_t Flags() const;
+    CText Text() const;
 };
 
-// While one lives, it gets all alerts and beeps instead of the user; the youngest gets them. For
-// tests, and for hosts that run without a screen.
+// Shows alerts and sounds beeps for as long as it lives, unless there is a younger one: a window of
+// our own, a test that answers in the user's place, a host without a screen.
 class CAlertHook {
 public:
     CAlertHook();
@@ -60,12 +72,13 @@ public:
     CAlertHook& operator=(const CAlertHook&) = delete;
     virtual ~CAlertHook();
 
-    // Returns the button that the user would have pressed.
-    virtual AlertButton Show(const AlertBox& box) = 0;
-    virtual void Beep() = 0;
+    // Returns the button that was pressed. The base passes the alert, or the beep, on to the next
+    // older hook, or the system.
+    virtual AlertButton Show(const AlertBox& box);
+    virtual void Beep();
 
 private:
-    CAlertHook* fFormer;
+    CAlertHook* fOlder;
 };
 
 } // namespace Kesto
