@@ -118,10 +118,12 @@ TEST(Block, TakesMemoryInMultiplesOfItsGranularity)
         {8, {9, 0}, {{16, 0}, {0, 16}}},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message()
+                     << "granularity " << row.granularity << ", last size " << row.sizes.back());
         CNotingBlock block(row.granularity);
         for (const std::size_t size : row.sizes)
             block.SetSize(size);
-        EXPECT_EQ(block.fCalls, row.calls) << row.granularity;
+        EXPECT_EQ(block.fCalls, row.calls);
         EXPECT_EQ(block.GetSize(), row.sizes.back());
         EXPECT_EQ(block.Data() == nullptr, block.GetSize() == 0);
     }
@@ -136,7 +138,7 @@ TEST(Block, KeepsItsBytesAndZeroesWhatItGains)
     EXPECT_THAT(block.Bytes().first(4), Each(std::byte{7}));
     EXPECT_THAT(block.Bytes().subspan(4096), Each(std::byte{0}));
     for (std::size_t tooLarge : {SIZE_MAX, SIZE_MAX - 4095, SIZE_MAX / 2 + 1})
-        EXPECT_THROW(block.SetSize(tooLarge, true), std::bad_alloc);
+        EXPECT_THROW(block.SetSize(tooLarge, true), std::bad_alloc) << tooLarge;
     EXPECT_EQ(block.GetSize(), 8000u);
     EXPECT_THAT(block.Bytes().first(4), Each(std::byte{7}));
     block.Free();
@@ -157,6 +159,7 @@ TEST(Stream, LaysOutEachWidthInBothByteOrdersAndReadsItBack)
          "\x80\0\x80\xFE\xFF\xFF\xFF\0\0\0\0\0\0\0\x80\xFF\xFF\xFF\xFF\x02\0\0\0"sv},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.order == std::endian::big ? "big-endian" : "little-endian");
         CMemoryContainer stream;
         EXPECT_EQ(stream.IsSwapped(), std::endian::native == std::endian::little)
             << "a new stream is big-endian";

@@ -61,7 +61,8 @@ TEST_F(FilePort, RefusesWhatTheSystemRefuses)
     EXPECT_THROW(writable.WriteAt(&byte, 1, UINT64_MAX), CSystemError);
     EXPECT_THROW(writable.SetLength(UINT64_MAX), CSystemError);
     for (const FileMode mode : {FileMode::kRead, FileMode::kUpdate, FileMode::kReplace})
-        EXPECT_THROW(CFilePort(folder.Spec(), mode), CSystemError);
+        EXPECT_THROW(CFilePort(folder.Spec(), mode), CSystemError)
+            << "mode " << static_cast<int>(mode);
     EXPECT_EQ(folder.Get("file"), "abc");
 }
 
@@ -85,7 +86,7 @@ TEST_F(File, IsReplacedAndNothingStaysBeside)
     const CFile file(folder.File("file"));
     for (const char* content : {"first and longer", "second"}) {
         file.ReplaceContents(Bytes(content));
-        EXPECT_EQ(folder.Get("file"), content);
+        EXPECT_EQ(folder.Get("file"), content) << content;
     }
     folder.Put("new", "new");
     CFile(folder.File("new")).MoveOver(folder.File("file"));

@@ -47,7 +47,7 @@ TEST_F(Localizing, GivesTheDefaultOfAnUnknownKeyAndLeavesOtherTextsAlone)
     for (const char* literal : {"$$$", "$$$=", "$$$=default", "$$$/D", "$$$/E="})
         EXPECT_EQ(Localized(literal), "") << literal;
     for (const char* text : {"", "$", "$$", "plain", " $$$/A=B", "$$/A=B"})
-        EXPECT_EQ(Localized(text), text);
+        EXPECT_EQ(Localized(text), text) << text;
     EXPECT_EQ(CServiceT<CStringTable>::Get()->Size(), before + 5)
         << "literals without a key are not kept";
     EXPECT_TRUE(Localized("$$$/A=other").SharesBufferWith(Localized("$$$/A")));
@@ -101,7 +101,7 @@ TEST(Marks, StayWhenUnknown)
 {
     for (const char* text : {"^0^1^2^9", "^a^Z^ ^~", "\\a\\^r\\\u00E9", "^\\n", "^\u00E9^\u2318",
                              "plain", "end^", "end\\"})
-        EXPECT_EQ(Expanded(text), text);
+        EXPECT_EQ(Expanded(text), text) << text;
     EXPECT_EQ(Expanded("^r^"), "\r^");
     EXPECT_EQ(Expanded("^^r"), "^r"); // what comes of a mark begins no other
 }

@@ -62,6 +62,7 @@ TEST_F(Service, IsMadeOnlyWhenAskedFor)
 TEST_F(Service, ShutsDownNewestFirstAndCanBeUsedAgain)
 {
     for (const bool makeAgain : {false, true}) {
+        SCOPED_TRACE(makeAgain ? "one is made again" : "as they were made");
         PartService<'A'>::Get();
         PartService<'B'>::Get();
         PartService<'C'>::Get();

@@ -119,6 +119,7 @@ TEST_F(SettingsStore, KeepsAValueUnderKeyPathAndName)
     const CText name("$$$/SettingsStoreTest/Name=Value");
     EXPECT_FALSE(ReadSettingsData(key, name, "file", fData, true));
     for (const char* text : {"first and longer", "second"}) {
+        SCOPED_TRACE(text);
         Fill(text);
         EXPECT_TRUE(WriteSettingsData(key, name, "file", fData, true));
         fData.SetSize(1);
@@ -148,7 +149,8 @@ TEST(SettingsFolder, HasTheNamesOfItsEdition)
     EXPECT_TRUE(std::filesystem::is_directory(path));
     for (const int level : {2, 1, 0}) {
         EXPECT_EQ(path.filename().string(),
-                  SettingsFolderNames(HostEdition())[static_cast<std::size_t>(level)].View());
+                  SettingsFolderNames(HostEdition())[static_cast<std::size_t>(level)].View())
+            << "level " << level;
         path = path.parent_path();
     }
 }
@@ -194,7 +196,7 @@ TEST_F(SettingsRecord, TellsOfACutFileOnceAndGoesOnWithItsDefaults)
     CSettingsRecord record = Record();
     AlertCapture alerts;
     for (int i = 0; i < 2; ++i)
-        EXPECT_EQ(record.Get().window, WindowState::FromNothing());
+        EXPECT_EQ(record.Get().window, WindowState::FromNothing()) << "call " << i;
     EXPECT_EQ(alerts.boxes.size(), 1U);
     EXPECT_TRUE(record.Save());
     EXPECT_EQ(Record().Get().window, WindowState::FromNothing());

@@ -64,7 +64,7 @@ TEST(ChainedTable, PutsNewEntriesAtTheHeadOfTheirChain)
     std::map<std::uint32_t, std::vector<std::string>> chains;
     for (int i = 0; i < 5000; ++i) {
         const std::string key = "/Key/" + std::to_string(i);
-        EXPECT_TRUE(table.Add(key, i, true));
+        EXPECT_TRUE(table.Add(key, i, true)) << key;
         auto& chain = chains[BucketOf(key)];
         chain.insert(chain.begin(), key);
     }
@@ -72,7 +72,7 @@ TEST(ChainedTable, PutsNewEntriesAtTheHeadOfTheirChain)
         EXPECT_THAT(table.ChainKeys(bucket), testing::ElementsAreArray(chains[bucket])) << bucket;
     EXPECT_EQ(table.Size(), 5000U);
     for (int i = 0; i < 5000; ++i)
-        EXPECT_EQ(*table.Find("/Key/" + std::to_string(i)), i);
+        EXPECT_EQ(*table.Find("/Key/" + std::to_string(i)), i) << i;
 }
 
 TEST(ChainedTable, HoldsKeysOfAnySize)
@@ -80,11 +80,11 @@ TEST(ChainedTable, HoldsKeysOfAnySize)
     CChainedTable<std::size_t> table;
     const std::string longKey(3'000'000, 'k'), keys[] = {"", longKey, "/A", "/AB"};
     for (const std::string& key : keys)
-        EXPECT_TRUE(table.Add(key, key.size(), false));
+        EXPECT_TRUE(table.Add(key, key.size(), false)) << key.size();
     for (const std::string& key : keys)
-        EXPECT_EQ(*table.Find(key), key.size());
+        EXPECT_EQ(*table.Find(key), key.size()) << key.size();
     for (const std::string& key : {std::string("/"), std::string("/B"), longKey.substr(1)})
-        EXPECT_EQ(table.Find(key), nullptr);
+        EXPECT_EQ(table.Find(key), nullptr) << key.size();
 }
 
 TEST(StringTable, LoadsTheStringFilesOfTheProgramInTheirOrder)
@@ -99,6 +99,7 @@ TEST(StringTable, LoadsTheStringFilesOfTheProgramInTheirOrder)
 TEST(StringFile, IsReadInEitherByteOrder)
 {
     for (const bool bigEndian : {true, false}) {
+        SCOPED_TRACE(bigEndian ? "big-endian" : "little-endian");
         const auto bytes = Units(u"\uFEFF\"$$$/A/B=caf\u00E9 \U0001F600\"\r\n", bigEndian);
         CMemoryContainer file; // read from its start, though it stands at its end
         file.Write(bytes.data(), bytes.size());
@@ -163,7 +164,7 @@ TEST(StringFile, ReplacesTheTextsOfEarlierFilesWhenTold)
                                               {u"/A=second", false, "first"},
                                               {u"/A=third", true, "third"}}) {
         ParseStringFile(table, Units(file, true), replace);
-        EXPECT_EQ(TextIn(table, "/A"), text);
+        EXPECT_EQ(TextIn(table, "/A"), text) << (replace ? "told" : "not told");
     }
     EXPECT_EQ(table.Size(), kOwnTexts + 1);
 }

@@ -4,14 +4,21 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <utility>
 #include <vector>
 
 using namespace Kesto;
 
 TEST(Text, IsEmptyWithoutABuffer)
 {
-    for (const CText& text :
-         {CText(), CText(""), CText(static_cast<const char*>(nullptr)), CText(std::string())}) {
+    const std::pair<const char*, CText> rows[] = {
+        {"default", {}},
+        {"of an empty literal", CText("")},
+        {"of null", CText(static_cast<const char*>(nullptr))},
+        {"of an empty string", CText(std::string())},
+    };
+    for (const auto& [what, text] : rows) {
+        SCOPED_TRACE(what);
         EXPECT_TRUE(text.IsEmpty());
         EXPECT_STREQ(text.CStr(), "");
         EXPECT_EQ(text.CharCount(), 0U);
@@ -66,11 +73,12 @@ TEST(Text, TurnsUtf16IntoUtf8AndBack)
         {{0xD800, u'b', 0xDC00, 0xDBFF}, "\xED\xA0\x80\x62\xED\xB0\x80\xED\xAF\xBF", 4},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.bytes);
         const CText text = CText::FromUtf16(row.units);
         EXPECT_STREQ(text.CStr(), row.bytes);
         EXPECT_EQ(CText(row.bytes), text);
-        EXPECT_EQ(text.CharCount(), row.count) << row.bytes;
-        EXPECT_EQ(text.Utf16(), row.units) << row.bytes;
+        EXPECT_EQ(text.CharCount(), row.count);
+        EXPECT_EQ(text.Utf16(), row.units);
     }
 }
 
@@ -92,7 +100,7 @@ TEST(Text, MayCrossThreads)
                 CText copy = original;
                 const CText longer = CText::Join({copy.View(), "!"});
                 copy = longer;
-                ASSERT_EQ(copy.ByteLength(), original.ByteLength() + 1);
+                ASSERT_EQ(copy.ByteLength(), original.ByteLength() + 1) << "round " << round;
             }
         });
     for (std::thread& thread : threads)
@@ -119,9 +127,10 @@ TEST(CharacterEncoding, TakesOneToSixBytes)
         {0x7FFFFFFE, "\xFD\xBF\xBF\xBF\xBF\xBE"},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.value);
         std::string text;
         AppendCharacter(text, row.value);
-        EXPECT_EQ(text, row.bytes) << std::hex << row.value;
+        EXPECT_EQ(text, row.bytes);
         std::string_view rest = text;
         EXPECT_EQ(TakeCharacter(rest), row.value);
         EXPECT_TRUE(rest.empty());
@@ -129,6 +138,6 @@ TEST(CharacterEncoding, TakesOneToSixBytes)
     for (const std::uint32_t value : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) { // above the limit
         std::string text;
         AppendCharacter(text, value);
-        EXPECT_EQ(text, "\xEF\xBF\xBD");
+        EXPECT_EQ(text, "\xEF\xBF\xBD") << value;
     }
 }

@@ -33,7 +33,8 @@ TEST(Resources, AreListedByTypeUnderTheNamesThatFindThem)
 {
     for (const char* type : {"TEXT", "text"})
         EXPECT_THAT(ListModuleResources(type),
-                    testing::ElementsAre("ALPHA.TXT", "BETA.TXT", "#128", "#4000"));
+                    testing::ElementsAre("ALPHA.TXT", "BETA.TXT", "#128", "#4000"))
+            << type;
     EXPECT_THAT(ListModuleResources("NONE"), testing::IsEmpty());
     EXPECT_EQ(Resource("TEXT", "#128"), "the 128th");
 }

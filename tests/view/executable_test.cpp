@@ -181,6 +181,7 @@ TEST_F(Executables, ARefusalClearsTheRequestUpToTheRoot)
     process.Start();
     root.Start();
     for (Node* const refuses : {&root, first}) {
+        SCOPED_TRACE(refuses->name + " refuses");
         root.agrees = refuses != &root;
         first->agrees = refuses != first;
         second.SetDone(true);

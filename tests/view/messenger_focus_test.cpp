@@ -42,28 +42,36 @@ protected:
 
 TEST_F(FocusTest, ARefusalAtAnyDepthStopsTheMoveUnlessItIsForced)
 {
+    // What follows the questions when the move takes place.
+    const std::string moves = "c-B c-T b-T a-T x+T y+T y+B yo yc xo xc wo wc Po Pc ";
     struct Case {
+        const char* what;
         Node* refuses;
         bool force;
-        std::string asked;
+        std::string log;
+        std::string path;
     };
-    const Case cases[] = {{a.get(), false, "a? "},       {b.get(), false, "a? b? "},
-                          {c.get(), false, "a? b? c? "}, {nullptr, false, "a? b? c? "},
-                          {a.get(), true, "a? b? c? "},  {b.get(), true, "a? b? c? "},
-                          {c.get(), true, "a? b? c? "}};
+    const Case cases[] = {
+        {"the top refuses", a.get(), false, "a? ", "Pwabc!"},
+        {"the middle refuses", b.get(), false, "a? b? ", "Pwabc!"},
+        {"the bullseye refuses", c.get(), false, "a? b? c? ", "Pwabc!"},
+        {"nobody refuses", nullptr, false, "a? b? c? " + moves, "Pwxy!"},
+        {"the top refuses in vain", a.get(), true, "a? b? c? " + moves, "Pwxy!"},
+        {"the middle refuses in vain", b.get(), true, "a? b? c? " + moves, "Pwxy!"},
+        {"the bullseye refuses in vain", c.get(), true, "a? b? c? " + moves, "Pwxy!"},
+    };
     for (const Case& row : cases) {
+        SCOPED_TRACE(row.what);
         c->BecomeBullseye(true);
         for (Node* const node : {a.get(), b.get(), c.get()})
             node->fRefuses = node == row.refuses;
         Node::TakeLog();
-        const bool moves = row.force || row.refuses == nullptr;
-        EXPECT_EQ(y.BecomeBullseye(row.force), moves);
-        EXPECT_EQ(Node::TakeLog(),
-                  row.asked +
-                      (moves ? "c-B c-T b-T a-T x+T y+T y+B yo yc xo xc wo wc Po Pc " : ""));
-        EXPECT_EQ(Path(), moves ? "Pwxy!" : "Pwabc!");
-        EXPECT_EQ(CMessenger::GetBullseye(), moves ? &y : c.get());
-        EXPECT_EQ(a->IsTarget(), !moves);
+        EXPECT_EQ(y.BecomeBullseye(row.force), row.path == "Pwxy!");
+        EXPECT_EQ(Node::TakeLog(), row.log);
+        EXPECT_EQ(Path(), row.path);
+        EXPECT_EQ(CMessenger::GetBullseye()->GetID().Name(),
+                  row.path.substr(row.path.size() - 2, 1));
+        EXPECT_EQ(a->IsTarget(), row.path == "Pwabc!");
     }
 }
 
@@ -83,7 +91,8 @@ TEST_F(FocusTest, AContainerLeadsBackToItsLastBullseye)
 {
     ASSERT_TRUE(y.BecomeBullseye(false));
     EXPECT_EQ(a->FindBullseye(), c.get());
-    for (int i = 0; i < 2; ++i) { // the second time it is on the path already
+    for (const char* const what : {"it comes back", "it is on the path already"}) {
+        SCOPED_TRACE(what);
         EXPECT_TRUE(a->BecomeBullseyeIfPossible(false));
         EXPECT_EQ(Path(), "Pwabc!");
     }
@@ -197,7 +206,8 @@ TEST_F(FocusTest, WhoeverLeavesThePathLeavesNothingBehind)
         EXPECT_TRUE(row.leaves->LeavePath());
         EXPECT_EQ(Path(), row.path);
         for (CMessenger* const node : {row.leaves, static_cast<CMessenger*>(c.get())})
-            EXPECT_EQ(node->IsTarget() || node->IsBullseye(), row.leaves == &y && node == c.get());
+            EXPECT_EQ(node->IsTarget() || node->IsBullseye(), row.leaves == &y && node == c.get())
+                << node->GetID().Name();
         EXPECT_NE(row.leaves->ParentMessenger()->TargetMessenger(), row.leaves);
         for (Node* const node : {&w, a.get(), b.get()})
             node->SetCanBullseye(true);

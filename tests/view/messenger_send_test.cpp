@@ -42,6 +42,7 @@ TEST_F(SendTest, TheClassOfAMessageDecidesWhoHandlesIt)
         {&menu, "menu"},  {&key, "key"},   {&command, "cmd"},  {&chosen, "cmd"},  {&plain, "val"},
         {&number, "val"}, {&radio, "val"}, {&scroll, "other"}, {&custom, "other"}};
     for (const auto& [message, family] : cases) {
+        SCOPED_TRACE(typeid(*message).name());
         EXPECT_FALSE(b->Send(*message));
         EXPECT_EQ(Node::TakeLog(), 'b' + family + " a" + family + " P" + family + ' ');
         const std::unique_ptr<CMessage> clone = message->Clone();

@@ -218,7 +218,7 @@ TEST_F(Pump, FourThreadsPostWhileThePumpRunsAndPosts)
     for (std::thread& thread : threads)
         thread.join();
     for (const std::vector<int>& list : seen) {
-        EXPECT_EQ(list.size(), kEach / 2U);
+        EXPECT_EQ(list.size(), kEach / 2U) << "list " << &list - seen.data();
         EXPECT_TRUE(std::is_sorted(list.begin(), list.end()))
             << "one thread's events of one priority keep their order";
     }

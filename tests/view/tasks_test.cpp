@@ -77,6 +77,7 @@ TEST_F(TasksTest, TheOneStepStackTogglesItsStep)
     EXPECT_EQ(deleted, "a");
     EXPECT_EQ(Names(one), "Undo b, Cannot Redo");
     for (const char* const expected : {"a", "ab", "a"}) {
+        SCOPED_TRACE(expected);
         EXPECT_EQ(one.IsToggleUndo(), text == "ab");
         one.Toggle();
         EXPECT_EQ(text, expected);

@@ -6,6 +6,7 @@
 
 namespace Kesto {
 
+// An error without a task becomes the task: the alert's large line is never the empty one.
 void CReporter::Report(const CException& e)
 {
     if (e.IsQuiet())

@@ -48,7 +48,7 @@ private:
     std::size_t Rounded(std::size_t size) const;
 };
 
-// A block with memory of the C heap, on which all three heaps of the toolkit stand.
+// A block with memory of the C heap, which all three heaps of the toolkit use.
 class CHeapBlock : public CBlock {
 public:
     ~CHeapBlock() override { CHeapBlock::Free(); }

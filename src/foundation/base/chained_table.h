@@ -3,7 +3,7 @@
 //
 // A chain is kept as one block of slots, oldest first. A slot holds a digest of its entry's key and
 // where the entry lies, so that a search reads memory in a row and looks at an entry only where the
-// digests agree. An entry lies in an arena with its key behind it, and never moves. The table only
+// digests agree. An entry lies in an arena, followed by its key, and never moves. The table only
 // grows. It has no lock.
 #pragma once
 
@@ -78,7 +78,7 @@ public:
             return replace;
         }
         Chain& chain = fBuckets[place.bucket];
-        chain.emplace_back(); // before the entry is made, so that nothing can fail behind it
+        chain.emplace_back(); // before the entry is made, so that nothing can fail after it
         try {
             chain.back() = {place.tag, MakeEntry(key, std::move(value))};
         } catch (...) {

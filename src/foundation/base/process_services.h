@@ -60,7 +60,7 @@ public:
     virtual bool UsesOwnStringsOnly();
     bool HasOwnStringsOnly();
 
-    // The window that an alert stands before when its caller names none; null for none.
+    // The window that an alert is shown in front of when its caller names none; null for none.
     virtual Platform::NativeWindow AlertParent();
 
     // True on the thread that started the process; in the base, on the thread that first asked.

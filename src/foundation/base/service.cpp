@@ -8,7 +8,7 @@ namespace {
 CService* gNewest = nullptr;
 
 // Ends the services that are left when the program exits or the module is unloaded. It is made with
-// the first service, so that it goes before the static objects that services may rely on.
+// the first service, so that it ends before the static objects that services may rely on.
 struct ServicesEnd {
     ~ServicesEnd() { ShutdownServices(); }
 };

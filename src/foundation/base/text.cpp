@@ -48,6 +48,8 @@ CText CText::Join(std::initializer_list<std::string_view> parts)
     return text;
 }
 
+// Most texts are ASCII, where each unit is a byte; others are measured first, so that there is one
+// allocation either way.
 CText CText::FromUtf16(std::u16string_view utf16)
 {
     const bool isAscii = std::ranges::all_of(utf16, [](char16_t unit) { return unit < 0x80; });

@@ -19,11 +19,11 @@
 
 namespace Kesto {
 
-// The shared record. Its bytes lie behind it in the same allocation.
+// The shared record. Its bytes follow it in the same allocation.
 class CTextBuffer {
 public:
-    // A record with one reference and `byteLength` bytes to be written, the terminating zero behind
-    // them in place.
+    // A record with one reference and `byteLength` bytes to be written. The terminating zero after
+    // them is in place.
     static CTextBuffer* Make(std::size_t byteLength);
 
     CTextBuffer(const CTextBuffer&) = delete;
@@ -47,7 +47,7 @@ public:
     static void operator delete(void* record) { ::operator delete(record); }
 
 private:
-    // Bytes to allocate behind the record.
+    // Bytes to allocate after the record.
     struct Room {
         std::size_t bytes;
     };
@@ -94,7 +94,7 @@ public:
         return *this;
     }
 
-    // All parts one behind the other, in one allocation.
+    // All parts one after the other, in one allocation.
     static CText Join(std::initializer_list<std::string_view> parts);
 
     // Lone surrogates keep their value as characters of three bytes.
@@ -105,7 +105,7 @@ public:
     std::uint32_t ByteLength() const { return fBuffer == nullptr ? 0 : fBuffer->ByteLength(); }
     std::uint32_t CharCount() const { return fBuffer == nullptr ? 0 : fBuffer->CharCount(); }
 
-    // Valid until the last text that shares the buffer is changed or gone. Never null.
+    // Valid until the last text that shares the buffer is changed or destroyed. Never null.
     const char* CStr() const { return fBuffer == nullptr ? "" : fBuffer->Bytes(); }
     std::string_view View() const { return {CStr(), ByteLength()}; }
 

@@ -24,6 +24,7 @@ CText Translate(const CText& literal, std::size_t equals)
 
 } // namespace
 
+// What is found once is kept in the table, since a process may ask its host for the translation.
 CText& Localize(CText& text)
 {
     const std::string_view literal = text.View();

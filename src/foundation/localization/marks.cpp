@@ -87,6 +87,7 @@ void TakeMark(std::string_view& rest, std::string& out)
 
 } // namespace
 
+// A mark needs a second character: a caret or backslash at the very end stays.
 void ExpandMarks(CText& text)
 {
     std::string_view rest = text.View();

@@ -6,14 +6,14 @@
 
 namespace Kesto {
 
-// Expands the caret and backslash marks of `text` in place. Marks that are unknown stay, and with
-// them "^0" to "^9". For those who bring texts in (string files, defaults of literals), once for
-// each text.
+// Expands the caret and backslash marks of `text` in place. Unknown marks stay, and so do "^0" to
+// "^9". Called once for each text, where it enters the program: from a string file, or from the
+// default of a literal.
 void ExpandMarks(CText& text);
 
-// Replaces the first "^" with the digits of `index` by the localised `value`; a text without it
-// stays. The template is localised before its arguments are put in, so that a translation may order
-// them as it likes. A value may bring an argument mark of its own, which the next call meets.
+// Replaces the first argument mark with the number `index` ("^0" for 0) by the localised `value`; a
+// text without it stays. Callers localise the text first, so that a translation may order the
+// arguments as it likes. A mark within a value counts for the next call.
 void ReplaceArgument(CText& text, unsigned index, const CText& value);
 
 } // namespace Kesto

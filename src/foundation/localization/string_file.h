@@ -1,12 +1,14 @@
 // String files, which bring translations: UTF-16 text with a line "$$$/Key=value" for each, the
 // quotes optional.
 //
-//     0  byte-order mark: FE FF big-endian, FF FE little-endian; without one the file is big-endian
-//     from its first byte 2  16-bit units; CR and LF end a line
+//     byte 0   byte-order mark: FE FF big-endian, FF FE little-endian
+//     byte 2   16-bit units; CR and LF end a line
 //
-// Quotes and dollar signs before a key are no part of it; a key of less than two bytes makes the
-// line a comment. In a value, a backslash keeps the unit behind it as it is, and one quote at its
-// end is dropped; its marks are expanded.
+// Without the mark the file is big-endian, and its units begin at byte 0.
+//
+// Quotes and dollar signs before a key are not part of it; a key of less than two bytes makes the
+// line a comment. In a value, a backslash keeps the next unit as it is, and one quote at the end is
+// dropped; then its marks are expanded.
 #pragma once
 
 #include "foundation/localization/string_table.h"

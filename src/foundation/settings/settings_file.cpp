@@ -94,6 +94,8 @@ bool FindByteOrder(CStream& file)
 
 } // namespace
 
+// Each chunk is found by the sizes of those before it, so that a reader may leave a part unread and
+// chunks of later versions are passed over.
 void SettingsFileLoad(PluginSettings& settings, CContainer& file)
 {
     file.Seek(0);

@@ -45,7 +45,7 @@ public:
     // Returns when all is on the disk.
     void Flush() const;
 
-    // Closes the file before the port goes, so that late failures are told. Nothing else may be
+    // Closes the file before the port is destroyed, so that late failures are told. Nothing else may be
     // called then.
     void Close();
 
@@ -70,11 +70,12 @@ public:
 
     void Delete() const;
 
-    // Renames the file to a place on the same volume, over the file that may stand there.
+    // Renames the file to a place on the same volume, over a file that is there already.
     void MoveOver(const CFileSpec& target) const;
 
     // Makes `bytes` all that the file holds, in one step: until it is done, and for good if it
-    // fails, there is the old file. Creates the file, but no folder.
+    // fails, there is the old file. Only in a folder that takes no new files is an existing one
+    // written in place. Permissions and symbolic links stay. Creates the file, but no folder.
     void ReplaceContents(std::span<const std::byte> bytes) const;
 
 private:

@@ -61,6 +61,8 @@ void AppendCharacter(std::string& text, std::uint32_t value)
     text.append(bytes.data(), EncodeCharacter(value, bytes.data()));
 }
 
+// A sequence that is cut short or longer than it need be costs one byte: what follows the lead may
+// be the beginning of a good character.
 std::uint32_t TakeCharacter(std::string_view& utf8)
 {
     const auto lead = static_cast<unsigned char>(utf8.front());
@@ -88,6 +90,7 @@ std::uint32_t TakeCharacter(std::u16string_view& utf16)
     return value;
 }
 
+// UTF-8 of up to six bytes holds values that surrogate pairs can't.
 std::u16string ToUtf16(std::string_view utf8)
 {
     std::u16string units;

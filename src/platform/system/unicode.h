@@ -15,7 +15,7 @@ namespace Platform {
 
 inline constexpr std::uint32_t kReplacementCharacter = 0xFFFD;
 
-// The largest value that has an encoding; above it stands the replacement character.
+// The largest value that has an encoding; a larger one becomes the replacement character.
 inline constexpr std::uint32_t kMaximumCharacter = 0x7FFFFFFE;
 
 // Bytes that EncodeCharacter makes of `value`: 1 to 6.

@@ -39,6 +39,7 @@ CMouseEvent CMouseEvent::AtCursor()
     return event;
 }
 
+// Only messages of the mouse name the window under it; others name the one that they are for.
 CMouseEvent CMouseEvent::Of(const Platform::QueuedMessage& message)
 {
     CMouseEvent event;

@@ -19,6 +19,7 @@ void AppendWords(std::string& line, const Words&... words)
 
 } // namespace
 
+// Control is the command key of this system, and so sets both bits.
 std::uint32_t ReadModifiers(KeyMoment keys)
 {
     using Platform::IsKeyDown;

@@ -22,10 +22,10 @@ class CMessenger;
 
 using Platform::KeyMoment;
 
-// The constructors read which modifiers are down, at the moment that `keys` names, and the time.
-// The modifiers of the keyboard at a moment, as bits of CMessage::fModifiers.
+// The modifier keys that are down at a moment, as bits of CMessage::fModifiers.
 std::uint32_t ReadModifiers(KeyMoment moment);
 
+// The constructors of messages read the time, and the modifier keys at the moment `keys`.
 class CMessage {
 public:
     // Bits of fModifiers.

@@ -15,7 +15,7 @@ public:
     };
 
     // Queues a clone of `message` with the current process and returns the event, which the queue
-    // owns: a name, not to be looked into, since it may be gone already. Returns null and queues
+    // owns: a name, not to be looked into, since it may be deleted already. Returns null and queues
     // nothing for kMessenger with a null `to`, and without a process. May be called from any
     // thread.
     static const CMessageEvent* Post(const CMessage& message, CMessenger* to,

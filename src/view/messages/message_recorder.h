@@ -5,8 +5,8 @@
 //   PDialog(Project/Dialog)
 //
 // A line names the message's class and id, what it carries, whom it was sent to, and who ate it
-// after how many levels up. What a handler sends itself stands before the line of its cause, two
-// blanks further in. Off, it costs a test of one flag for each level.
+// after how many levels up. What a handler sends itself is told before the line of its cause, two
+// blanks further in. When it is off, it costs a test of one flag for each level.
 #pragma once
 
 #include <functional>
@@ -45,8 +45,7 @@ public:
     private:
         std::string Outcome() const;
 
-        static Step* gClimb; // the first step of the climb that is under way; others that wait for
-                             // it lie behind
+        static Step* gClimb; // first step of the climb under way, which leads to those that wait
 
         const CMessage* fMessage;
         Step* fFirst; // of the same climb; this one keeps the fields below

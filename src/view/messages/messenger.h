@@ -2,8 +2,8 @@
 //
 // Messengers form a tree by their parents, with the process at the top. One path through it, linked
 // by the targets, leads from the top to the bullseye, the single messenger that gets the keys; all
-// on the path are targets. A target link also stays behind when the path has moved on: it is where
-// a container leads back to its last bullseye. A message starts at one messenger and climbs by the
+// on the path are targets. A target link is kept when the path has moved on: by it a container
+// leads back to its last bullseye. A message starts at one messenger and climbs by the
 // parents until a handler eats it.
 //
 // Focus moves only after those who lose it have been asked to surrender, top down, each before its

@@ -55,6 +55,7 @@ bool CMessenger::IsBullseye() const
     return HasFocusFlag(kIsBullseye);
 }
 
+// The ability is cleared before the focus is moved, so that the way up doesn't lead back here.
 void CMessenger::SetCanTarget(bool on)
 {
     if (HasFocusFlag(kCanTarget) == on)
@@ -130,6 +131,8 @@ bool CMessenger::BecomeBullseyeIfPossible(bool force)
     return found != nullptr && (found != this || CanBullseye()) && found->BecomeBullseye(force);
 }
 
+// What leads on from here resigns before the path above is moved: a refusal below must leave that
+// as it is.
 bool CMessenger::BecomeBullseye(bool force)
 {
     if (!CanBullseye())
@@ -216,6 +219,8 @@ void CMessenger::SetTarget(bool on)
     }
 }
 
+// The keyboard is here before DidBecomeBullseye is called, and gone before DidLoseBullseye is: a
+// hook that asks for the bullseye finds the new state.
 void CMessenger::SetBullseye(bool on)
 {
     if (on) {

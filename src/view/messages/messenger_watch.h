@@ -1,8 +1,8 @@
 // CMessengerWatch, which tells a function on the stack that a messenger died while foreign code
 // ran.
 //
-// Watches are made and gone in the order of the stack, on the thread of the messengers. Those that
-// stand form a list.
+// Watches are made and destroyed in the order of the stack, on the thread of the messengers. Those
+// that live form a list.
 #pragma once
 
 #include "view/messages/messenger.h"
@@ -33,7 +33,7 @@ public:
 private:
     static inline CMessengerWatch* gNewest = nullptr;
 
-    CMessenger* fMessenger; // once it is gone, the nearest above it
+    CMessenger* fMessenger; // after its death the nearest above it
     CMessage* fMessage;
     CMessengerWatch* fBefore;
     bool fGone = false;

@@ -71,7 +71,7 @@ void CDesktop::EndModal()
         ReactivateFloats();
 }
 
-// Windows may come, go and change places during a visit; only those that are still here get theirs.
+// Windows may open, close and change places during a visit; one that has closed is left out.
 template <class Visit>
 void CDesktop::VisitAll(Visit visit)
 {

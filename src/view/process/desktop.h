@@ -21,7 +21,7 @@ public:
     virtual Platform::NativeWindow NativeHandle() const = 0;
 
     virtual bool IsFloat() const { return false; } // a palette over the others
-    virtual bool IsPopup() const { return false; } // goes when something else is clicked
+    virtual bool IsPopup() const { return false; } // closes when something else is clicked
     virtual bool TakesClicks() const { return true; }
 
     // Paints what waits to be painted.
@@ -33,8 +33,8 @@ public:
     // The popup has been clicked away. It may die in this call.
     virtual void ClosePopup() {}
 
-    // The mouse is over the window, or any more no longer; for the pointer's shape and what is hot
-    // below it.
+    // The mouse has moved over the window, and has left it. The window sets the pointer's shape and
+    // highlights what is under it.
     virtual void MouseOver(const CMouseEvent&) {}
     virtual void MouseGone() {}
 
@@ -80,7 +80,7 @@ public:
     // did, since a modal window is up and no window that takes clicks was hit.
     bool ClickAway(Platform::PixelPoint point);
 
-    // The mouse is where the event says; it counts for no window.
+    // The mouse is where the event says, and the window there hears of it; no window has the mouse.
     void MouseMoved(const CMouseEvent& event);
     void ResetMouse();
 

@@ -18,7 +18,7 @@ CEventList::~CEventList()
     Clear();
 }
 
-// One by one, since events that own each other would go in as many calls deep.
+// One by one, since events that own each other would be destroyed in as many nested calls.
 void CEventList::Clear()
 {
     while (TakeTop() != nullptr) {
@@ -70,6 +70,7 @@ void CEventList::NoteWhetherEmpty(std::size_t index)
         fFilled[index / kWordBits] &= ~(std::uint64_t(1) << (index % kWordBits));
 }
 
+// The newest of each queue is found again on the way, since it may be among the dead.
 void CEventList::ForgetMessenger(CMessenger* messenger, CEventList& dead)
 {
     for (std::size_t index = kPriorities; index-- > 0;) {

@@ -33,8 +33,8 @@ public:
     // Takes that event out; null if there is none.
     std::unique_ptr<CProcessEvent> TakeTop();
 
-    // Tells every event, in the order of their turns, that a messenger is gone, and moves those
-    // that are dead then to `dead`.
+    // Tells every event, in the order of their turns, that a messenger dies, and moves those that
+    // are dead then to `dead`.
     void ForgetMessenger(CMessenger* messenger, CEventList& dead);
 
 private:

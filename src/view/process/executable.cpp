@@ -13,8 +13,8 @@ CExecutable* gCurrent = nullptr;
 
 } // namespace
 
-// The scope of a run loop. When the outermost one ends, a request to quit that came meanwhile goes
-// back to where the host will find it.
+// The scope of a run loop. When the outermost one ends, a request to quit that came meanwhile is
+// put back into the queue, where the host will find it.
 class CExecutable::CRunning {
 public:
     explicit CRunning(CExecutable* executable) : fBefore(std::exchange(gCurrent, executable)) {}
@@ -32,7 +32,7 @@ private:
     CExecutable* fBefore;
 };
 
-// A visit of the children from the last to the first, which keeps its place when some go.
+// A visit of the children from the last to the first, which keeps its place when some leave.
 class CExecutable::CVisit {
 public:
     explicit CVisit(CExecutable& parent)
@@ -190,6 +190,7 @@ void CExecutable::VisitChildrenBackward(Visit visit)
         visit(child);
 }
 
+// Whether a child is to be deleted is noted before it stops: it may be gone after that.
 void CExecutable::Stop()
 {
     const CMessengerWatch watch(this);
@@ -246,6 +247,8 @@ void CExecutable::PollChildren(bool& force)
 
 void CExecutable::ChildStopped(CExecutable* /*child*/) {}
 
+// Only a request that CanFinish was asked about is taken back: one that comes from a child's poll
+// stays for the next turn.
 bool CExecutable::Poll(bool& force)
 {
     if (!IsStarted())
@@ -293,6 +296,7 @@ bool CExecutable::CanRun() const
     return IsStarted();
 }
 
+// The process is asked for in each turn, since it may end below the loop.
 void CExecutable::RunLoop()
 {
     const CRunning running(this);
@@ -316,6 +320,8 @@ void CExecutable::RunLoop()
 
 void CExecutable::AfterRun() {}
 
+// Stopping gives back what starting took (modal count, disabled owner), also when an exception
+// leaves the loop.
 std::int32_t CExecutable::Run()
 {
     const CMessengerWatch watch(this);

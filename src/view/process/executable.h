@@ -65,8 +65,8 @@ public:
     // Whether it may end now. An answer of false keeps it running.
     virtual bool CanFinish();
 
-    // Polls the children, the last one first; what has gone is taken leave of. A child that refuses
-    // to end clears `force`.
+    // Polls the children, the last one first, and calls ChildStopped for each that has stopped in
+    // its poll. A child that refuses to end clears `force`.
     virtual void PollChildren(bool& force);
 
     // A child that ran has stopped. It still lives.
@@ -81,7 +81,7 @@ public:
     // runs, for people.
     virtual void ReportChildren(std::string& lines, int depth) const;
 
-    // Tells the children that the application comes to the front or goes.
+    // Tells the children that the application comes to the front, or leaves it.
     virtual void PropagateActive(bool active);
 
     // Whether a loop has anything to wait for after the start.

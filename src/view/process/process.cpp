@@ -130,7 +130,7 @@ void CProcess::DispatchTopEvent()
         event->Dispatch();
 }
 
-// The dead go without the lock, since their ends are not the queue's code.
+// Dead events are destroyed after the lock is released, since their destructors are foreign code.
 void CProcess::ForgetMessenger(CMessenger* messenger)
 {
     CEventList dead;

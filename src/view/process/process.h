@@ -35,7 +35,7 @@ public:
     static constexpr std::uint32_t kEvent_NoIdle = 1U << 1;  // no turns for idlers
     static constexpr std::uint32_t kEvent_NoMouse = 1U << 2; // no view is under the mouse
 
-    // What Pressure tells before any pen has, and for a pen that doesn't press.
+    // What Pressure returns before a pen has reported, and while the pen doesn't press.
     static constexpr float kNoPen = -2.0F;
     static constexpr float kNoPressure = -1.0F;
 
@@ -61,10 +61,11 @@ public:
     void Start() override;
     void Stop() override;
 
-    // One turn of the pump. The event that is next goes first if it is urgent, or as old as the
-    // message that is pending, or if nothing is pending; else a message is fetched, waiting for one
-    // if there is nothing else to do, and handed to its window. True: something was dealt with.
-    // False: all was quiet, and idlers and timers had their turns.
+    // One turn of the pump. The next event is dispatched if its priority is above 0, if no message
+    // is pending, or if its priority is 0 and it isn't younger than the pending message. Otherwise
+    // a message is fetched and handed to its window; the call waits for one if there is nothing
+    // else to do. True: something was dealt with. False: all was quiet, and idlers and timers had
+    // their turns.
     virtual bool GetNextEvent(std::uint32_t flags);
 
     // One turn of the pump for a tracker, which sees mouse, keys, paints and timers only, and never

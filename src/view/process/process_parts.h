@@ -1,4 +1,5 @@
-// Parts that a process may have. Their classes lie above; the process knows this much of them.
+// Parts that a process may have, as interfaces: the process makes them and uses no more of them
+// than this. The classes that implement them are in higher layers.
 #pragma once
 
 #include "view/messages/messenger.h"

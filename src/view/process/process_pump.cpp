@@ -76,6 +76,7 @@ std::uint32_t CharacterOf(std::uint32_t keyCode)
 
 } // namespace
 
+// What decides the turn is copied from the event: the mouse's path may run code that deletes it.
 bool CProcess::GetNextEvent(std::uint32_t flags)
 {
     std::optional<Turn> turn;
@@ -129,6 +130,8 @@ std::optional<QueuedMessage> CProcess::Fetch(std::uint32_t flags)
     return Platform::PeekQueue(Peek::kRemove);
 }
 
+// Whoever is asked earlier may eat what the later ones would see: popups before key commands, those
+// before the menu bar, and the window last.
 bool CProcess::Deliver(QueuedMessage message, std::uint32_t flags)
 {
     CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
@@ -187,6 +190,7 @@ void* CProcess::GetAccelerators(Platform::NativeWindow& /*window*/)
     return nullptr;
 }
 
+// A pen that hovers reports the pressure 0, which is no pressure at all rather than a light one.
 void CProcess::NotePen(const QueuedMessage& message)
 {
     if (message.number != kPenMoved)

@@ -59,6 +59,7 @@ bool ShowTheMouse(CTracker& tracker, const std::optional<QueuedMessage>& message
 
 } // namespace
 
+// The release stays in the queue: it is for the window, which saw the press.
 bool CProcess::PumpTracker(CTracker& tracker)
 {
     const bool isHeld = Platform::IsKeyDown(tracker.DeviceButton(), Platform::KeyMoment::kNow);

@@ -1,9 +1,9 @@
 // CTimer, something that fires again and again while it runs, whenever its period has passed and
 // the pump turns.
 //
-// A timer has one of the system's behind it, whose messages fire it. If the system has none left,
-// the pump fires it at the end of a turn. A period that passes several times before the pump gets
-// to it counts once. All on the thread of the user interface; a timer may be stopped, started again
+// Each timer arms one of the system's, whose messages fire it. If the system has none left, the
+// pump fires the timer at the end of a turn. A period that passes several times before the pump
+// gets to it counts once. All on the thread of the user interface; a timer may be stopped, started again
 // or deleted while it fires.
 #pragma once
 

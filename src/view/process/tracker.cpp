@@ -22,6 +22,7 @@ CTracker::~CTracker()
         }
 }
 
+// An exception out of a turn also makes the tracker before it the active one again.
 void CTracker::Run(CProcess& process)
 {
     struct Activate {

@@ -1,4 +1,4 @@
-// CWalkedList, a list whose members may come and go while it is walked.
+// CWalkedList, a list whose members may join and leave while it is walked.
 //
 // A walk visits each member that is in the list from its beginning to its turn, once. What leaves
 // is passed over, and what joins meanwhile, or joins again, waits for the next walk. Walks may

@@ -10,7 +10,7 @@ namespace Kesto {
 
 class CTask : public CLink<CTask> {
 public:
-    // `done`: the work stands already, and the task came to undo it.
+    // `done`: the work is done already, and the task is there to undo it.
     explicit CTask(bool done = false) : fFlags(done ? kDone : 0) {}
     virtual ~CTask() = default;
 

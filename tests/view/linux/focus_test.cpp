@@ -56,6 +56,7 @@ TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
     for (const auto& [key, bits] : cases)
         for (const std::uint32_t number : {Platform::Number::kKeyDown, Platform::Number::kKeyUp}) {
             const bool down = number == Platform::Number::kKeyDown;
+            SCOPED_TRACE(testing::Message() << "modifier " << bits << (down ? " down" : " up"));
             inject(key, number);
             EXPECT_EQ(modifiers(KeyMoment::kNow), down ? bits : 0);
             EXPECT_EQ(modifiers(KeyMoment::kLastMessage), down ? 0 : bits);
@@ -68,7 +69,7 @@ TEST(ModifiersTest, AreThoseOfTheMessageInHandOrOfNow)
             inject(Platform::Key::kCapsLock, number);
             take();
         }
-        EXPECT_EQ(modifiers(KeyMoment::kNow), bits);
+        EXPECT_EQ(modifiers(KeyMoment::kNow), bits) << "after a press of Caps Lock";
     }
 }
 

@@ -77,7 +77,8 @@ TEST_F(MessageQueue, PeeksByRangeAndLeavesOrRemoves)
     Inject(kKeyDown, 1);
     Inject(kLeftDown, 7);
     for (const Peek peek : {Peek::kLeave, Peek::kRemove})
-        EXPECT_EQ(PeekQueue(peek, {kMouseFirst, kMouseLast})->time, 7U);
+        EXPECT_EQ(PeekQueue(peek, {kMouseFirst, kMouseLast})->time, 7U)
+            << (peek == Peek::kLeave ? "left" : "removed");
     EXPECT_EQ(PeekQueue(Peek::kRemove, {kMouseFirst, kMouseLast}), std::nullopt);
     EXPECT_THAT(Drain(), ElementsAre(kUser, kKeyDown));
 }

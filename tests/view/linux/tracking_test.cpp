@@ -88,7 +88,7 @@ TEST_F(Input, ATrackerSeesMouseAndKeysByAgeBeforePaintsAndTimers)
     Platform::PostToQueue(window.Handle(), kUser);
     process.PostMark(0, 1);
     for (int turn = 0; turn < 2; ++turn)
-        EXPECT_TRUE(process.PumpTracker(tracker));
+        EXPECT_TRUE(process.PumpTracker(tracker)) << "turn " << turn;
     EXPECT_THAT(window.received, ElementsAre(kKeyDown, kMouseMove));
     EXPECT_EQ(tracker.idles, 0);
     EXPECT_FALSE(process.PumpTracker(tracker));
@@ -160,7 +160,7 @@ TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
         Platform::InjectPen(3, {{0, 0, 1, raw}});
         Inject(kPenMoved, 1, 0, 3);
         process.PumpQuiet();
-        EXPECT_FLOAT_EQ(process.Pressure(), pressure);
+        EXPECT_FLOAT_EQ(process.Pressure(), pressure) << "of " << raw;
     }
     Inject(kPenMoved, 1, 0, 4);
     process.PumpQuiet();
@@ -225,6 +225,7 @@ protected:
 TEST_F(Desktop, AClickOutsideClosesPopupsAndGoesOn)
 {
     struct Case {
+        const char* what;
         bool modal;
         bool leftTakesClicks;
         Place* at;
@@ -232,11 +233,11 @@ TEST_F(Desktop, AClickOutsideClosesPopupsAndGoesOn)
         std::vector<std::string> log;
     };
     const Case cases[] = {
-        {false, true, &left, 10, {"right closed", "left clicked"}},
-        {false, true, &right, 150, {"right clicked"}},
-        {false, true, nullptr, 900, {"right closed"}},
-        {true, true, &left, 10, {"right closed", "left clicked"}},
-        {true, false, &left, 10, {"right closed"}},
+        {"beside the popup", false, true, &left, 10, {"right closed", "left clicked"}},
+        {"on the popup", false, true, &right, 150, {"right clicked"}},
+        {"on no window", false, true, nullptr, 900, {"right closed"}},
+        {"on a modal window", true, true, &left, 10, {"right closed", "left clicked"}},
+        {"on a window below a modal one", true, false, &left, 10, {"right closed"}},
     };
     for (const Case& one : cases) {
         right.isPopup = true;
@@ -245,7 +246,7 @@ TEST_F(Desktop, AClickOutsideClosesPopupsAndGoesOn)
             desktop.BeginModal();
         log.clear();
         Press(one.at, one.x);
-        EXPECT_EQ(log, one.log);
+        EXPECT_EQ(log, one.log) << one.what;
         desktop.EndModal();
     }
     right.isPopup = true;
