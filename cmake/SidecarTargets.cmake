@@ -56,6 +56,12 @@ function(sidecar_program name)
   target_link_libraries(${name} PRIVATE sidecar_warnings ${program_LIBRARIES})
 endfunction()
 
+# sidecar_tell_version(SOURCE)
+# Gives the source that tells a program's version the one of the project, as SIDECAR_VERSION.
+function(sidecar_tell_version source)
+  set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS SIDECAR_VERSION="${PROJECT_VERSION}")
+endfunction()
+
 # sidecar_test(NAME SOURCES file... [LIBRARIES target...] [ARGUMENTS arg...] [THREADS])
 # A googletest program, one entry of ctest. It is handed the source tree as SIDECAR_SOURCE_DIR. THREADS: it runs several
 # threads, so the preset tsan builds and runs it too.

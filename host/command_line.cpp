@@ -44,6 +44,7 @@ int RunLumohost(std::vector<std::string> arguments)
     CommonOptions common;
     CLI::App app("Opens and saves pictures through a Lumograph file format module.", "lumohost");
     app.require_subcommand(0, 1); // no more; with none the help tells of them
+    app.set_version_flag("--version", "lumohost " SIDECAR_VERSION);
     app.set_help_all_flag("--help-all", "Show the help of all commands");
     app.footer("\nlumohost COMMAND --help tells more, with examples.");
 

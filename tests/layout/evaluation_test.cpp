@@ -53,6 +53,7 @@ TEST(Expressions, NestAsDeepAsTheLimit)
     constexpr std::size_t kLimit = CExpressionScope::kMaxNesting;
     for (const auto& [open, close] :
          {std::pair{"(", ")"}, std::pair{"-", ""}, std::pair{"max(0,", ")"}}) {
+        SCOPED_TRACE(open);
         EXPECT_NO_THROW(scope.EvaluateInteger(Nested(kLimit, open, "1", close).c_str()));
         EXPECT_EQ(LogicErrorOf(
                       [&] { scope.EvaluateInteger(Nested(kLimit + 1, open, "1", close).c_str()); }),
@@ -90,6 +91,22 @@ TEST(Statements, AssignInStepsAndAlignCenters)
     }
     scope.EvaluateStatements(("align_centers(0" + heights + names + ");").c_str());
     EXPECT_EQ(scope.EvaluateInteger("h0 * 100 + h99"), 4900);
+}
+
+TEST(Statements, SpreadWhatIsUndefined)
+{
+    CExpressionScope scope;
+    scope.EvaluateStatements(
+        "step(nothing, 1, &a, &b); step(1, nothing, &c, &d);"
+        "align_centers(nothing, 4, &e); align_centers(1, 4, nothing, &f, &g);");
+    for (const auto& [name, value] : {std::pair{"a", VexUndefined},
+                                      {"b", VexUndefined},
+                                      {"c", 1},
+                                      {"d", VexUndefined},
+                                      {"e", VexUndefined},
+                                      {"f", 1},
+                                      {"g", VexUndefined}})
+        EXPECT_EQ(scope.FindVariable(name)->integer, value) << name;
 }
 
 TEST(Statements, LeaveNoTraceWhenTheyFail)

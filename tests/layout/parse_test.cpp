@@ -127,7 +127,8 @@ TEST(ViewScopes, NeedAGenerator)
     CExpressionScope plain;
     for (CExpressionScope* const parent : {&plain, static_cast<CExpressionScope*>(nullptr)})
         EXPECT_EQ(LogicErrorOf([&] { CRapidViewScope scope(parent, nullptr); }),
-                  "Warning! (viewParentScope)");
+                  "Warning! (viewParentScope)")
+            << (parent == nullptr ? "no parent" : "a parent without a generator");
     CRecordingGenerator generator;
     CRapidViewScope parent(nullptr, &generator);
     CRapidViewScope child(&parent, nullptr);

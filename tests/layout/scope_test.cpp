@@ -74,6 +74,7 @@ TEST(Scopes, ListTheirVariablesByBucket)
 {
     // "A" to "C" lie in the buckets 10 to 12, "0A" and "00A" again in that of "A".
     for (const int more : {0, 200}) { // few and many variables are kept in different ways
+        SCOPED_TRACE(more);
         CExpressionScope scope;
         scope.AddVariable("C", 3);
         scope.AddVariable("A", 1);

@@ -50,13 +50,28 @@ TEST(Check, FindsMistakesAndTheirPlaces)
         {"PDialog(width: 'abcd') { CEditNumber(number_value: '1.5', number_maximum: 'several'); }",
          "1:75 wrong-kind"},
         {"t = 'broad'; PDialog(width: t, window_title: t);", "1:29 wrong-kind"},
+        {"PDialog(window_title: 'Edit') { CEditNumber(number_value: '1.25'); }",
+         "1:23 four-bytes, 1:59 four-bytes"},
+        {"PDialog(horizontal: kAlign_Left, button_style_class: 'CButtonGraphic', "
+         "window_features: kWin_CanMove + kFont_UI);",
+         "1:21 wrong-family, 1:104 wrong-family"},
+        {"PDialog(width: 2147483648, height: 7 % 2, width: 2147483647);",
+         "1:16 overflow, 1:38 percent, 1:43 duplicate-key"},
+        // assignments
+        {"PDialog() { text_fnt = 1; gSpace = 4; label_font = 'large'; CPane(); }",
+         "1:13 unused-name, 1:52 wrong-kind"},
+        {"width = 100; alwaysL2R = true; text_font = kFont_UI; PDialog();",
+         "1:1 root-key, 1:32 root-key"},
         {"PDialog(view_id: 'a') { CPane(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }",
          "1:76 duplicate-id"},
         // what the parser throws
-        {"a = 1;\n", "2:1 views"},
+        {"gSpace = 1;\n", "2:1 views"},
         {"PDialog();\nCPane();", "2:1 views"},
         {"PDialog(width: 8 / 0);", "1:20 division"},
         {"PDialog(width: " + std::string(300, '('), "1:215 nesting"},
+        // names within what can't be read are no matter
+        {"PDialog(width: high) { CPane(magin: 1); CPane(magin: 2,); }",
+         "1:30 unknown-key, 1:56 syntax"},
     };
     for (const auto& [text, mistakes] : cases)
         EXPECT_EQ(MistakesIn(text.c_str()), mistakes) << text;
@@ -68,15 +83,37 @@ TEST(Check, ExplainsOrHints)
         {"PDialog(width 1);", "expected ':', but found '1'"},
         {"PDialog(width: (1 2));", "expected an operator or ')', but found '2'"},
         {"PDialog(width: 1 2);", "expected an operator, ',' or ')', but found '2'"},
-        {"PDialog() {", "expected a name or '}', but found the end of the text"},
+        {"PDialog() { CPane(); ", "this brace is never closed"},
+        {"PDialog() { // remark", "there are no comments in a layout text"},
+        {"a = 1 /* one */; PDialog();", "there are no comments in a layout text"},
+        {"PDialog(text: \"two\");", "texts stand in single quotes, not in double ones"},
+        {"PDialog(view_binding: kBind_Left | kBind_Top);",
+         "options are combined with +, not with |"},
+        {"PDialog(width: 1.5);", "Where a key takes one, the number is a text: '1.5'."},
+        {"PDialog(width: 0x10);", "numbers are decimal"},
+        {"PDialog(width: 1,);", "another property must follow the comma"},
+        {"PDialog(text: 'it's');", "the text before this ended at its second quote"},
+        {"PDialog(width = 1);", "a property is written with a colon"},
+        {"PDialog() { width: 1; }", "an assignment is written with an equals sign"},
+        {"PDialog(text: Hello);", "A text stands in single quotes: 'Hello'."},
+        {"PDialog(text: Hello World);", "A text stands in single quotes."},
+        {"PDialog(width: high) {\n high = 1; }", "Its definition stands in line 2."},
+        {"\nPDialog(view_id: 'a') { CPane(view_id: 'a'); }",
+         "Messages and lookups find only one of them. The first stands in line 2."},
+        {"PDialog();\nCPane();", "A layout holds exactly one. The first is PDialog in line 1."},
+        {"PDialog(width: 4294967297);", "this number is too large and counts as 1"},
+        {"PDialog(horizontal: kAlign_Left);", "Its number means align_fill here."},
+        {"PDialog(width: \xC3\xA9);", "expected an expression, but found '\xC3\xA9'"},
         {"PDialog(text: 'open);\n", "this string has no closing quote"},
         {"PDialog(magin: 4);", "Did you mean margin?"},
         {"PDialog() { CStatcText(); }", "Did you mean CStaticText?"},
         {"PDialog(view_binding: kBind_Sizable);", "Did you mean kBind_Sizeable?"},
     };
     for (const auto& [text, expected] : cases) {
-        const Diagnostic first = CheckLayout(CSourceText("test.vex", text)).at(0);
-        EXPECT_THAT((std::array{first.message, first.hint}), testing::Contains(expected)) << text;
+        SCOPED_TRACE(text);
+        const std::vector<Diagnostic> found = CheckLayout(CSourceText("test.vex", text));
+        ASSERT_FALSE(found.empty());
+        EXPECT_THAT((std::array{found[0].message, found[0].hint}), testing::Contains(expected));
     }
     EXPECT_EQ(CheckLayout(CSourceText("test.vex", "PDialog(qqqqqqqqqq: 1);")).at(0).hint, "");
 }
@@ -91,6 +128,12 @@ TEST(Check, TakesLongSums)
 
 TEST(Check, DrawsACaret)
 {
+    const CSourceText wide("b.vex", std::string(500, 'a') + "\xC3\xA9" + std::string(500, 'b'));
+    std::ostringstream part;
+    Print(part, wide, {wide.Text().data() + 500, "syntax", "wrong", ""});
+    EXPECT_EQ(part.str(), "b.vex:1:501: wrong\n    ..." + std::string(60, 'a') + "\xC3\xA9" +
+                              std::string(58, 'b') + "...\n" + std::string(67, ' ') + "^\n");
+
     const CSourceText source("a.vex", "PDialog(\r\n\t\xC3\xA9);\r\n");
     std::ostringstream out;
     Print(out, source, {source.Text().data() + 13, "syntax", "wrong", ""});
@@ -131,11 +174,17 @@ TEST(Format, RefusesBrokenTexts)
 TEST(Dump, ShowsEveryScope)
 {
     const nlohmann::json view =
-        DumpLayout(CSourceText("a", "A(width: 7, t: 'x', u: q + 1) { v = 2; B(); w = v; }"));
-    EXPECT_EQ(view["properties"], (nlohmann::json{{"width", 7}, {"t", "x"}, {"u", nullptr}}));
+        DumpLayout(CSourceText("a", "r = 5; A(width: 7, t: 'x', u: q + 1, placement: 2) "
+                                    "{ v = 2; B(top_outset: r); w = v; }"));
+    EXPECT_EQ(view["properties"],
+              (nlohmann::json{{"width", 7}, {"t", "x"}, {"u", nullptr}, {"placement", 2}}));
     EXPECT_EQ(view["variables"], (nlohmann::json{{"v", 2}, {"w", 2}}));
     EXPECT_EQ(view["children"][0]["class"], "B");
-    EXPECT_TRUE(view["layout"].contains("width"));
+    EXPECT_EQ(view["textVariables"], (nlohmann::json{{"r", 5}}));
+    EXPECT_EQ(view["layout"]["placement"], 2) << "the number, not a truth value";
+    EXPECT_EQ(view["layout"]["t"], "x");
+    EXPECT_EQ(view["children"][0]["layout"]["v"], 2) << "what a block assigns reaches its views";
+    EXPECT_FALSE(view["children"][0]["layout"].contains("r"));
     std::ostringstream out;
     PrintDump(out, view);
     EXPECT_NE(out.str().find("    u = undefined\n"), std::string::npos);

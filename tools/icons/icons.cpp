@@ -192,6 +192,7 @@ int main(int argc, char** argv)
         "normal, pressed and\n"
         "inactive, at both densities on the windows of the four themes.\n"
         "To add a picture, see resources/icons/icons.list.");
+    app.set_version_flag("--version", "icons " SIDECAR_VERSION);
     std::string path;
     app.add_option("OUT.png", path, "The contact sheet to write");
     try {

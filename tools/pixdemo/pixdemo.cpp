@@ -177,6 +177,7 @@ int main(int argc, char** argv)
     CLI::App app{
         "Writes a contact sheet of the pixel kernels: each one applied to a sample picture.",
         "pixdemo"};
+    app.set_version_flag("--version", "pixdemo " SIDECAR_VERSION);
     std::string path = "kernels.png";
     app.add_option("OUT.png", path, "The sheet to write")->capture_default_str();
     CLI11_PARSE(app, argc, argv);

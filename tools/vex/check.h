@@ -13,6 +13,10 @@ namespace Vex {
 std::vector<Diagnostic> CheckLayout(const CSourceText& source);
 
 // The part that looks at names, values and identifiers.
-void CheckNames(const std::vector<SyntaxNode>& nodes, std::vector<Diagnostic>& found);
+void CheckNames(const CSourceText& source, const LayoutReading& reading,
+                std::vector<Diagnostic>& found);
+
+// What the error that ended a reading means to a reader, and where.
+Diagnostic ExplainError(const CSourceText& source, const LayoutReading& reading);
 
 } // namespace Vex

@@ -1,122 +1,94 @@
 // The names of a layout text: classes, keys, constants and variables, and identifiers that must
 // differ.
 #include "vex/check.h"
+#include "vex/nearest_word.h"
+#include "vex/values.h"
 
-#include "layout/vocabulary/keywords.h"
+#include "layout/language/layout_keys.h"
 
-#include <algorithm>
 #include <map>
-#include <numeric>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace Vex {
 
 namespace {
 
-using Kesto::VexKeyKind;
 using Kesto::VexRule;
-
-// What a value is good for. A string of four bytes is a number as well.
-struct ValueKind {
-    bool isNumber = true;
-    bool isText = false;
-    bool isDecimal = false; // reads as a number with or without a fraction
-};
 
 using Variables = std::map<std::string_view, ValueKind>;
 
-// The count of characters to add, remove or change, at least 1 for different words.
-std::size_t Distance(std::string_view a, std::string_view b)
-{
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i + 1);
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
-        }
-    }
-    return row.back();
-}
-
-// Offers the nearest of the words that were shown to it, if it is near enough to be what was meant.
-class CNearest {
-public:
-    explicit CNearest(std::string_view name) : fName(name), fDistance(name.size() / 3 + 1) {}
-
-    void Consider(std::string_view word)
-    {
-        const std::size_t distance = Distance(fName, word);
-        if (distance < fDistance || (distance == fDistance && fBest.empty())) {
-            fDistance = distance;
-            fBest = word;
-        }
-    }
-    std::string Hint() const
-    {
-        return fBest.empty() ? "" : "Did you mean " + std::string(fBest) + "?";
-    }
-
-private:
-    std::string_view fName;
-    std::size_t fDistance;
-    std::string_view fBest;
-};
-
-template <class Row>
-std::string_view WordOf(const Row& row)
-{
-    return row.name;
-}
-std::string_view WordOf(const Kesto::VexConstant& constant)
-{
-    return constant.name.text;
-}
-
 template <class Table>
-auto FindWord(const Table& table, std::string_view word)
-{
-    const auto found =
-        std::ranges::find_if(table, [word](const auto& row) { return WordOf(row) == word; });
-    return found == table.end() ? nullptr : &*found;
-}
-
-template <class Table>
-void ConsiderAll(CNearest& nearest, const Table& table)
+void ConsiderAll(CNearestWord& nearest, const Table& table)
 {
     for (const auto& row : table)
         nearest.Consider(WordOf(row));
 }
 
-bool IsDecimal(std::string_view text)
+std::string Quoted(std::string_view name)
 {
-    if (!text.empty() && (text.front() == '-' || text.front() == '+'))
-        text.remove_prefix(1);
-    const auto isDigitOrPoint = [](char c) { return (c >= '0' && c <= '9') || c == '.'; };
-    return !text.empty() && text != "." && std::ranges::all_of(text, isDigitOrPoint) &&
-           std::ranges::count(text, '.') < 2;
+    return '\'' + std::string(name) + '\'';
+}
+
+// What the whole text defines and reads, so that a name can be told from one that is only misplaced.
+struct NamesOfText {
+    void Collect(const std::vector<SyntaxNode>& nodes)
+    {
+        for (const SyntaxNode& node : nodes) {
+            if (node.rule == VexRule::kAssignment || node.rule == VexRule::kTargetName)
+                definitions.emplace(node.Name(), node.start);
+            else if (node.rule == VexRule::kVariable || node.rule == VexRule::kWholeName)
+                reads.insert(node.Name());
+            Collect(node.children);
+        }
+    }
+
+    std::map<std::string_view, const char*> definitions; // where each is defined first
+    std::set<std::string_view> reads;
+};
+
+// Whether the key is one that every view takes over from the top of a text, as a truth value.
+bool IsTruthAtTheTop(std::string_view key)
+{
+    Kesto::LayoutKeySet keys;
+    AddLayoutKey(Kesto::VexName(key), keys);
+    return !(keys & Kesto::LayoutKeySet::Copied()).IsEmpty();
 }
 
 // Walks the tree as the parser went, so that it knows what was defined when a name was read.
 class CNameChecker {
 public:
-    explicit CNameChecker(std::vector<Diagnostic>& found) : fFound(found), fScopes(1) {}
+    CNameChecker(const CSourceText& source, std::vector<Diagnostic>& found, bool isWhole)
+        : fSource(source), fFound(found), fIsWhole(isWhole), fScopes(1)
+    {
+    }
 
+    // Of a text that can't be read to its end there are nodes that never became part of a
+    // statement; what they name is of no interest before that is mended.
+    void CheckText(const std::vector<SyntaxNode>& nodes)
+    {
+        fNames.Collect(nodes);
+        for (const SyntaxNode& node : nodes)
+            if (node.rule == VexRule::kView || node.rule == VexRule::kAssignment ||
+                node.rule == VexRule::kStep || node.rule == VexRule::kAlignCenters)
+                Check(node);
+    }
+
+private:
     void CheckList(const std::vector<SyntaxNode>& nodes)
     {
         for (const SyntaxNode& node : nodes)
             Check(node);
     }
 
-private:
     void Check(const SyntaxNode& node)
     {
+        CheckValueForms(node, fFound);
         switch (node.rule) {
         case VexRule::kView:
-            return CheckView(node);
+            CheckView(node);
+            return;
         case VexRule::kBlock:
             fScopes.emplace_back();
             CheckList(node.children);
@@ -124,31 +96,41 @@ private:
             return;
         case VexRule::kAssignment:
             CheckList(node.children);
+            CheckAssignment(node, KindOf(node));
             fScopes.back()[node.Name()] = KindOf(node);
             return;
         case VexRule::kTargetName:
+            CheckAssignment(node, {});
             fScopes.back()[node.Name()] = {};
             return;
         case VexRule::kVariable:
         case VexRule::kWholeName:
-            return CheckVariable(node);
+            CheckVariable(node);
+            return;
         default:
-            return CheckList(node.children);
+            CheckList(node.children);
         }
     }
 
     void CheckView(const SyntaxNode& view)
     {
         if (FindWord(Kesto::ViewClasses(), view.Name()) == nullptr) {
-            CNearest nearest(view.Name());
+            CNearestWord nearest(view.Name());
             ConsiderAll(nearest, Kesto::ViewClasses());
             Report(view.start, "unknown-class", "no class has the name " + Quoted(view.Name()),
                    nearest.Hint());
         }
         fScopes.emplace_back();
+        std::map<std::string_view, const char*> given;
         for (const SyntaxNode& child : view.children)
-            if (child.rule == VexRule::kProperty)
+            if (child.rule == VexRule::kProperty) {
+                const auto [first, isNew] = given.emplace(child.Name(), child.start);
+                if (!isNew)
+                    Report(child.start, "duplicate-key",
+                           Quoted(child.Name()) + " is given a second time",
+                           "The last one counts. " + First(first->second));
                 CheckProperty(child);
+            }
         fScopes.pop_back();
         if (const SyntaxNode* const block = view.Child(VexRule::kBlock))
             Check(*block);
@@ -156,13 +138,14 @@ private:
 
     void CheckProperty(const SyntaxNode& property)
     {
+        fKey = FindWord(Kesto::PropertyKeys(), property.Name());
         CheckList(property.children);
         const ValueKind kind = KindOf(property);
-        if (const Kesto::VexPropertyKey* const key =
-                FindWord(Kesto::PropertyKeys(), property.Name()))
-            CheckKind(property, key->kind, kind);
+        if (fKey != nullptr)
+            CheckKeyValue(property, *fKey, kind, fFound);
         else
             ReportUnknownKey(property);
+        fKey = nullptr;
         if (property.Name() == "view_id")
             CheckId(property);
         fScopes.back()[property.Name()] = kind;
@@ -170,25 +153,45 @@ private:
 
     void ReportUnknownKey(const SyntaxNode& property)
     {
-        CNearest nearest(property.Name());
+        CNearestWord nearest(property.Name());
         ConsiderAll(nearest, Kesto::PropertyKeys());
         Report(property.start, "unknown-key", "no class reads a key " + Quoted(property.Name()),
                nearest.Hint());
     }
 
-    void CheckKind(const SyntaxNode& property, VexKeyKind wanted, ValueKind kind)
+    // In a block, what has the name of a key is that key for all views that follow.
+    void CheckAssignment(const SyntaxNode& node, ValueKind kind)
     {
-        const SyntaxNode* const value = property.Child(VexRule::kValue);
-        const std::string key = Quoted(property.Name());
-        if (wanted == VexKeyKind::kText && !kind.isText)
-            Report(value->start, "wrong-kind", key + " takes a text, not a number",
-                   "Texts stand in single quotes.");
-        else if (wanted == VexKeyKind::kNumber && !kind.isNumber)
-            Report(value->start, "wrong-kind", key + " takes a number, not a text",
-                   "Only a text of four characters is a number as well.");
-        else if (wanted == VexKeyKind::kDecimal && !kind.isNumber && !kind.isDecimal)
-            Report(value->start, "wrong-kind", key + " takes a number, or a text that reads as one",
-                   "For example '1.5'.");
+        const std::string_view name = node.Name();
+        const Kesto::VexPropertyKey* const key = FindWord(Kesto::PropertyKeys(), name);
+        if (key == nullptr && !fNames.reads.contains(name) &&
+            name != Kesto::NameOf(Kesto::LayoutKey::kDefaultSpacing).text) {
+            CNearestWord nearest(name);
+            ConsiderAll(nearest, Kesto::PropertyKeys());
+            Report(node.start, "unused-name",
+                   "nothing reads " + Quoted(name) + ": no class and no expression",
+                   nearest.Hint());
+        }
+        if (key == nullptr)
+            return;
+        CheckKeyValue(node, *key, kind, fFound);
+        if (fIsWhole && fScopes.size() == 1)
+            CheckRootKey(node);
+    }
+
+    void CheckRootKey(const SyntaxNode& node)
+    {
+        const SyntaxNode* const value = node.Child(VexRule::kValue);
+        const std::string_view text = value == nullptr ? std::string_view() : value->Text();
+        const bool isTruth = text == "0" || text == "1" || text == "true" || text == "false";
+        if (IsTruthAtTheTop(node.Name()) && !isTruth)
+            Report(node.start, "root-key",
+                   Quoted(node.Name()) + " counts as 1 at the top of a text, or as 0 if it is 0",
+                   "In a block, or in a view, it has its number.");
+        else if (!IsTruthAtTheTop(node.Name()) && !fNames.reads.contains(node.Name()))
+            Report(node.start, "root-key",
+                   "no view gets " + Quoted(node.Name()) + " from the top of a text",
+                   "It reaches the views of a block that it stands in.");
     }
 
     void CheckId(const SyntaxNode& property)
@@ -200,29 +203,38 @@ private:
         if (!isNew)
             Report(value->start, "duplicate-id",
                    "another view has the identifier " + std::string(value->Text()),
-                   "Messages and lookups find only one of them.");
+                   "Messages and lookups find only one of them. " + First(first->second->start));
     }
 
     // A name is unknown at the place where it is read, even if it is defined further on.
     void CheckVariable(const SyntaxNode& variable)
     {
         const std::string_view name = variable.Name();
-        if (Lookup(name) || IsConstant(name))
+        if (Lookup(name) || FindConstant(name) != nullptr)
             return;
-        CNearest nearest(name);
+        if (const auto found = fNames.definitions.find(name); found != fNames.definitions.end()) {
+            const bool isLater = found->second > variable.start;
+            Report(variable.start, "unknown-constant",
+                   Quoted(name) + (isLater ? " is read before it is defined"
+                                           : " is defined in another block only"),
+                   "Its definition stands in line " + LineOf(found->second) + ".");
+            return;
+        }
+        Report(variable.start, "unknown-constant", "nothing defines the name " + Quoted(name),
+               HintForUnknown(name));
+    }
+
+    std::string HintForUnknown(std::string_view name) const
+    {
+        if (fKey != nullptr && fKey->kind == Kesto::VexKeyKind::kText)
+            return "A text stands in single quotes: '" + std::string(name) + "'.";
+        CNearestWord nearest(name);
         ConsiderAll(nearest, Kesto::StandardConstants());
         ConsiderAll(nearest, Kesto::ClassConstants());
         for (const Variables& scope : fScopes)
             for (const auto& [word, kind] : scope)
                 nearest.Consider(word);
-        Report(variable.start, "unknown-constant", "nothing defines the name " + Quoted(name),
-               nearest.Hint());
-    }
-
-    static bool IsConstant(std::string_view name)
-    {
-        return FindWord(Kesto::StandardConstants(), name) != nullptr ||
-               FindWord(Kesto::ClassConstants(), name) != nullptr;
+        return nearest.Hint();
     }
 
     std::optional<ValueKind> Lookup(std::string_view name) const
@@ -239,35 +251,46 @@ private:
         const SyntaxNode* const value = node.Child(VexRule::kValue);
         if (value == nullptr)
             return {};
-        if (const SyntaxNode* const string = value->Child(VexRule::kString)) {
-            const std::string_view text = string->Text().substr(1, string->Text().size() - 2);
-            return {text.size() == 4, true, IsDecimal(text)};
-        }
+        if (const SyntaxNode* const string = value->Child(VexRule::kString))
+            return KindOfText(string->Text().substr(1, string->Text().size() - 2));
         if (const SyntaxNode* const whole = value->Child(VexRule::kWholeName)) {
             if (const std::optional<ValueKind> kind = Lookup(whole->Name()))
                 return *kind;
-            return IsConstant(whole->Name()) ? ValueKind{} : ValueKind{true, true, true};
+            return FindConstant(whole->Name()) != nullptr ? ValueKind{}
+                                                          : ValueKind{true, true, true};
         }
         return {};
     }
 
-    static std::string Quoted(std::string_view name) { return '\'' + std::string(name) + '\''; }
+    std::string LineOf(const char* position) const
+    {
+        return std::to_string(fSource.PlaceOf(position).line);
+    }
+    std::string First(const char* position) const
+    {
+        return "The first stands in line " + LineOf(position) + ".";
+    }
 
     void Report(const char* position, std::string kind, std::string message, std::string hint)
     {
         fFound.push_back({position, std::move(kind), std::move(message), std::move(hint)});
     }
 
+    const CSourceText& fSource;
     std::vector<Diagnostic>& fFound;
-    std::vector<Variables> fScopes; // the innermost last
+    bool fIsWhole; // the text could be read to its end
+    NamesOfText fNames;
+    std::vector<Variables> fScopes;              // the innermost last
+    const Kesto::VexPropertyKey* fKey = nullptr; // of the property that is being looked at
     std::map<std::string_view, const SyntaxNode*> fIds;
 };
 
 } // namespace
 
-void CheckNames(const std::vector<SyntaxNode>& nodes, std::vector<Diagnostic>& found)
+void CheckNames(const CSourceText& source, const LayoutReading& reading,
+                std::vector<Diagnostic>& found)
 {
-    CNameChecker(found).CheckList(nodes);
+    CNameChecker(source, found, reading.error.empty()).CheckText(reading.nodes);
 }
 
 } // namespace Vex

@@ -1,6 +1,7 @@
 #include "vex/dump.h"
 
 #include "vex/layout_reading.h"
+#include "vex/values.h"
 
 #include <nlohmann/json.hpp>
 
@@ -26,6 +27,23 @@ nlohmann::json ToJson(const Kesto::CVexVariablePropertyList& variables)
             value = variable.Text();
     }
     return json;
+}
+
+bool IsConstant(const Kesto::CVexVariableProperty& variable)
+{
+    const Kesto::VexConstant* const constant = FindConstant(*variable.Name());
+    return constant != nullptr && variable.Type() == CVexProperty::kType_Integer &&
+           variable.Integer() == constant->value;
+}
+
+// What the text itself assigns outside of its view.
+nlohmann::json OwnVariables(const Kesto::CVexVariablePropertyList& root)
+{
+    Kesto::CVexVariablePropertyList own;
+    for (std::size_t i = 0; i < root.Count(); ++i)
+        if (!IsConstant(root.At(i)))
+            own.Add(root.At(i));
+    return ToJson(own);
 }
 
 // Takes the views in the order of the text, as they were read.
@@ -81,13 +99,17 @@ nlohmann::json DumpLayout(const CSourceText& source)
                                  ": this text has mistakes; `vex check` shows them");
     std::size_t next = 0;
     for (const SyntaxNode& node : reading.nodes)
-        if (node.rule == VexRule::kView)
-            return ToJson(node, reading, next);
+        if (node.rule == VexRule::kView) {
+            nlohmann::json view = ToJson(node, reading, next);
+            view["textVariables"] = OwnVariables(reading.root);
+            return view;
+        }
     return {};
 }
 
 void PrintDump(std::ostream& out, const nlohmann::json& view)
 {
+    PrintValues(out, "", "variables of the whole text", view["textVariables"]);
     PrintView(out, "", view);
 }
 

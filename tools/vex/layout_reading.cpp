@@ -1,6 +1,6 @@
 #include "vex/layout_reading.h"
 
-#include "layout/placement/generator.h"
+#include "layout/build/text_generator.h"
 #include "layout/placement/rapid_view_scope.h"
 #include "layout/vocabulary/keywords.h"
 
@@ -10,15 +10,16 @@ namespace Vex {
 
 namespace {
 
-class CRecordingGenerator : public Kesto::CGenerator {
+class CRecordingGenerator : public Kesto::CTextGenerator {
 public:
     explicit CRecordingGenerator(std::vector<ViewReading>& views) : fViews(views) {}
 
     void Measure(std::string_view className, Kesto::CExpressionScope* properties,
-                 Kesto::CExpressionScope*) override
+                 Kesto::CExpressionScope* layoutScope) override
     {
         properties->ListVariables(
             fViews.emplace_back(ViewReading{std::string(className), {}, {}}).properties);
+        CTextGenerator::Measure(className, properties, layoutScope);
     }
 
     // Views are built in the order in which they were measured.
@@ -40,8 +41,7 @@ public:
 
     void ScopeEnds(const Kesto::CExpressionScope& scope, const char* position) override
     {
-        if (scope.Parent() != nullptr) // the root holds the constants
-            scope.ListVariables(fReading.blocks[position]);
+        scope.ListVariables(scope.Parent() != nullptr ? fReading.blocks[position] : fReading.root);
     }
 
 private:
@@ -59,6 +59,7 @@ LayoutReading ReadLayout(const CSourceText& source)
         Kesto::CRapidViewScope::CreateRootScope(nullptr, &generator, nullptr, &listener, true);
     for (const Kesto::VexConstant& constant : Kesto::ClassConstants())
         root->AddConstant(constant.name, constant.value);
+    generator.SetRoot(root.get());
     try {
         root->Parse(source.Text().c_str());
     } catch (const std::logic_error& error) {

@@ -23,9 +23,10 @@ struct LayoutReading {
     std::vector<SyntaxNode> nodes; // they point into the source
     std::vector<ViewReading> views;
     std::map<const char*, Kesto::CVexVariablePropertyList>
-        blocks;            // the variables of each, by the end of the block
-    std::string error;     // the parser's message; empty: all is well
-    SyntaxFailure failure; // where it came up, as well as is known
+        blocks;                           // the variables of each, by the end of the block
+    Kesto::CVexVariablePropertyList root; // the variables of the whole text, with all constants
+    std::string error;                    // the parser's message; empty: all is well
+    SyntaxFailure failure;                // where it came up, as well as is known
 };
 
 // With all constants of the program in the root scope, and no classes: sizes are those that the

@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -40,23 +41,29 @@ std::string ToText(const nlohmann::json& json)
     return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + '\n';
 }
 
+// One file that can't be read hides neither the others nor what was found before.
 int Check(const Options& options)
 {
     nlohmann::json all = nlohmann::json::array();
-    bool isWell = true;
+    int status = kExit_Well;
     for (const std::string& file : options.files) {
-        const Vex::CSourceText source = Vex::CSourceText::Load(file);
-        for (const Vex::Diagnostic& diagnostic : Vex::CheckLayout(source)) {
-            isWell = false;
-            if (options.json)
-                all.push_back(Vex::ToJson(source, diagnostic));
-            else
-                Vex::Print(std::cout, source, diagnostic);
+        try {
+            const Vex::CSourceText source = Vex::CSourceText::Load(file);
+            for (const Vex::Diagnostic& diagnostic : Vex::CheckLayout(source)) {
+                status = std::max<int>(status, kExit_Mistakes);
+                if (options.json)
+                    all.push_back(Vex::ToJson(source, diagnostic));
+                else
+                    Vex::Print(std::cout, source, diagnostic);
+            }
+        } catch (const std::runtime_error& error) {
+            status = kExit_Trouble;
+            std::cerr << "vex: " << error.what() << '\n';
         }
     }
     if (options.json)
         std::cout << ToText(all);
-    return isWell ? kExit_Well : kExit_Mistakes;
+    return status;
 }
 
 void Write(const std::string& file, const std::string& text)
@@ -105,6 +112,7 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Checks, formats and shows layout texts (.vex files).", "vex"};
     app.footer(kLanguage);
+    app.set_version_flag("--version", "vex " SIDECAR_VERSION);
     app.require_subcommand(0, 1);           // no more; with none the help tells of them
     app.allow_windows_style_options(false); // an absolute path is no option, on any system
     Options options;
@@ -114,7 +122,8 @@ int main(int argc, char** argv)
     check->footer(
         "Finds syntax errors, unknown classes, keys and names, values of the wrong kind, and "
         "identifiers that\n"
-        "two views have. Exit status: 0 no mistakes, 1 mistakes, 2 a file can't be read.");
+        "two views have. The file - is the standard input. Exit status: 0 no mistakes, 1 mistakes, "
+        "2 a file can't be read.");
     check->add_option("FILE", options.files, "Layout texts")->required();
     check->add_flag("--json", options.json,
                     "Print an array of objects: file, line, column, kind, message, hint");

@@ -2,36 +2,65 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <stdexcept>
 
 namespace Vex {
 
+namespace {
+
+std::string ReadAll(std::istream& in)
+{
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+} // namespace
+
+CSourceText::CSourceText(std::string name, std::string text)
+    : fName(std::move(name)), fText(std::move(text)), fLineStarts{0}
+{
+    for (std::size_t i = 0; i < fText.size(); ++i)
+        if (fText[i] == '\n')
+            fLineStarts.push_back(i + 1);
+}
+
+// A folder opens like a file on some systems and only fails when it is read.
 CSourceText CSourceText::Load(const std::filesystem::path& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file.is_open() || file.bad())
-        throw std::runtime_error(path.string() + ": the file can't be read");
+    const bool isInput = path == "-";
+    const std::string name = isInput ? "standard input" : path.string();
+    std::error_code ignored;
+    if (!isInput && std::filesystem::is_directory(path, ignored))
+        throw std::runtime_error(name + ": this is a folder");
+    std::ifstream file;
+    if (!isInput) {
+        file.open(path, std::ios::binary);
+        if (!file.is_open())
+            throw std::runtime_error(name + ": the file can't be read");
+    }
+    std::istream& in = isInput ? std::cin : file;
+    std::string text = ReadAll(in);
+    if (in.bad())
+        throw std::runtime_error(name + ": the file can't be read");
     if (text.find('\0') != std::string::npos)
-        throw std::runtime_error(path.string() + ": this is no text: it holds a zero byte");
-    return {path.string(), std::move(text)};
+        throw std::runtime_error(name + ": this is no text: it holds a zero byte");
+    return {name, std::move(text)};
 }
 
 SourcePlace CSourceText::PlaceOf(const char* position) const
 {
-    const std::string_view before(fText.data(), static_cast<std::size_t>(position - fText.data()));
-    const std::size_t lineEnd = before.rfind('\n'); // npos + 1 is 0
-    return {static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1,
-            before.size() - (lineEnd + 1) + 1};
+    const auto at = static_cast<std::size_t>(position - fText.data());
+    const auto behind = std::ranges::upper_bound(fLineStarts, at);
+    return {static_cast<std::size_t>(behind - fLineStarts.begin()), at - behind[-1] + 1};
 }
 
 std::string_view CSourceText::LineOf(const char* position) const
 {
-    const std::size_t at = static_cast<std::size_t>(position - fText.data());
-    const std::size_t start = at - (PlaceOf(position).column - 1);
-    std::string_view line = std::string_view(fText).substr(start);
-    line = line.substr(0, line.find('\n'));
+    const std::size_t number = PlaceOf(position).line;
+    const std::size_t start = fLineStarts[number - 1];
+    const std::size_t end = number < fLineStarts.size() ? fLineStarts[number] - 1 : fText.size();
+    const std::string_view line(fText.data() + start, end - start);
     return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
 }
 

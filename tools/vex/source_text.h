@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Vex {
 
@@ -15,12 +16,10 @@ struct SourcePlace {
 
 class CSourceText {
 public:
-    CSourceText(std::string name, std::string text) : fName(std::move(name)), fText(std::move(text))
-    {
-    }
+    CSourceText(std::string name, std::string text);
 
-    // Throws std::runtime_error that says what is wrong with the file. A text cannot hold a zero
-    // byte.
+    // The path "-" stands for the standard input. Throws std::runtime_error that says what is wrong
+    // with the file. A text cannot hold a zero byte.
     static CSourceText Load(const std::filesystem::path& path);
 
     const std::string& Name() const { return fName; }
@@ -33,6 +32,7 @@ public:
 private:
     std::string fName;
     std::string fText;
+    std::vector<std::size_t> fLineStarts;
 };
 
 } // namespace Vex

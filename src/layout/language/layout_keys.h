@@ -71,6 +71,7 @@ constexpr const VexName& NameOf(LayoutKey key)
 // A set of layout keys.
 class LayoutKeySet {
 public:
+    constexpr bool IsEmpty() const { return fBits == 0; }
     constexpr bool Has(LayoutKey key) const { return (fBits & Bit(key)) != 0; }
     constexpr void Add(LayoutKey key) { fBits |= Bit(key); }
     constexpr LayoutKeySet operator|(LayoutKeySet other) const

@@ -5,6 +5,7 @@
 
 #include "layout/language/vex_text.h"
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -34,6 +35,7 @@ enum class VexKeyKind : std::uint8_t {
 struct VexPropertyKey {
     std::string_view name;
     VexKeyKind kind;
+    std::array<std::string_view, 2> families{}; // of the constants that it takes, if of any
 };
 std::span<const VexPropertyKey> PropertyKeys();
 
