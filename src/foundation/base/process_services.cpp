@@ -10,7 +10,7 @@ class CNoProcess final : public CProcessServices {};
 } // namespace
 
 constinit std::atomic<CProcessServices*> CProcessServices::gCurrent = nullptr;
-constinit std::mutex CProcessServices::gMutex;
+std::mutex CProcessServices::gMutex;
 
 CProcessServices& CProcessServices::Current()
 {
