@@ -61,8 +61,10 @@ std::intptr_t DefaultAnswer(const WindowMessage& message);
 inline constexpr std::uint32_t kActivatedByClick = 2; // the low half of kActivate; 0: it goes
 inline constexpr std::uint32_t kSizedMinimized = 1;   // the first parameter of kSize
 inline constexpr std::uint32_t kSizedMaximized = 2;
-inline constexpr std::intptr_t kMouseActivates = 1; // answers to kMouseActivate
+inline constexpr std::intptr_t kMouseActivates = 1;        // answers to kMouseActivate
+inline constexpr std::intptr_t kMouseActivatesAndEats = 2; // the press goes no further
 inline constexpr std::intptr_t kMouseDoesNotActivate = 3;
+inline constexpr std::intptr_t kMouseIsEaten = 4;
 inline constexpr std::uint32_t kHitsContent = 1; // the low half of kSetCursor's second parameter
 inline constexpr std::int32_t kWheelStep = 120;  // the high half of kWheel's first, for each notch
 

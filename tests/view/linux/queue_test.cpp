@@ -11,6 +11,7 @@
 
 #include <vector>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -131,20 +132,26 @@ TEST_F(MessageQueue, AWindowTakesAllThatWaitsForItAlong)
     EXPECT_EQ(ArmTimer(handle, 5, 10), 0U);
 }
 
-TEST_F(MessageQueue, ABlockedCallListensToItsSource)
+TEST_F(MessageQueue, ListensToItsSourceWhetherItBlocksOrNot)
 {
     int ends[2] = {};
-    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(pipe2(ends, O_NONBLOCK), 0);
     SetInputSource(ends[0], [&] {
         char c = 0;
-        ASSERT_EQ(read(ends[0], &c, 1), 1);
+        if (read(ends[0], &c, 1) != 1)
+            return;
         Inject(kKeyDown, 1);
         Inject(kKeyUp, 2);
     });
-    ASSERT_EQ(write(ends[1], "x", 1), 1);
-    EXPECT_EQ(AwaitMessage()->number, kKeyDown);
+    for (const bool blocks : {true, false}) {
+        SCOPED_TRACE(blocks ? "a call that waits" : "a look into the queue");
+        ASSERT_EQ(write(ends[1], "x", 1), 1);
+        const auto message = blocks ? AwaitMessage() : PeekQueue(Peek::kRemove);
+        ASSERT_TRUE(message);
+        EXPECT_EQ(message->number, kKeyDown);
+        EXPECT_THAT(Drain(), ElementsAre(kKeyUp));
+    }
     SetInputSource(-1, nullptr);
-    EXPECT_THAT(Drain(), ElementsAre(kKeyUp));
     close(ends[0]);
     close(ends[1]);
 }

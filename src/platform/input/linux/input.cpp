@@ -46,6 +46,11 @@ void SetInputSource(int descriptor, std::function<void()> read)
     Queue::Get().SetSource(descriptor, std::move(read));
 }
 
+void SetInputRouter(InputRouter router)
+{
+    Queue::Get().SetRouter(router);
+}
+
 std::optional<PenSample> ReadPen(std::uint32_t pointer)
 {
     const std::vector<PenSample> samples = ReadPenHistory(pointer);

@@ -44,8 +44,14 @@ void InjectInput(const QueuedMessage& message, std::u16string text = {});
 // such pen.
 void InjectPen(std::uint32_t pointer, std::vector<PenSample> samples);
 
-// While the queue blocks it also waits for this descriptor to become readable, and calls `read`
-// then, which injects what it finds. One at a time; -1 for none.
+// Whenever the queue is looked into it calls `read`, which injects what it finds and doesn't wait
+// for more; while the queue blocks it also waits for the descriptor to become readable. One source
+// at a time; -1 for none.
 void SetInputSource(int descriptor, std::function<void()> read);
+
+// Finds the window for input that was injected without one, and fills in what depends on it. Called
+// each time such a message is looked at.
+using InputRouter = void (*)(QueuedMessage& message);
+void SetInputRouter(InputRouter router);
 
 } // namespace Platform

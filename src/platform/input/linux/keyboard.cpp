@@ -16,11 +16,9 @@ struct FreeReply {
     void operator()(xcb_query_pointer_reply_t* reply) const { std::free(reply); }
 };
 
-} // namespace
-
 // The display server answers a question about the pointer with the modifiers that are down. Alt is
 // its first modifier.
-ModifierKeys HeldModifierKeys()
+ModifierKeys AskDisplay()
 {
     const std::unique_ptr<xcb_connection_t, Disconnect> display(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(display.get()) != 0)
@@ -35,6 +33,18 @@ ModifierKeys HeldModifierKeys()
     return {(reply->mask & XCB_KEY_BUT_MASK_CONTROL) != 0,
             (reply->mask & XCB_KEY_BUT_MASK_MOD_1) != 0,
             (reply->mask & XCB_KEY_BUT_MASK_SHIFT) != 0};
+}
+
+} // namespace
+
+// Keys that were injected count like those of the display.
+ModifierKeys HeldModifierKeys()
+{
+    ModifierKeys held = AskDisplay();
+    held.control |= IsKeyDown(Key::kControl, KeyMoment::kNow);
+    held.alt |= IsKeyDown(Key::kAlt, KeyMoment::kNow);
+    held.shift |= IsKeyDown(Key::kShift, KeyMoment::kNow);
+    return held;
 }
 
 bool IsKeyDown(Key key, KeyMoment moment)

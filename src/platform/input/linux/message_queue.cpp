@@ -3,6 +3,7 @@
 #include "platform/input/linux/input.h"
 #include "platform/input/linux/queue.h"
 #include "platform/input/message_numbers.h"
+#include "platform/input/stopped_exception.h"
 #include "platform/input/system_timer.h"
 
 namespace Platform {
@@ -47,8 +48,10 @@ std::intptr_t DispatchToWindow(const QueuedMessage& message)
 {
     if (message.window == nullptr || !Queue::Get().HasWindow(message.window))
         return 0;
-    return static_cast<MessageReceiver*>(message.window)
-        ->Receive(message.number, message.first, message.second);
+    const std::intptr_t answer = static_cast<MessageReceiver*>(message.window)
+                                     ->Receive(message.number, message.first, message.second);
+    ThrowStopped();
+    return answer;
 }
 
 bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first,

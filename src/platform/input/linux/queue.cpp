@@ -154,7 +154,28 @@ bool Queue::IsQuitAsked()
     return fQuit.has_value();
 }
 
+// Input finds its window when it is looked at, since what came before it may have moved the
+// keyboard elsewhere.
 std::optional<QueuedMessage> Queue::Take(Peek peek, MessageRange range)
+{
+    ReadSource();
+    std::optional<QueuedMessage> message = TakeUnrouted(peek, range);
+    if (message && message->window == nullptr && fRouter != nullptr)
+        fRouter(*message);
+    return message;
+}
+
+void Queue::ReadSource()
+{
+    if (fIsReading || !fReadSource)
+        return;
+    fIsReading = true;
+    const std::function<void()> read = fReadSource; // which may be taken away meanwhile
+    read();
+    fIsReading = false;
+}
+
+std::optional<QueuedMessage> Queue::TakeUnrouted(Peek peek, MessageRange range)
 {
     const std::lock_guard lock(fMutex);
     if (auto message = TakePosted(peek, range))
@@ -247,8 +268,8 @@ std::optional<std::uint64_t> Queue::NextDue() const
 void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
 {
     constexpr std::uint64_t kForever = ~std::uint64_t{0};
+    ReadSource();
     std::uint64_t wait = milliseconds ? *milliseconds : kForever;
-    std::function<void()> read;
     std::array<pollfd, 2> descriptors{};
     {
         const std::lock_guard lock(fMutex);
@@ -260,14 +281,13 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
             wait = std::min(wait, left);
         }
         descriptors = {pollfd{fBell, POLLIN, 0}, pollfd{fSource, POLLIN, 0}};
-        read = fReadSource;
     }
     poll(descriptors.data(), descriptors.size(),
          wait != kForever ? static_cast<int>(std::min<std::uint64_t>(wait, 60000)) : -1);
     std::uint64_t rung = 0;
     [[maybe_unused]] const ssize_t got = ::read(fBell, &rung, sizeof rung);
-    if (descriptors[1].revents != 0 && read)
-        read();
+    if (descriptors[1].revents != 0)
+        ReadSource();
 }
 
 std::u16string Queue::TakeTextOf(const QueuedMessage& message)
@@ -295,6 +315,13 @@ void Queue::RemoveWindow(NativeWindow window)
                   [window](const QueuedMessage& message) { return message.window == window; });
     std::erase_if(fInput, [window](const Input& input) { return input.message.window == window; });
     std::erase_if(fTimers, [window](const Timer& timer) { return timer.window == window; });
+}
+
+void Queue::BringToFront(NativeWindow window)
+{
+    const std::lock_guard lock(fMutex);
+    if (std::erase(fWindows, window) != 0)
+        fWindows.insert(fWindows.begin(), window);
 }
 
 bool Queue::HasWindow(NativeWindow window)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "platform/input/keyboard.h"
+#include "platform/input/linux/input.h"
 #include "platform/input/message_queue.h"
 #include "platform/input/pointer.h"
 
@@ -48,7 +49,8 @@ public:
     // Drops all that waits for the window.
     void RemoveWindow(NativeWindow window);
     bool HasWindow(NativeWindow window);
-    std::vector<NativeWindow> Windows(); // newest first
+    std::vector<NativeWindow> Windows(); // front to back
+    void BringToFront(NativeWindow window);
     void SetWantsPaint(NativeWindow window, bool wants);
 
     std::uintptr_t AddTimer(NativeWindow window, std::uintptr_t number, std::uint32_t milliseconds);
@@ -59,6 +61,7 @@ public:
     PixelPoint Cursor();
 
     void SetSource(int descriptor, std::function<void()> read);
+    void SetRouter(InputRouter router) { fRouter = router; }
 
 private:
     struct Input {
@@ -82,6 +85,8 @@ private:
     ~Queue();
 
     void Wake() const;
+    void ReadSource();
+    std::optional<QueuedMessage> TakeUnrouted(Peek peek, MessageRange range);
     std::optional<QueuedMessage> TakePosted(Peek peek, MessageRange range);
     std::optional<QueuedMessage> TakeInput(Peek peek, MessageRange range);
     std::optional<QueuedMessage> TakePaint(MessageRange range) const;
@@ -97,7 +102,7 @@ private:
     std::vector<NativeWindow> fToPaint; // in the order of the wishes
     std::vector<Timer> fTimers;
     std::uintptr_t fLastThreadTimer = 0;
-    std::vector<NativeWindow> fWindows; // newest first
+    std::vector<NativeWindow> fWindows; // front to back
     std::optional<int> fQuit;
     Input fTaken; // the key message that was taken last
     Keys fKeysNow;
@@ -106,6 +111,8 @@ private:
     int fBell;        // an eventfd: rung whenever something arrives
     int fSource = -1; // more to wait for, as the display's connection
     std::function<void()> fReadSource;
+    bool fIsReading = false;
+    InputRouter fRouter = nullptr;
 };
 
 } // namespace Platform

@@ -1,5 +1,6 @@
 #include "platform/input/message_queue.h"
 
+#include "platform/input/stopped_exception.h"
 #include "platform/input/system_timer.h"
 #include "platform/system/win32/handles.h"
 
@@ -83,7 +84,9 @@ void TranslateKeyMessage(const QueuedMessage& message)
 std::intptr_t DispatchToWindow(const QueuedMessage& message)
 {
     const MSG system = ToSystem(message);
-    return DispatchMessageW(&system);
+    const std::intptr_t answer = DispatchMessageW(&system);
+    ThrowStopped();
+    return answer;
 }
 
 bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first,

@@ -1,5 +1,6 @@
 #include "platform/input/pointer.h"
 
+#include "platform/system/win32/handles.h"
 #include "platform/system/win32/late_function.h"
 
 #include <algorithm>

@@ -1,0 +1,59 @@
+#include "platform/windows/linux/display.h"
+
+#include "platform/windows/clipboard.h"
+#include "platform/windows/linux/window.h"
+#include "platform/windows/mouse_state.h"
+
+#include <utility>
+
+namespace Platform {
+namespace {
+
+std::unique_ptr<Display>& Current()
+{
+    static std::unique_ptr<Display> display = std::make_unique<Display>();
+    return display;
+}
+
+} // namespace
+
+Display& Display::Get()
+{
+    return *Current();
+}
+
+void Display::Connect()
+{
+    static bool tried = false;
+    if (std::exchange(tried, true))
+        return;
+    if (std::unique_ptr<Display> found = ConnectDisplay())
+        Current() = std::move(found);
+}
+
+std::optional<std::string> ClipboardText()
+{
+    return Display::Get().ClipboardText();
+}
+
+bool SetClipboardText(std::string_view text)
+{
+    return Display::Get().SetClipboardText(text);
+}
+
+void SetWindowCursor(NativeWindow window, const Cursor& cursor)
+{
+    LinuxWindow* const found = LinuxWindow::From(window);
+    if (found == nullptr)
+        return;
+    found->fCursor = cursor;
+    Display::Get().ShowCursor(*found, cursor);
+}
+
+std::uint32_t DoubleClickTime()
+{
+    constexpr std::uint32_t kUsual = 500;
+    return kUsual;
+}
+
+} // namespace Platform

@@ -1,0 +1,225 @@
+#include "platform/windows/edit_control.h"
+
+#include "platform/system/win32/wide.h"
+#include "platform/windows/win32/child_notices.h"
+#include "platform/windows/win32/edit_text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Platform {
+namespace {
+
+DWORD StyleBits(const EditStyle& style)
+{
+    DWORD bits = style.multiLine ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN : ES_AUTOHSCROLL;
+    if (style.multiLine && !style.wraps)
+        bits |= ES_AUTOHSCROLL;
+    if (style.readOnly)
+        bits |= ES_READONLY;
+    if (style.password)
+        bits |= ES_PASSWORD;
+    if (style.side == TextSide::kMiddle)
+        bits |= ES_CENTER;
+    if (style.side == TextSide::kRight)
+        bits |= ES_RIGHT;
+    return bits;
+}
+
+HFONT MakeFont(const FontSpec& spec)
+{
+    LOGFONTW font{};
+    font.lfHeight = -spec.pixels;
+    font.lfWeight = spec.weight;
+    font.lfItalic = spec.italic ? TRUE : FALSE;
+    font.lfUnderline = spec.underline ? TRUE : FALSE;
+    font.lfCharSet = DEFAULT_CHARSET;
+    font.lfQuality = ANTIALIASED_QUALITY;
+    const std::wstring face = ToWide(spec.face);
+    face.copy(font.lfFaceName, LF_FACESIZE - 1);
+    return CreateFontIndirectW(&font);
+}
+
+COLORREF ToSystem(Colour colour)
+{
+    return RGB(colour.red, colour.green, colour.blue);
+}
+
+class SystemEdit final : public EditControl, private SystemChild {
+public:
+    SystemEdit(NativeWindow window, const EditStyle& style, const EditLook& look,
+               EditHandler& handler)
+        : SystemChild(handler, window, L"EDIT", StyleBits(style)), fHandler(handler)
+    {
+        constexpr wchar_t kDot = 0x25CF;
+        SendMessageW(Child(), EM_SETLIMITTEXT, kNoLimit, 0);
+        if (style.password)
+            SendMessageW(Child(), EM_SETPASSWORDCHAR, kDot, 0);
+        SetLook(look);
+    }
+
+    ~SystemEdit() override { DropLook(); }
+
+    NativeWindow Handle() const override { return Window(Child()); }
+    void Place(const PixelRect& rect) override { PlaceChild(rect); }
+    void SetShown(bool shown) override { ShowChild(shown); }
+    void SetControlEnabled(bool enabled) override { EnableChild(enabled); }
+
+    void SetText(std::string_view text) override
+    {
+        const Quiet quiet(*this);
+        fUndone = false;
+        SetWindowTextW(Child(), ToFieldText(text).c_str());
+        fKept = text;
+    }
+
+    // A field whose window is gone has the text that was set last.
+    std::string Text() const override
+    {
+        return Child() != nullptr ? FromFieldText(FieldText()) : fKept;
+    }
+
+    void Select(TextRange range) override
+    {
+        const std::wstring text = FieldText();
+        SendMessageW(Child(), EM_SETSEL, UnitOfCharacter(text, range.from),
+                     static_cast<LPARAM>(UnitOfCharacter(text, range.to)));
+        SendMessageW(Child(), EM_SCROLLCARET, 0, 0);
+    }
+
+    TextRange Selection() const override
+    {
+        DWORD from = 0;
+        DWORD to = 0;
+        SendMessageW(Child(), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
+                     reinterpret_cast<LPARAM>(&to));
+        const std::wstring text = FieldText();
+        return {CharacterOfUnit(text, from), CharacterOfUnit(text, to)};
+    }
+
+    void ReplaceSelection(std::string_view text) override
+    {
+        const std::wstring units = ToFieldText(text);
+        SendMessageW(Child(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(units.c_str()));
+        ThrowStopped();
+    }
+
+    void SetLimit(std::size_t characters) override
+    {
+        SendMessageW(Child(), EM_SETLIMITTEXT,
+                     characters != 0 ? std::min<std::size_t>(characters, kNoLimit) : kNoLimit, 0);
+    }
+
+    void SetReadOnly(bool readOnly) override
+    {
+        SendMessageW(Child(), EM_SETREADONLY, readOnly ? TRUE : FALSE, 0);
+    }
+
+    void SetLook(const EditLook& look) override
+    {
+        const HFONT font = MakeFont(look.font);
+        SendMessageW(Child(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+        SendMessageW(Child(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+        DropLook();
+        fFont = font;
+        fGround = CreateSolidBrush(ToSystem(look.ground));
+        fLook = look;
+        if (Child() != nullptr)
+            InvalidateRect(Child(), nullptr, TRUE);
+    }
+
+    void Cut() override { Send(WM_CUT); }
+    void Copy() override { Send(WM_COPY); }
+    void Paste() override { Send(WM_PASTE); }
+
+    // The system's field knows one step, which it does and takes back in turn.
+    void Undo() override
+    {
+        if (!CanUndo())
+            return;
+        Send(EM_UNDO);
+        fUndone = true;
+    }
+    void Redo() override
+    {
+        if (!CanRedo())
+            return;
+        Send(EM_UNDO);
+        fUndone = false;
+    }
+    bool CanUndo() const override { return !fUndone && Asks(EM_CANUNDO); }
+    bool CanRedo() const override { return fUndone && Asks(EM_CANUNDO); }
+
+private:
+    static constexpr WPARAM kNoLimit = 0x7FFFFFFE;
+
+    // The program's own changes tell nobody.
+    struct Quiet {
+        explicit Quiet(SystemEdit& edit) : fEdit(edit), fBefore(std::exchange(edit.fIsQuiet, true))
+        {
+        }
+        ~Quiet() { fEdit.fIsQuiet = fBefore; }
+        Quiet(const Quiet&) = delete;
+        Quiet& operator=(const Quiet&) = delete;
+
+        SystemEdit& fEdit;
+        bool fBefore;
+    };
+
+    void Notice(WORD code) override
+    {
+        if (code != EN_CHANGE || fIsQuiet)
+            return;
+        fUndone = false;
+        fHandler.TextChanged();
+    }
+
+    HBRUSH Colours(HDC device) override
+    {
+        SetTextColor(device, ToSystem(fLook.text));
+        SetBkColor(device, ToSystem(fLook.ground));
+        return fGround;
+    }
+
+    void Send(UINT number)
+    {
+        SendMessageW(Child(), number, 0, 0);
+        ThrowStopped();
+    }
+    bool Asks(UINT number) const { return SendMessageW(Child(), number, 0, 0) != 0; }
+
+    std::wstring FieldText() const
+    {
+        std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(Child())), L'\0');
+        const int length = GetWindowTextW(Child(), text.data(), static_cast<int>(text.size() + 1));
+        text.resize(static_cast<std::size_t>(length));
+        return text;
+    }
+
+    void DropLook()
+    {
+        if (fFont != nullptr)
+            DeleteObject(fFont);
+        if (fGround != nullptr)
+            DeleteObject(fGround);
+    }
+
+    EditHandler& fHandler;
+    EditLook fLook;
+    HFONT fFont = nullptr;
+    HBRUSH fGround = nullptr;
+    std::string fKept;
+    bool fIsQuiet = false;
+    bool fUndone = false;
+};
+
+} // namespace
+
+std::unique_ptr<EditControl> MakeEditControl(NativeWindow window, const EditStyle& style,
+                                             const EditLook& look, EditHandler& handler)
+{
+    auto edit = std::make_unique<SystemEdit>(window, style, look, handler);
+    return edit->Handle() != nullptr ? std::move(edit) : nullptr;
+}
+
+} // namespace Platform

@@ -1,0 +1,46 @@
+#include "platform/windows/mouse_state.h"
+
+#include "platform/graphics/win32/cursor_record.h"
+#include "platform/windows/win32/window_record.h"
+
+namespace Platform {
+
+// It shows at once where the mouse is over the window; else when it comes there.
+void SetWindowCursor(NativeWindow window, const Cursor& cursor)
+{
+    WindowRecord* const record = RecordOf(Handle(window));
+    if (record == nullptr)
+        return;
+    record->cursor = cursor;
+    POINT point{};
+    GetCursorPos(&point);
+    RECT client{};
+    GetClientRect(Handle(window), &client);
+    if (WindowFromPoint(point) == Handle(window) && ScreenToClient(Handle(window), &point) != 0 &&
+        PtInRect(&client, point) != 0)
+        SetCursor(cursor.GetRecord().Handle());
+}
+
+void CaptureMouse(NativeWindow window)
+{
+    SetCapture(Handle(window));
+    ThrowStopped();
+}
+
+void ReleaseMouse()
+{
+    ReleaseCapture();
+    ThrowStopped();
+}
+
+NativeWindow CapturingWindow()
+{
+    return Window(GetCapture());
+}
+
+std::uint32_t DoubleClickTime()
+{
+    return GetDoubleClickTime();
+}
+
+} // namespace Platform

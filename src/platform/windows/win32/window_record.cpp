@@ -1,0 +1,127 @@
+#include "platform/windows/win32/window_record.h"
+
+#include "platform/graphics/win32/cursor_record.h"
+#include "platform/input/message_numbers.h"
+#include "platform/windows/win32/child_notices.h"
+
+#include <map>
+
+namespace Platform {
+namespace {
+
+static_assert(sizeof(SizeRange) == sizeof(MINMAXINFO));
+static_assert(offsetof(SizeRange, least) == offsetof(MINMAXINFO, ptMinTrackSize));
+static_assert(offsetof(SizeRange, most) == offsetof(MINMAXINFO, ptMaxTrackSize));
+
+std::map<HWND, WindowRecord>& Records()
+{
+    static std::map<HWND, WindowRecord> records;
+    return records;
+}
+
+// Keys that would open the system's menus, or close the window without its being asked.
+bool IsKeptFromSystem(UINT number, WPARAM first)
+{
+    switch (number) {
+    case WM_CLOSE:
+        return true;
+    case WM_SYSKEYDOWN:
+    case WM_SYSKEYUP:
+        return first == VK_MENU || first == VK_F10 || first == VK_F4;
+    case WM_SYSCHAR:
+        return first != ' '; // which opens the window's menu
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+HINSTANCE ThisModule()
+{
+    static const char anchor = 0;
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&anchor), &module);
+    return module;
+}
+
+WindowRecord* RecordOf(HWND window)
+{
+    const auto found = Records().find(window);
+    return found != Records().end() ? &found->second : nullptr;
+}
+
+void AddRecord(HWND window, const WindowRecord& record)
+{
+    Records().insert_or_assign(window, record);
+}
+
+std::vector<HWND> RecordedWindows()
+{
+    std::vector<HWND> windows;
+    for (const auto& [window, record] : Records())
+        windows.push_back(window);
+    return windows;
+}
+
+LRESULT AnswerOfSystem(HWND window, const WindowRecord* record, UINT number, WPARAM first,
+                       LPARAM second)
+{
+    if (record != nullptr && record->kind == WindowKind::kMDIDocument)
+        return DefMDIChildProcW(window, number, first, second);
+    if (record != nullptr && record->documents != nullptr)
+        return DefFrameProcW(window, record->documents, number, first, second);
+    return DefWindowProcW(window, number, first, second);
+}
+
+// A window hears nothing before MakeSystemWindow has returned it, and nothing once it is ended.
+LRESULT CALLBACK ReceiveMessage(HWND window, UINT number, WPARAM first, LPARAM second)
+{
+    LRESULT answer = 0;
+    if (WithExceptionsStopped([&] { return TellChild(number, first, second, answer); }))
+        return answer;
+    WindowRecord* const record = RecordOf(window);
+    if (record == nullptr || record->procedure == nullptr) {
+        answer = AnswerOfSystem(window, record, number, first, second);
+    } else {
+        WindowProcedure& procedure = *record->procedure;
+        answer = WithExceptionsStopped([&]() -> LRESULT {
+            return procedure.Receive({Window(window), number, first, second});
+        });
+    }
+    if (number == WM_NCDESTROY)
+        Records().erase(window);
+    return answer;
+}
+
+std::intptr_t DefaultAnswer(const WindowMessage& message)
+{
+    const HWND window = Handle(message.window);
+    const WindowRecord* const record = RecordOf(window);
+    if (record == nullptr || IsKeptFromSystem(message.number, message.first))
+        return 0;
+    switch (message.number) {
+    case WM_SETCURSOR:
+        if (LOWORD(message.second) != HTCLIENT)
+            break;
+        SetCursor(record->cursor.GetRecord().Handle());
+        return TRUE;
+    case WM_MOUSEACTIVATE:
+        if (NeverActivates(record->kind))
+            return MA_NOACTIVATE;
+        break;
+    case Number::kScaleChanged: {
+        const auto& rect = *reinterpret_cast<const RECT*>(message.second);
+        SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
+                     rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        return 0;
+    }
+    default:
+        break;
+    }
+    return AnswerOfSystem(window, record, message.number, message.first, message.second);
+}
+
+} // namespace Platform

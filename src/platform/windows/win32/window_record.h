@@ -1,0 +1,40 @@
+// What is kept of each window that was made here, and how its messages reach its procedure.
+#pragma once
+
+#include "platform/graphics/cursors.h"
+#include "platform/system/win32/handles.h"
+#include "platform/windows/system_window.h"
+
+#include <vector>
+#include <windows.h>
+
+namespace Platform {
+
+class Bitmap;
+
+struct WindowRecord {
+    WindowProcedure* procedure = nullptr; // null: it is to hear nothing
+    WindowKind kind = WindowKind::kDialog;
+    std::uint32_t features = 0;
+    HWND documents = nullptr; // the client of a frame of many documents
+    Cursor cursor;
+    Bitmap* photograph = nullptr; // what is presented goes here, while it is taken
+};
+
+// Null unless the window was made by MakeSystemWindow and lives.
+WindowRecord* RecordOf(HWND window);
+
+// The procedure of all window classes.
+LRESULT CALLBACK ReceiveMessage(HWND window, UINT number, WPARAM first, LPARAM second);
+
+void AddRecord(HWND window, const WindowRecord& record);
+std::vector<HWND> RecordedWindows();
+
+// What the system itself answers, by the kind of window.
+LRESULT AnswerOfSystem(HWND window, const WindowRecord* record, UINT number, WPARAM first,
+                       LPARAM second);
+
+// The module that this code lies in; classes belong to it.
+HINSTANCE ThisModule();
+
+} // namespace Platform
