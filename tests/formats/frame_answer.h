@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/electricimage/choose_frame.h"
+#include "foundation/settings/plugin_settings.h"
 #include "plugin/format/format_dialog.h"
 
 #include <optional>
@@ -24,9 +25,20 @@ public:
     uint32_t offered = 0; // the frame that the dialog began with
     uint32_t range = 0;   // and how many there were
 
+    double opensAt = 0;              // where the window was put
+    std::optional<double> movesTo{}; // and where the user left it
+
 private:
     class Dialog : public Kesto::CFormatDialog {
     public:
+        void Prepare(const Kesto::PluginSettings& settings) override
+        {
+            gAnswer->opensAt = settings.window.positionX;
+        }
+        void StoreState(Kesto::PluginSettings& settings) override
+        {
+            settings.window.positionX = gAnswer->movesTo.value_or(settings.window.positionX);
+        }
         bool RunModal() override
         {
             ++gAnswer->asked;

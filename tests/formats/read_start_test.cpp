@@ -192,6 +192,21 @@ TEST_F(ReadStart, AChosenFrameIsReachedBySeeks)
     EXPECT_EQ(host.Open(FiveFrames()), (Outcome{kHostUserCanceled, kFormatReadStart}));
 }
 
+TEST_F(ReadStart, TheDialogOpensWhereItWasLeft)
+{
+    FrameAnswer answer(2);
+    for (const double place : {33.0, -50.0}) {
+        answer.movesTo = place;
+        SCOPED_TRACE(place);
+        for (int session = 0; session < 2; ++session) { // the second reads what is stored
+            ScriptableHost each;
+            EXPECT_EQ(each.Open(FiveFrames()), Outcome{});
+            each.Call(kFormatUnload);
+        }
+        EXPECT_EQ(answer.opensAt, place);
+    }
+}
+
 TEST_F(ReadStart, NobodyIsAskedWithoutNeed)
 {
     const FrameAnswer answer(4);

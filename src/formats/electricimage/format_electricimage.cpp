@@ -18,9 +18,9 @@ std::unique_ptr<Kesto::CFormatDialog> PFormatElectricImage::GetDialog()
     return maker != nullptr ? maker() : nullptr;
 }
 
-void PFormatElectricImage::GetPrefsNames(Kesto::CText& registryPath, Kesto::CText& fileName)
+void PFormatElectricImage::GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName)
 {
-    GetElectricImagePrefsNames(Kesto::HostEdition(), registryPath, fileName);
+    GetElectricImageSettingsLocation(Kesto::HostEdition(), keyPath, fileName);
 }
 
 } // namespace Project

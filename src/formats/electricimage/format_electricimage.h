@@ -14,7 +14,7 @@ public:
     // The frame dialog, or null when nobody builds one.
     std::unique_ptr<Kesto::CFormatDialog> GetDialog() override;
 
-    void GetPrefsNames(Kesto::CText& registryPath, Kesto::CText& fileName) override;
+    void GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName) override;
 };
 
 } // namespace Project

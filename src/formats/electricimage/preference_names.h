@@ -7,7 +7,7 @@ namespace Project {
 
 // The key path in the registry and the name of the file for an edition of the host, as keys to be
 // localised.
-void GetElectricImagePrefsNames(Kesto::Edition edition, Kesto::CText& registryPath,
-                                Kesto::CText& fileName);
+void GetElectricImageSettingsLocation(Kesto::Edition edition, Kesto::CText& keyPath,
+                                      Kesto::CText& fileName);
 
 } // namespace Project

@@ -47,8 +47,11 @@ void CSettingsRecord::Load(PluginSettings& settings)
     CText fileName;
     fOwner.GetSettingsLocation(keyPath, fileName);
     CMemoryContainer file(kGrowth);
-    if (fStore.ReadSettingsData(keyPath, CText(kSettingsValueName), fileName, file, false))
-        SettingsFileLoad(settings, file);
+    if (!fStore.ReadSettingsData(keyPath, CText(kSettingsValueName), fileName, file, false))
+        return;
+    SettingsFileLoad(settings, file);
+    file.Seek(0);
+    fOwner.LoadPrefs(file);
 }
 
 bool CSettingsRecord::Save()
@@ -58,6 +61,8 @@ bool CSettingsRecord::Save()
     fOwner.GetSettingsLocation(keyPath, fileName);
     CMemoryContainer file(kGrowth);
     SettingsFileSave(Get(), file);
+    file.Seek(file.GetSize());
+    fOwner.SavePrefs(file);
     return fStore.WriteSettingsData(keyPath, CText(kSettingsValueName), fileName, file, false);
 }
 

@@ -15,6 +15,11 @@ public:
     // The key path in the registry and the name of the file, as keys to be localised.
     virtual void GetSettingsLocation(CText& keyPath, CText& fileName) = 0;
 
+    // What was loaded, and what is about to be stored: for a plug-in that reads more from its file
+    // than the record, or writes more behind it. The container is at its start, and at its end.
+    virtual void LoadPrefs(CContainer&) {}
+    virtual void SavePrefs(CContainer&) {}
+
     // The project's part of a new record, with its defaults; for null the record takes the base,
     // which has none.
     virtual std::unique_ptr<Project::PSettings> CreateSettings()

@@ -1,5 +1,6 @@
 #include "plugin/format/format.h"
 
+#include "foundation/alerts/reporter.h"
 #include "plugin/frame/lumograph_error.h"
 
 namespace Project {
@@ -24,15 +25,19 @@ bool PFormat::WithRequiredMemory()
     return true;
 }
 
-void PFormat::LoadPrefs(std::span<const std::byte>) {}
-
-void PFormat::SavePrefs(std::span<std::byte>) {}
-
 bool PFormat::RunDialog()
 {
     const Kesto::CProcessScope scope(*this);
     const std::unique_ptr<Kesto::CFormatDialog> dialog = GetDialog();
-    return dialog == nullptr || dialog->RunModal();
+    if (dialog == nullptr)
+        return true;
+    Kesto::PluginSettings& prefs = GetPrefsBag();
+    dialog->Prepare(prefs);
+    dialog->ShowModal();
+    const bool accepted = dialog->RunModal();
+    dialog->StoreState(prefs);
+    Kesto::Reported([this] { fPrefs.Save(); });
+    return accepted;
 }
 
 bool PFormat::DoReadPrepare()

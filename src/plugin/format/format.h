@@ -5,15 +5,13 @@
 #include "plugin/format/format_dialog.h"
 #include "plugin/format/lumograph_format.h"
 
-#include "foundation/base/text.h"
+#include "foundation/settings/settings_record.h"
 
-#include <cstddef>
 #include <memory>
-#include <span>
 
 namespace Project {
 
-class PFormat : public Kesto::CLumographFormat {
+class PFormat : public Kesto::CLumographFormat, public Kesto::CSettingsOwner {
 public:
     // The budget is left to the switch.
     bool WithRequiredMemory() override;
@@ -56,18 +54,19 @@ public:
     // Builds the dialog of the format, or null when it has none.
     virtual std::unique_ptr<Kesto::CFormatDialog> GetDialog() = 0;
 
-    // Where the preferences of the format are kept, as localisable texts.
-    virtual void GetPrefsNames(Kesto::CText& registryPath, Kesto::CText& fileName) = 0;
+    // The preferences of the format, which live as long as it does: the state of its dialog's
+    // window, and what CreateSettings adds. Loaded when they are first asked for; what can't be
+    // loaded is reported, and the defaults hold.
+    Kesto::PluginSettings& GetPrefsBag() { return fPrefs.Get(); }
 
-    // What a format keeps in its preferences besides the state of its dialog's window.
-    virtual void LoadPrefs(std::span<const std::byte> block);
-    virtual void SavePrefs(std::span<std::byte> block);
-
-    // Runs the dialog of the format, inside a process scope. Whether it was accepted; without a
-    // dialog there is nothing to refuse.
+    // Runs the dialog of the format, inside a process scope, and keeps the state of its window in
+    // the preferences. Whether it was accepted; without a dialog there is nothing to refuse.
+    // Preferences that can't be stored are reported, and the user's answer holds.
     bool RunDialog();
 
 private:
+    Kesto::CSettingsRecord fPrefs{*this, *this};
+
     int16_t Forward(int16_t selector);
     bool ForwardChecked(int16_t selector);
 };
