@@ -31,6 +31,8 @@ protected:
             test.log += "+" + name + ' ';
             if (doneByStart)
                 SetDone(true);
+            if (atStart)
+                atStart();
         }
         void OnStop() override { test.log += "-" + name + ' '; }
         void ChildStopped(CExecutable* child) override
@@ -52,6 +54,7 @@ protected:
         std::string name;
         bool agrees = true;
         bool doneByStart = false;
+        std::function<void()> atStart;
         std::function<void()> atPoll;
     };
 
@@ -95,6 +98,14 @@ TEST_F(Executables, StartInOrderAndStopInReverse)
     root.Start();
     EXPECT_EQ(TakeLog(), "+root +second +late ") << "a child that is done at once keeps none back";
     EXPECT_TRUE(root.IsDone());
+}
+
+TEST_F(Executables, EachChildIsStartedOnceWhoeverGoes)
+{
+    Node late(*this, &root, "late", CExecutable::kAutoStart);
+    second.atStart = [this] { delete std::exchange(first, nullptr); };
+    root.Start();
+    EXPECT_EQ(TakeLog(), "+root +first +second ~first +late ");
 }
 
 TEST_F(Executables, ARequestThatComesDuringThePollIsAnsweredInTheNextTurn)

@@ -303,6 +303,7 @@ bool CMessenger::LeavePath()
 
 void CMessenger::ReclaimBullseye()
 {
+    gBullseye = nullptr;
     for (CMessenger* at = this; at != nullptr; at = at->fTarget)
         if (at->IsBullseye())
             gBullseye = at;

@@ -32,12 +32,15 @@ private:
     CExecutable* fBefore;
 };
 
-// A visit of the children from the last to the first, which keeps its place when some leave.
+// A visit of the children, which keeps its place when some leave. From the first to the last it
+// calls those too that join meanwhile.
 class CExecutable::CVisit {
 public:
-    explicit CVisit(CExecutable& parent)
-        : fParent(parent), fWatch(&parent), fOuter(std::exchange(parent.fVisit, this)),
-          fLeft(parent.fChildren.size())
+    enum class From { kFirst, kLast };
+
+    CVisit(CExecutable& parent, From from)
+        : fParent(parent), fWatch(&parent), fOuter(std::exchange(parent.fVisit, this)), fFrom(from),
+          fPlace(from == From::kLast ? parent.fChildren.size() : 0)
     {
     }
     ~CVisit()
@@ -48,24 +51,31 @@ public:
     CVisit(const CVisit&) = delete;
     CVisit& operator=(const CVisit&) = delete;
 
+    // The next child; null after the end, and when the parent is destroyed.
     CExecutable* Take()
     {
-        return fWatch.IsGone() || fLeft == 0 ? nullptr : fParent.fChildren[--fLeft];
+        const std::size_t end = fWatch.IsGone()        ? fPlace
+                                : fFrom == From::kLast ? 0
+                                                       : fParent.fChildren.size();
+        if (fPlace == end)
+            return nullptr;
+        return fParent.fChildren[fFrom == From::kLast ? --fPlace : fPlace++];
     }
 
     // The child at this place leaves.
     static void Leave(CVisit* innermost, std::size_t place)
     {
         for (CVisit* visit = innermost; visit != nullptr; visit = visit->fOuter)
-            if (place < visit->fLeft)
-                --visit->fLeft;
+            if (place < visit->fPlace)
+                --visit->fPlace;
     }
 
 private:
     CExecutable& fParent;
     CMessengerWatch fWatch;
     CVisit* fOuter;
-    std::size_t fLeft; // children that haven't had their turn
+    From fFrom;
+    std::size_t fPlace; // between the children before it and those from it on
 };
 
 CExecutable::CExecutable(CExecutable* super, std::uint32_t flags) : fSuper(super), fFlags(flags)
@@ -172,9 +182,13 @@ void CExecutable::Start()
     OnStart();
     if (watch.IsGone() || IsDone())
         return;
-    for (std::size_t i = 0; !watch.IsGone() && i < fChildren.size() && IsStarted(); ++i)
-        if (fChildren[i]->IsAutoStart())
-            fChildren[i]->Start();
+    CVisit children(*this, CVisit::From::kFirst);
+    while (CExecutable* const child = children.Take()) {
+        if (!IsStarted())
+            return;
+        if (child->IsAutoStart())
+            child->Start();
+    }
 }
 
 bool CExecutable::HasChild(const CExecutable* child) const
@@ -185,7 +199,7 @@ bool CExecutable::HasChild(const CExecutable* child) const
 template <class Visit>
 void CExecutable::VisitChildrenBackward(Visit visit)
 {
-    CVisit children(*this);
+    CVisit children(*this, CVisit::From::kLast);
     while (CExecutable* const child = children.Take())
         visit(child);
 }
@@ -287,8 +301,9 @@ void CExecutable::ReportChildren(std::string& lines, int depth) const
 
 void CExecutable::PropagateActive(bool active)
 {
-    for (std::size_t i = 0; i < fChildren.size(); ++i)
-        fChildren[i]->PropagateActive(active);
+    CVisit children(*this, CVisit::From::kFirst);
+    while (CExecutable* const child = children.Take())
+        child->PropagateActive(active);
 }
 
 bool CExecutable::CanRun() const
