@@ -22,8 +22,8 @@ void InjectButton(Key button, bool down);
 // Turns the wheel, in parts of kWheelStep; upward and to the right are positive.
 void InjectWheel(std::int32_t right, std::int32_t up);
 
-// Presses or releases a key by its number. A press types `text`, where the system leaves that to
-// the program.
+// Presses or releases a key by its number. On Linux a press types `text`; letters, digits and the
+// keys that type on any keyboard do so without.
 void InjectKey(std::uint32_t key, bool down, std::u16string_view text = {});
 
 // Types a character that no key needs to have.

@@ -31,6 +31,26 @@ void InjectMouse(std::uint32_t number, std::uintptr_t first, PixelPoint point)
     InjectInput({nullptr, number, first, 0, TickCount(), point.x, point.y});
 }
 
+// What a key types on any keyboard: letters and digits themselves, and with Control the letters'
+// commands.
+std::u16string UsualText(std::uint32_t key)
+{
+    const bool shift = IsKeyDown(Key::kShift, KeyMoment::kNow);
+    const bool control = IsKeyDown(Key::kControl, KeyMoment::kNow);
+    const auto unit = static_cast<char16_t>(key);
+    if (key >= 'A' && key <= 'Z') {
+        const int smaller = control ? 'A' - 1 : shift ? 0 : 'A' - 'a';
+        return {static_cast<char16_t>(unit - smaller)};
+    }
+    constexpr std::uint32_t kBackspace = 0x08;
+    constexpr char16_t kWordBackspace = 0x7F;
+    if (key == kBackspace)
+        return {control ? kWordBackspace : unit};
+    const bool isItself = key == u'\t' || key == u'\r' || key == 0x1B || key == u' ' ||
+                          (key >= '0' && key <= '9' && !shift);
+    return isItself && !control ? std::u16string{unit} : std::u16string();
+}
+
 } // namespace
 
 void InjectMove(PixelPoint point)
@@ -78,11 +98,12 @@ void InjectWheel(std::int32_t right, std::int32_t up)
 
 void InjectKey(std::uint32_t key, bool down, std::u16string_view text)
 {
+    const std::u16string usual = down && text.empty() ? UsualText(key) : std::u16string(text);
     const PixelPoint point = CursorPosition();
     const QueuedMessage message = KeyMessage(key, 0, down);
     InjectInput(
         {nullptr, message.number, message.first, message.second, TickCount(), point.x, point.y},
-        std::u16string(text));
+        usual);
 }
 
 // As a key that stands for a character and nothing else.

@@ -159,7 +159,7 @@ NativeWindow OwnerOf(NativeWindow window)
 NativeWindow TopWindowOf(NativeWindow window)
 {
     LinuxWindow* const found = LinuxWindow::From(window);
-    return found != nullptr ? found->Top().Handle() : nullptr;
+    return found != nullptr ? found->Top().Handle() : window;
 }
 
 std::vector<NativeWindow> ThreadWindows()

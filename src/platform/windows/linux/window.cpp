@@ -173,8 +173,10 @@ TopWindow::TopWindow(const WindowPlan& plan, WindowProcedure& procedure) : fProc
 {
     fKind = plan.kind;
     fFeatures = plan.features;
-    fOwner = TopWindowOf(plan.owner);
-    if (fOwner == nullptr)
+    LinuxWindow* const owner = From(plan.owner);
+    if (owner != nullptr)
+        fOwner = owner->Top().Handle();
+    else
         fForeignOwner = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(plan.owner));
     fTitle = plan.title;
     fClassName = plan.className;

@@ -35,9 +35,9 @@ public:
     std::intptr_t Send(std::uint32_t number, std::uintptr_t first = 0, std::intptr_t second = 0);
 
     LinuxWindow& Top() { return fParent != nullptr ? fParent->Top() : *this; }
-    bool IsTop() const { return fParent == nullptr; }
-    bool IsVisible() const { return fShown && (fParent == nullptr || fParent->IsVisible()); }
-    bool IsUsable() const { return fEnabled && (fParent == nullptr || fParent->IsUsable()); }
+    bool IsTop() const { return !fIsChild; }
+    bool IsVisible() const { return fShown && (IsTop() || (fParent && fParent->IsVisible())); }
+    bool IsUsable() const { return fEnabled && (IsTop() || (fParent && fParent->IsUsable())); }
 
     PixelRect ScreenRect() const; // of the content
     PixelRect Local() const       // the content in its own pixels
@@ -59,7 +59,8 @@ public:
     // Rows of the content as they were presented last; of its size unless memory was short.
     bool ReadyPicture();
 
-    LinuxWindow* fParent = nullptr;      // of a child control
+    bool fIsChild = false;
+    LinuxWindow* fParent = nullptr;      // of a child control; null once the parent is gone
     std::vector<LinuxWindow*> fChildren; // the last made is in front
     WindowKind fKind = WindowKind::kDialog;
     std::uint32_t fFeatures = 0;
