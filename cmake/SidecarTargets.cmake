@@ -14,7 +14,8 @@ set(SIDECAR_HOUSE
   "controls:   base frames text buttons fields scrolling sliders popups lists tabs tools"
   "plugin:     suites frame format filter export view_info"
   "dialogs:    settings plugin_dialog preview"
-  "formats:    electricimage")
+  "formats:    electricimage"
+  "module:     ")
 set(SIDECAR_LAYERS ${SIDECAR_HOUSE})
 list(TRANSFORM SIDECAR_LAYERS REPLACE ":.*" "")
 

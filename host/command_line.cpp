@@ -28,7 +28,10 @@ int Report(const Failure& failure)
 int Run(const Command& command)
 try {
     CatchInterrupts();
-    return command();
+    const int status = command();
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        throw FailureOf("can't write to the standard output", kHostWriteError);
+    return status;
 } catch (const Failure& failure) {
     return Report(failure);
 } catch (const std::bad_alloc&) {

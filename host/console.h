@@ -9,8 +9,9 @@ bool MessagesGoToTerminal();
 // Its width in characters; 80 when it can't be told.
 int TerminalWidth();
 
-// From now on the interrupt key (Ctrl-C) and a request to end don't kill the program but make
-// Interrupted() true. A second one kills.
+// From now on the interrupt key (Ctrl-C), a request to end and the end of the terminal don't kill
+// the program but make Interrupted() true. A second one kills. A limit on the size of files is a
+// failed write.
 void CatchInterrupts();
 bool Interrupted();
 

@@ -83,18 +83,44 @@ std::vector<FrameOptions> LayoutsOf(const AssembleOptions& options)
     return layouts;
 }
 
+void RequireGoOn(const std::string& output)
+{
+    if (Interrupted())
+        throw FailureOf("can't assemble " + output, kHostUserCanceled);
+}
+
+// A picture whose reading ends when the user asks for it: a large one takes long.
+class StoppablePicture final : public PictureSource {
+public:
+    StoppablePicture(std::unique_ptr<PictureSource> picture, const std::string& output)
+        : fPicture(std::move(picture)), fOutput(output)
+    {
+    }
+
+    const PictureInfo& Info() const override { return fPicture->Info(); }
+    const uint8_t* Row(int32_t y) override
+    {
+        RequireGoOn(fOutput);
+        return fPicture->Row(y);
+    }
+
+private:
+    std::unique_ptr<PictureSource> fPicture;
+    const std::string& fOutput;
+};
+
 int RunAssemble(const AssembleOptions& options)
 {
     const std::vector<FrameOptions> layouts = LayoutsOf(options);
     FrameEncoder encoder(PathOf(options.output), static_cast<uint32_t>(options.pictures.size()));
     ProgressBar progress("Assembling");
     for (size_t i = 0; i < options.pictures.size(); ++i) {
-        if (Interrupted())
-            throw FailureOf("can't assemble " + options.output, kHostUserCanceled);
+        RequireGoOn(options.output);
         progress.Show(static_cast<int64_t>(i), static_cast<int64_t>(options.pictures.size()));
-        const std::unique_ptr<PictureSource> picture = OpenPicture(PathOf(options.pictures[i]));
-        encoder.Append(*picture, layouts[i], options.pictures[i]);
+        StoppablePicture picture(OpenPicture(PathOf(options.pictures[i])), options.output);
+        encoder.Append(picture, layouts[i], options.pictures[i]);
     }
+    RequireGoOn(options.output);
     encoder.Finish();
     std::printf(
         "%s: %zu frame%s, %llu bytes\n", options.output.c_str(), layouts.size(),

@@ -127,8 +127,6 @@ std::vector<std::string> Operation::Leftovers() const
         lines.push_back(Counted(memory.faults, "call") + " with a buffer or handle that isn't one");
     if (const int32_t files = FileServiceInspect(&fRecord).openFiles; files > 0)
         lines.push_back(Counted(files, "file") + " not closed");
-    if (const int suites = AcquiredSuites(); suites > 0)
-        lines.push_back(Counted(suites, "suite") + " not released");
     return lines;
 }
 

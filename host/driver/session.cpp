@@ -1,5 +1,6 @@
 #include "driver/session.h"
 
+#include "driver/basic_suite.h"
 #include "driver/host_memory.h"
 #include "failure.h"
 
@@ -52,6 +53,9 @@ Session::~Session()
 {
     if (fModule.Properties().loadUnload)
         SendAlone(kFormatUnload);
+    if (const int suites = AcquiredSuites(); suites > 0)
+        std::fprintf(stderr, "lumohost: the module left behind: %d suite%s not released\n", suites,
+                     suites == 1 ? "" : "s");
     if (fOptions.verbose && Memory().handles > 0)
         std::fprintf(stderr, "%d handles of %lld bytes were the data word's and end with it\n",
                      int{Memory().handles}, static_cast<long long>(Memory().handleBytes));

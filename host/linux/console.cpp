@@ -35,8 +35,10 @@ void CatchInterrupts()
     struct sigaction action = {};
     action.sa_handler = OnInterrupt;
     action.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT})
+        sigaction(signal, &action, nullptr);
+    // A file that passes the limit of its size is a failed write, as on a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool Interrupted()

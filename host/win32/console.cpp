@@ -13,7 +13,7 @@ std::atomic<bool> gInterrupted = false;
 // system, which ends us.
 BOOL WINAPI OnInterrupt(DWORD event)
 {
-    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT && event != CTRL_CLOSE_EVENT)
         return FALSE;
     return gInterrupted.exchange(true) ? FALSE : TRUE;
 }

@@ -8,5 +8,6 @@
 #include "results.h"
 #include "selectors.h"
 #include "suites.h"
+#include "view_info.h"
 
 #endif

@@ -79,15 +79,114 @@ typedef struct HostFormatRecord {
     uint8_t host4B9[7];
 } HostFormatRecord;
 
-/* The record of a filter. */
+/* A rectangle where a side passes 16 bits. Right and bottom are exclusive. */
+typedef struct HostRect32 {
+    int32_t left;
+    int32_t top;
+    int32_t right;
+    int32_t bottom;
+} HostRect32;
+
+/* The rectangles that a filter asks for, in 32 bits: they count in place of those of the record
+ * where a side passes 16 bits. */
+typedef struct HostWideRects {
+    uint8_t host00[0x1C];
+    HostRect32 source;
+    HostRect32 result;
+    HostRect32 mask;
+} HostWideRects;
+
+/* The record of a filter.
+ *
+ * Before a fetch, and before it returns from start or continue, a filter sets the rectangles and
+ * planes of the blocks that it wants; an empty rectangle wants none. What a fetch lent before is
+ * given back by the next fetch and by the end of the selector, and a result block is taken over
+ * then. Samples of a block are interleaved by pixel: bytes, 16 bits from 0 to 32768 in the
+ * machine's order, or floats, as `depth` says. */
 typedef struct HostFilterRecord {
-    uint8_t host00[0x188];
+    uint8_t host00[4];
+    uint8_t (*abortCheck)(void); /* non-zero: stop, the user asked for it */
+    void (*progressReport)(int32_t current, int32_t total);
+    uint8_t host14[8];
+    int16_t documentHeight;
+    int16_t documentWidth;
+    uint8_t host20[2];
+    HostRect16 targetRect; /* what the filter is to change */
+    uint8_t host2A[0xE];
+    int32_t spaceBudget;        /* bytes that the host can give; prepare says how many are wanted */
+    int32_t bufferShare;        /* the part of it for the module's own buffers */
+    HostRect16 sourceBlockRect; /* the source's block that is wanted */
+    int16_t sourceFirstPlane;
+    int16_t sourceLastPlane;
+    HostRect16 resultBlockRect; /* the result's */
+    int16_t resultFirstPlane;
+    int16_t resultLastPlane;
+    uint8_t host58[0xC];
+    const void* sourceBlock; /* its bytes */
+    int32_t sourceStride;    /* bytes from row to row */
+    uint8_t floatingFlag;    /* non-zero: the pixels float above a layer */
+    uint8_t maskPresent;     /* non-zero: only a selected part changes */
+    uint8_t maskAutomatic;   /* non-zero: the host applies the mask itself */
+    uint8_t host73;
+    HostRect16 maskBlockRect; /* the mask's block that is wanted */
+    const void* maskBlock;
+    int32_t maskStride;
+    void* resultBlock; /* what the filter writes to */
+    int32_t resultStride;
+    uint8_t host94[8];
+    int16_t filterPlanes; /* planes of a pixel */
+    uint8_t host9E[0x7A];
+    int16_t (*fetchBlocks)(void); /* lends the blocks that are wanted; 0 is success */
+    uint8_t host120[0xE];
+    int16_t sourceFill; /* what pixels beyond the picture are filled with */
+    int16_t resultFill;
+    int16_t maskFill;
+    uint8_t host134[4];
+    int32_t inputRate; /* source pixels for each of the block, 16.16 fixed point */
+    int32_t outputRate;
+    uint8_t host140[8];
+    int16_t inputColorPlanes; /* planes of the source by what they hold */
+    int16_t inputTransparency;
+    int16_t inputLayerMask;
+    int16_t inputInvert;
+    uint8_t host150[2];
+    int16_t outputColorPlanes; /* and of the result */
+    int16_t outputTransparency;
+    int16_t outputLayerMask;
+    int16_t outputInvert;
+    uint8_t host15A[0x2E];
     const HostBasicSuite* basicSuite;
+    uint8_t host190[0x50];
+    int32_t depth; /* bits of a sample: 8, 16 or 32 */
+    uint8_t host1E4[0x14];
+    HostWideRects* wideRects; /* null: 16 bits are enough */
 } HostFilterRecord;
 
 /* The record of an export. */
 typedef struct HostExportRecord {
-    uint8_t host00[0x508];
+    uint8_t host00[4];
+    uint8_t (*abortCheck)(void); /* non-zero: stop, the user asked for it */
+    void (*progressReport)(int32_t current, int32_t total);
+    uint8_t host14[4];
+    int32_t memoryBudget; /* bytes; the check says what the module asks the host to leave to it */
+    uint8_t host1C[4];
+    HostRect16 blockRect; /* the block of the document that is wanted */
+    int16_t firstPlane;
+    int16_t lastPlane;
+    uint8_t host2C[4];
+    const void* block;           /* its bytes, interleaved by pixel, until the next fetch */
+    int16_t (*fetchBlock)(void); /* lends the block that is wanted; 0 is success */
+    int32_t blockStride;         /* bytes from row to row */
+    int32_t documentWidth;
+    int32_t documentHeight;
+    int32_t depth;     /* bits of a sample: 8, 16 or 32 */
+    int16_t colorMode; /* kHostMode... */
+    int16_t planeCount;
+    int32_t horizontalResolution; /* pixels an inch, 16.16 fixed point */
+    int32_t verticalResolution;
+    uint8_t host5C[4];
+    const char* outputPath; /* UTF-8 */
+    uint8_t host68[0x4A0];
     const HostBasicSuite* basicSuite;
 } HostExportRecord;
 
@@ -134,8 +233,71 @@ LUMOGRAPH_OFFSET(HostFormatRecord, hostProcsC, 0x4B0);
 LUMOGRAPH_OFFSET(HostFormatRecord, quietOpen, 0x4B8);
 LUMOGRAPH_ASSERT(sizeof(HostFormatRecord) == 0x4C0, "HostFormatRecord has 0x4C0 bytes");
 LUMOGRAPH_ASSERT(sizeof(HostRect16) == 8, "HostRect16 has 8 bytes");
+LUMOGRAPH_OFFSET(HostFilterRecord, abortCheck, 0x04);
+LUMOGRAPH_OFFSET(HostFilterRecord, progressReport, 0x0C);
+LUMOGRAPH_OFFSET(HostFilterRecord, documentHeight, 0x1C);
+LUMOGRAPH_OFFSET(HostFilterRecord, documentWidth, 0x1E);
+LUMOGRAPH_OFFSET(HostFilterRecord, targetRect, 0x22);
+LUMOGRAPH_OFFSET(HostFilterRecord, spaceBudget, 0x38);
+LUMOGRAPH_OFFSET(HostFilterRecord, bufferShare, 0x3C);
+LUMOGRAPH_OFFSET(HostFilterRecord, sourceBlockRect, 0x40);
+LUMOGRAPH_OFFSET(HostFilterRecord, sourceFirstPlane, 0x48);
+LUMOGRAPH_OFFSET(HostFilterRecord, sourceLastPlane, 0x4A);
+LUMOGRAPH_OFFSET(HostFilterRecord, resultBlockRect, 0x4C);
+LUMOGRAPH_OFFSET(HostFilterRecord, resultFirstPlane, 0x54);
+LUMOGRAPH_OFFSET(HostFilterRecord, resultLastPlane, 0x56);
+LUMOGRAPH_OFFSET(HostFilterRecord, sourceBlock, 0x64);
+LUMOGRAPH_OFFSET(HostFilterRecord, sourceStride, 0x6C);
+LUMOGRAPH_OFFSET(HostFilterRecord, floatingFlag, 0x70);
+LUMOGRAPH_OFFSET(HostFilterRecord, maskPresent, 0x71);
+LUMOGRAPH_OFFSET(HostFilterRecord, maskAutomatic, 0x72);
+LUMOGRAPH_OFFSET(HostFilterRecord, maskBlockRect, 0x74);
+LUMOGRAPH_OFFSET(HostFilterRecord, maskBlock, 0x7C);
+LUMOGRAPH_OFFSET(HostFilterRecord, maskStride, 0x84);
+LUMOGRAPH_OFFSET(HostFilterRecord, resultBlock, 0x88);
+LUMOGRAPH_OFFSET(HostFilterRecord, resultStride, 0x90);
+LUMOGRAPH_OFFSET(HostFilterRecord, filterPlanes, 0x9C);
+LUMOGRAPH_OFFSET(HostFilterRecord, fetchBlocks, 0x118);
+LUMOGRAPH_OFFSET(HostFilterRecord, sourceFill, 0x12E);
+LUMOGRAPH_OFFSET(HostFilterRecord, resultFill, 0x130);
+LUMOGRAPH_OFFSET(HostFilterRecord, maskFill, 0x132);
+LUMOGRAPH_OFFSET(HostFilterRecord, inputRate, 0x138);
+LUMOGRAPH_OFFSET(HostFilterRecord, outputRate, 0x13C);
+LUMOGRAPH_OFFSET(HostFilterRecord, inputColorPlanes, 0x148);
+LUMOGRAPH_OFFSET(HostFilterRecord, inputTransparency, 0x14A);
+LUMOGRAPH_OFFSET(HostFilterRecord, inputLayerMask, 0x14C);
+LUMOGRAPH_OFFSET(HostFilterRecord, inputInvert, 0x14E);
+LUMOGRAPH_OFFSET(HostFilterRecord, outputColorPlanes, 0x152);
+LUMOGRAPH_OFFSET(HostFilterRecord, outputTransparency, 0x154);
+LUMOGRAPH_OFFSET(HostFilterRecord, outputLayerMask, 0x156);
+LUMOGRAPH_OFFSET(HostFilterRecord, outputInvert, 0x158);
 LUMOGRAPH_OFFSET(HostFilterRecord, basicSuite, 0x188);
+LUMOGRAPH_OFFSET(HostFilterRecord, depth, 0x1E0);
+LUMOGRAPH_OFFSET(HostFilterRecord, wideRects, 0x1F8);
+LUMOGRAPH_ASSERT(sizeof(HostFilterRecord) == 0x200, "HostFilterRecord has 0x200 bytes");
+LUMOGRAPH_OFFSET(HostExportRecord, abortCheck, 0x04);
+LUMOGRAPH_OFFSET(HostExportRecord, progressReport, 0x0C);
+LUMOGRAPH_OFFSET(HostExportRecord, memoryBudget, 0x18);
+LUMOGRAPH_OFFSET(HostExportRecord, blockRect, 0x20);
+LUMOGRAPH_OFFSET(HostExportRecord, firstPlane, 0x28);
+LUMOGRAPH_OFFSET(HostExportRecord, lastPlane, 0x2A);
+LUMOGRAPH_OFFSET(HostExportRecord, block, 0x30);
+LUMOGRAPH_OFFSET(HostExportRecord, fetchBlock, 0x38);
+LUMOGRAPH_OFFSET(HostExportRecord, blockStride, 0x40);
+LUMOGRAPH_OFFSET(HostExportRecord, documentWidth, 0x44);
+LUMOGRAPH_OFFSET(HostExportRecord, documentHeight, 0x48);
+LUMOGRAPH_OFFSET(HostExportRecord, depth, 0x4C);
+LUMOGRAPH_OFFSET(HostExportRecord, colorMode, 0x50);
+LUMOGRAPH_OFFSET(HostExportRecord, planeCount, 0x52);
+LUMOGRAPH_OFFSET(HostExportRecord, horizontalResolution, 0x54);
+LUMOGRAPH_OFFSET(HostExportRecord, verticalResolution, 0x58);
+LUMOGRAPH_OFFSET(HostExportRecord, outputPath, 0x60);
 LUMOGRAPH_OFFSET(HostExportRecord, basicSuite, 0x508);
+LUMOGRAPH_ASSERT(sizeof(HostExportRecord) == 0x510, "HostExportRecord has 0x510 bytes");
+LUMOGRAPH_OFFSET(HostWideRects, source, 0x1C);
+LUMOGRAPH_OFFSET(HostWideRects, result, 0x2C);
+LUMOGRAPH_OFFSET(HostWideRects, mask, 0x3C);
+LUMOGRAPH_ASSERT(sizeof(HostWideRects) == 0x4C, "HostWideRects has 0x4C bytes");
 LUMOGRAPH_OFFSET(HostAboutRecord, size, 0x00);
 LUMOGRAPH_OFFSET(HostAboutRecord, basicSuite, 0x08);
 

@@ -31,6 +31,10 @@ typedef struct HostBufferSuite {
 
 enum { kHostBufferSuiteVersion = 2, kHostBufferSuiteCount = 8 };
 
+/* The same table by name. The version of the name is not the version within the table. */
+#define kHostBufferSuiteName "Lumograph Buffer Suite for Plug-ins"
+enum { kHostBufferSuiteNameVersion = 1 };
+
 LUMOGRAPH_OFFSET(HostBufferSuite, version, 0x00);
 LUMOGRAPH_OFFSET(HostBufferSuite, count, 0x02);
 LUMOGRAPH_OFFSET(HostBufferSuite, Allocate, 0x08);
@@ -100,6 +104,8 @@ LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
 #define kPropertyLargeTabs LUMOGRAPH_KEY('L', 'G', 'T', 'B')
 #define kPropertyUiScale LUMOGRAPH_KEY('S', 'U', 'F', 'Z')
 #define kPropertyHighDpi LUMOGRAPH_KEY('H', 'D', 'P', 'I')
+/* Not 0: a filter is to take its memory from the host's buffers. */
+#define kPropertyUseHostBuffers LUMOGRAPH_KEY('z', 'S', 'c', 'W')
 
 LUMOGRAPH_END
 

@@ -2,6 +2,7 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
+#include "module/projects.h"
 #include "plugin/format/plugin_registry.h"
 
 extern "C" void EntryBMP(int16_t selector, void* record, intptr_t* data, int16_t* result);

@@ -4,7 +4,7 @@
 
 #include "foundation/base/service.h"
 #include "pixels/tiles/virtual_heap.h"
-#include "plugin/format/lumograph_format.h"
+#include "plugin/format/format_selectors.h"
 #include "plugin/frame/lumograph_error.h"
 
 #include <functional>
@@ -37,11 +37,22 @@ public:
 
 class Frame : public ModuleTest {
 protected:
-    ProbeFormat format;
+    std::unique_ptr<ProbeFormat> owner = std::make_unique<ProbeFormat>();
+    ProbeFormat& format = *owner;
 
-    int16_t Start() { return format.HandleReadStart(&host.record, &host.data); }
-    int16_t Prepare() { return format.HandleReadPrepare(&host.record, &host.data); }
-    int16_t FilterFile() { return format.HandleFilterFile(&host.record, &host.data); }
+    void TearDown() override
+    {
+        owner.reset(); // gives the host's suites back
+        ModuleTest::TearDown();
+    }
+
+    int16_t Handle(int16_t selector)
+    {
+        return Kesto::FindFormatSelector(selector).handler(format,
+                                                           {selector, &host.record, &host.data});
+    }
+    int16_t Start() { return Handle(kFormatReadStart); }
+    int16_t Prepare() { return Handle(kFormatReadPrepare); }
 };
 
 } // namespace
@@ -69,7 +80,7 @@ TEST_F(Frame, FailuresBecomeCodesAndAlerts)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.alert);
         format.body = row.body;
-        EXPECT_EQ(FilterFile(), row.filtered);
+        EXPECT_EQ(Handle(kFormatFilterFile), row.filtered);
         EXPECT_THAT(alerts.texts, testing::IsEmpty());
         EXPECT_EQ(Start(), row.started);
         EXPECT_EQ(alerts.texts.size(), *row.alert != '\0' ? 1U : 0U)
@@ -78,10 +89,10 @@ TEST_F(Frame, FailuresBecomeCodesAndAlerts)
         alerts.texts.clear();
     }
     format.body = fails(Kesto::CLumographError(kHostFileNotFound));
-    EXPECT_EQ(format.HandleReadContinue(&host.record, &host.data), kHostFileNotFound);
-    EXPECT_EQ(format.HandleReadFinish(&host.record, &host.data), kHostFileNotFound);
+    EXPECT_EQ(Handle(kFormatReadContinue), kHostFileNotFound);
+    EXPECT_EQ(Handle(kFormatReadFinish), kHostFileNotFound);
     format.body = [] { return false; };
-    EXPECT_EQ(format.HandleReadFinish(&host.record, &host.data), 0);
+    EXPECT_EQ(Handle(kFormatReadFinish), 0);
 }
 
 TEST_F(Frame, HandlersRememberTheCallAndItsPhase)
@@ -98,7 +109,7 @@ TEST_F(Frame, HandlersRememberTheCallAndItsPhase)
     EXPECT_EQ(format.GetSelector(), kFormatReadStart);
     EXPECT_EQ(format.GetFormatRecord(), &host.record);
     EXPECT_EQ(format.pluginData, &host.data);
-    FilterFile();
+    Handle(kFormatFilterFile);
     EXPECT_EQ(flags, 0U);
     const HostAboutRecord about{sizeof about, host.record.basicSuite};
     EXPECT_EQ(format.HandleAbout(&about, &host.data), 0);

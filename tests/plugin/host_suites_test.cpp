@@ -2,6 +2,7 @@
 // interface.
 #include "support/module_test.h"
 
+#include "module/projects.h"
 #include "plugin/format/plugin_registry.h"
 #include "plugin/suites/buffer_suite_allocator.h"
 #include "view/process/ui_scale.h"

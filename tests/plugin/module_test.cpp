@@ -19,7 +19,7 @@ TEST(BuiltModule, RefusesWhatNeedsAnObjectOfAProjectWithoutAClass)
         const std::set<int>& refused;
     } entries[] = {
 #define SIDECAR_ENTRY(index, entry, group) {#entry, group},
-#include "plugin/frame/entries.inc"
+#include "module/entries.inc"
 #undef SIDECAR_ENTRY
     };
     const Host::ModuleLibrary module(SIDECAR_MODULE);

@@ -88,10 +88,14 @@ struct HostCallbacks {
     {
         static constexpr HostPropertySuite kProperties = {GetProperty};
         Host().Note(Kind::kAcquire, version, 0);
-        if (std::strcmp(name, kHostPropertySuiteName) != 0 || version != kHostPropertySuiteVersion)
+        const bool isFirst = version == 1; // each of these two has that version
+        if (isFirst && std::strcmp(name, kHostPropertySuiteName) == 0)
+            *suite = &kProperties;
+        else if (isFirst && std::strcmp(name, kHostBufferSuiteName) == 0)
+            *suite = &Host().buffers;
+        else
             return kHostBadParameter;
         ++Host().fSuitesHeld;
-        *suite = &kProperties;
         return kHostNoError;
     }
     static int32_t ReleaseSuite(const char*, int32_t version)

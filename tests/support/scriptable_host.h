@@ -165,7 +165,8 @@ private:
     bool fDiscarding = false;
     int64_t fRowsExchanged = 0;
     int16_t fMode = kHostOpenToRead; // of the file opened last: which way rows travel
-    int fSuitesHeld = 0;
+    // Of all hosts together: a module keeps its suites from one to the next.
+    static inline int fSuitesHeld = 0;
     std::string fMisuse;
 };
 

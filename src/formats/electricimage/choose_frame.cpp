@@ -14,7 +14,26 @@ namespace {
 
 FrameDialogMaker gFrameDialogMaker = nullptr;
 
-}
+// What the dialog works on. It points into the caller's frame, so it ends with the scope, also when
+// the dialog throws.
+class DialogScope {
+public:
+    DialogScope(HostFormatRecord* record, uint32_t frameCount, uint32_t* frame)
+    {
+        gFrameCount = frameCount;
+        gFrameResult = frame;
+        gFrameRecord = record;
+    }
+    ~DialogScope()
+    {
+        gFrameResult = nullptr;
+        gFrameRecord = nullptr;
+    }
+    DialogScope(const DialogScope&) = delete;
+    DialogScope& operator=(const DialogScope&) = delete;
+};
+
+} // namespace
 
 FrameDialogMaker GetFrameDialogMaker()
 {
@@ -31,13 +50,8 @@ int16_t ChooseFrame(HostFormatRecord* record, uint32_t frameCount, uint32_t* fra
     auto* format = dynamic_cast<PFormatElectricImage*>(Kesto::CProcess::Current());
     if (format == nullptr)
         return kHostUserCanceled; // nobody is there to ask
-    gFrameCount = frameCount;
-    gFrameResult = frame;
-    gFrameRecord = record;
-    const bool accepted = format->RunDialog();
-    gFrameResult = nullptr;
-    gFrameRecord = nullptr;
-    return accepted ? int16_t{kHostNoError} : int16_t{kHostUserCanceled};
+    const DialogScope scope(record, frameCount, frame);
+    return format->RunDialog() ? int16_t{kHostNoError} : int16_t{kHostUserCanceled};
 }
 
 } // namespace Project

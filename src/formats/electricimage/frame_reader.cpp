@@ -63,8 +63,10 @@ void EISkipFrames(EIContext& context, uint32_t count)
 {
     for (uint32_t i = 0; i < count; ++i) {
         EIFrameHeaderBytes bytes;
-        if (!ReadBytes(context.file, bytes.data(), bytes.size()))
-            return void(context.result = kHostCannotRead);
+        if (!ReadBytes(context.file, bytes.data(), bytes.size())) {
+            context.result = kHostCannotRead;
+            return;
+        }
         const int64_t distance = DecodeFrameHeader(bytes).BytesToNextFrame();
         const int16_t code = FastSetPosition(context.file, kHostSeekFromCurrent, distance);
         if (code != kHostNoError)
@@ -232,12 +234,16 @@ void EIReadStart(EIContext& context)
     HostFormatRecord& record = *context.record;
     context.interactive =
         record.playbackBlock == nullptr || record.playbackBlock->playMode != kHostPlaySilent;
-    if (record.bufferSuite == nullptr || record.exchangeRows == nullptr)
-        return void(context.result = kHostMissingSuite);
+    if (record.bufferSuite == nullptr || record.exchangeRows == nullptr) {
+        context.result = kHostMissingSuite;
+        return;
+    }
     context.file = FastOpen(&record, kHostOpenToRead);
     uint32_t frame = 0;
-    if (context.file == nullptr)
-        return void(context.result = kHostCannotRead);
+    if (context.file == nullptr) {
+        context.result = kHostCannotRead;
+        return;
+    }
     if (!ReadFileHeader(context) || !PickFrame(context, frame))
         return;
     EISkipFrames(context, frame - 1);
@@ -251,24 +257,31 @@ void EIReadContinue(EIContext& context)
 {
     HostFormatRecord& record = *context.record;
     const int32_t rowBytes = DecodedPixelBytes(context.frameHeader) * record.columnCount;
-    if (context.file == nullptr || rowBytes > record.rowStride)
-        return void(context.result = kHostCannotRead);
+    if (context.file == nullptr || rowBytes > record.rowStride) {
+        context.result = kHostCannotRead;
+        return;
+    }
     const CHostBuffers buffers(record.bufferSuite);
     CHostBuffer rows(buffers);
     int16_t chunkRows = 0;
     if (AllocateRowBuffer(buffers, record.rowStride, 1, record.rowCount, 1, chunkRows, rows) !=
-        kHostNoError)
-        return void(context.result = kHostMemoryFull);
+        kHostNoError) {
+        context.result = kHostMemoryFull;
+        return;
+    }
     CHostBuffer scratch(buffers);
     const int32_t scratchRows = context.frameHeader.frameType == kFrameDepth ? 5 : 2;
     if (scratch.Allocate(int64_t{scratchRows} * record.rowStride) != kHostNoError) {
         rows.Abandon(); // stays with the host when the second buffer is refused
-        return void(context.result = kHostMemoryFull);
+        context.result = kHostMemoryFull;
+        return;
     }
     uint8_t* const rowsAddress = rows.Lock();
     uint8_t* const scratchAddress = scratch.Lock();
-    if (rowsAddress == nullptr || scratchAddress == nullptr)
-        return void(context.result = kHostMemoryFull);
+    if (rowsAddress == nullptr || scratchAddress == nullptr) {
+        context.result = kHostMemoryFull;
+        return;
+    }
 
     record.planeStride = 1;
     record.firstPlane = 0;

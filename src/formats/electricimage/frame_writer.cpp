@@ -95,14 +95,13 @@ void AllocateRow(EIContext& context)
 {
     HostFormatRecord& record = *context.record;
     const CHostBuffers buffers(record.bufferSuite);
-    context.writeBuffer = nullptr;
-    context.writeBufferPointer = nullptr;
     record.rowStride = BytesOfDocumentRow(record);
     const int64_t bufferBytes = int64_t{kBufferRows} * record.rowStride;
     const int32_t unit = context.frameHeader.PixelBits() / 8;
-    if (record.columnCount > 0 && bufferBytes < int64_t{unit} * (record.columnCount + 1))
-        return void(context.result =
-                        kHostBadMode); // channels of less than 8 bits: the row would not fit
+    if (record.columnCount > 0 && bufferBytes < int64_t{unit} * (record.columnCount + 1)) {
+        context.result = kHostBadMode; // channels of less than 8 bits: the row would not fit
+        return;
+    }
     HostBuffer buffer = nullptr;
     context.result = buffers.Allocate(bufferBytes, buffer);
     if (context.result != kHostNoError)
@@ -131,6 +130,10 @@ void WriteRows(EIContext& context)
 // Puts the true size of the pixels into the headers on the disk.
 bool PatchHeaders(EIContext& context)
 {
+    if (context.file == nullptr) {
+        context.result = kHostCannotRead;
+        return false;
+    }
     const int64_t position = FastGetPosition(context.file);
     const int16_t code = FastSetPosition(context.file, kHostSeekFromStart, 0);
     if (code != kHostNoError) {
@@ -146,13 +149,22 @@ bool PatchHeaders(EIContext& context)
 
 } // namespace
 
+// The first write that fails ends the writing, and its code is the result. The exchange is
+// described all the same, but there is no buffer then and no address of rows: that of a session
+// that was given up before its finish belongs to nobody any more.
 void EIWriteStart(EIContext& context)
 {
-    if (!DescribeFrame(context))
-        return void(context.result = kHostBadMode);
+    context.writeBuffer = nullptr;
+    context.writeBufferPointer = nullptr;
+    if (!DescribeFrame(context)) {
+        context.result = kHostBadMode;
+        return;
+    }
     context.file = FastOpen(context.record, kHostOpenToWrite);
-    if (context.file == nullptr)
-        return void(context.result = kHostCannotRead);
+    if (context.file == nullptr) {
+        context.result = kHostCannotRead;
+        return;
+    }
     const bool written =
         Write(context, EncodeFileHeader(context.fileHeader), Message::kWriteHeader) &&
         Write(context, EncodeFrameHeader(context.frameHeader), Message::kWriteFrame) &&
@@ -187,10 +199,10 @@ void EIWriteContinue(EIContext& context)
 
 void EIWriteFinish(EIContext& context)
 {
-    if (context.file == nullptr)
-        return void(context.result = kHostCannotRead);
     if (context.frameHeader.packing == kPackingRuns && !PatchHeaders(context))
         return; // the file stays open
+    if (context.file == nullptr)
+        return; // no start came before
     FastClose(context.file);
     context.file = nullptr;
 }

@@ -72,12 +72,16 @@ void RunSelector(int16_t selector, EIContext& context)
 
 void EIPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data, int16_t* result)
 {
-    if (record == nullptr || data == nullptr)
-        return void(*result = kHostBadParameter);
+    if (record == nullptr || data == nullptr) {
+        *result = kHostBadParameter;
+        return;
+    }
     const Kesto::CSessionBlock block(record->handleSuite, *data, sizeof(EIContext));
     auto* const context = static_cast<EIContext*>(block.Address());
-    if (context == nullptr)
-        return void(*result = kHostMemoryFull);
+    if (context == nullptr) {
+        *result = kHostMemoryFull;
+        return;
+    }
     context->record = record;
     context->result = kHostNoError;
     RunSelector(selector, *context);

@@ -32,15 +32,19 @@ void UnpackRow(EIContext& context, uint8_t* dest, const RowLayout& row)
         bool packetOpened = false;
         if (gRun.left == 0) {
             uint8_t control = 0;
-            if (!ReadBytes(context.file, &control, 1))
-                return void(context.result = kHostCannotRead);
+            if (!ReadBytes(context.file, &control, 1)) {
+                context.result = kHostCannotRead;
+                return;
+            }
             gRun.left = control;
             packetOpened = true;
         }
         if (gRun.left < kLiteralFlag) {
             if (packetOpened) {
-                if (!ReadBytes(context.file, gRun.value, row.unit))
-                    return void(context.result = kHostCannotRead);
+                if (!ReadBytes(context.file, gRun.value, row.unit)) {
+                    context.result = kHostCannotRead;
+                    return;
+                }
                 ++gRun.left;
             }
             const int32_t count = std::min(gRun.left, room);
@@ -51,8 +55,10 @@ void UnpackRow(EIContext& context, uint8_t* dest, const RowLayout& row)
             const int32_t length = gRun.left - kLiteralBias;
             const int32_t count = std::min(length, room);
             gRun.left = count < length ? length - count + kLiteralBias : 0;
-            if (!ReadBytes(context.file, dest + position, int64_t{count} * row.unit))
-                return void(context.result = kHostCannotRead);
+            if (!ReadBytes(context.file, dest + position, int64_t{count} * row.unit)) {
+                context.result = kHostCannotRead;
+                return;
+            }
             position += count * row.unit;
         }
     }

@@ -95,8 +95,10 @@ void EIWriteRow(EIContext& context, uint8_t* row, int32_t pixelCount)
         return FailWithMessage(context, kHostPixelLength, Message::kWritePixelLength);
     if (layout.unit == 4)
         PutAlphaFirst(row, pixelCount);
-    if (context.frameHeader.packing != kPackingRuns)
-        return void(Write(context, row, layout.bytes, Message::kWriteRawRow));
+    if (context.frameHeader.packing != kPackingRuns) {
+        Write(context, row, layout.bytes, Message::kWriteRawRow);
+        return;
+    }
     PackRow(context, row, layout);
 }
 

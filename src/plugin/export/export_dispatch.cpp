@@ -1,63 +1,74 @@
-// From the selectors of an export to the handlers of the plug-in.
-#include "plugin/frame/dispatch.h"
-
-#include "plugin/frame/single_plugin.h"
+#include "plugin/export/export_dispatch.h"
 
 namespace Kesto {
 namespace {
 
-CSinglePlugin<CLumographExport> gExport(CreateExportPlugin);
-
+using Factory = CSinglePlugin<CLumographExport>::Factory;
 using ExportHandler = int16_t (CLumographExport::*)(HostExportRecord*, intptr_t*);
 
+CSinglePlugin<CLumographExport> gExport;
+
+// One call: what the host passed, and how to make the object.
+struct ExportCall {
+    int16_t selector;
+    void* record;
+    intptr_t* data;
+    ProjectIndex index;
+    Factory factory;
+
+    HostExportRecord* ExportRecord() const { return static_cast<HostExportRecord*>(record); }
+};
+
 // Prepare and parameters make the export when there is none, and a failure ends it.
-int16_t Open(ProjectIndex index, void* record, intptr_t* data, ExportHandler handler)
+int16_t Open(const ExportCall& call, ExportHandler handler)
 {
-    auto* const exportRecord = static_cast<HostExportRecord*>(record);
+    HostExportRecord* const record = call.ExportRecord();
     CLumographExport& object =
-        gExport.Acquire(index, exportRecord != nullptr ? exportRecord->basicSuite : nullptr);
-    const int16_t result = (object.*handler)(exportRecord, data);
+        gExport.Acquire(call.index, call.factory, record != nullptr ? record->basicSuite : nullptr);
+    const int16_t result = (object.*handler)(record, call.data);
     if (result != kHostNoError)
         gExport.End();
     return result;
 }
 
-int16_t About(ProjectIndex index, void* record, intptr_t* data)
+int16_t About(const ExportCall& call)
 {
-    std::unique_ptr<CLumographExport> object = gExport.Make(index);
-    const int16_t result = object->HandleAbout(static_cast<const HostAboutRecord*>(record), data);
+    std::unique_ptr<CLumographExport> object =
+        CSinglePlugin<CLumographExport>::Make(call.index, call.factory);
+    const int16_t result =
+        object->HandleAbout(static_cast<const HostAboutRecord*>(call.record), call.data);
     object.reset();
     RunCleanUpList();
     return result;
 }
 
-int16_t Tell(void* record, intptr_t* data, ExportHandler handler)
+int16_t Tell(const ExportCall& call, ExportHandler handler)
 {
     CLumographExport* const object = gExport.Get();
-    return object != nullptr ? (object->*handler)(static_cast<HostExportRecord*>(record), data)
+    return object != nullptr ? (object->*handler)(call.ExportRecord(), call.data)
                              : int16_t{kHostNoError};
 }
 
-int16_t Finish(void* record, intptr_t* data)
+int16_t Finish(const ExportCall& call)
 {
-    const int16_t result = Tell(record, data, &CLumographExport::HandleFinish);
+    const int16_t result = Tell(call, &CLumographExport::HandleFinish);
     gExport.End();
     return result;
 }
 
-int16_t Serve(int16_t selector, void* record, intptr_t* data, ProjectIndex index)
+int16_t Serve(const ExportCall& call)
 {
-    switch (selector) {
+    switch (call.selector) {
     case kExportAbout:
-        return About(index, record, data);
+        return About(call);
     case kExportPrepare:
-        return Open(index, record, data, &CLumographExport::HandlePrepare);
+        return Open(call, &CLumographExport::HandlePrepare);
     case kExportStart:
-        return Tell(record, data, &CLumographExport::HandleStart);
+        return Tell(call, &CLumographExport::HandleStart);
     case kExportFinish:
-        return Finish(record, data);
+        return Finish(call);
     case kExportParameters:
-        return Open(index, record, data, &CLumographExport::HandleCheck);
+        return Open(call, &CLumographExport::HandleCheck);
     default:
         return kHostNoError;
     }
@@ -66,10 +77,10 @@ int16_t Serve(int16_t selector, void* record, intptr_t* data, ProjectIndex index
 } // namespace
 
 void DispatchExport(int16_t selector, void* record, intptr_t* data, int16_t* result,
-                    ProjectIndex index)
+                    ProjectIndex index, Factory factory)
 {
     try {
-        *result = Serve(selector, record, data, index);
+        *result = Serve({selector, record, data, index, factory});
     } catch (...) {
         gExport.End();
         *result = kHostFailed;

@@ -1,78 +1,83 @@
-// From the selectors of a filter to the handlers of the plug-in.
-#include "plugin/frame/dispatch.h"
-
-#include "plugin/frame/single_plugin.h"
-
-#include <utility>
+#include "plugin/filter/filter_dispatch.h"
 
 namespace Kesto {
 namespace {
 
-CSinglePlugin<CLumographFilter> gFilter(CreateFilterPlugin);
-std::unique_ptr<CFilterHelper> gHelper;
+using Factory = CSinglePlugin<CLumographFilter>::Factory;
+using FilterHandler = int16_t (CLumographFilter::*)(HostFilterRecord*, intptr_t*);
+
+CSinglePlugin<CLumographFilter> gFilter;
 
 void EndFilter()
 {
     gFilter.End();
-    SetFilterHelper(nullptr);
+    DropFilterHelper();
 }
 
-using FilterHandler = int16_t (CLumographFilter::*)(HostFilterRecord*, intptr_t*);
+// One call: what the host passed, and how to make the filter.
+struct FilterCall {
+    int16_t selector;
+    void* record;
+    intptr_t* data;
+    ProjectIndex index;
+    Factory factory;
+
+    HostFilterRecord* FilterRecord() const { return static_cast<HostFilterRecord*>(record); }
+};
 
 // Parameters, prepare and start make the filter when there is none, and a failure ends it.
-int16_t Open(ProjectIndex index, void* record, intptr_t* data, FilterHandler handler)
+int16_t Open(const FilterCall& call, FilterHandler handler)
 {
-    auto* const filterRecord = static_cast<HostFilterRecord*>(record);
+    HostFilterRecord* const record = call.FilterRecord();
     CLumographFilter& filter =
-        gFilter.Acquire(index, filterRecord != nullptr ? filterRecord->basicSuite : nullptr);
-    const int16_t result = (filter.*handler)(filterRecord, data);
+        gFilter.Acquire(call.index, call.factory, record != nullptr ? record->basicSuite : nullptr);
+    const int16_t result = (filter.*handler)(record, call.data);
     if (result != kHostNoError)
         EndFilter();
     return result;
 }
 
-int16_t About(ProjectIndex index, void* record, intptr_t* data)
+int16_t About(const FilterCall& call)
 {
-    std::unique_ptr<CLumographFilter> filter = gFilter.Make(index);
-    const int16_t result = filter->HandleAbout(static_cast<const HostAboutRecord*>(record), data);
+    std::unique_ptr<CLumographFilter> filter =
+        CSinglePlugin<CLumographFilter>::Make(call.index, call.factory);
+    const int16_t result =
+        filter->HandleAbout(static_cast<const HostAboutRecord*>(call.record), call.data);
     filter.reset();
     RunCleanUpList();
-    SetFilterHelper(nullptr);
+    DropFilterHelper();
     return result;
 }
 
-int16_t Continue(void* record, intptr_t* data)
+int16_t Tell(const FilterCall& call, FilterHandler handler)
 {
     CLumographFilter* const filter = gFilter.Get();
-    return filter != nullptr ? filter->HandleContinue(static_cast<HostFilterRecord*>(record), data)
+    return filter != nullptr ? (filter->*handler)(call.FilterRecord(), call.data)
                              : int16_t{kHostNoError};
 }
 
-int16_t Finish(void* record, intptr_t* data)
+int16_t Finish(const FilterCall& call)
 {
-    CLumographFilter* const filter = gFilter.Get();
-    const int16_t result = filter != nullptr
-                               ? filter->HandleFinish(static_cast<HostFilterRecord*>(record), data)
-                               : int16_t{kHostNoError};
+    const int16_t result = Tell(call, &CLumographFilter::HandleFinish);
     EndFilter();
     return result;
 }
 
-int16_t Serve(int16_t selector, void* record, intptr_t* data, ProjectIndex index)
+int16_t Serve(const FilterCall& call)
 {
-    switch (selector) {
+    switch (call.selector) {
     case kFilterAbout:
-        return About(index, record, data);
+        return About(call);
     case kFilterParameters:
-        return Open(index, record, data, &CLumographFilter::HandleParameters);
+        return Open(call, &CLumographFilter::HandleParameters);
     case kFilterPrepare:
-        return Open(index, record, data, &CLumographFilter::HandlePrepare);
+        return Open(call, &CLumographFilter::HandlePrepare);
     case kFilterStart:
-        return Open(index, record, data, &CLumographFilter::HandleStart);
+        return Open(call, &CLumographFilter::HandleStart);
     case kFilterContinue:
-        return Continue(record, data);
+        return Tell(call, &CLumographFilter::HandleContinue);
     case kFilterFinish:
-        return Finish(record, data);
+        return Finish(call);
     default:
         return kHostNoError;
     }
@@ -80,18 +85,13 @@ int16_t Serve(int16_t selector, void* record, intptr_t* data, ProjectIndex index
 
 } // namespace
 
-void SetFilterHelper(std::unique_ptr<CFilterHelper> helper)
-{
-    gHelper = std::move(helper);
-}
-
 void DispatchFilter(int16_t selector, void* record, intptr_t* data, int16_t* result,
-                    ProjectIndex index)
+                    ProjectIndex index, Factory factory)
 {
     try {
-        *result = Serve(selector, record, data, index);
+        *result = Serve({selector, record, data, index, factory});
     } catch (...) {
-        gFilter.End();
+        EndFilter();
         *result = kHostFailed;
     }
 }

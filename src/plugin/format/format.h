@@ -18,34 +18,34 @@ public:
 
     // Each operation is passed on under its selector. Those that can refuse throw a CLumographError
     // for a code that is not 0; the others drop the code.
-    bool DoReadPrepare() override;
-    bool DoReadStart() override;
-    bool DoReadContinue() override;
-    void DoReadFinish() override;
-    bool DoExtraReadStart() override;
-    bool DoExtraReadContinue() override;
-    void DoExtraReadFinish() override;
-    bool DoOptionsPrepare() override;
-    bool DoOptionsStart() override;
-    bool DoOptionsContinue() override;
-    void DoOptionsFinish() override;
-    bool DoEstimatePrepare() override;
-    bool DoEstimateStart() override;
-    bool DoEstimateContinue() override;
-    void DoEstimateFinish() override;
-    bool DoWritePrepare() override;
-    bool DoWriteStart() override;
-    bool DoWriteContinue() override;
-    void DoWriteFinish() override;
-    bool DoExtraWriteStart() override;
-    bool DoExtraWriteContinue() override;
-    void DoExtraWriteFinish() override;
-    void DoExtension20() override;
-    void DoExtension23() override;
-    void DoExtension21() override;
-    void DoExtension22() override;
-    void DoExtension34() override;
-    void DoExtension26() override;
+    bool DoReadPrepare() override { return ForwardChecked(kFormatReadPrepare); }
+    bool DoReadStart() override { return ForwardChecked(kFormatReadStart); }
+    bool DoReadContinue() override { return ForwardChecked(kFormatReadContinue); }
+    void DoReadFinish() override { Forward(kFormatReadFinish); }
+    bool DoExtraReadStart() override { return ForwardChecked(kFormatExtraReadStart); }
+    bool DoExtraReadContinue() override { return ForwardChecked(kFormatExtraReadContinue); }
+    void DoExtraReadFinish() override { Forward(kFormatExtraReadFinish); }
+    bool DoOptionsPrepare() override { return ForwardChecked(kFormatOptionsPrepare); }
+    bool DoOptionsStart() override { return ForwardChecked(kFormatOptionsStart); }
+    bool DoOptionsContinue() override { return ForwardChecked(kFormatOptionsContinue); }
+    void DoOptionsFinish() override { Forward(kFormatOptionsFinish); }
+    bool DoEstimatePrepare() override { return ForwardChecked(kFormatEstimatePrepare); }
+    bool DoEstimateStart() override { return ForwardChecked(kFormatEstimateStart); }
+    bool DoEstimateContinue() override { return ForwardChecked(kFormatEstimateContinue); }
+    void DoEstimateFinish() override { Forward(kFormatEstimateFinish); }
+    bool DoWritePrepare() override { return ForwardChecked(kFormatWritePrepare); }
+    bool DoWriteStart() override { return ForwardChecked(kFormatWriteStart); }
+    bool DoWriteContinue() override { return ForwardChecked(kFormatWriteContinue); }
+    void DoWriteFinish() override { Forward(kFormatWriteFinish); }
+    bool DoExtraWriteStart() override { return ForwardChecked(kFormatExtraWriteStart); }
+    bool DoExtraWriteContinue() override { return ForwardChecked(kFormatExtraWriteContinue); }
+    void DoExtraWriteFinish() override { Forward(kFormatExtraWriteFinish); }
+    void DoExtension20() override { Forward(kFormatExtension20); }
+    void DoExtension23() override { Forward(kFormatExtension23); }
+    void DoExtension21() override { Forward(kFormatExtension21); }
+    void DoExtension22() override { Forward(kFormatExtension22); }
+    void DoExtension34() override { Forward(kFormatExtension34); }
+    void DoExtension26() override { Forward(kFormatExtension26); }
 
     // The selector switch. Leaves a host code in `*result`, 0 for success, and throws nothing.
     virtual void DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data,

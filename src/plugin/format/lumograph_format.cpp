@@ -1,7 +1,6 @@
-// What the operations of a format do until a plug-in says otherwise.
 #include "plugin/format/lumograph_format.h"
 
-#include "plugin/frame/lumograph_error.h"
+#include "plugin/frame/handlers.h"
 
 namespace Kesto {
 
@@ -15,137 +14,69 @@ int16_t CLumographFormat::GetSelector()
     return hostSelector;
 }
 
+const HostBasicSuite* CLumographFormat::GetBasicSuite()
+{
+    const HostFormatRecord* const record = GetFormatRecord();
+    return record != nullptr ? record->basicSuite : CLumographPlugin::GetBasicSuite();
+}
+
 bool CLumographFormat::WithRequiredMemory()
 {
     HostFormatRecord* const record = GetFormatRecord();
     if (record == nullptr)
         throw CLumographError(kHostBadParameter);
-    memoryShare = 0;
-    int32_t first = 0;
-    int32_t second = 0;
-    if (!SplitMemory(record->memoryBudget, first, second))
-        throw CError(CText("$$$/Kesto/LumographPlugin/Error/NotEnoughMemory=This plugin requires "
-                           "more memory than the host can "
-                           "currently supply."));
-    record->memoryBudget = first + second;
-    memoryShare = first;
+    record->memoryBudget = ShareMemory(record->memoryBudget);
     PrepareMemory();
     return true;
 }
 
-bool CLumographFormat::CanFilterFile()
+int16_t CLumographFormat::HandleAbout(const HostAboutRecord* record, intptr_t* data)
 {
-    return false;
+    // The reading is within the frame of its own: the host's suite may fail as the box may.
+    const int16_t result = RunInFrame([&] {
+        if (record != nullptr) {
+            SetupHighDPI(record->basicSuite);
+            UpdateHostProperties(record->basicSuite);
+        }
+        return int16_t{kHostNoError};
+    });
+    auto* const plain = const_cast<HostAboutRecord*>(record);
+    return result != kHostNoError ? result : About(*this, {kFormatAbout, plain, data});
 }
 
-bool CLumographFormat::DoReadPrepare()
+// The one handler without the reporter: its answer only says whether the file is of the format.
+int16_t CLumographFormat::HandleFilterFile(HostFormatRecord* record, intptr_t* data)
 {
-    return true;
+    RememberCall({kFormatFilterFile, record, data});
+    flags &= ~kFlag_Working;
+    try {
+        return CanFilterFile() ? int16_t{kHostNoError} : int16_t{kHostCannotRead};
+    } catch (const CLumographError& error) {
+        const bool kept = error.Code() == kHostFilterFileA || error.Code() == kHostFilterFileB;
+        return kept ? error.Code() : int16_t{kHostCannotRead};
+    } catch (...) {
+        return kHostCannotRead;
+    }
 }
 
-bool CLumographFormat::DoReadStart()
+int16_t CLumographFormat::HandleForwarded(int16_t selector, HostFormatRecord* record,
+                                          intptr_t* data)
 {
-    return false;
+    RememberCall({selector, record, data});
+    flags &= ~kFlag_Working;
+    return RunInFrame([&] {
+        DoForwarded();
+        return int16_t{kHostNoError};
+    });
 }
 
-bool CLumographFormat::DoReadContinue()
+int16_t CLumographFormat::HandleUnload(bool unloading)
 {
-    return true;
+    flags |= kFlag_Working;
+    return RunInFrame([&] {
+        DoUnload(unloading);
+        return int16_t{kHostNoError};
+    });
 }
-
-void CLumographFormat::DoReadFinish() {}
-
-bool CLumographFormat::DoExtraReadStart()
-{
-    return true;
-}
-
-bool CLumographFormat::DoExtraReadContinue()
-{
-    return true;
-}
-
-void CLumographFormat::DoExtraReadFinish() {}
-
-bool CLumographFormat::DoOptionsPrepare()
-{
-    return true;
-}
-
-bool CLumographFormat::DoOptionsStart()
-{
-    return false;
-}
-
-bool CLumographFormat::DoOptionsContinue()
-{
-    return true;
-}
-
-void CLumographFormat::DoOptionsFinish() {}
-
-bool CLumographFormat::DoEstimatePrepare()
-{
-    return true;
-}
-
-bool CLumographFormat::DoEstimateStart()
-{
-    return false;
-}
-
-bool CLumographFormat::DoEstimateContinue()
-{
-    return true;
-}
-
-void CLumographFormat::DoEstimateFinish() {}
-
-bool CLumographFormat::DoWritePrepare()
-{
-    return true;
-}
-
-bool CLumographFormat::DoWriteStart()
-{
-    return false;
-}
-
-bool CLumographFormat::DoWriteContinue()
-{
-    return true;
-}
-
-void CLumographFormat::DoWriteFinish() {}
-
-bool CLumographFormat::DoExtraWriteStart()
-{
-    return true;
-}
-
-bool CLumographFormat::DoExtraWriteContinue()
-{
-    return true;
-}
-
-void CLumographFormat::DoExtraWriteFinish() {}
-
-void CLumographFormat::DoExtension20() {}
-
-void CLumographFormat::DoExtension23() {}
-
-void CLumographFormat::DoExtension21() {}
-
-void CLumographFormat::DoExtension22() {}
-
-void CLumographFormat::DoExtension34() {}
-
-void CLumographFormat::DoExtension26() {}
-
-void CLumographFormat::DoForwarded() {}
-
-void CLumographFormat::DoLoad() {}
-
-void CLumographFormat::DoUnload(bool) {}
 
 } // namespace Kesto

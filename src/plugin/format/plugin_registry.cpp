@@ -1,6 +1,5 @@
 #include "plugin/format/plugin_registry.h"
 
-#include "plugin/factories.h"
 #include "plugin/frame/process_setup.h"
 #include "view/process/clean_up_list.h"
 
@@ -18,11 +17,13 @@ CLumographFormat& MakeCurrent(CLumographFormat& plugin)
     return plugin;
 }
 
-void Load(CLumographFormat& plugin, bool keepAlive, HostFormatRecord* record, intptr_t* data)
+void Load(CLumographFormat& plugin, bool keepAlive, const HostCall& call)
 {
-    if (!keepAlive)
-        return plugin.DoLoad();
-    plugin.RememberCall(record, data, kFormatLoad);
+    if (!keepAlive) {
+        plugin.DoLoad();
+        return;
+    }
+    plugin.RememberCall({kFormatLoad, call.record, call.data});
     plugin.DoLoad();
     plugin.hostRecord = nullptr;
     plugin.pluginData = nullptr;
@@ -70,10 +71,11 @@ CLumographFormat* FindFormatPlugin(ProjectIndex index)
     return plugin != nullptr ? &MakeCurrent(*plugin) : nullptr;
 }
 
-CLumographFormat& AcquireFormatPlugin(ProjectIndex index, bool keepAlive, HostFormatRecord* record,
-                                      intptr_t* data)
+CLumographFormat& AcquireFormatPlugin(const FormatProject& project, bool keepAlive,
+                                      const HostCall& call)
 {
-    if (CLumographFormat* const plugin = FindFormatPlugin(index)) {
+    const auto* const record = static_cast<const HostFormatRecord*>(call.record);
+    if (CLumographFormat* const plugin = FindFormatPlugin(project.index)) {
         if (record != nullptr)
             plugin->UpdateHostProperties(record->basicSuite);
         plugin->ForgetCall();
@@ -81,15 +83,15 @@ CLumographFormat& AcquireFormatPlugin(ProjectIndex index, bool keepAlive, HostFo
     }
     if (PluginRegistry::Get().IsEmpty())
         SetUpProcess();
-    std::unique_ptr<CLumographFormat> made = CreateFormatPlugin(index);
+    std::unique_ptr<CLumographFormat> made = project.factory(project.index);
     if (made == nullptr)
         throw std::logic_error("Warning! (plugin != nullptr)");
     if (record != nullptr) {
         made->SetupHighDPI(record->basicSuite);
         made->UpdateHostProperties(record->basicSuite);
     }
-    CLumographFormat& plugin = PluginRegistry::Get().Insert(index, std::move(made));
-    Load(plugin, keepAlive, record, data);
+    CLumographFormat& plugin = PluginRegistry::Get().Insert(project.index, std::move(made));
+    Load(plugin, keepAlive, call);
     return MakeCurrent(plugin);
 }
 

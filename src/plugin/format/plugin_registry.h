@@ -12,6 +12,14 @@
 
 namespace Kesto {
 
+// Makes the object of a project, or null when the module has no class for it.
+using FormatFactory = std::unique_ptr<CLumographFormat> (*)(ProjectIndex);
+
+struct FormatProject {
+    ProjectIndex index;
+    FormatFactory factory;
+};
+
 class PluginRegistry {
 public:
     static PluginRegistry& Get();
@@ -35,11 +43,11 @@ CLumographFormat* FindFormatPlugin(ProjectIndex index);
 CLumographFormat* CurrentFormatPlugin();
 
 // The object of a project, made when there is none: then the process is set up if no other object
-// lives, the host's properties are read from `record`, which may be null, and DoLoad runs. With
-// `keepAlive` DoLoad sees the call's record and data. Throws std::logic_error when the module has
-// no class for the project.
-CLumographFormat& AcquireFormatPlugin(ProjectIndex index, bool keepAlive, HostFormatRecord* record,
-                                      intptr_t* data);
+// lives, the host's properties are read from the call's record, which may be null, and DoLoad runs.
+// With `keepAlive` DoLoad sees the call's record and data. Throws std::logic_error when the module
+// has no class for the project.
+CLumographFormat& AcquireFormatPlugin(const FormatProject& project, bool keepAlive,
+                                      const HostCall& call);
 
 // Ends a project's object unless there is none or it is resident. The value of its unload handler
 // goes into `result` if that is still 0.

@@ -5,6 +5,8 @@
 #include "foundation/alerts/reporter.h"
 #include "plugin/frame/lumograph_error.h"
 
+#include "lumograph/results.h"
+
 #include <concepts>
 #include <exception>
 

@@ -1,6 +1,7 @@
 #include "plugin/frame/lumograph_plugin.h"
 
 #include "foundation/base/service.h"
+#include "foundation/errors/exceptions.h"
 #include "pixels/tiles/virtual_heap.h"
 #include "platform/system/machine.h"
 #include "plugin/suites/host_properties.h"
@@ -57,24 +58,25 @@ void CLumographPlugin::MakeCurrentPlugin()
     MakeCurrent();
 }
 
-void CLumographPlugin::RememberCall(void* record, intptr_t* data, int16_t selector)
+void CLumographPlugin::RememberCall(const HostCall& call)
 {
-    pluginData = data;
-    hostRecord = record;
-    hostSelector = selector;
+    pluginData = call.data;
+    hostRecord = call.record;
+    hostSelector = call.selector;
 }
 
 void CLumographPlugin::ForgetCall()
 {
-    RememberCall(nullptr, nullptr, 0);
+    RememberCall({0, nullptr, nullptr});
     aboutRecord = nullptr;
 }
 
 void CLumographPlugin::UpdateHostProperties(const HostBasicSuite* basicSuite)
 {
-    const CHostProperties host(basicSuite);
-    if (!host.IsAvailable())
+    if (basicSuite == nullptr || basicSuite->suites == nullptr)
         return;
+    fSuites.SetSource(basicSuite);
+    const CHostProperties host(fSuites);
     if (const auto value = host.Read(kPropertyUiBrightness))
         uiBrightness = BrightnessLevel(*value);
     if (const auto value = host.Read(kPropertyHighContrast))
@@ -92,8 +94,9 @@ void CLumographPlugin::SetupHighDPI(const HostBasicSuite* basicSuite)
     if (highDpiReady)
         return;
     highDpiReady = true;
+    fSuites.SetSource(basicSuite);
     if (AllowsScaleHook())
-        SetUiScaleMode(ScaleModeOf(CHostProperties(basicSuite).Read(kPropertyHighDpi)));
+        SetUiScaleMode(ScaleModeOf(CHostProperties(fSuites).Read(kPropertyHighDpi)));
 }
 
 bool CLumographPlugin::SplitMemory(int32_t total, int32_t& first, int32_t& second)
@@ -103,10 +106,40 @@ bool CLumographPlugin::SplitMemory(int32_t total, int32_t& first, int32_t& secon
     return true;
 }
 
+int32_t CLumographPlugin::ShareMemory(int32_t budget)
+{
+    memoryShare = 0;
+    int32_t first = 0;
+    int32_t second = 0;
+    if (!SplitMemory(budget, first, second))
+        throw CError(CText("$$$/Kesto/LumographPlugin/Error/NotEnoughMemory=This plugin requires "
+                           "more memory than the host can "
+                           "currently supply."));
+    memoryShare = first;
+    return first + second;
+}
+
+const HostBasicSuite* CLumographPlugin::GetBasicSuite()
+{
+    return aboutRecord != nullptr ? aboutRecord->basicSuite : nullptr;
+}
+
+const CHostSuites& CLumographPlugin::HostSuites()
+{
+    if (!fSuites.HasSource())
+        fSuites.SetSource(GetBasicSuite());
+    return fSuites;
+}
+
 void CLumographPlugin::PrepareMemory()
 {
+    OpenTileStore(std::clamp(GetHostMemory() / 2, kLeastTileMemory, kMostTileMemory));
+}
+
+void CLumographPlugin::OpenTileStore(uint64_t limit)
+{
     CVirtualHeap& heap = *CServiceT<CVirtualHeap>::Get();
-    heap.SetBudget(std::clamp(GetHostMemory() / 2, kLeastTileMemory, kMostTileMemory));
+    heap.SetBudget(limit);
     if (!heap.IsInitialized())
         heap.InitializeLater(AsFileSpecs(GetScratchFolders()));
 }

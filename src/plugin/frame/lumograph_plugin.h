@@ -2,7 +2,9 @@
 // memory bargain.
 #pragma once
 
+#include "plugin/frame/host_call.h"
 #include "plugin/frame/project_index.h"
+#include "plugin/suites/host_suites.h"
 #include "view/process/process.h"
 
 #include "lumograph/lumograph.h"
@@ -29,6 +31,10 @@ public:
     // it is too little.
     virtual bool SplitMemory(int32_t total, int32_t& first, int32_t& second);
 
+    // SplitMemory on a budget: keeps the first share in memoryShare and returns the sum of both.
+    // Throws CError when there is too little, with memoryShare 0.
+    int32_t ShareMemory(int32_t budget);
+
     // Sets the limit of the tile store from the machine's memory, and opens the store if it isn't
     // open yet.
     virtual void PrepareMemory();
@@ -41,6 +47,12 @@ public:
 
     // Folders where the tile store may keep its scratch files; none: the store looks for itself.
     virtual std::vector<std::filesystem::path> GetScratchFolders();
+
+    // Where suites come from: what the current record says, or null.
+    virtual const HostBasicSuite* GetBasicSuite();
+
+    // The host's suites; each stays acquired from its first use to the end of the object.
+    const CHostSuites& HostSuites();
 
     // The memory that PrepareMemory goes by, in bytes.
     virtual uint64_t GetHostMemory();
@@ -56,7 +68,7 @@ public:
     void MakeCurrentPlugin();
 
     // What one selector brings: the record and the data word are valid until it returns.
-    void RememberCall(void* record, intptr_t* data, int16_t selector);
+    void RememberCall(const HostCall& call);
     void ForgetCall();
 
     uint32_t flags = 0;
@@ -72,6 +84,13 @@ public:
     int32_t memoryShare = 0; // bytes for the module's own buffers
     bool keepAlive = false;  // resident: outlives its sessions
     ProjectIndex projectIndex{};
+
+protected:
+    // Sets the tile store's limit in bytes, and opens it if it isn't open yet.
+    void OpenTileStore(uint64_t limit);
+
+private:
+    CHostSuites fSuites;
 };
 
 } // namespace Kesto

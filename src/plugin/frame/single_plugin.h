@@ -1,7 +1,7 @@
 // The one object of a group of projects of which only one can be at work: filters, and exports.
 #pragma once
 
-#include "plugin/factories.h"
+#include "plugin/frame/lumograph_plugin.h"
 #include "plugin/frame/process_setup.h"
 #include "view/process/clean_up_list.h"
 
@@ -15,16 +15,14 @@ class CSinglePlugin {
 public:
     using Factory = std::unique_ptr<Plugin> (*)(ProjectIndex);
 
-    explicit CSinglePlugin(Factory factory) : fFactory(factory) {}
-
     Plugin* Get() const { return fPlugin.get(); }
 
     // Makes a new object, with the process set up for it. Throws std::logic_error when the module
     // has no class for it.
-    std::unique_ptr<Plugin> Make(ProjectIndex index) const
+    static std::unique_ptr<Plugin> Make(ProjectIndex index, Factory factory)
     {
         SetUpProcess();
-        std::unique_ptr<Plugin> plugin = fFactory(index);
+        std::unique_ptr<Plugin> plugin = factory(index);
         if (plugin == nullptr)
             throw std::logic_error("Warning! (plugin != nullptr)");
         plugin->projectIndex = index;
@@ -32,10 +30,10 @@ public:
     }
 
     // The object, made and told the host's properties when there is none.
-    Plugin& Acquire(ProjectIndex index, const HostBasicSuite* basicSuite)
+    Plugin& Acquire(ProjectIndex index, Factory factory, const HostBasicSuite* basicSuite)
     {
         if (fPlugin == nullptr) {
-            std::unique_ptr<Plugin> plugin = Make(index);
+            std::unique_ptr<Plugin> plugin = Make(index, factory);
             plugin->SetupHighDPI(basicSuite);
             plugin->UpdateHostProperties(basicSuite);
             fPlugin = std::move(plugin);
@@ -52,7 +50,6 @@ public:
     }
 
 private:
-    Factory fFactory;
     std::unique_ptr<Plugin> fPlugin;
 };
 

@@ -77,7 +77,7 @@ uint8_t* CHostBuffer::Lock()
 int16_t AllocateRowBuffer(const CHostBuffers& suite, int32_t rowStride, int16_t minRows,
                           int16_t maxRows, int32_t reserve, int16_t& outRows, CHostBuffer& buffer)
 {
-    if (rowStride == 0 || reserve == 0)
+    if (rowStride < 1 || reserve < 1)
         return kHostNoError; // rows without pixels: there is nothing to ask for
     int32_t rows = std::min<int32_t>(suite.Space() / reserve / rowStride, maxRows);
     int16_t code = kHostNoError;

@@ -30,7 +30,8 @@ std::string OneLine(std::string_view text)
 BoxAnswer ShowMessageBox(std::uint32_t flags, std::string_view title, std::string_view text,
                          NativeWindow)
 {
-    std::fprintf(stderr, "%s: %s\n", OneLine(title).c_str(), OneLine(text).c_str());
+    const std::string heading = title.empty() ? "" : OneLine(title) + ": ";
+    std::fprintf(stderr, "%s%s\n", heading.c_str(), OneLine(text).c_str());
     const std::uint32_t buttons = flags & kBoxButtonsMask;
     return buttons < kDismissals.size() ? kDismissals[buttons] : BoxAnswer::kOK;
 }

@@ -1,7 +1,8 @@
 // What the module's entries lead to. A new format joins with one case here.
-#include "plugin/factories.h"
+#include "module/factories.h"
 
 #include "formats/electricimage/format_electricimage.h"
+#include "module/projects.h"
 
 namespace Kesto {
 

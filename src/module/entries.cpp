@@ -1,5 +1,9 @@
 // The exported entries of the module, one for each row of entries.inc.
-#include "plugin/frame/dispatch.h"
+#include "module/factories.h"
+#include "module/projects.h"
+#include "plugin/export/export_dispatch.h"
+#include "plugin/filter/filter_dispatch.h"
+#include "plugin/format/format_dispatch.h"
 
 #include <cstdint>
 
@@ -10,7 +14,8 @@
         if (result == nullptr)                                                                     \
             return; /* nowhere to answer to */                                                     \
         *result = 0;                                                                               \
-        Kesto::Dispatch##group(selector, record, data, result, Kesto::kProject_##entry);           \
+        Kesto::Dispatch##group(selector, record, data, result, Kesto::kProject_##entry,            \
+                               Kesto::Create##group##Plugin);                                      \
     }
-#include "plugin/frame/entries.inc"
+#include "module/entries.inc"
 #undef SIDECAR_ENTRY

@@ -1,11 +1,9 @@
-// Which object serves a project. Implemented in formats/, above this layer, where the projects'
-// classes are known.
+// Which object serves a project. The dispatchers below are handed these.
 #pragma once
 
 #include "plugin/export/lumograph_export.h"
 #include "plugin/filter/lumograph_filter.h"
 #include "plugin/format/lumograph_format.h"
-#include "plugin/frame/project_index.h"
 
 #include <memory>
 
