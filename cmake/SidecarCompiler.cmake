@@ -31,7 +31,17 @@ target_compile_options(sidecar_warnings INTERFACE
 # under the sanitizers takes longer than all that they ever do.
 set(SIDECAR_QUICK_BUILD "")
 if(SIDECAR_TESTS OR SIDECAR_SANITIZE)
-  set(SIDECAR_QUICK_BUILD -O0)
+  set(SIDECAR_QUICK_BUILD -O0 -U_FORTIFY_SOURCE) # which wants optimised code
+endif()
+
+# The module reads files of strangers within another program. tests/module/hardening.cmake reads the built files for this.
+if(NOT SIDECAR_SANITIZE)
+  add_compile_options(-fstack-protector-strong -fcf-protection=full $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+endif()
+if(WIN32)
+  add_link_options(-Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+else()
+  add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
 
 if(SIDECAR_SANITIZE)

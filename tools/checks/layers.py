@@ -54,7 +54,7 @@ def include_faults(path, layers, order):
 
 
 # Sources that belong to their layer as a whole.
-ALONE = ("registered_classes.cpp", "registered_classes.h")
+ALONE = ("factories.h", "factories.cpp", "registered_classes.cpp", "registered_classes.h")
 
 
 def main():
