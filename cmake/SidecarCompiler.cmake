@@ -31,7 +31,10 @@ target_compile_options(sidecar_warnings INTERFACE
 # under the sanitizers takes longer than all that they ever do.
 set(SIDECAR_QUICK_BUILD "")
 if(SIDECAR_TESTS OR SIDECAR_SANITIZE)
-  set(SIDECAR_QUICK_BUILD -O0 -U_FORTIFY_SOURCE) # which wants optimised code
+  set(SIDECAR_QUICK_BUILD -O0)
+  if(NOT SIDECAR_SANITIZE)
+    list(APPEND SIDECAR_QUICK_BUILD -U_FORTIFY_SOURCE) # which wants optimised code
+  endif()
 endif()
 
 # The module reads files of strangers within another program. tests/module/hardening.cmake reads the built files for this.

@@ -1,15 +1,7 @@
 // A host's use of one file format module, from its load to its unload.
 //
-// This is the order of calls that a module can rely on:
-//
-//   load                                            once, if the property list says "LoadUnload"
-//   read:     prepare, start, continue..., finish   for each file that is opened
-//   options, estimate and write, likewise           for each document that is saved
-//   unload                                          once
-//
-// What the property list doesn't allow is refused before a selector is sent. A failing start ends
-// its group; after a good start the finish always comes. The data word is 0 at first and stays the
-// module's own until the unload.
+// The order of the calls is that of lumograph/selectors.h. What the property list doesn't allow is
+// refused before a selector is sent.
 #pragma once
 
 #include "driver/operation.h"

@@ -82,6 +82,7 @@ TEST_F(ReadPixels, TheLongestPacketsReachOverManyRows)
         pixels.push_back(i);
     }
     for (const int width : {1, 50, 256}) {
+        SCOPED_TRACE(width);
         const int height = 256 / width;
         EXPECT_EQ(Samples(Frame("indexed8", width, height, packed, 1)),
                   Bytes(pixels.begin(), pixels.begin() + width * height));

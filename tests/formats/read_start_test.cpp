@@ -101,6 +101,7 @@ TEST_F(ReadStart, MissingHostPartsAreTold)
         [](ScriptableHost& one) { one.buffers.Free = nullptr; },
         [](ScriptableHost& one) { one.buffers.Space = nullptr; }};
     for (size_t part = 0; part < std::size(breaks); ++part) {
+        SCOPED_TRACE(part);
         ScriptableHost early, late;
         breaks[part](early);
         EXPECT_EQ(early.Open(file),
@@ -212,6 +213,7 @@ TEST_F(ReadStart, NobodyIsAskedWithoutNeed)
     const FrameAnswer answer(4);
     EXPECT_EQ(host.Open(OneFrameFile(SmallFrame(Layout("rgb24")))), Outcome{});
     for (const bool quiet : {false, true}) {
+        SCOPED_TRACE(quiet ? "a quiet open" : "a silent playback");
         host.record.quietOpen = quiet;
         host.playback.playMode = quiet ? 0 : kHostPlaySilent;
         EXPECT_EQ(host.Open(FiveFrames()), Outcome{});

@@ -177,6 +177,7 @@ TEST_F(Unlucky, AStopIsObeyedAtEveryRow)
         ScriptableHost whole;
         EXPECT_EQ(whole.Open(file), Outcome{});
         for (int check = 0; check < whole.Count(Kind::kAbort); ++check) {
+            SCOPED_TRACE(check);
             ScriptableHost each;
             each.abortAt = check;
             EXPECT_EQ(EndOf(each.Open(file), each),
@@ -186,6 +187,7 @@ TEST_F(Unlucky, AStopIsObeyedAtEveryRow)
         }
     }
     for (int check = 0; check < 4; ++check) {
+        SCOPED_TRACE(check);
         ScriptableHost each;
         each.abortAt = check;
         EXPECT_EQ(EndOf(each.Save(Picture(kHostModeRGB, 3, 4, 3)), each),
@@ -207,6 +209,7 @@ TEST_F(Unlucky, AFailureLeavesTheNextSessionAlone)
     packed.pixels = {0x7F};
     const Bytes broken = OneFrameFile(packed);
     for (int round = 0; round < 6; ++round) {
+        SCOPED_TRACE(round);
         if (round == 3)
             host.Call(kFormatLoad); // resident from here on
         EXPECT_EQ(host.Open(spilling), Outcome{});

@@ -221,6 +221,7 @@ TEST_F(WriteFile, TheEstimateCountsRowsOfEachPlane)
                                                               {1, 10, 4, 1, 108},
                                                               {16, 3, 2, 4, 148},
                                                               {8, 0, 9, 3, 100}}) {
+        SCOPED_TRACE(bytes);
         EXPECT_EQ(Estimate(depth, columns, rows, planes), 0);
         EXPECT_EQ(int32_t{host.record.estimateMin}, bytes);
         EXPECT_EQ(int32_t{host.record.estimateMax}, bytes);

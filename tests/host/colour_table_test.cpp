@@ -31,6 +31,7 @@ TEST(ColourTable, GivesEachColourItsEntryWhenTheyFit)
                         [](int32_t y, int32_t at) { return at % 3 == 0 ? 60 * y : 7; });
     ColourTable table(picture, 2, false, "picture");
     for (int32_t y = 0; y < 4; ++y) {
+        SCOPED_TRACE(y);
         const size_t index = Convert(table, picture, y)[0];
         EXPECT_EQ(table.Colours().red[index], 60 * y);
         EXPECT_EQ(table.Colours().green[index], 7);
@@ -43,7 +44,8 @@ TEST(ColourTable, ReducesToSimilarColours)
     ColourTable table(ramp, 4, true, "ramp");
     const Bytes indices = Convert(table, ramp, 0);
     for (int level = 0; level < 256; ++level)
-        EXPECT_LE(std::abs(table.Colours().red[indices[static_cast<size_t>(level)]] - level), 16);
+        EXPECT_LE(std::abs(table.Colours().red[indices[static_cast<size_t>(level)]] - level), 16)
+            << level;
     try {
         ColourTable(ramp, 2, false, "ramp.png");
         FAIL() << "256 greys in two bits";

@@ -60,6 +60,7 @@ TEST_F(FileServiceTest, PiecesOfAnySizeCrossTheBuffer)
     HostFile file = Open("out", kHostOpenToWrite);
     int64_t at = 0;
     for (const int64_t count : {1, 4, 3, 16, 2, 90, 15, 17, 152}) {
+        SCOPED_TRACE(at);
         EXPECT_EQ(FastWrite(file, count, content.data() + at), kHostNoError);
         at += count;
         EXPECT_EQ(FastGetPosition(file), at);
@@ -74,6 +75,7 @@ TEST_F(FileServiceTest, PiecesOfAnySizeCrossTheBuffer)
     file = Open("out", kHostOpenToRead);
     std::string read;
     for (const int64_t count : {1, 3, 2, 4, 15, 16, 17, 40, 1, 0, 33, 1}) {
+        SCOPED_TRACE(read.size());
         EXPECT_EQ(FastGetPosition(file), std::ssize(read));
         read += Read(file, count);
         EXPECT_EQ(fResult, kHostNoError);
@@ -84,6 +86,7 @@ TEST_F(FileServiceTest, PiecesOfAnySizeCrossTheBuffer)
         {kHostSeekFromStart, 250},  {kHostSeekFromCurrent, -2}, {kHostSeekFromCurrent, -200},
         {kHostSeekFromCurrent, -9}, {kHostSeekFromStart, 299}};
     for (const auto& [mode, offset] : moves) {
+        SCOPED_TRACE(offset);
         const int64_t target = mode == kHostSeekFromStart ? offset : FastGetPosition(file) + offset;
         EXPECT_EQ(FastSetPosition(file, mode, offset), kHostNoError);
         EXPECT_EQ(FastGetPosition(file), target);
@@ -98,6 +101,7 @@ TEST_F(FileServiceTest, AShortReadDeliversTheRestAndIsAFailure)
     HostFile file = Open("in", kHostOpenToRead);
     EXPECT_EQ(Read(file, 8), "01234567");
     for (const char* rest : {"89", ""}) {
+        SCOPED_TRACE(rest);
         EXPECT_EQ(Read(file, 100), rest);
         EXPECT_EQ(fResult, kHostEndOfFile);
     }

@@ -68,6 +68,7 @@ TEST_F(FrameFileTest, AFileThatEndsAnywhereIsReportedNotTrusted)
 {
     const std::string whole = Encode(fRgb, {});
     for (size_t length = 0; length < whole.size(); ++length) {
+        SCOPED_TRACE(length);
         fFolder.Put("frames.ei", whole.substr(0, length));
         if (length < 6) {
             EXPECT_THROW(EIFrameWalker{fFile}, Failure);

@@ -73,6 +73,7 @@ TEST_F(RowExchangeTest, PlanesGoWhereTheOrderSays)
 {
     for (const auto& order :
          {std::array<int16_t, 4>{3, 0, 1, 2}, std::array<int16_t, 4>{2, 1, 0, 3}}) {
+        SCOPED_TRACE(order[0]);
         Bytes turned(fPicture.size());
         for (size_t i = 0; i < turned.size(); ++i)
             turned[i] = fPicture[i / 4 * 4 + static_cast<size_t>(order[i % 4])];
@@ -117,7 +118,8 @@ TEST_F(RowExchangeTest, NothingOutsideThePictureIsTouched)
 {
     for (const HostRect16 rect :
          {HostRect16{0, 0, 5, 5}, {-1, 0, 1, 5}, {0, 0, 1, 6}, {2, 0, 1, 5}})
-        EXPECT_THROW(Of(rect, fPicture.data()), Failure);
+        EXPECT_THROW(Of(rect, fPicture.data()), Failure)
+            << rect.top << ", " << rect.left << ", " << rect.bottom << ", " << rect.right;
     EXPECT_THROW(Of({0, 0, 1, 5}, nullptr), Failure);
     fRecord.planeOrder[2] = 4;
     EXPECT_THROW(Of({0, 0, 1, 5}, fPicture.data()), Failure);

@@ -128,6 +128,7 @@ TEST_F(Dispatch, TheDataWordIsMadeOnceAndStays)
 TEST_F(Dispatch, WithoutAHandleSuiteTheModuleKeepsTheBlock)
 {
     for (const int broken : {0, 1, 2}) {
+        SCOPED_TRACE(broken);
         ScriptableHost each;
         each.record.handleSuite = broken == 0 ? nullptr : &each.handles;
         each.handles.version = broken == 1 ? 2 : 1;
@@ -142,6 +143,7 @@ TEST_F(Dispatch, WithoutAHandleSuiteTheModuleKeepsTheBlock)
 TEST_F(Dispatch, OptionsAndEstimateAskForNoMemory)
 {
     for (const int16_t selector : {kFormatOptionsPrepare, kFormatEstimatePrepare}) {
+        SCOPED_TRACE(selector);
         host.record.memoryBudget = 77;
         EXPECT_EQ(host.Call(selector), 0);
         EXPECT_EQ(host.record.memoryBudget, 0);

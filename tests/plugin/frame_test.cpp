@@ -151,5 +151,6 @@ TEST_F(Frame, HostCodesHaveTexts)
           {kHostDiskFull, "The disk is full."},
           {kHostMemoryFull, "There is not enough memory."},
           {kHostBadMode, "An unknown host error has occurred."}})
-        EXPECT_THAT(std::string(Kesto::CLumographError(code).ErrorText().View()), HasSubstr(text));
+        EXPECT_THAT(std::string(Kesto::CLumographError(code).ErrorText().View()), HasSubstr(text))
+            << code;
 }

@@ -35,6 +35,7 @@ TEST_F(BufferSuiteAllocator, KeepsBuffersLockedUntilTheyAreFreedOrItEnds)
         EXPECT_EQ(host.LockedBuffers(), 2U);
         for (void* memory :
              {first, first, static_cast<void*>(nullptr)}) { // only the first is of effect
+            SCOPED_TRACE(memory);
             allocator.Free(memory);
             EXPECT_EQ(host.LockedBuffers(), 1U);
         }
@@ -49,6 +50,7 @@ TEST_F(BufferSuiteAllocator, AnswersNullForWhatTheHostDoesNotGive)
     EXPECT_EQ(allocator.Allocate(std::size_t{1} << 31), nullptr);
     EXPECT_EQ(host.Count(Kind::kAllocate), 0);
     for (const Kind refused : {Kind::kAllocate, Kind::kLock}) {
+        SCOPED_TRACE(static_cast<int>(refused));
         host.ForgetCalls();
         host.fault = Fault{refused, 0};
         EXPECT_EQ(allocator.Allocate(100), nullptr);
@@ -77,6 +79,7 @@ TEST_F(HostProperties, AFailedReadLeavesTheField)
     EXPECT_EQ(Told({}).uiBrightness, 3);
     static const HostBasicSuite bare{nullptr, nullptr};
     for (const HostBasicSuite* suite : {static_cast<const HostBasicSuite*>(nullptr), &bare}) {
+        SCOPED_TRACE(suite == nullptr ? "no basic suite" : "one without suites");
         host.record.basicSuite = suite;
         EXPECT_EQ(Told({{kPropertyUiScale, 300}}).uiScale, 1.5F);
     }

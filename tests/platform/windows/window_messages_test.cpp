@@ -104,6 +104,7 @@ TEST(NativeWindowMessages, ADocumentHearsOfItsPlaceWhenItIsFirstShown)
     WindowTest::Window window("w", log, plan);
     const Log first{"w show on", "w placed", "w size 300,200", "w move 100,100"};
     for (const Log& expected : {first, Log{"w show on", "w placed"}}) {
+        SCOPED_TRACE(expected.size());
         ShowSystemWindow(window.handle, ShowCommand::kShowInactive);
         EXPECT_EQ(kTake(log), expected);
         ShowSystemWindow(window.handle, ShowCommand::kHide);
