@@ -36,8 +36,8 @@ def fault(header, flags):
     command = ["g++", "-std=c++20", "-Wall", "-Wextra", "-Werror", "-Wno-unused", "-x", "c++", *flags]
     for folder, options in OPTIONS.items():
         command += options if folder in header.parts else []
-    command += ["-fsyntax-only", str(header)]
-    done = subprocess.run(command, cwd=ROOT, capture_output=True, text=True)
+    command += ["-fsyntax-only", "-"]
+    done = subprocess.run(command, cwd=ROOT, capture_output=True, text=True, input=f'#include "{header}"\n')
     return f"{header.relative_to(ROOT)} doesn't compile alone:\n{done.stderr}" if done.returncode else None
 
 
