@@ -16,6 +16,7 @@ TEST(Monitors, AreThereWithTheirWorkArea)
     const auto monitors = Platform::ListMonitors();
     ASSERT_FALSE(monitors.empty());
     for (const Monitor& monitor : monitors) {
+        SCOPED_TRACE(&monitor - monitors.data());
         EXPECT_FALSE(monitor.bounds.IsEmpty());
         EXPECT_FALSE(monitor.workArea.IsEmpty());
         EXPECT_EQ(Intersect(monitor.workArea, monitor.bounds), monitor.workArea);
@@ -59,8 +60,10 @@ TEST(Cursors, AreTheArrowWhereThereIsNoPicture)
 {
     const std::vector<std::uint32_t> pixels(64);
     for (const auto& [width, height] :
-         {std::pair{0, 8}, {8, -8}, {65, 1}, {513, 1}, {INT32_MAX, INT32_MAX}})
+         {std::pair{0, 8}, {8, -8}, {65, 1}, {513, 1}, {INT32_MAX, INT32_MAX}}) {
+        SCOPED_TRACE(width);
         EXPECT_NO_FATAL_FAILURE(Cursor(pixels, width, height, {}).GetRecord());
+    }
 }
 
 TEST(SystemColours, HaveNoneOutsideTheirTable)
