@@ -159,6 +159,15 @@ ViewLayoutRecord ViewLayoutRecord::Read(const CExpressionScope& scope, const CEx
     return record;
 }
 
+Rect ViewLayoutRecord::Margins() const
+{
+    const auto side = [this](double near, double axis) {
+        return IsGiven(near) ? near : IsGiven(axis) ? axis : IsGiven(margin) ? margin : 0.0;
+    };
+    return {side(marginLeft, marginWidth), side(marginTop, marginHeight),
+            side(marginRight, marginWidth), side(marginBottom, marginHeight)};
+}
+
 void ViewLayoutRecord::Write(CExpressionScope& scope) const
 {
     if (placement != RecordPlacement::kNotGiven)

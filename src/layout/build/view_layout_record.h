@@ -2,6 +2,8 @@
 // in the natural size of its class and may change all the rest.
 #pragma once
 
+#include "foundation/base/geometry.h"
+
 #include <cstdint>
 
 namespace Kesto {
@@ -37,6 +39,9 @@ struct ViewLayoutRecord {
     // Adds all that is given to `scope`, numbers cut to integers. Outsets go to the four sides, the
     // more special ones over the others.
     void Write(CExpressionScope& scope) const;
+
+    // What the margins of the four sides come to: the nearest key that is given, or 0.
+    Rect Margins() const;
 
     static bool IsGiven(double number) { return number != kNotGiven; }
 

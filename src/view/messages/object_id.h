@@ -31,6 +31,14 @@ public:
     CObjID(const char* name, std::uint32_t count, std::uint32_t offset,
            Family family = Family::kCommon);
 
+    // The id that is this number, for numbers that stand in a layout text.
+    static constexpr CObjID OfNumber(std::uint32_t number)
+    {
+        CObjID id;
+        id.fValue = number;
+        return id;
+    }
+
     constexpr bool IsNone() const { return fValue == 0; }
     constexpr std::uint32_t Value() const { return fValue; }
 

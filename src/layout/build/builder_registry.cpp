@@ -1,0 +1,45 @@
+#include "layout/build/builder_registry.h"
+
+#include "foundation/base/chained_table.h"
+
+namespace Kesto {
+
+namespace {
+
+using BuilderRegistry = CChainedTable<CViewBuilderBase*>; // null: gone
+
+// Made by the first builder that registers.
+BuilderRegistry& Registry()
+{
+    static BuilderRegistry registry;
+    return registry;
+}
+
+} // namespace
+
+CViewBuilderBase* FindBuilder(std::string_view name)
+{
+    CViewBuilderBase* const* const builder = Registry().Find(name);
+    return builder != nullptr ? *builder : nullptr;
+}
+
+void ForEachBuilder(const std::function<void(CViewBuilderBase&)>& visit)
+{
+    for (std::uint32_t bucket = 0; bucket < kTableBuckets; ++bucket)
+        for (std::string_view name : Registry().ChainKeys(bucket))
+            if (CViewBuilderBase* const builder = FindBuilder(name))
+                visit(*builder);
+}
+
+void RegisterBuilder(std::string_view name, CViewBuilderBase& builder)
+{
+    Registry().Add(name, &builder, true);
+}
+
+void UnregisterBuilder(std::string_view name, const CViewBuilderBase& builder)
+{
+    if (FindBuilder(name) == &builder)
+        Registry().Add(name, nullptr, true);
+}
+
+} // namespace Kesto
