@@ -4,6 +4,8 @@
 #include "vex/nearest_word.h"
 #include "vex/values.h"
 
+#include "controls/registered_classes.h"
+#include "layout/build/builder_registry.h"
 #include "layout/language/layout_keys.h"
 
 #include <map>
@@ -47,6 +49,17 @@ struct NamesOfText {
     std::map<std::string_view, const char*> definitions; // where each is defined first
     std::set<std::string_view> reads;
 };
+
+bool ReadsKey(const Kesto::RegisteredClass& registered, std::string_view key)
+{
+    Kesto::RegisterViewClasses();
+    std::vector<Kesto::PropertyRows> tables;
+    Kesto::FindBuilder(registered.name)->AppendRows(tables);
+    return std::ranges::any_of(tables, [key](Kesto::PropertyRows rows) {
+        return std::ranges::any_of(
+            rows, [key](const Kesto::PropertyRow& row) { return row.key.text == key; });
+    });
+}
 
 // Whether the key is one that every view takes over from the top of a text, as a truth value.
 bool IsTruthAtTheTop(std::string_view key)
@@ -114,9 +127,10 @@ private:
 
     void CheckView(const SyntaxNode& view)
     {
-        if (FindWord(Kesto::ViewClasses(), view.Name()) == nullptr) {
+        fClass = FindWord(Kesto::RegisteredClasses(), view.Name());
+        if (fClass == nullptr) {
             CNearestWord nearest(view.Name());
-            ConsiderAll(nearest, Kesto::ViewClasses());
+            ConsiderAll(nearest, Kesto::RegisteredClasses());
             Report(view.start, "unknown-class", "no class has the name " + Quoted(view.Name()),
                    nearest.Hint());
         }
@@ -136,15 +150,27 @@ private:
             Check(*block);
     }
 
+    // Only of panes that are there: what a class that is still to come will read isn't known.
+    void CheckClassReads(const SyntaxNode& property)
+    {
+        if (fClass == nullptr || fClass->IsToCome() || fClass->kind != Kesto::VexClassKind::kPane ||
+            ReadsKey(*fClass, property.Name()))
+            return;
+        Report(property.start, "unread-key",
+               std::string(fClass->name) + " doesn't read " + Quoted(property.Name()), "");
+    }
+
     void CheckProperty(const SyntaxNode& property)
     {
         fKey = FindWord(Kesto::PropertyKeys(), property.Name());
         CheckList(property.children);
         const ValueKind kind = KindOf(property);
-        if (fKey != nullptr)
-            CheckKeyValue(property, *fKey, kind, fFound);
-        else
+        if (fKey == nullptr) {
             ReportUnknownKey(property);
+        } else {
+            CheckKeyValue(property, *fKey, kind, fFound);
+            CheckClassReads(property);
+        }
         fKey = nullptr;
         if (property.Name() == "view_id")
             CheckId(property);
@@ -280,8 +306,9 @@ private:
     std::vector<Diagnostic>& fFound;
     bool fIsWhole; // the text could be read to its end
     NamesOfText fNames;
-    std::vector<Variables> fScopes;              // the innermost last
-    const Kesto::VexPropertyKey* fKey = nullptr; // of the property that is being looked at
+    std::vector<Variables> fScopes;                 // the innermost last
+    const Kesto::RegisteredClass* fClass = nullptr; // of the view whose properties are looked at
+    const Kesto::VexPropertyKey* fKey = nullptr;    // of the property that is being looked at
     std::map<std::string_view, const SyntaxNode*> fIds;
 };
 

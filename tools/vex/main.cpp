@@ -1,7 +1,12 @@
-// vex: checks, formats and shows layout texts.
+// vex: checks, formats, places and shows layout texts.
 #include "vex/check.h"
 #include "vex/dump.h"
 #include "vex/format.h"
+#include "vex/keys.h"
+#include "vex/place.h"
+#include "vex/show.h"
+
+#include "drawing/tools/draw_tools.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -10,12 +15,16 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace {
 
 enum ExitStatus { kExit_Well = 0, kExit_Mistakes = 1, kExit_Trouble = 2 };
+
+constexpr double kLargestSize = 16384; // of a side, in units
 
 constexpr const char* kLanguage = R"(A layout text describes the views of one window:
 
@@ -34,6 +43,11 @@ struct Options {
     bool json = false;
     bool inPlace = false;
     bool checkOnly = false;
+    std::string size; // WxH, or empty
+    std::string picture;
+    double scale = 1.0;
+    std::int32_t theme = 0;
+    bool outline = false;
 };
 
 std::string ToText(const nlohmann::json& json)
@@ -106,17 +120,63 @@ int Dump(const Options& options)
     return kExit_Well;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+// "300x200".
+std::optional<Kesto::Point> SizeOf(const std::string& text)
 {
-    CLI::App app{"Checks, formats and shows layout texts (.vex files).", "vex"};
-    app.footer(kLanguage);
-    app.set_version_flag("--version", "vex " SIDECAR_VERSION);
-    app.require_subcommand(0, 1);           // no more; with none the help tells of them
-    app.allow_windows_style_options(false); // an absolute path is no option, on any system
-    Options options;
+    if (text.empty())
+        return std::nullopt;
+    double width = 0;
+    double height = 0;
+    char rest = 0;
+    if (std::sscanf(text.c_str(), "%lfx%lf%c", &width, &height, &rest) != 2 || !(width >= 0) ||
+        !(height >= 0) || width > kLargestSize || height > kLargestSize)
+        throw std::runtime_error("--size takes WIDTHxHEIGHT, for example 300x200, but not " + text);
+    return Kesto::Point{width, height};
+}
 
+Vex::CBuiltLayout Build(const Options& options)
+{
+    return {Vex::CSourceText::Load(options.files.front()), {SizeOf(options.size), options.scale}};
+}
+
+int Place(const Options& options)
+{
+    const Vex::CBuiltLayout layout = Build(options);
+    const nlohmann::ordered_json view = Vex::PlacesOf(layout);
+    if (options.json)
+        std::cout << view.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    else
+        Vex::PrintPlaces(std::cout, view);
+    return kExit_Well;
+}
+
+int Show(const Options& options)
+{
+    Kesto::CDrawTools::Get().SetTheme(options.theme);
+    Vex::WritePicture(Build(options), options.picture, options.outline);
+    return kExit_Well;
+}
+
+// Of the class that is named, or of all.
+int Keys(const Options& options)
+{
+    if (options.files.empty()) {
+        Vex::PrintAllKeys(std::cout);
+        return kExit_Well;
+    }
+    if (Vex::PrintKeys(std::cout, options.files.front()))
+        return kExit_Well;
+    throw std::runtime_error("no class has the name " + options.files.front());
+}
+
+// A command with its options. They are stored in `options`, which outlives the command line.
+struct Command {
+    const CLI::App* app;
+    int (*run)(const Options&);
+};
+
+Command AddCheck(CLI::App& app, Options& options)
+{
     CLI::App* const check =
         app.add_subcommand("check", "Report mistakes with file, line and column");
     check->footer(
@@ -127,7 +187,11 @@ int main(int argc, char** argv)
     check->add_option("FILE", options.files, "Layout texts")->required();
     check->add_flag("--json", options.json,
                     "Print an array of objects: file, line, column, kind, message, hint");
+    return {check, Check};
+}
 
+Command AddFormat(CLI::App& app, Options& options)
+{
     CLI::App* const format =
         app.add_subcommand("format", "Write the canonical form to the standard output");
     format->footer("The meaning stays as it is. Exit status: 0 done, 1 with --check: a file has "
@@ -140,7 +204,11 @@ int main(int argc, char** argv)
         ->add_flag("--check", options.checkOnly,
                    "Write nothing, name the files that have another form")
         ->excludes(inPlace);
+    return {format, Format};
+}
 
+Command AddDump(CLI::App& app, Options& options)
+{
     CLI::App* const dump =
         app.add_subcommand("dump", "Print the tree of views with the values of every scope");
     dump->footer(
@@ -150,16 +218,77 @@ int main(int argc, char** argv)
     dump->add_option("FILE", options.files, "Layout texts")->required();
     dump->add_flag("--json", options.json,
                    "Print objects: class, properties, layout, variables, children");
+    return {dump, Dump};
+}
 
+void AddBuildOptions(CLI::App& command, Options& options)
+{
+    command.add_option("FILE", options.files, "A layout text; - is the standard input")
+        ->required()
+        ->expected(1);
+    command.add_option("--size", options.size,
+                       "Resize the contents from their natural size: WIDTHxHEIGHT");
+}
+
+Command AddPlace(CLI::App& app, Options& options)
+{
+    CLI::App* const place = app.add_subcommand("place", "Print where the views come to lie");
+    place->footer("For each view its class, identifier, left, top, width and height, in units of "
+                  "the view around it. Exit\n"
+                  "status: 0 done, 2 the text is refused or can't be read.");
+    AddBuildOptions(*place, options);
+    place->add_flag("--json", options.json,
+                    "Print objects: class, id, left, top, width, height, children");
+    return {place, Place};
+}
+
+Command AddShow(CLI::App& app, Options& options)
+{
+    CLI::App* const show = app.add_subcommand("show", "Draw a picture of the views, off screen");
+    show->footer("Exit status: 0 done, 2 the text is refused or a file can't be read or written.");
+    AddBuildOptions(*show, options);
+    show->add_option("-o", options.picture, "The picture to write, a PNG")->required();
+    show->add_option("--theme", options.theme, "0 light, 1 medium light, 2 medium dark, 3 dark")
+        ->check(CLI::Range(0, 3));
+    show->add_option("--scale", options.scale, "Pixels in a unit")->check(CLI::Range(0.25, 8.0));
+    show->add_flag("--outline", options.outline, "Draw frames and identifiers over it");
+    return {show, Show};
+}
+
+Command AddKeys(CLI::App& app, Options& options)
+{
+    CLI::App* const keys = app.add_subcommand("keys", "Print the keys that classes read");
+    keys->footer("Without a class: those of all, as Markdown. Exit status: 0 done, 2 there is no "
+                 "such class.");
+    keys->add_option("CLASS", options.files, "For example CStaticText")->expected(0, 1);
+    return {keys, Keys};
+}
+
+int Run(CLI::App& app, std::span<const Command> commands, const Options& options)
+{
+    for (const Command& command : commands)
+        if (command.app->parsed())
+            return command.run(options);
+    std::cerr << app.help();
+    return kExit_Trouble;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app{"Checks, formats, places and shows layout texts (.vex files).", "vex"};
+    app.footer(kLanguage);
+    app.set_version_flag("--version", "vex " SIDECAR_VERSION);
+    app.require_subcommand(0, 1);           // no more; with none the help tells of them
+    app.allow_windows_style_options(false); // an absolute path is no option, on any system
+    Options options;
+    const Command commands[] = {AddCheck(app, options), AddFormat(app, options),
+                                AddDump(app, options),  AddPlace(app, options),
+                                AddShow(app, options),  AddKeys(app, options)};
     try {
         app.parse(argc, argv);
-        if (app.get_subcommands().empty()) {
-            std::cerr << app.help();
-            return kExit_Trouble;
-        }
-        return check->parsed()    ? Check(options)
-               : format->parsed() ? Format(options)
-                                  : Dump(options);
+        return Run(app, commands, options);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kExit_Well : kExit_Trouble;
     } catch (const std::exception& error) {

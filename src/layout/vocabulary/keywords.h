@@ -1,6 +1,6 @@
-// The vocabulary of the layout language: named constants, property keys, classes. The generator
-// defines the constants, tools check texts against all three; a word is added by one row here and
-// nowhere else.
+// The vocabulary of the layout language: named constants and property keys. The generator defines
+// the constants, tools check texts against both; a word is added by one row here and nowhere else.
+// The classes stand in controls/registered_classes.cpp.
 #pragma once
 
 #include "layout/language/vex_text.h"
@@ -40,11 +40,5 @@ struct VexPropertyKey {
 std::span<const VexPropertyKey> PropertyKeys();
 
 enum class VexClassKind : std::uint8_t { kWindow, kPane };
-
-struct VexViewClass {
-    std::string_view name;
-    VexClassKind kind;
-};
-std::span<const VexViewClass> ViewClasses();
 
 } // namespace Kesto

@@ -1,0 +1,37 @@
+// CGroupPane, a container with a title line and a frame below it.
+#pragma once
+
+#include "controls/frames/frame_pane.h"
+#include "drawing/tools/font_kinds.h"
+#include "foundation/base/text.h"
+
+namespace Kesto {
+
+class CGroupPane : public CFramePane {
+public:
+    using CFramePane::CFramePane;
+
+    void SetTitle(const CText& title, EFontKind font);
+    const CText& GetTitle() const { return fTitle; }
+
+    void DrawFrame() override;
+
+private:
+    CText fTitle;
+    EFontKind fFont = kFont_UIBold;
+};
+
+template <>
+class CPaneBuilder<CGroupPane> : public CPaneBuilder<CFramePane> {
+public:
+    using CPaneBuilder<CFramePane>::CPaneBuilder;
+    void AppendRows(std::vector<PropertyRows>& rows) const override;
+
+protected:
+    std::unique_ptr<CPane> MakePane(const PaneParameters& parameters) const override;
+    void ReadKeys(CPane& pane, LayoutOwner& owner) const override;
+    Rect ReadEdges(const LayoutOwner& owner) const override;
+    std::int32_t ReadFrameKind(const LayoutOwner& owner) const override;
+};
+
+} // namespace Kesto

@@ -1,0 +1,128 @@
+#include "controls/registered_classes.h"
+
+#include "controls/base/placeholder_pane.h"
+#include "controls/frames/frame_pane.h"
+#include "controls/frames/group_pane.h"
+#include "controls/text/static_image.h"
+#include "controls/text/static_text.h"
+#include "controls/text/static_view.h"
+#include "layout/build/offscreen_window.h"
+
+#include <vector>
+
+namespace Kesto {
+
+namespace {
+
+using enum VexClassKind;
+
+template <class Builder>
+std::unique_ptr<CViewBuilderBase> Make(std::string_view name)
+{
+    return std::make_unique<Builder>(name);
+}
+
+// A class without a builder yet; its size is about that of the control.
+constexpr std::nullptr_t kToCome = nullptr;
+
+constexpr RegisteredClass kClasses[] = {
+    {"CWindow", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CDialog", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CAlert", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CDocumentWindow", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CFloater", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CMDIFrame", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CPopup", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CToolbar", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"PDialog", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"COrlenSlider", kPane, kToCome, {120, 20}},
+    {"CAngleSlider", kPane, kToCome, {120, 20}},
+    {"CButton", kPane, kToCome, {72, 24}},
+    {"CCasePane", kPane, kToCome, {64, 64}},
+    {"CCellSheet", kPane, kToCome, {64, 64}},
+    {"CCheckButton", kPane, kToCome, {80, 20}},
+    {"CComboBox", kPane, kToCome, {100, 24}},
+    {"CCustomButton", kPane, kToCome, {72, 24}},
+    {"CCustomScrollbar", kPane, kToCome, {15, 60}},
+    {"CCustomSlider", kPane, kToCome, {120, 20}},
+    {"CEditNumber", kPane, kToCome, {64, 24}},
+    {"CEditPopupSlider", kPane, kToCome, {120, 20}},
+    {"CEditSlider", kPane, kToCome, {120, 20}},
+    {"CEditString", kPane, kToCome, {100, 24}},
+    {"CFlyoutPopup", kPane, kToCome, {100, 24}},
+    {"CFrameInsert", kPane, kToCome, {64, 64}},
+    {"CFramePane", kPane, Make<CPaneBuilder<CFramePane>>, {}},
+    {"CGridPane", kPane, kToCome, {64, 64}},
+    {"CGroupPane", kPane, Make<CPaneBuilder<CGroupPane>>, {}},
+    {"CHorizontalSizeBar", kPane, kToCome, {15, 15}},
+    {"CIconButton", kPane, kToCome, {24, 24}},
+    {"CIconButtonDropDown", kPane, kToCome, {72, 24}},
+    {"CListBox", kPane, kToCome, {120, 100}},
+    {"CListSheet", kPane, kToCome, {64, 64}},
+    {"CMDIPane", kPane, kToCome, {64, 64}},
+    {"CMenuBarPane", kPane, kToCome, {64, 64}},
+    {"CMenuPopup", kPane, kToCome, {100, 24}},
+    {"CPane", kPane, Make<CPaneBuilder<CPane>>, {}},
+    {"CPopupSlider", kPane, kToCome, {120, 20}},
+    {"CProgressBar", kPane, kToCome, {120, 8}},
+    {"CPushButton", kPane, kToCome, {72, 24}},
+    {"CRadioButton", kPane, kToCome, {80, 20}},
+    {"CRadioPopup", kPane, kToCome, {100, 24}},
+    {"CScalePane", kPane, kToCome, {64, 64}},
+    {"CScrollBar", kPane, kToCome, {15, 60}},
+    {"CScrollPane", kPane, kToCome, {64, 64}},
+    {"CScroller", kPane, kToCome, {64, 64}},
+    {"CSheet", kPane, kToCome, {64, 64}},
+    {"CSizeBar", kPane, kToCome, {8, 8}},
+    {"CSizeBox", kPane, kToCome, {15, 15}},
+    {"CStaticImage", kPane, Make<CPaneBuilder<CStaticImage>>, {}},
+    {"CStaticText", kPane, Make<CPaneBuilder<CStaticText>>, {}},
+    {"CSwitchPane", kPane, kToCome, {64, 64}},
+    {"CSwitchPopup", kPane, kToCome, {100, 24}},
+    {"CSystemButton", kPane, kToCome, {72, 24}},
+    {"CSystemControl", kPane, kToCome, {64, 64}},
+    {"CSystemPane", kPane, kToCome, {64, 64}},
+    {"CSystemProgress", kPane, kToCome, {120, 8}},
+    {"CTabEnclosurePane", kPane, kToCome, {64, 64}},
+    {"CTabPane", kPane, kToCome, {64, 64}},
+    {"CTabbedFrame", kPane, kToCome, {64, 64}},
+    {"CTabbedPane", kPane, kToCome, {64, 64}},
+    {"CToolButton", kPane, kToCome, {24, 24}},
+    {"CToolGrid", kPane, kToCome, {64, 64}},
+    {"CVerticalSizeBar", kPane, kToCome, {15, 15}},
+    {"CWellPopup", kPane, kToCome, {100, 24}},
+    {"CZoomPane", kPane, kToCome, {64, 64}},
+    {"CZoomPanel", kPane, kToCome, {160, 24}},
+    {"CZoomProgressCombo", kPane, kToCome, {160, 24}},
+    {"PEditSlider", kPane, kToCome, {120, 20}},
+    {"PPreviewPane", kPane, kToCome, {200, 200}},
+    {"PPreviewScroller", kPane, kToCome, {200, 200}},
+    {"PStaticView", kPane, Make<CPaneBuilder<Project::PStaticView>>, {}},
+};
+
+std::unique_ptr<CViewBuilderBase> BuilderOf(const RegisteredClass& registered)
+{
+    if (registered.IsToCome())
+        return std::make_unique<CPaneBuilder<CPlaceholderPane>>(registered.name,
+                                                                registered.placeholderSize);
+    return registered.makeBuilder(registered.name);
+}
+
+} // namespace
+
+std::span<const RegisteredClass> RegisteredClasses()
+{
+    return kClasses;
+}
+
+void RegisterViewClasses()
+{
+    static const std::vector<std::unique_ptr<CViewBuilderBase>> builders = [] {
+        std::vector<std::unique_ptr<CViewBuilderBase>> made;
+        for (const RegisteredClass& registered : kClasses)
+            made.push_back(BuilderOf(registered));
+        return made;
+    }();
+}
+
+} // namespace Kesto

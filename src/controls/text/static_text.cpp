@@ -1,0 +1,167 @@
+#include "controls/text/static_text.h"
+
+#include "controls/base/natural_size.h"
+#include "controls/text/trimmed_text.h"
+#include "drawing/ports/system_port.h"
+#include "drawing/tools/draw_tools.h"
+#include "layout/build/layout_owner.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Kesto {
+
+namespace {
+
+constexpr PropertyRow kText{VexName("text"), 0, "what it says"};
+constexpr PropertyRow kFont{VexName("text_font"), kFont_UI, "kFont_"};
+constexpr PropertyRow kAlign{VexName("text_align"), kAlign_Default, "kAlign_, in both directions"};
+constexpr PropertyRow kAlignX{VexName("text_align_x"), kAlign_Default, "from left to right"};
+constexpr PropertyRow kAlignY{VexName("text_align_y"), kAlign_Default, "from top to bottom"};
+constexpr PropertyRow kTrim{VexName("text_trim"), kTrim_End,
+                            "where a text too long is cut: kTrim_"};
+constexpr PropertyRow kOptions{VexName("static_options"), kStatic_NoOptions, "a sum of kStatic_"};
+constexpr PropertyRow kWrap{VexName("static_wrap"), 0, "breaks lines between words"};
+constexpr PropertyRow kGroupTitle{VexName("static_group_title"), 0, "is the title of a group"};
+constexpr PropertyRow kWidth{VexName("text_width"), 0, "where its lines are broken, in units"};
+constexpr PropertyRow kLines{VexName("text_lines"), 0, "the least number of lines"};
+constexpr PropertyRow kCharacters{VexName("text_characters"), 0,
+                                  "the least width, in characters of average width"};
+constexpr PropertyRow kScrub{VexName("scrub_id"), 0, "the field that a drag on it changes"};
+constexpr PropertyRow kRows[] = {kText, kFont,       kAlign, kAlignX, kAlignY,     kTrim, kOptions,
+                                 kWrap, kGroupTitle, kWidth, kLines,  kCharacters, kScrub};
+
+constexpr std::string_view kAverage = "abcdefghijklmnopqrstuvwxyz";
+
+double LineHeight(const CSystemPort& port)
+{
+    return port.GetFontMetrics().lineHeight;
+}
+
+std::uint32_t HorizontalFlag(std::int32_t align)
+{
+    return align == kAlign_Center  ? kText_Centred
+           : align == kAlign_Right ? kText_Right
+                                   : kText_Left;
+}
+
+// The part of the bounds that so many units of text stand in.
+double TopOf(const Rect& bounds, double height, std::int32_t align)
+{
+    const double room = bounds.Height() - height;
+    if (align == kAlign_Top)
+        return bounds.top;
+    return bounds.top + (align == kAlign_Bottom ? room : std::floor(room / 2));
+}
+
+std::uint32_t ReadStaticOptions(const CPropertyReader& reader)
+{
+    auto options = static_cast<std::uint32_t>(reader.Integer(kOptions));
+    for (const auto& [row, bit] :
+         {std::pair{kWrap, std::uint32_t{kStatic_Wrap}}, {kGroupTitle, kStatic_GroupTitle}}) {
+        bool flag = false;
+        if (reader.TryFlag(row.key, flag))
+            options = flag ? options | bit : options & ~bit;
+    }
+    return options;
+}
+
+StaticTextStyle ReadStyle(const LayoutOwner& owner)
+{
+    const CPropertyReader reader = owner.Properties();
+    StaticTextStyle style;
+    style.font = static_cast<EFontKind>(reader.Integer(kFont));
+    style.options = ReadStaticOptions(reader);
+    style.alignX = style.alignY = reader.Integer(kAlign);
+    reader.TryInteger(kAlignX.key, style.alignX);
+    reader.TryInteger(kAlignY.key, style.alignY);
+    style.trim = reader.Integer(kTrim);
+    return style;
+}
+
+} // namespace
+
+void CStaticText::SetText(const CText& text)
+{
+    if (text == fText)
+        return;
+    fText = text;
+    InvalidateAll();
+}
+
+void CStaticText::SetStyle(const StaticTextStyle& style)
+{
+    fStyle = style;
+    InvalidateAll();
+}
+
+Point CStaticText::SizeOf(const CSystemPort& port, std::string_view text, double width)
+{
+    const std::uint32_t flags = width > 0 ? kText_Left | kText_Wrap : kText_Left;
+    const Point box = port.MeasureTextBox(text, width, flags);
+    return {std::ceil(box.x), std::max(box.y, LineHeight(port))};
+}
+
+// A single line stands on the base line that all controls of a row share; several keep together as
+// the font has them.
+void CStaticText::DrawInContext(const CPaintEvent&)
+{
+    CSystemPort& port = *GetPort();
+    port.SetFont(CDrawTools::Get().GetFont(fStyle.font));
+    port.SetTextColour(ToolColour(IsUsable() ? kColour_Label : kColour_LabelDisabled));
+    const Rect& bounds = GetBounds();
+    const bool wraps = (fStyle.options & kStatic_Wrap) != 0;
+    const Point size = SizeOf(port, fText.View(), wraps ? bounds.Width() : 0.0);
+    const double top = TopOf(bounds, size.y, fStyle.alignY);
+    const std::uint32_t horizontal = HorizontalFlag(fStyle.alignX);
+    if (size.y > LineHeight(port)) {
+        port.DrawTextBox(fText.View(), {bounds.left, top, bounds.right, top + size.y},
+                         horizontal | kText_Top | (wraps ? kText_Wrap : kText_Centred));
+        return;
+    }
+    const CText line = TrimmedText(port, fText, bounds.Width(), fStyle.trim);
+    const double room = bounds.Width() - port.MeasureText(line.View());
+    const double left = horizontal == kText_Left    ? 0.0
+                        : horizontal == kText_Right ? room
+                                                    : room / 2;
+    port.DrawTextLine(line.View(),
+                      {bounds.left + std::floor(left), top + port.GetFontMetrics().baseLine});
+}
+
+CView* CPaneBuilder<CStaticText>::AdjustLayout(CView* parent, LayoutOwner& owner)
+{
+    const CPropertyReader reader = owner.Properties();
+    const CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
+    const bool wraps = (ReadStaticOptions(reader) & kStatic_Wrap) != 0;
+    const double width = wraps ? reader.Integer(kWidth) : 0.0;
+    Point size = CStaticText::SizeOf(port, reader.Label(kText).View(), width);
+    size.x = std::max({size.x, static_cast<double>(reader.Integer(kWidth)),
+                       std::ceil(reader.Integer(kCharacters) * port.MeasureText(kAverage) /
+                                 static_cast<double>(kAverage.size()))});
+    size.y = std::max(size.y, reader.Integer(kLines) * LineHeight(port));
+    SetNaturalSize(owner.fLayoutRecord, size);
+    return CPaneBuilder<CPane>::AdjustLayout(parent, owner);
+}
+
+void CPaneBuilder<CStaticText>::AppendRows(std::vector<PropertyRows>& rows) const
+{
+    CPaneBuilder<CPane>::AppendRows(rows);
+    rows.push_back(kRows);
+}
+
+std::unique_ptr<CPane> CPaneBuilder<CStaticText>::MakePane(const PaneParameters& parameters) const
+{
+    return std::make_unique<CStaticText>(parameters.frame, parameters.id, parameters.options,
+                                         parameters.binding);
+}
+
+void CPaneBuilder<CStaticText>::ReadKeys(CPane& pane, LayoutOwner& owner) const
+{
+    CPaneBuilder<CPane>::ReadKeys(pane, owner);
+    auto& label = static_cast<CStaticText&>(pane);
+    label.SetText(owner.Properties().Label(kText));
+    label.SetStyle(ReadStyle(owner));
+    label.SetScrubId(owner.Properties().Id(kScrub));
+}
+
+} // namespace Kesto

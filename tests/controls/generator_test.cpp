@@ -1,0 +1,158 @@
+// Layout texts become views.
+#include "controls/frames/frame_pane.h"
+#include "controls/registered_classes.h"
+#include "controls/text/static_text.h"
+#include "layout/build/builder_registry.h"
+#include "layout/build/layout_owner.h"
+#include "layout/build/offscreen_window.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+#include <stdexcept>
+
+using namespace Kesto;
+
+namespace {
+
+class Generator : public testing::Test {
+protected:
+    Generator() { RegisterViewClasses(); }
+
+    CView* Load(const char* text) { return LoadLayoutFromText(fOwner, text); }
+
+    // The view of an id that the text gives.
+    template <class View = CView>
+    View& At(const char* id)
+    {
+        auto* const view = dynamic_cast<View*>(fOwner.fRootView->FindChild(CObjID(id), true));
+        if (view == nullptr)
+            throw std::runtime_error(id);
+        return *view;
+    }
+
+    LayoutOwner fOwner;
+};
+
+TEST_F(Generator, BuildsTheWindowAndItsPanesInPlace)
+{
+    CView* const window = Load("PDialog(margin: 4, window_title: '$$$/some/key=Hello') {"
+                               "  CFramePane(view_id: 'a', width: 30, height: 20) {"
+                               "    CPane(view_id: 'b', width: 10, height: 5, vertical: align_top);"
+                               "  } }");
+    ASSERT_EQ(window, fOwner.fRootView);
+    EXPECT_EQ(dynamic_cast<COffscreenWindow&>(*window).GetTitle(), "Hello");
+    EXPECT_EQ(window->GetBounds(), (Rect{0, 0, 38, 28}));
+    EXPECT_EQ(At("a").GetFrame(), (Rect{4, 4, 34, 24}));
+    EXPECT_EQ(At("b").GetParent(), &At("a"));
+    EXPECT_EQ(fOwner.TakeWindow().get(), window);
+}
+
+TEST_F(Generator, PutsChildrenOfUnknownClassesIntoTheWindow)
+{
+    CView* const window = Load("PDialog() { CNoSuch(width: 10) { CPane(view_id: 'a'); } }");
+    EXPECT_EQ(At("a").GetParent(), window);
+}
+
+TEST_F(Generator, HandsBlockVariablesDown)
+{
+    Load("PDialog() { CStaticText(view_id: 'before', text: 'a'); text_font = kFont_UISmall;"
+         "  CFramePane(text_font: kFont_UILarge) { CFramePane() {"
+         "    CStaticText(view_id: 'inside', text: 'a');"
+         "    CStaticText(view_id: 'own', text: 'a', text_font: kFont_UIMicro); } } }");
+    EXPECT_EQ(At<CStaticText>("before").GetStyle().font, kFont_UI);
+    EXPECT_EQ(At<CStaticText>("inside").GetStyle().font, kFont_UISmall);
+    EXPECT_EQ(At<CStaticText>("own").GetStyle().font, kFont_UIMicro);
+}
+
+TEST_F(Generator, LosesTextsOfFourBytes)
+{
+    Load("PDialog() { CStaticText(view_id: 'aaa', text: 'Edit');"
+         "  CStaticText(view_id: 'bbb', text: 'Edits'); }");
+    EXPECT_EQ(At<CStaticText>("aaa").GetText(), "");
+    EXPECT_EQ(At<CStaticText>("bbb").GetText(), "Edits");
+    EXPECT_EQ(At("aaa").GetBounds().Width(), 0);
+    EXPECT_GT(At("bbb").GetBounds().Width(), 10);
+}
+
+TEST_F(Generator, SizesAFramePaneByItsEdges)
+{
+    Load("PDialog() { CFramePane(view_id: 'frame', frame_style: kFrameEtched, frame_size_x: 5,"
+         "  horizontal: align_left) { CPane(view_id: 'child', width: 1, height: 1); }"
+         "  CPane(view_id: 'cushioned', width: 10, cushion: 2, cushion_left: 5); }");
+    EXPECT_EQ(At("frame").GetBounds().Width(), 11);
+    EXPECT_EQ(At("child").GetOrigin(), (Point{5, 2}));
+    EXPECT_EQ(At("cushioned").GetBounds().Width(), 17);
+    EXPECT_TRUE(At("frame").WantsTarget()) << "whatever the text says";
+}
+
+TEST_F(Generator, ReadsTheOptionsBitByBit)
+{
+    Load("PDialog() { CPane(view_id: 'on', view_options: kView_TabStop + kView_DrawParts, "
+         "view_draw_parts: false, view_invisible: true, view_tip: 'Tip', view_tip_disabled: 'Not "
+         "now'); }");
+    const CView& view = At("on");
+    EXPECT_TRUE(view.IsTabStop());
+    EXPECT_FALSE(view.IsShown());
+    EXPECT_EQ(view.State() & CView::kState_DrawParts, 0U);
+    EXPECT_TRUE(view.HasTip(true) && view.HasTip(false));
+}
+
+TEST_F(Generator, OnlyMeasuresForATarget)
+{
+    fOwner.fTarget.emplace();
+    EXPECT_EQ(Load("PDialog(margin: 3) { CPane(width: 10, height: 20); }"), nullptr);
+    EXPECT_EQ(fOwner.fTarget, (Point{16, 26}));
+    EXPECT_EQ(fOwner.fRootView, nullptr);
+}
+
+TEST_F(Generator, FillsAnExistingWindow)
+{
+    COffscreenWindow window;
+    fOwner.fExistingView = &window;
+    EXPECT_EQ(Load("PDialog() { CPane(view_id: 'a', width: 10, height: 5); }"), &window);
+    EXPECT_EQ(At("a").GetParent(), &window);
+    EXPECT_EQ(fOwner.TakeWindow(), nullptr);
+}
+
+TEST_F(Generator, LeavesNothingOfARefusedText)
+{
+    EXPECT_THROW(Load("PDialog() { CPane(; }"), std::logic_error);
+    EXPECT_EQ(fOwner.fRootView, nullptr);
+    EXPECT_EQ(fOwner.TakeWindow(), nullptr);
+    EXPECT_NE(Load("PDialog();"), nullptr);
+    EXPECT_EQ(Load(nullptr), nullptr);
+    EXPECT_EQ(LoadLayoutResource(fOwner, "NO_SUCH.VEX"), nullptr);
+}
+
+// What a builder reads must stand in the tables that the checker and the documentation go by.
+TEST_F(Generator, ReadsNoKeyThatIsNotInATable)
+{
+    std::set<std::string_view> names;
+    for (const RegisteredClass& registered : RegisteredClasses()) {
+        SCOPED_TRACE(registered.name);
+        EXPECT_TRUE(names.insert(registered.name).second) << "twice";
+        CViewBuilderBase* const builder = FindBuilder(registered.name);
+        ASSERT_NE(builder, nullptr);
+        EXPECT_EQ(builder->IsForWindows(), registered.kind == VexClassKind::kWindow);
+        std::vector<PropertyRows> tables;
+        builder->AppendRows(tables);
+        std::set<std::string_view> listed;
+        for (PropertyRows rows : tables)
+            for (const PropertyRow& row : rows)
+                EXPECT_TRUE(listed.insert(row.key.text).second) << row.key.text << " twice";
+        for (std::string_view key : listed)
+            EXPECT_TRUE(std::ranges::any_of(PropertyKeys(),
+                                            [key](const auto& row) { return row.name == key; }))
+                << key << " is no key of the language";
+        COffscreenWindow bare;
+        LayoutOwner owner;
+        owner.fCurrentView = owner.fDefaultParent = &bare;
+        owner.fKeyListener = [&listed](std::string_view key) {
+            EXPECT_TRUE(listed.contains(key)) << key << " is read and in no table";
+        };
+        LoadLayoutFromText(owner, (std::string(registered.name) + "();").c_str());
+    }
+}
+
+} // namespace
