@@ -1,12 +1,16 @@
-// The checker, the formatter and the dump.
+// The checker, the formatter, the dump, the places and the tables of keys.
 #include "vex/check.h"
 #include "vex/dump.h"
 #include "vex/format.h"
+#include "vex/keys.h"
+#include "vex/place.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <array>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 using namespace Vex;
@@ -57,13 +61,15 @@ TEST(Check, FindsMistakesAndTheirPlaces)
          "1:21 wrong-family, 1:104 wrong-family"},
         {"PDialog(width: 2147483648, height: 7 % 2, width: 2147483647);",
          "1:16 overflow, 1:38 percent, 1:43 duplicate-key"},
+        {"CFramePane(button_label: 'Fine', view_id: 5) { CPushButton(button_label: 'Fine '); }",
+         "1:12 unread-key, 1:26 four-bytes"},
         // assignments
         {"PDialog() { text_fnt = 1; gSpace = 4; label_font = 'large'; CPane(); }",
          "1:13 unused-name, 1:52 wrong-kind"},
         {"width = 100; alwaysL2R = true; text_font = kFont_UI; PDialog();",
          "1:1 root-key, 1:32 root-key"},
-        {"PDialog(view_id: 'a') { CPane(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }",
-         "1:76 duplicate-id"},
+        {"PDialog(view_id: 'a') { CStaticText(view_id: 'b', scrub_id: 'a'); CPane(view_id: 'a'); }",
+         "1:82 duplicate-id"},
         // what the parser throws
         {"gSpace = 1;\n", "2:1 views"},
         {"PDialog();\nCPane();", "2:1 views"},
@@ -189,6 +195,64 @@ TEST(Dump, ShowsEveryScope)
     std::ostringstream out;
     PrintDump(out, view);
     EXPECT_NE(out.str().find("    u = undefined\n"), std::string::npos);
+}
+
+// The tree of a text as it is built.
+nlohmann::ordered_json Places(const char* text, BuildOptions options = {})
+{
+    return PlacesOf(CBuiltLayout(CSourceText("a.vex", text), options));
+}
+
+TEST(Place, NestsTheViewsAsTheyWereBuilt)
+{
+    const auto window = Places("PDialog(view_id: 'window', margin: 3) { A() { CPane(width: 10); } "
+                               "CPane(height: 5, view_id: 'last') {} }");
+    EXPECT_EQ(window["class"], "PDialog");
+    EXPECT_EQ(window["id"], "window");
+    EXPECT_EQ(window["width"], 16);
+    ASSERT_EQ(window["children"].size(), 2U) << "a view of an unknown class is no node";
+    EXPECT_EQ(window["children"][0]["id"], "");
+    EXPECT_EQ(window["children"][1]["top"], 3);
+    EXPECT_EQ(window["children"][1]["children"], nlohmann::json::array());
+}
+
+TEST(Place, PutsAPaneIntoABareWindowAndResizes)
+{
+    const char* const text =
+        "CPane(width: 40, height: 20, view_binding: kBind_Sizeable) { CPane(view_binding: "
+        "kBind_FixedMiddle, width: 10, height: 10, horizontal: align_center, vertical: "
+        "align_center); }";
+    EXPECT_EQ(Places(text)["children"][0]["left"], 15);
+    const auto large = Places(text, {Kesto::Point{100, 50}, 1.0});
+    EXPECT_EQ(large["width"], 100);
+    EXPECT_EQ(large["children"][0]["left"], 45);
+    EXPECT_EQ(large["children"][0]["top"], 20);
+}
+
+TEST(Place, SaysWhyATextIsRefused)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"CPane(", "a.vex:1:7: expected a name or ')', but found the end of the text"},
+        {"CPane(\nwidth: high);", "a.vex:2:8: nothing defines the name 'high'"},
+        {"CNoSuch();", "a.vex: no class of its outermost view is known"},
+        {"CPane(width: 100000, height: 100000);",
+         "a.vex: the layout is 100000 x 100000 units, which is too large; 67108864 pixels are the "
+         "limit"},
+    };
+    for (const auto& [text, words] : cases)
+        EXPECT_THAT([text = text] { Places(text); },
+                    testing::ThrowsMessage<std::runtime_error>(words))
+            << text;
+}
+
+TEST(Keys, AreDocumentedAsTheClassesReadThem)
+{
+    std::ostringstream tables;
+    PrintAllKeys(tables);
+    std::ifstream file(SIDECAR_SOURCE_DIR "/docs/layout.md");
+    const std::string page{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_TRUE(page.ends_with(tables.str()))
+        << "`vex keys` prints what the end of docs/layout.md should be";
 }
 
 } // namespace

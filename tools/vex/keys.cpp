@@ -6,7 +6,9 @@
 
 #include <iomanip>
 #include <ostream>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace Vex {
 
@@ -42,13 +44,42 @@ std::vector<PropertyRows> TablesOf(const Kesto::RegisteredClass& registered)
     return tables;
 }
 
-void PrintMarkdown(std::ostream& out, PropertyRows rows)
+// The constant that the default is, for a key that takes constants.
+std::string DefaultOf(const PropertyRow& row)
 {
-    out << "| key | takes | default | |\n| --- | --- | --- | --- |\n";
-    for (const PropertyRow& row : rows)
-        out << "| `" << row.key.text << "` | " << KindOf(row) << " | "
-            << (row.fallback != 0 ? std::to_string(row.fallback) : "") << " | " << row.purpose
-            << " |\n";
+    const Kesto::VexPropertyKey& key = *FindWord(Kesto::PropertyKeys(), row.key.text);
+    for (const auto table : {Kesto::StandardConstants(), Kesto::ClassConstants()})
+        for (const Kesto::VexConstant& constant : table)
+            if (constant.family == key.families[0] && constant.value == row.fallback)
+                return std::string(constant.name.text);
+    return row.fallback != 0 ? std::to_string(row.fallback) : "";
+}
+
+void PrintMarkdown(std::ostream& out, std::string_view title, std::span<const PropertyRows> tables)
+{
+    out << "### " << title << "\n\n| key | takes | default | |\n| --- | --- | --- | --- |\n";
+    for (PropertyRows rows : tables)
+        for (const PropertyRow& row : rows)
+            out << "| `" << row.key.text << "` | " << KindOf(row) << " | " << DefaultOf(row)
+                << " | " << row.purpose << " |\n";
+    out << '\n';
+}
+
+// A list of names in lines of a readable length.
+void PrintNames(std::ostream& out, const std::vector<std::string_view>& names)
+{
+    constexpr std::size_t kLineWidth = 100;
+    std::size_t column = 0;
+    for (std::string_view name : names) {
+        const bool isLast = name.data() == names.back().data();
+        const std::string word = '`' + std::string(name) + (isLast ? "`." : "`,");
+        if (column > 0 && column + 1 + word.size() > kLineWidth) {
+            out << '\n';
+            column = 0;
+        }
+        out << (column > 0 ? " " : "") << word;
+        column += (column > 0 ? 1 : 0) + word.size();
+    }
     out << '\n';
 }
 
@@ -72,30 +103,24 @@ bool PrintKeys(std::ostream& out, std::string_view className)
 // The tables that all classes share come first and once; then each class with those of its own.
 void PrintAllKeys(std::ostream& out)
 {
-    out << "### Every view\n\n";
-    PrintMarkdown(out, Kesto::PlacementRows());
     const auto pane = TablesOf(*FindWord(Kesto::RegisteredClasses(), std::string_view("CPane")));
-    out << "### Every pane\n\n";
-    for (std::size_t i = 1; i < pane.size(); ++i)
-        PrintMarkdown(out, pane[i]);
-    std::string toCome;
+    PrintMarkdown(out, "Every view", std::span(pane).first(1));
+    PrintMarkdown(out, "Every pane", std::span(pane).subspan(1));
+    std::vector<std::string_view> toCome;
     for (const Kesto::RegisteredClass& registered : Kesto::RegisteredClasses()) {
         if (registered.IsToCome()) {
-            toCome += (toCome.empty() ? "`" : ", `") + std::string(registered.name) + '`';
+            toCome.push_back(registered.name);
             continue;
         }
         const std::vector<PropertyRows> tables = TablesOf(registered);
-        const bool isPane = registered.kind == Kesto::VexClassKind::kPane;
-        const std::size_t shared = isPane ? pane.size() : 1;
-        if (tables.size() <= shared)
-            continue;
-        out << "### " << registered.name << "\n\n";
-        for (std::size_t i = shared; i < tables.size(); ++i)
-            PrintMarkdown(out, tables[i]);
+        const std::size_t shared = registered.kind == Kesto::VexClassKind::kPane ? pane.size() : 1;
+        if (tables.size() > shared)
+            PrintMarkdown(out, registered.name, std::span(tables).subspan(shared));
     }
-    if (!toCome.empty())
-        out << "### Still to come\n\nA placeholder of about their size stands for these: " << toCome
-            << ".\n";
+    if (toCome.empty())
+        return;
+    out << "### Still to come\n\nA placeholder of about their size stands for these:\n";
+    PrintNames(out, toCome);
 }
 
 } // namespace Vex

@@ -9,7 +9,7 @@ namespace Kesto {
 
 namespace {
 
-constexpr PropertyRow kStyle{VexName("frame_style"), kFrameEmpty, "kFrame or kDivider"};
+constexpr PropertyRow kStyle{VexName("frame_style"), kFrameEmpty, "the frame around it"};
 
 // A side falls to its axis, and an axis to the whole.
 constexpr PropertyRow kSizes[] = {

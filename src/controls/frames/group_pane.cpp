@@ -14,8 +14,9 @@ namespace {
 constexpr double kPadding = 12.0;
 constexpr double kFirstRow = 20.0; // from the top, below the title
 constexpr PropertyRow kTitle{VexName("title"), 0, "what stands above the frame"};
-constexpr PropertyRow kFont{VexName("label_font"), kFont_UIBold, "of the title: kFont_"};
-constexpr PropertyRow kStyle{VexName("frame_style"), kFramePrimaryGroup, "kFrame or kDivider"};
+constexpr PropertyRow kFont{VexName("label_font"), kFont_UIBold, "of the title"};
+constexpr PropertyRow kStyle{VexName("frame_style"), kFramePrimaryGroup,
+                             "the frame below the title"};
 constexpr PropertyRow kRows[] = {kTitle, kFont};
 
 } // namespace

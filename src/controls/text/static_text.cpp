@@ -14,13 +14,14 @@ namespace Kesto {
 namespace {
 
 constexpr PropertyRow kText{VexName("text"), 0, "what it says"};
-constexpr PropertyRow kFont{VexName("text_font"), kFont_UI, "kFont_"};
-constexpr PropertyRow kAlign{VexName("text_align"), kAlign_Default, "kAlign_, in both directions"};
+constexpr PropertyRow kFont{VexName("text_font"), kFont_UI, "its font"};
+constexpr PropertyRow kAlign{VexName("text_align"), kAlign_Default,
+                             "how it lies in its frame, both ways"};
 constexpr PropertyRow kAlignX{VexName("text_align_x"), kAlign_Default, "from left to right"};
 constexpr PropertyRow kAlignY{VexName("text_align_y"), kAlign_Default, "from top to bottom"};
 constexpr PropertyRow kTrim{VexName("text_trim"), kTrim_End,
-                            "where a text too long is cut: kTrim_"};
-constexpr PropertyRow kOptions{VexName("static_options"), kStatic_NoOptions, "a sum of kStatic_"};
+                            "where a text that is too long is cut"};
+constexpr PropertyRow kOptions{VexName("static_options"), kStatic_NoOptions, "a sum of options"};
 constexpr PropertyRow kWrap{VexName("static_wrap"), 0, "breaks lines between words"};
 constexpr PropertyRow kGroupTitle{VexName("static_group_title"), 0, "is the title of a group"};
 constexpr PropertyRow kWidth{VexName("text_width"), 0, "where its lines are broken, in units"};

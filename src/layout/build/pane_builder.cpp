@@ -11,15 +11,15 @@ namespace Kesto {
 namespace {
 
 constexpr PropertyRow kId{VexName("view_id"), 0, "the name that messages and lookups know it by"};
-constexpr PropertyRow kOptions{VexName("view_options"), 0, "a sum of kView_ constants"};
+constexpr PropertyRow kOptions{VexName("view_options"), 0, "how it behaves: a sum"};
 constexpr PropertyRow kBinding{VexName("view_binding"), 0,
-                               "how it follows its parent's edges: a sum of kBind_ constants"};
+                               "how it follows its parent's edges: a sum"};
 constexpr PropertyRow kBoundsWidth{VexName("view_bounds_width"), 0, "of contents that scroll"};
 constexpr PropertyRow kBoundsHeight{VexName("view_bounds_height"), 0, "of contents that scroll"};
 constexpr PropertyRow kInterior{VexName("frame_interior"), 0,
-                                "the part of the parent that it goes into: kInterior_"};
+                                "the part of the parent that it goes into"};
 constexpr PropertyRow kTipPlacement{VexName("tip_placement"), kTip_PlaceDefault,
-                                    "where its tip opens: kTip_"};
+                                    "where its tip opens"};
 
 // The keys that set or clear one option, in the order of the bits.
 struct OptionRow {
