@@ -11,7 +11,7 @@ void UnfilterRows(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
     if (pixelBytes < 1 || pixelBytes > 4)
         UnfilterRowsPlainly(data, rowBytes, rows,
                             pixelBytes); // no picture that is accepted has such pixels
-    else if (Kernels::ActiveCpuLevel() == Kernels::CpuLevel::kAvx2)
+    else if (Kernels::ActiveCpuLevel() >= Kernels::CpuLevel::kAvx2)
         UnfilterWithAvx2(data, rowBytes, rows, pixelBytes);
     else
         UnfilterWithSse2(data, rowBytes, rows, pixelBytes);

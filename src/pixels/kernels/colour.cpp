@@ -29,15 +29,25 @@ namespace {
 
 using MergeRow = void (*)(const MergedRows& source, std::uint32_t* out, std::size_t n);
 
-void Merge(const CPixView& out, const CPixView& source, const PlaneOrder& order,
-           std::uint8_t constant, MergeRow merge)
+// What a 32-bit view and a view of planes have in common; as 0 bytes when that is nothing.
+std::size_t PackedBytes(const CPixView& packed, const CPixView& planes)
 {
-    if (!HasPlanes(out, 32) || !HasPlanes(source, 8))
+    const std::int32_t width = std::min(packed.width, planes.width);
+    const std::int32_t height = std::min(packed.height, planes.height);
+    if (!HasPlanes(packed, 32) || !HasPlanes(planes, 8) || width <= 0 || height <= 0)
+        return 0;
+    return 4 * static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+void Merge(const CPixView& out, const CPixView& source, const PlaneOrder& order,
+           std::uint8_t constant, MergeRow KernelTable::*kernel)
+{
+    const std::size_t bytes = PackedBytes(out, source);
+    if (bytes == 0)
         return;
+    const MergeRow merge = ActiveKernels(bytes).*kernel;
     const std::int32_t width = std::min(out.width, source.width);
     const std::int32_t height = std::min(out.height, source.height);
-    if (width <= 0)
-        return;
     for (std::int32_t y = 0; y < height; ++y) {
         MergedRows rows{{}, constant};
         for (std::size_t i = 0; i < order.size(); ++i)
@@ -52,24 +62,23 @@ void Merge(const CPixView& out, const CPixView& source, const PlaneOrder& order,
 void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order,
                  std::uint8_t constant)
 {
-    Merge(out, source, order, constant, ActiveKernels().mergePlanes);
+    Merge(out, source, order, constant, &KernelTable::mergePlanes);
 }
 
 void MergePremultiplied(const CPixView& out, const CPixView& source, const PlaneOrder& order,
                         std::uint8_t constant)
 {
-    Merge(out, source, order, constant, ActiveKernels().mergePremultiplied);
+    Merge(out, source, order, constant, &KernelTable::mergePremultiplied);
 }
 
 void SplitPlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order)
 {
-    if (!HasPlanes(out, 8) || !HasPlanes(source, 32))
+    const std::size_t bytes = PackedBytes(source, out);
+    if (bytes == 0)
         return;
+    const auto split = ActiveKernels(bytes).splitPlanes;
     const std::int32_t width = std::min(out.width, source.width);
     const std::int32_t height = std::min(out.height, source.height);
-    if (width <= 0)
-        return;
-    const auto split = ActiveKernels().splitPlanes;
     for (std::int32_t y = 0; y < height; ++y) {
         SplitRows rows{};
         for (std::size_t i = 0; i < order.size(); ++i)

@@ -19,6 +19,8 @@ struct Choice {
 
 Choice ChoiceOf(CpuLevel level)
 {
+    if (level == CpuLevel::kAvx512)
+        return {level, &Avx512Kernels(), &Avx512StreamingKernels()};
     if (level == CpuLevel::kAvx2)
         return {level, &Avx2Kernels(), &Avx2StreamingKernels()};
     return {level, &PlainKernels(), &PlainKernels()};
@@ -35,7 +37,13 @@ Choice& ActiveChoice()
 CpuLevel BestCpuLevel()
 {
     __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2") ? CpuLevel::kAvx2 : CpuLevel::kBase;
+    if (!__builtin_cpu_supports("avx2"))
+        return CpuLevel::kBase;
+    return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+                   __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl") &&
+                   __builtin_cpu_supports("avx512vbmi")
+               ? CpuLevel::kAvx512
+               : CpuLevel::kAvx2;
 }
 
 CpuLevel ActiveCpuLevel()

@@ -7,8 +7,9 @@
 namespace Kesto::Kernels {
 
 enum class CpuLevel {
-    kBase, // the plain loops
-    kAvx2, // 32-byte vectors
+    kBase,   // the plain loops
+    kAvx2,   // 32-byte vectors
+    kAvx512, // 64-byte vectors where they pay, with the byte permutations of VBMI
 };
 
 // The best level of this processor.

@@ -105,10 +105,12 @@ struct KernelTable {
 };
 
 // The plain loops, and the fast ones, which may only be entered where the processor allows it. The
-// last table's results go past the caches, which pays where they would not fit there anyway.
+// results of streaming tables go past the caches, which pays where they would not fit there anyway.
 const KernelTable& PlainKernels();
 const KernelTable& Avx2Kernels();
 const KernelTable& Avx2StreamingKernels();
+const KernelTable& Avx512Kernels();
+const KernelTable& Avx512StreamingKernels();
 
 // The table of the active level for an operation that writes so many bytes in all.
 const KernelTable& ActiveKernels(std::size_t bytesOut = 0);

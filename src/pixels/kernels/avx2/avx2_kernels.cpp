@@ -12,7 +12,7 @@ const KernelTable& Avx2Kernels()
         Avx2::AddBoxExtremes(fast);
         Avx2::AddBoxMeans(fast);
         Avx2::AddColour(fast);
-        Avx2::AddMerging(fast);
+        Avx2::AddMerging(fast, Avx2::Stores::kCached);
         Avx2::AddMosaic(fast);
         Avx2::AddNeighbours(fast);
         Avx2::AddRank(fast);
@@ -28,6 +28,7 @@ const KernelTable& Avx2StreamingKernels()
         KernelTable streaming = Avx2Kernels();
         Avx2::AddArithmetic(streaming, Avx2::Stores::kStreamed);
         Avx2::AddBlending(streaming, Avx2::Stores::kStreamed);
+        Avx2::AddMerging(streaming, Avx2::Stores::kStreamed);
         return streaming;
     }();
     return table;

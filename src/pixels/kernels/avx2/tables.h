@@ -13,7 +13,7 @@ void AddBlending(KernelTable& table, Stores stores);
 void AddBoxExtremes(KernelTable& table);
 void AddBoxMeans(KernelTable& table);
 void AddColour(KernelTable& table);
-void AddMerging(KernelTable& table);
+void AddMerging(KernelTable& table, Stores stores);
 void AddMosaic(KernelTable& table);
 void AddNeighbours(KernelTable& table);
 void AddRank(KernelTable& table);
