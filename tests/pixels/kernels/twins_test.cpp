@@ -39,9 +39,10 @@ void ExpectTwins(std::int32_t bits, std::int32_t width, std::int32_t height, std
     };
     const std::vector<std::uint8_t> expected = bytes(CpuLevel::kBase);
     for (const CpuLevel level : {CpuLevel::kAvx2, CpuLevel::kAvx512})
-        if (level <= BestCpuLevel())
+        if (level <= BestCpuLevel()) {
             EXPECT_EQ(bytes(level), expected)
                 << width << " by " << height << " at level " << static_cast<int>(level);
+        }
 }
 
 // The bytes 0 to 255 in each row, or column.
