@@ -21,18 +21,19 @@ void CRoundedFrame::AddTo(Platform::Path& path) const
                              radiusX, radiusY);
 }
 
-CDeviceRegion CRoundedFrame::WholePixels() const
+CDeviceRegion CRoundedFrame::WholePixels(const PixelRect& within) const
 {
-    CDeviceRegion pixels(frame);
-    const auto corner = static_cast<std::int32_t>(std::ceil(radiusY));
-    for (std::int32_t row = 0; row < corner; ++row) {
-        const double part = (radiusY - row - 0.5) / radiusY; // how far from the ellipse's middle
-        const double width = std::sqrt(std::max(1 - part * part, 0.0)) * radiusX;
-        const std::int32_t away = RoundHalfAway(radiusX - width);
-        for (const std::int32_t y : {frame.top + row, frame.bottom - 1 - row}) {
-            pixels.Subtract(PixelRect{frame.left, y, frame.left + away, y + 1});
-            pixels.Subtract(PixelRect{frame.right - away, y, frame.right, y + 1});
+    const PixelRect seen = Intersect(frame, within);
+    CDeviceRegion pixels;
+    for (std::int32_t y = seen.top; y < seen.bottom; ++y) {
+        const double middle = y + 0.5;
+        const double depth = radiusY - std::min(middle - frame.top, frame.bottom - middle);
+        std::int32_t away = 0; // of the row's ends from the frame's sides
+        if (depth > 0) {
+            const double part = depth / radiusY;
+            away = RoundHalfAway(radiusX * (1 - std::sqrt(std::max(1 - part * part, 0.0))));
         }
+        pixels.Union(Intersect(within, {frame.left + away, y, frame.right - away, y + 1}));
     }
     return pixels;
 }

@@ -18,8 +18,9 @@ struct CRoundedFrame {
 
     void AddTo(Platform::Path& path) const;
 
-    // The pixels whose middle lies within, for what cannot cover a pixel in part.
-    CDeviceRegion WholePixels() const;
+    // The pixels of a rectangle whose middle lies within the shape, for what cannot cover a pixel
+    // in part.
+    CDeviceRegion WholePixels(const PixelRect& within) const;
 };
 
 } // namespace Kesto

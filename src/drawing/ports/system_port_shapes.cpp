@@ -137,9 +137,10 @@ void CSystemPort::FillCurve(const CRoundedFrame& outer, const CRoundedFrame* inn
                             const CBrush& brush)
 {
     if (brush.pattern != CBrush::kSolid || fState.transfer != kTransfer_Copy) {
-        CDeviceRegion pixels = outer.WholePixels();
+        const PixelRect seen = fState.clip.GetBounds();
+        CDeviceRegion pixels = outer.WholePixels(seen);
         if (inner != nullptr)
-            pixels.Subtract(inner->WholePixels());
+            pixels.Subtract(inner->WholePixels(seen));
         FillDevice(pixels, ToPixels(brush));
         return;
     }
