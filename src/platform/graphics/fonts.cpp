@@ -12,6 +12,7 @@ namespace {
 constexpr std::int32_t kMostPixels = 1000;
 constexpr std::size_t kMostFonts = 64;
 constexpr std::size_t kMostCharacters = 32000; // of a line
+constexpr std::size_t kMostEmPixels = 500000;  // of a line: its places stay within 32 bits
 constexpr std::size_t kMostLines = 512;        // of a font
 constexpr std::size_t kMostLineBytes = 2 * 1024 * 1024;
 
@@ -46,7 +47,9 @@ public:
 private:
     TextLine::Shape LayOut(std::string_view utf8) const
     {
-        TextLine::Shape shape = fEngine->LayOut(MakePlainText(utf8, kMostCharacters));
+        const std::size_t most =
+            std::min(kMostCharacters, kMostEmPixels / static_cast<std::size_t>(fSpec.pixels));
+        TextLine::Shape shape = fEngine->LayOut(MakePlainText(utf8, most));
         if (fSpec.underline && shape.width > 0) {
             shape.underline = {0, fMetrics.underlineTop, shape.width,
                                fMetrics.underlineTop + fMetrics.underlineThickness};

@@ -46,8 +46,8 @@ public:
     const FontMetrics& Metrics() const;
 
     // The text in this font. A line that is known still is found without allocating; the least
-    // recently used ones are dropped. Of a text of more than 32,000 characters the rest is left
-    // out.
+    // recently used ones are dropped. Of a text of more than 32,000 characters, or 500,000
+    // pixels if each were as wide as high, the rest is left out.
     std::shared_ptr<const TextLine> Line(std::string_view utf8) const;
 
     // Its Width.

@@ -211,26 +211,26 @@ TEST(Shapes, ComeOutEqualToTheBitOnEverySystem)
         std::uint64_t hash;
         std::function<void(TestImage&)> draw;
     } rows[] = {
-        {"rectangles", 0,
+        {"rectangles", 0x8488E003BCB755F8,
          [](auto& i) {
              i.PaintAndFrame(Rect{2.5, 2, 30, 20}, CPen{kBlack, 2}, CBrush{kTeal});
              i.Paint(Rect{5, 5, 40, 9}, Colour{200, 40, 20, 100});
          }},
-        {"regions", 0,
+        {"regions", 0xA690074CB2129870,
          [&](auto& i) {
              i.PaintAndFrame(region, CPen{kBlack, 1}, CBrush{kTeal});
          }},
-        {"ovals", 0,
+        {"ovals", 0x1F8AA592954BF730,
          [](auto& i) {
              i.PaintAndFrame(Oval{{2, 2, 30, 20}}, CPen{kBlack, 2}, CBrush{kTeal});
              i.Frame(Oval{{6, 4, 12, 10}}, CPen{kBlack});
          }},
-        {"rounded rectangles", 0,
+        {"rounded rectangles", 0x737CAE8582D5E19A,
          [](auto& i) {
              i.PaintAndFrame(RoundRect{{2, 2, 30, 20}, 4}, CPen{kBlack, 1}, CBrush{kTeal});
              i.Frame(RoundRect{{6, 6, 26, 16}, 3}, CPen{kBlack, 1});
          }},
-        {"lines", 0,
+        {"lines", 0x57B54E69E3FA12AA,
          [&](auto& i) {
              i.SetPen(CPen{kTeal, 1.5});
              i.DrawPolyline(zigzag);
