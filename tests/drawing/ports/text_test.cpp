@@ -59,6 +59,7 @@ TEST(Text, IsBrokenBetweenWordsAndAtLineEnds)
     const std::string text = "one two  three";
     std::string together;
     for (const CTextRow& row : BreakRows(font, text, font.WidthOf("one two"), true)) {
+        SCOPED_TRACE(row.first);
         EXPECT_LE(row.line->Width(), font.WidthOf("one two"));
         together += text.substr(row.first, row.line->Length()) + "|";
     }
@@ -128,6 +129,8 @@ TEST(Text, OfAnyBytesAndFontsDrawsSomethingOrNothing)
         {"No such font"}, {"", 0.0}, {"Tahoma", -5.0}, {"Tahoma", 1e9}, {"Tahoma", std::nan("")}};
     for (const CFont& font : fonts)
         for (const std::string& text : texts) {
+            SCOPED_TRACE(font.face.View());
+            SCOPED_TRACE(text.substr(0, 20));
             TestImage image(40, 20);
             image.SetFont(font);
             image.SetOpaqueText(true);
