@@ -5,7 +5,6 @@
 #include "layout/placement/solve.h"
 #include "layout/placement/view_proxy.h"
 
-#include <ranges>
 #include <vector>
 
 namespace Kesto {
@@ -42,8 +41,8 @@ void WriteNumbers(CViewProxy& proxy)
 void SolvePlacement(CViewProxy& root)
 {
     const std::vector<CViewProxy*> order = FromTheRoot(root);
-    for (CViewProxy* const proxy : std::views::reverse(order))
-        MeasureByChildren(*proxy);
+    for (auto proxy = order.rbegin(); proxy != order.rend(); ++proxy)
+        MeasureByChildren(**proxy);
     for (CViewProxy* const proxy : order)
         PlaceChildren(*proxy);
 }
@@ -65,8 +64,9 @@ CView* RealizeViews(CViewProxy& root, CGenerator& generator)
             generator.Build(next.proxy->ViewName(), &next.proxy->fProperties, next.parent);
         if (next.proxy == &root)
             outermost = view;
-        for (const auto& child : std::views::reverse(next.proxy->fChildren))
-            due.push_back({child.get(), view});
+        const ViewProxyList& children = next.proxy->fChildren;
+        for (auto child = children.rbegin(); child != children.rend(); ++child)
+            due.push_back({child->get(), view});
     }
     return outermost;
 }
