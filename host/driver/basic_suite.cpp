@@ -1,14 +1,17 @@
 #include "driver/basic_suite.h"
 
+#include "driver/host_memory.h"
 #include "lumograph/results.h"
+#include "suites/descriptors.h"
+#include "suites/string_ids.h"
+#include "suites/ui_hooks.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
 namespace Host {
 namespace {
-
-int gAcquired = 0;
 
 struct Property {
     uint32_t key;
@@ -40,26 +43,48 @@ int32_t GetProperty(uint32_t signature, uint32_t key, int32_t index, intptr_t* v
 
 constexpr HostPropertySuite kPropertySuite = {GetProperty};
 
-bool IsPropertySuite(const char* name, int32_t version)
+struct Suite {
+    std::string_view name;
+    int32_t version;
+    const void* table;
+    int acquired = 0;
+};
+
+// What a module can ask for by name.
+std::array gSuites = {
+    Suite{kHostPropertySuiteName, kHostPropertySuiteVersion, &kPropertySuite},
+    Suite{kHostBufferSuiteName, kHostBufferSuiteNameVersion, BufferSuite()},
+    Suite{kHostUIHooksSuiteName, kHostUIHooksSuiteVersion4, UIHooksSuite()},
+    Suite{kHostDescriptorSuiteName, kHostDescriptorSuiteVersion, DescriptorSuite()},
+    Suite{kHostListSuiteName, kHostListSuiteVersion, ListSuite()},
+    Suite{kHostStringIdSuiteName, kHostStringIdSuiteVersion, StringIdSuite()},
+};
+
+// Null for a suite that isn't there.
+Suite* FindSuite(const char* name, int32_t version)
 {
-    return name && std::string_view(name) == kHostPropertySuiteName &&
-           version == kHostPropertySuiteVersion;
+    const auto found = std::ranges::find_if(gSuites, [&](const Suite& suite) {
+        return name && suite.name == name && suite.version == version;
+    });
+    return found != gSuites.end() ? &*found : nullptr;
 }
 
-int32_t AcquireSuite(const char* name, int32_t version, const void** suite)
+int32_t AcquireSuite(const char* name, int32_t version, const void** table)
 {
-    if (!suite || !IsPropertySuite(name, version))
+    Suite* const suite = FindSuite(name, version);
+    if (!table || !suite)
         return kHostMissingSuite;
-    *suite = &kPropertySuite;
-    ++gAcquired;
+    *table = suite->table;
+    ++suite->acquired;
     return kHostNoError;
 }
 
 int32_t ReleaseSuite(const char* name, int32_t version)
 {
-    if (!IsPropertySuite(name, version) || gAcquired == 0)
+    Suite* const suite = FindSuite(name, version);
+    if (!suite || suite->acquired == 0)
         return kHostMissingSuite;
-    --gAcquired;
+    --suite->acquired;
     return kHostNoError;
 }
 
@@ -75,7 +100,10 @@ const HostBasicSuite* BasicSuite()
 
 int AcquiredSuites()
 {
-    return gAcquired;
+    int all = 0;
+    for (const Suite& suite : gSuites)
+        all += suite.acquired;
+    return all;
 }
 
 } // namespace Host

@@ -1,4 +1,4 @@
-// The suites that a module asks for by name. There is one: the host's properties.
+// The suites that a module asks for by name and version, a row each.
 #pragma once
 
 #include "lumograph/suites.h"

@@ -1,0 +1,19 @@
+// The keys that names have. Those given out here have no character in the top byte, so none is a
+// four-character key.
+#pragma once
+
+#include "lumograph/view_info.h"
+
+#include <string>
+
+namespace Host {
+
+const HostStringIdSuite* StringIdSuite();
+
+// The key of a name; a new one for a new name.
+uint32_t KeyOfName(const std::string& name);
+
+// The name of a key: that which it was made of, or else its four characters.
+std::string NameOfKey(uint32_t key);
+
+} // namespace Host
