@@ -62,7 +62,8 @@ TEST(Cursors, AreTheArrowWhereThereIsNoPicture)
     for (const auto& [width, height] :
          {std::pair{0, 8}, {8, -8}, {65, 1}, {513, 1}, {INT32_MAX, INT32_MAX}}) {
         SCOPED_TRACE(width);
-        EXPECT_NO_FATAL_FAILURE(Cursor(pixels, width, height, {}).GetRecord());
+        EXPECT_NO_FATAL_FAILURE(Cursor(pixels, width, height, {}).GetRecord())
+            << width << " x " << height;
     }
 }
 
