@@ -2,6 +2,7 @@
 #include "platform/input/message_numbers.h"
 #include "platform/system/machine.h"
 #include "view/input/mouse_history.h"
+#include "view/messages/message_ids.h"
 #include "view/process/process.h"
 #include "view/process/tracker.h"
 
@@ -66,7 +67,10 @@ bool CProcess::PumpTracker(CTracker& tracker)
     const std::optional<QueuedMessage> mouse =
         isHeld ? PeekQueue(Peek::kLeave, kMouse) : std::nullopt;
     if (!isHeld || (mouse && mouse->number == tracker.ReleaseMessage())) {
-        tracker.Finish();
+        CMouseEvent event = mouse ? CMouseEvent::Of(*mouse) : CMouseEvent::AtCursor();
+        event.fID = kMessage_MouseUp;
+        event.fButton = tracker.Button();
+        tracker.Release(event);
         return true;
     }
     const std::optional<QueuedMessage> message = TakeNext(mouse);

@@ -45,6 +45,11 @@ void CTracker::Run(CProcess& process)
             Platform::WaitForArrival(kWait);
 }
 
+void CTracker::Release(const CMouseEvent& /*event*/)
+{
+    Finish();
+}
+
 void CTracker::Finish()
 {
     fState &= ~kState_Running;

@@ -37,7 +37,9 @@ public:
     // The mouse is there now, often where it was before. True: the event has been dealt with.
     virtual bool Track(const CMouseEvent& event) = 0;
 
-    // The button was released, or the tracking is broken off.
+    // The button was released: ends with Finish.
+    virtual void Release(const CMouseEvent& event);
+    // It is over: by a release, or because the tracking is broken off.
     virtual void Finish();
 
     // A turn without anything new; seconds of the tick count.

@@ -1,8 +1,10 @@
 #include "view/tree/context.h"
 
+#include "drawing/tools/draw_tools.h"
 #include "view/messages/message_ids.h"
 #include "view/tree/pane.h"
 #include "view/tree/view_hold.h"
+#include "view/tree/view_tracker.h"
 
 #include <algorithm>
 #include <utility>
@@ -61,7 +63,7 @@ void CContext::ChangeScale(double scale)
 void CContext::DrawBackground()
 {
     if (CSystemPort* const port = GetPort())
-        port->Erase(fBounds);
+        port->Paint(fBounds, ToolColour(kColour_Window));
 }
 
 void CContext::AddInvalid(const CDeviceRegion& pixels)
@@ -94,6 +96,10 @@ void CContext::UpdateNow()
     const PixelPoint size = GetClientPixels();
     event.fUpdate.Intersect(PixelRect{0, 0, size.x, size.y});
     Draw(event);
+    SetDrawClip(event.fUpdate);
+    SetPortOrigin();
+    if (fTracker != nullptr)
+        fTracker->DrawFeedback(*this);
     ResetClip();
     if (!hold.IsOver())
         PixelsDrawn(event.fUpdate);
@@ -115,9 +121,63 @@ CContext::CBuffering::~CBuffering()
     fContext.fTarget = fBefore;
 }
 
+// The tracker can't be freed by what its hooks do: it is kept here for the step.
+template <class Step>
+void CContext::StepTracker(Step step)
+{
+    std::unique_ptr<CNonPollingTracker> kept = std::move(fKeptTracker);
+    step(*fTracker);
+    if (kept != nullptr && !kept->IsOver())
+        fKeptTracker = std::move(kept);
+}
+
+bool CContext::BreakOffTracker()
+{
+    if (fTracker == nullptr)
+        return false;
+    const CViewHold hold(*this);
+    StepTracker([](CViewTracker& tracker) { tracker.BreakOff(); });
+    return true;
+}
+
+void CContext::ForgetTrackerOf(const CView& view)
+{
+    if (fTracker == nullptr)
+        return;
+    for (const CView* of = fTracker->View(); of != nullptr; of = of->GetParent())
+        if (of == &view) {
+            BreakOffTracker();
+            return;
+        }
+}
+
+void CContext::KeepTracker(std::unique_ptr<CNonPollingTracker> tracker)
+{
+    const CViewHold hold(*this);
+    BreakOffTracker();
+    tracker->Start();
+    if (!tracker->IsOver())
+        fKeptTracker = std::move(tracker);
+}
+
+// A tracker that polls looks for the mouse itself, and gets nothing here.
+void CContext::DriveTracker(const CMouseEvent& event)
+{
+    if (fTracker != fKeptTracker.get())
+        return;
+    if (event.fID == kMessage_MouseMoved && !event.IsWheel())
+        StepTracker([&](CViewTracker& tracker) { tracker.Track(event); });
+    else if (event.fID == kMessage_MouseUp && event.fButton == fTracker->Button())
+        StepTracker([&](CViewTracker& tracker) { tracker.Release(event); });
+}
+
 bool CContext::DispatchMouse(const CMouseEvent& event)
 {
     const CViewHold hold(*this);
+    if (fTracker != nullptr) {
+        DriveTracker(event);
+        return true;
+    }
     CView* const at = ChildAtPoint(PortToLocal(event.fPortPoint));
     if (event.IsWheel())
         return at->SendWheel(event);

@@ -8,9 +8,13 @@
 #include "drawing/ports/window_port.h"
 #include "view/tree/view.h"
 
+#include <memory>
 #include <vector>
 
 namespace Kesto {
+
+class CNonPollingTracker;
+class CViewTracker;
 
 class CContext : public CView, public CWindowPort {
 public:
@@ -73,8 +77,21 @@ public:
     virtual bool DispatchMouse(const CMouseEvent& event);
     // Seconds from a press to the next in which that is one more click. A window asks the system.
     virtual double GetDoubleClickTime() const { return 0.5; }
+    // The tracker at work, or null. It has all mouse events; keys are to reach no view meanwhile.
+    // A window also has the system send it the mouse, and tells the tracker when that ends.
+    CViewTracker* GetTracker() const { return fTracker; }
+    virtual void SetTracker(CViewTracker* tracker) { fTracker = tracker; }
+    // Breaks it off, as Escape does; false if there is none.
+    bool BreakOffTracker();
+    // Breaks it off if it is for this view or one below.
+    void ForgetTrackerOf(const CView& view);
+    // Starts one that the context keeps until it is over.
+    void KeepTracker(std::unique_ptr<CNonPollingTracker> tracker);
+
     // Shows a cursor, or the arrow for null. The base has nowhere to.
     virtual void ShowPortCursor(const Platform::Cursor*) {}
+    // Opens a pane's tip in place of the one that is open; closes that for null.
+    virtual void ShowTipOf(CPane*) {}
 
     // Panes that have registered, by the bits of CPane::SetClient, in the order in which they came.
     virtual void AddClient(CPane& pane, std::uint32_t client);
@@ -90,10 +107,15 @@ private:
     };
 
     void FitBitmap();
+    void DriveTracker(const CMouseEvent& event);
+    template <class Step>
+    void StepTracker(Step step);
 
     CDeviceRegion fInvalid;
     CDrawTarget fTarget;
     std::vector<CClient> fClients;
+    CViewTracker* fTracker = nullptr; // not owned
+    std::unique_ptr<CNonPollingTracker> fKeptTracker;
     bool fIsPainting = false;
 };
 

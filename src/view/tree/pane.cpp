@@ -116,6 +116,60 @@ void CPane::DetachFromParent()
     }
 }
 
+void CPane::SetFrameBorder(std::unique_ptr<CBorder> border, bool invalidate)
+{
+    fBorder = std::move(border);
+    if (invalidate)
+        InvalidateAll();
+}
+
+std::int32_t CPane::GetBorderType() const
+{
+    return fBorder != nullptr ? fBorder->GetKind() : kFrameEmpty;
+}
+
+Rect CPane::GetInsets() const
+{
+    return fBorder != nullptr ? fBorder->GetEdges() : Rect{};
+}
+
+Rect CPane::GetInterior() const
+{
+    return fBorder != nullptr ? fBorder->GetInterior(fBounds) : fBounds;
+}
+
+CBRVRegion CPane::GetFrameRegion() const
+{
+    CBRVRegion region = GetLocalRegion();
+    region.Subtract(GetInterior());
+    return region;
+}
+
+CBRVRegion CPane::GetContentRegion() const
+{
+    CBRVRegion region = GetClipRegion();
+    region.Intersect(GetInterior());
+    return region;
+}
+
+void CPane::DrawFrame()
+{
+    if (fBorder != nullptr)
+        fBorder->Draw(*GetPort(), fBounds);
+}
+
+void CPane::ShowTip()
+{
+    if (fContext != nullptr)
+        fContext->ShowTipOf(this);
+}
+
+void CPane::HideTip()
+{
+    if (fContext != nullptr)
+        fContext->ShowTipOf(nullptr);
+}
+
 void CPane::SetClient(std::uint32_t client)
 {
     if (client == fClient)

@@ -1,6 +1,7 @@
 // CPane, a view that is a child of another.
 #pragma once
 
+#include "drawing/frames/border.h"
 #include "view/tree/view.h"
 
 namespace Kesto {
@@ -28,6 +29,26 @@ public:
     virtual void AttachToParent(CView& parent);
     virtual void DetachFromParent();
 
+    // The border lies within the bounds; its edges are 0 without one. What it leaves is the
+    // interior; the frame region is the rest.
+    void SetFrameBorder(std::unique_ptr<CBorder> border, bool invalidate);
+    const CBorder* GetBorder() const { return fBorder.get(); }
+    std::int32_t GetBorderType() const; // an EFrameKind or EDividerKind
+    Rect GetInsets() const;
+    Rect GetInterior() const;
+    CBRVRegion GetInteriorRegion() const { return CBRVRegion(GetInterior()); }
+    CBRVRegion GetFrameRegion() const;
+    CBRVRegion GetContentRegion() const; // what of the interior may be drawn in
+    void DrawFrame() override;
+    void InvalidateFrame(bool now = false) { Invalidate(GetFrameRegion(), now); }
+    void InvalidateInterior(bool now = false) { Invalidate(GetInterior(), now); }
+    void ValidateFrame() { Validate(GetFrameRegion()); }
+    void ValidateInterior() { Validate(GetInterior()); }
+
+    // Opens the pane's tip, and closes whichever is open, in the context.
+    void ShowTip();
+    void HideTip();
+
     // Registers for the bits that are set, and no others.
     void SetClient(std::uint32_t client);
     std::uint32_t GetClient() const { return fClient; }
@@ -45,6 +66,7 @@ private:
 
     CView* fParent = nullptr; // not owned
     std::uint32_t fClient = 0;
+    std::unique_ptr<CBorder> fBorder;
 };
 
 } // namespace Kesto

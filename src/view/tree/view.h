@@ -40,7 +40,7 @@ namespace Kesto {
 class CContext;
 class CPane;
 class CSystemPort;
-class CTracker;
+class CViewTracker;
 
 // How far each of the four edges of a rectangle moved.
 using CEdgeDeltas = Rect;
@@ -332,7 +332,7 @@ public:
     virtual void DrawInContext(const CPaintEvent& event);
     virtual void DrawBackground() {} // the ground of an opaque view; for those within it too
     virtual void DrawFrame() {}      // after DrawInContext
-    virtual void DrawFocusRing() {}  // after that, when it has the focus and draws a ring
+    virtual void DrawFocusRing();    // after that, when it has the focus and draws a ring
     virtual void DrawHighlight() {}  // while something is dragged over it
 
     // Draws the children alone.
@@ -408,8 +408,12 @@ public:
 
     // ---------------------------------------------------------------- Trackers (view_trackers.cpp)
 
+    // Has a tracker of this view follow the mouse: one that polls until it is over, another from now
+    // on. False: there is no context, or no process that could pump.
+    bool RunTracker(std::unique_ptr<CViewTracker> tracker);
+
     // The records of gestures and trackers, the latest first. They go with the view.
-    using TrackerMaker = std::function<std::unique_ptr<CTracker>(const CMouseEvent& press)>;
+    using TrackerMaker = std::function<std::unique_ptr<CViewTracker>(const CMouseEvent& press)>;
     void AddTracker(CObjID button, TrackerMaker maker);
     void AddGesture(float deltaX, float deltaY); // a swipe
     void AddRotateGesture(float angle);
@@ -521,7 +525,8 @@ public:
 
     // Put a child in and attach it; the view owns it from then on. Past the end is the end; null
     // does nothing. RemoveChild detaches it and hands it over; for what is no child of this view it
-    // does nothing and returns null. AppendChild and PrependChild return the child.
+    // does nothing and returns null, and so it does when a hook has disposed of the child. AppendChild
+    // and PrependChild return the child.
     virtual void InsertChild(std::size_t index, std::unique_ptr<CPane> child);
     virtual std::unique_ptr<CPane> RemoveChild(CPane* child);
     template <class Pane>

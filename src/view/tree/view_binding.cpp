@@ -240,8 +240,10 @@ void CView::MoveBoundsBy(double dx, double dy)
 {
     for (Rect* const rect : {&fBounds, &fImage, &fScrollLimits})
         *rect = {rect->left + dx, rect->top + dy, rect->right + dx, rect->bottom + dy};
+    const CViewHold hold(*this);
     PortOffsetChild();
-    InvalidateAll();
+    if (!hold.IsOver())
+        InvalidateAll();
 }
 
 void CView::SetSize(double width, double height)

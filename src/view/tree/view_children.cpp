@@ -37,8 +37,10 @@ std::unique_ptr<CPane> CView::RemoveChild(CPane* child)
     fChildren.erase(fChildren.begin() + static_cast<std::ptrdiff_t>(index));
     ++fChildrenStamp;
     CChildWalk::Removed(this, index);
+    const CViewHold childHold(*child);
     child->DetachFromParent();
-    return std::unique_ptr<CPane>(child);
+    // One that was disposed of, now or before, goes with its holds.
+    return std::unique_ptr<CPane>(childHold.IsOver() ? nullptr : child);
 }
 
 } // namespace Kesto

@@ -2,6 +2,7 @@
 //
 // Areas are device pixels of the context's port, so what siblings share is cut where they meet on
 // the screen, whatever their numbers in units.
+#include "drawing/frames/widget_skin.h"
 #include "view/tree/context.h"
 #include "view/tree/draw_buffer.h"
 #include "view/tree/pane.h"
@@ -126,6 +127,11 @@ void CView::DrawInContext(const CPaintEvent& /*event*/)
         DrawBackground();
 }
 
+void CView::DrawFocusRing()
+{
+    CWidgetSkin::DrawFocusLine(*GetPort(), fBounds);
+}
+
 void CView::EraseBackground()
 {
     for (CView* view = GetParent(); view != nullptr; view = view->GetParent())
@@ -156,6 +162,7 @@ void CView::DrawBuffered(const CPaintEvent& event)
     const Rect dest{held.left / scale, held.top / scale, held.right / scale, held.bottom / scale};
     context.SetDrawClip(event.fUpdate);
     context.SetWindowOrigin({});
+    image->SetWindowOrigin({});
     context.DrawPort(*image, source, dest);
 }
 

@@ -92,21 +92,20 @@ void CView::TearDown()
     if (parent == nullptr)
         return;
     const CViewHold hold(*parent);
-    parent->RemoveChild(static_cast<CPane*>(this)).release(); // its hold deletes it
-    if (hold.IsOver())
-        return;
+    parent->RemoveChild(static_cast<CPane*>(this));
     CCommandMessage message(this, kMessage_DisposePane);
     parent->SendCommand(message);
 }
 
 void CView::DisposeContents()
 {
+    const CViewHold hold(*this);
     while (!fChildren.empty()) {
         CPane* const last = fChildren.back();
         last->Dispose();
         // One whose disposal is under way further up the stack goes on with that.
         if (!fChildren.empty() && fChildren.back() == last)
-            RemoveChild(last).release();
+            RemoveChild(last);
     }
 }
 

@@ -83,6 +83,8 @@ void CView::LeaveMouseView()
 // For a view that goes: no pointer of the mouse names it or anything below it.
 void CView::LeaveMouse()
 {
+    if (fContext != nullptr)
+        fContext->ForgetTrackerOf(*this);
     if (IsAncestorOf(gMouseView))
         LeaveMouseView();
     if (IsAncestorOf(gLastMouseDownView))

@@ -1,9 +1,8 @@
 // The gestures and trackers that a view keeps.
-#include "view/messages/message_ids.h"
 #include "view/process/process.h"
-#include "view/process/tracker.h"
-#include "view/tree/view.h"
+#include "view/tree/context.h"
 #include "view/tree/view_hold.h"
+#include "view/tree/view_tracker.h"
 
 namespace Kesto {
 namespace {
@@ -19,7 +18,7 @@ public:
     {
         return kind == kKind_Tracker && detail == fButton.Value();
     }
-    std::unique_ptr<CTracker> Make(const CMouseEvent& press) const { return fMaker(press); }
+    std::unique_ptr<CViewTracker> Make(const CMouseEvent& press) const { return fMaker(press); }
 
 private:
     CObjID fButton;
@@ -66,14 +65,26 @@ bool CView::TrackClick(const CMouseEvent& event)
 {
     auto* const record = static_cast<CTrackerRecord*>(
         GetTrackerForCodes(CGesture::kKind_Tracker, event.fButton.Value()));
-    CProcess* const process = CProcess::Current();
-    if (record == nullptr || process == nullptr)
+    std::unique_ptr<CViewTracker> tracker = record != nullptr ? record->Make(event) : nullptr;
+    return tracker != nullptr && RunTracker(std::move(tracker));
+}
+
+bool CView::RunTracker(std::unique_ptr<CViewTracker> tracker)
+{
+    if (fContext == nullptr)
         return false;
     const CViewHold hold(*this);
-    const std::unique_ptr<CTracker> tracker = record->Make(event);
-    if (tracker == nullptr)
+    if (dynamic_cast<CNonPollingTracker*>(tracker.get()) != nullptr) {
+        fContext->KeepTracker(std::unique_ptr<CNonPollingTracker>(
+            static_cast<CNonPollingTracker*>(tracker.release())));
+        return true;
+    }
+    CProcess* const process = CProcess::Current();
+    if (process == nullptr)
         return false;
-    tracker->Run(*process);
+    tracker->Start();
+    if (!tracker->IsOver())
+        tracker->Run(*process);
     return true;
 }
 
