@@ -2,6 +2,8 @@
 
 #include "view/tree/draw_buffer.h"
 
+#include <algorithm>
+
 using namespace Kesto;
 
 namespace {
@@ -94,6 +96,20 @@ TEST_F(Tree, WhatIsHitIsWhatIsSeen)
                 }
             EXPECT_EQ(wrong, 0);
         }
+}
+
+TEST_F(Tree, EachOfAThousandViewsIsDrawnOnce)
+{
+    for (int y = 0; y < 25; ++y) {
+        CPane* const row = Add("r", {0, 12.0 * y, 400, 12.0 * y + 12});
+        for (int x = 0; x < 40; ++x)
+            Add("c", {10.0 * x, 0, 10.0 * x + 8, 10}, row);
+    }
+    const std::string drawn = Drawn();
+    EXPECT_EQ(std::count(drawn.begin(), drawn.end(), 'c'), 1000);
+    EXPECT_EQ(std::count(drawn.begin(), drawn.end(), 'r'), 25 + 1025) << "and once in each draw";
+    root.FindChild(CObjID("c"), true)->InvalidateAll();
+    EXPECT_EQ(Paint(), "c:draw");
 }
 
 TEST_F(Tree, AViewThatIsNotOpaqueStandsOnTheGroundOfTheNearestThatIs)

@@ -103,4 +103,48 @@ TEST_F(Tree, EachTargetOptionImpliesTheOnesBeforeIt)
     }
 }
 
+TEST_F(Tree, CursorsAndTipsAreTheParentsUntilTheyAreSet)
+{
+    CPane* const parent = Add("p", {0, 0, 100, 100});
+    CPane* const child = Add("c", {0, 0, 50, 50}, parent);
+    EXPECT_EQ(child->GetCursor(), nullptr);
+    EXPECT_TRUE(child->GetTip().IsEmpty());
+    const Platform::Cursor hand(Platform::CursorShape::kHand);
+    const Platform::Cursor text(Platform::CursorShape::kText);
+    parent->SetCursor(hand, true);
+    parent->SetCursor(text, false);
+    parent->SetTip("usable", true);
+    parent->SetTip("not usable", false);
+    EXPECT_EQ(*child->GetCursor(), hand);
+    EXPECT_EQ(child->GetTip(), CText("usable"));
+    child->SetTip("own", true);
+    EXPECT_EQ(child->GetTip(), CText("own"));
+    EXPECT_FALSE(child->HasTip(false) || child->HasCursor(true));
+    child->Disable();
+    EXPECT_EQ(*child->GetCursor(), text);
+    EXPECT_EQ(child->GetTip(), CText("not usable"));
+}
+
+TEST_F(Tree, AChangeOfScaleReachesTheLeavesFirstAndInvalidatesOnce)
+{
+    struct Scaled : CPane {
+        Scaled(std::string& log, const char* name) : CPane({0, 0, 10, 10}), fLog(log), fName(name)
+        {
+        }
+        void UIScaleChanged() override { fLog += fName; }
+        std::string& fLog;
+        const char* fName;
+    };
+    CPane* const parent = root.AppendChild(std::make_unique<Scaled>(log, "p"));
+    parent->AppendChild(std::make_unique<Scaled>(log, "a"));
+    parent->AppendChild(std::make_unique<Scaled>(log, "b"));
+    root.UpdateNow();
+    log.clear();
+    root.DoScaleChanged(false);
+    EXPECT_EQ(log, "abp");
+    EXPECT_TRUE(root.GetInvalid().IsEmpty());
+    root.ChangeScale(2.0);
+    EXPECT_EQ(root.GetInvalid().GetBounds(), (PixelRect{0, 0, 800, 600}));
+}
+
 } // namespace
