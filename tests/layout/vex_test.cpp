@@ -1,5 +1,6 @@
 // The checker, the formatter, the dump, the places and the tables of keys.
 #include "vex/check.h"
+#include "vex/describe.h"
 #include "vex/dump.h"
 #include "vex/format.h"
 #include "vex/keys.h"
@@ -243,6 +244,23 @@ TEST(Place, SaysWhyATextIsRefused)
         EXPECT_THAT([text = text] { Places(text); },
                     testing::ThrowsMessage<std::runtime_error>(words))
             << text;
+}
+
+TEST(Describe, TellsWhatAHostIsTold)
+{
+    const auto window = DescriptionOf(CBuiltLayout(
+        CSourceText("a.vex", "PDialog(view_id: 'window', width: 90, height: 20) { "
+                             "CStaticText(text: 'Hello', view_disabled: true); }"),
+        {std::nullopt, 2.0}));
+    EXPECT_EQ(window["bounds"], (nlohmann::json{0, 0, 180, 40})) << "pixels";
+    EXPECT_EQ(window["class"], "PDialog");
+    EXPECT_EQ(window["Nm  "], "window");
+    EXPECT_EQ(window["Vsbl"], true);
+    const auto& label = window["subViews"][0];
+    EXPECT_EQ(label["Nm  "], "Hello");
+    EXPECT_EQ(label["enab"], false);
+    EXPECT_EQ(label["id"], "");
+    EXPECT_FALSE(label.contains("subViews"));
 }
 
 TEST(Keys, AreDocumentedAsTheClassesReadThem)

@@ -1,5 +1,6 @@
 // vex: checks, formats, places and shows layout texts.
 #include "vex/check.h"
+#include "vex/describe.h"
 #include "vex/dump.h"
 #include "vex/format.h"
 #include "vex/keys.h"
@@ -48,11 +49,13 @@ struct Options {
     double scale = 1.0;
     std::int32_t theme = 0;
     bool outline = false;
+    bool describe = false;
 };
 
-std::string ToText(const nlohmann::json& json)
+template <class Json>
+std::string ToText(const Json& json)
 {
-    return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + '\n';
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 // One file that can't be read hides neither the others nor what was found before.
@@ -144,7 +147,7 @@ int Place(const Options& options)
     const Vex::CBuiltLayout layout = Build(options);
     const nlohmann::ordered_json view = Vex::PlacesOf(layout);
     if (options.json)
-        std::cout << view.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+        std::cout << ToText(view);
     else
         Vex::PrintPlaces(std::cout, view);
     return kExit_Well;
@@ -153,7 +156,13 @@ int Place(const Options& options)
 int Show(const Options& options)
 {
     Kesto::CDrawTools::Get().SetTheme(options.theme);
-    Vex::WritePicture(Build(options), options.picture, options.outline);
+    const Vex::CBuiltLayout layout = Build(options);
+    if (!options.picture.empty())
+        Vex::WritePicture(layout, options.picture, options.outline);
+    if (options.describe)
+        std::cout << ToText(Vex::DescriptionOf(layout));
+    if (options.picture.empty() && !options.describe)
+        throw std::runtime_error("name a picture with -o, or ask for --describe");
     return kExit_Well;
 }
 
@@ -247,11 +256,13 @@ Command AddShow(CLI::App& app, Options& options)
     CLI::App* const show = app.add_subcommand("show", "Draw a picture of the views, off screen");
     show->footer("Exit status: 0 done, 2 the text is refused or a file can't be read or written.");
     AddBuildOptions(*show, options);
-    show->add_option("-o", options.picture, "The picture to write, a PNG")->required();
+    show->add_option("-o", options.picture, "The picture to write, a PNG");
     show->add_option("--theme", options.theme, "0 light, 1 medium light, 2 medium dark, 3 dark")
         ->check(CLI::Range(0, 3));
     show->add_option("--scale", options.scale, "Pixels in a unit")->check(CLI::Range(0.25, 8.0));
-    show->add_flag("--outline", options.outline, "Draw frames and identifiers over it");
+    show->add_flag("--outline", options.outline, "Draw frames, margins and identifiers over it");
+    show->add_flag("--describe", options.describe,
+                   "Print what a host is told of the views, as JSON");
     return {show, Show};
 }
 
