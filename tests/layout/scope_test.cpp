@@ -159,7 +159,7 @@ TEST(PropertyLists, NumberTheirEntries)
     for (const CVexVariableProperty* entry = list.Next(nullptr); entry != nullptr;
          entry = list.Next(entry))
         names += *entry->Name() + std::to_string(entry->Id());
-    EXPECT_EQ(names, "a0b1c2");
+    EXPECT_EQ(names, "a0b1c2") << "names with their ids";
     list.Remove(0);
     EXPECT_EQ(list.At(1).Id(), 1);
     EXPECT_THROW(list.At(2), std::range_error);

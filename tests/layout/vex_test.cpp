@@ -248,10 +248,10 @@ TEST(Place, SaysWhyATextIsRefused)
 
 TEST(Describe, TellsWhatAHostIsTold)
 {
-    const auto window = DescriptionOf(CBuiltLayout(
-        CSourceText("a.vex", "PDialog(view_id: 'window', width: 90, height: 20) { "
-                             "CStaticText(text: 'Hello', view_disabled: true); }"),
-        {std::nullopt, 2.0}));
+    const auto window = DescriptionOf(
+        CBuiltLayout(CSourceText("a.vex", "PDialog(view_id: 'window', width: 90, height: 20) { "
+                                          "CStaticText(text: 'Hello', view_disabled: true); }"),
+                     {std::nullopt, 2.0}));
     EXPECT_EQ(window["bounds"], (nlohmann::json{0, 0, 180, 40})) << "pixels";
     EXPECT_EQ(window["class"], "PDialog");
     EXPECT_EQ(window["Nm  "], "window");

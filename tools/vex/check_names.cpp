@@ -95,6 +95,7 @@ private:
             Check(node);
     }
 
+    // A name is defined only after its value has been looked at: it may not be read there.
     void Check(const SyntaxNode& node)
     {
         CheckValueForms(node, fFound);
@@ -125,6 +126,7 @@ private:
         }
     }
 
+    // The properties are a scope of their own, which the block of the view doesn't see.
     void CheckView(const SyntaxNode& view)
     {
         fClass = FindWord(Kesto::RegisteredClasses(), view.Name());

@@ -37,12 +37,12 @@ bool EndsOperand(std::string_view token)
     return Kesto::CharClass(last) < Kesto::kCharOther || last == ')' || last == '\'';
 }
 
-// The text with one space around operators and behind commas and colons, and none elsewhere.
+// The text with one space around operators and after commas and colons, and none elsewhere.
 std::string Respaced(std::string_view text)
 {
     std::string spaced;
     std::string_view before = "(";
-    bool touches = true; // what comes next stands right behind `before`
+    bool touches = true; // no space comes between `before` and what follows
     const char* const end = text.data() + text.size();
     for (const char* at = Kesto::SkipVexSpace(text.data()); at < end;
          at = Kesto::SkipVexSpace(at)) {

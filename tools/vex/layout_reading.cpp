@@ -50,6 +50,7 @@ private:
 
 } // namespace
 
+// A refused text has a reading too: as far as the parser came.
 LayoutReading ReadLayout(const CSourceText& source)
 {
     LayoutReading reading;

@@ -13,18 +13,22 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <optional>
 #include <span>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
 
 enum ExitStatus { kExit_Well = 0, kExit_Mistakes = 1, kExit_Trouble = 2 };
 
+constexpr auto kWatchPeriod = std::chrono::milliseconds(200);
 constexpr double kLargestSize = 16384; // of a side, in units
 
 constexpr const char* kLanguage = R"(A layout text describes the views of one window:
@@ -91,6 +95,7 @@ void Write(const std::string& file, const std::string& text)
         throw std::runtime_error(file + ": the file can't be written");
 }
 
+// A file that has the canonical form already isn't written, so its time stays as it is.
 int Format(const Options& options)
 {
     bool isWell = true;
@@ -164,6 +169,28 @@ int Show(const Options& options)
     if (options.picture.empty() && !options.describe)
         throw std::runtime_error("name a picture with -o, or ask for --describe");
     return kExit_Well;
+}
+
+// Runs until it is interrupted. A text that is refused leaves the last good picture where it is.
+int Watch(const Options& options)
+{
+    namespace fs = std::filesystem;
+    const fs::path file = options.files.front();
+    for (fs::file_time_type seen = fs::file_time_type::min();;) {
+        std::error_code isBeingWritten;
+        const fs::file_time_type now = fs::last_write_time(file, isBeingWritten);
+        if (!isBeingWritten && now != seen) {
+            seen = now;
+            Check(options);
+            try {
+                Show(options);
+                std::cout << options.picture << '\n' << std::flush;
+            } catch (const std::runtime_error& error) {
+                std::cout << error.what() << '\n' << std::flush;
+            }
+        }
+        std::this_thread::sleep_for(kWatchPeriod);
+    }
 }
 
 // Of the class that is named, or of all.
@@ -266,6 +293,16 @@ Command AddShow(CLI::App& app, Options& options)
     return {show, Show};
 }
 
+Command AddWatch(CLI::App& app, Options& options)
+{
+    CLI::App* const watch =
+        app.add_subcommand("watch", "Check a text and draw its picture whenever the file changes");
+    watch->footer("The picture stays as it was while the text is refused. Ends with Ctrl-C.");
+    AddBuildOptions(*watch, options);
+    watch->add_option("-o", options.picture, "The picture to write, a PNG")->required();
+    return {watch, Watch};
+}
+
 Command AddKeys(CLI::App& app, Options& options)
 {
     CLI::App* const keys = app.add_subcommand("keys", "Print the keys that classes read");
@@ -296,7 +333,8 @@ int main(int argc, char** argv)
     Options options;
     const Command commands[] = {AddCheck(app, options), AddFormat(app, options),
                                 AddDump(app, options),  AddPlace(app, options),
-                                AddShow(app, options),  AddKeys(app, options)};
+                                AddShow(app, options),  AddWatch(app, options),
+                                AddKeys(app, options)};
     try {
         app.parse(argc, argv);
         return Run(app, commands, options);

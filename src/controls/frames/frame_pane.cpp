@@ -84,6 +84,8 @@ Rect CPaneBuilder<CFramePane>::ReadEdges(const LayoutOwner& owner) const
             std::max(frame.right, sizes.right), std::max(frame.bottom, sizes.bottom)};
 }
 
+// A margin that the text gives for both sides or all round counts for the frame as well: only where
+// it gives none do the children keep off the frame by themselves.
 CView* CPaneBuilder<CFramePane>::AdjustLayout(CView* parent, LayoutOwner& owner)
 {
     const Rect edges = ReadEdges(owner);

@@ -85,6 +85,8 @@ void LayoutOwner::DefineVariable(std::string_view name, std::string_view text)
         fGenerator->Root()->AddVariable(name, text);
 }
 
+// The root scope has its texts in the generator's pool. It is declared after the guard, so that it
+// ends before the guard ends the generator.
 CView* LoadLayoutFromText(LayoutOwner& owner, const char* text)
 {
     owner.fGenerator.reset();

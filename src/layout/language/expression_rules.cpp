@@ -72,6 +72,7 @@ bool CExpressionScope::MatchAnd(const char*& cursor, std::int32_t& result)
     }
 }
 
+// One comparison at most: what follows it is left for the caller, who takes it for a mistake.
 bool CExpressionScope::MatchRelational(const char*& cursor, std::int32_t& result)
 {
     const char* const start = cursor;
@@ -112,6 +113,8 @@ bool CExpressionScope::MatchEquality(const char*& cursor, std::int32_t& result)
     return true;
 }
 
+// The sign is looked at before a rule is tried: most sums have one summand, and this is the rule that
+// every value goes through.
 bool CExpressionScope::MatchAdditive(const char*& cursor, std::int32_t& result)
 {
     const char* const start = cursor;
@@ -155,6 +158,7 @@ bool CExpressionScope::MatchMultiplicative(const char*& cursor, std::int32_t& re
     }
 }
 
+// Signs can be repeated without end, so each counts as a level of nesting.
 bool CExpressionScope::MatchUnary(const char*& cursor, std::int32_t& result)
 {
     const char* at = SkipVexSpace(cursor);
@@ -174,6 +178,8 @@ bool CExpressionScope::MatchUnary(const char*& cursor, std::int32_t& result)
     return true;
 }
 
+// A number wraps around at 32 bits. A name is a function only if a parenthesis follows and the
+// function's own rule matches; else it is a variable, so a variable may be called min.
 bool CExpressionScope::MatchPrimary(const char*& cursor, std::int32_t& result)
 {
     const char* at = SkipVexSpace(cursor);
@@ -231,7 +237,7 @@ bool CExpressionScope::MatchParenthesis(const char*& cursor, std::int32_t& resul
     return true;
 }
 
-// Called with the cursor at the parenthesis behind `name`. The language's own words win over a
+// Called with the cursor at the parenthesis that follows `name`. The language's own words win over a
 // program's functions.
 bool CExpressionScope::MatchFunction(const VexName& name, const char*& cursor, std::int32_t& result)
 {

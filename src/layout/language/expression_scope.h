@@ -2,7 +2,7 @@
 // evaluator of expressions on them.
 //
 // Expressions are computed while they are read; there is no tree. Each rule of the grammar is a
-// member that is handed the cursor: if it matches, the cursor stands behind what it matched, and if
+// member that is handed the cursor: if it matches, the cursor is after what it matched, and if
 // not, the cursor is where it was and the scope is unchanged, so that the next alternative can be
 // tried. Texts end with a zero byte.
 //
@@ -135,7 +135,7 @@ protected:
     bool MatchStatement(const char*& cursor);
     bool MatchStep(const char*& cursor);
     bool MatchAlignCenters(const char*& cursor);
-    // The name has been read already and `cursor` stands behind it.
+    // The name has been read already and `cursor` is after it.
     bool MatchAssignment(const VexName& name, const char*& cursor);
     bool MatchStatementOrAssignment(const char*& cursor);
     // `stops` holds two characters that may follow a name which is a value by itself.

@@ -31,7 +31,7 @@ enum class VexRule {
     kAssignment,
     kStep,
     kAlignCenters,
-    kTargetName, // a name behind an ampersand
+    kTargetName, // a name with an ampersand before it
     kBlock,
     kView,
 };

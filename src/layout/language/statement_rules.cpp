@@ -24,6 +24,8 @@ bool CExpressionScope::MatchName(const char*& cursor, VexName& name) const
     return true;
 }
 
+// A name by itself hands over its text as well as its number, and must be known. The same name in a
+// sum is a number only, and may be unknown: so which it is depends on the character after it.
 bool CExpressionScope::ParseValue(const char*& cursor, const char (&stops)[3], VexContent& value)
 {
     const char* const start = SkipVexSpace(cursor);

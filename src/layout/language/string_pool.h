@@ -22,7 +22,7 @@ public:
     StringPool(const StringPool&) = delete;
     StringPool& operator=(const StringPool&) = delete;
 
-    // A copy of `bytes` with a zero byte behind it. What the current block has left is abandoned
+    // A copy of `bytes`, followed by a zero byte. What the current block has left is abandoned
     // when it is too small.
     const char* InternString(std::string_view bytes)
     {

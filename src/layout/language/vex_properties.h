@@ -79,7 +79,7 @@ public:
     virtual void SetTakesValue(bool takes);
     virtual void ClearTakesValue();
 
-    // It takes a name behind an ampersand.
+    // It takes a name with an ampersand before it.
     virtual std::optional<bool> TakesName() const;
     virtual void SetTakesName(bool takes);
     virtual void ClearTakesName();

@@ -66,7 +66,7 @@ public:
     // Null for an empty list.
     virtual const T* First() const { return fEntries.empty() ? nullptr : &fEntries.front(); }
 
-    // The entry behind `entry` by its id, or null at the end; the first one for null.
+    // The entry after `entry` by its id, or null at the end; the first one for null.
     virtual const T* Next(const T* entry) const
     {
         if (entry == nullptr)
@@ -77,7 +77,7 @@ public:
                    : nullptr;
     }
 
-    // Those behind move up. Outside the list throws std::range_error.
+    // Those after it move up. Outside the list throws std::range_error.
     virtual void Remove(std::size_t index)
     {
         Check(index);

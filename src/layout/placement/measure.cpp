@@ -59,6 +59,8 @@ private:
     std::int64_t fPlain = 0;
 };
 
+// The outsets at the top and bottom are those of the first and last child; at the sides every child
+// has a part.
 void MeasureColumn(CViewProxy& p)
 {
     ClaimOutset(p.fTopOutset, p.fChildren.front()->fTopOutset, p.fMarginTop);

@@ -91,7 +91,7 @@ std::int64_t ShareInColumn(const CViewProxy& p)
     return ShareOf(free, p.fChildHeightSum, sharers);
 }
 
-// Places a child of a column at or behind `y`, and returns the share that `y` moves on by beside
+// Places a child of a column at or below `y`, and returns the share that `y` moves on by beside
 // the child's height.
 std::int64_t PlaceInColumn(const CViewProxy& p, CViewProxy& c, std::int64_t y, std::int64_t extra)
 {
@@ -120,6 +120,7 @@ std::int64_t PlaceInColumn(const CViewProxy& p, CViewProxy& c, std::int64_t y, s
     }
 }
 
+// Horizontal alignment comes last: a label that is widened there doesn't change a height.
 void SolveColumn(CViewProxy& p)
 {
     const std::int64_t extra = ShareInColumn(p);
@@ -216,6 +217,7 @@ std::int64_t PlaceInRow(const CViewProxy& p, CViewProxy& c, std::int64_t x, std:
     }
 }
 
+// The label is widened first, since that takes from the width that is shared.
 void SolveRow(CViewProxy& p)
 {
     WidenLabel(p);

@@ -92,6 +92,8 @@ std::int32_t CViewProxy::ReadOr(LayoutKey key, std::int32_t absent) const
     return absent;
 }
 
+// A stack stretches its children unless it says otherwise itself, so its own child_horizontal is read
+// after its placement.
 void CViewProxy::ReadNumbers(const CExpressionScope& properties)
 {
     fAlwaysL2R = ReadOr(LayoutKey::kAlwaysL2R, 0) != 0;

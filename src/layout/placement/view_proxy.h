@@ -1,8 +1,7 @@
 // What a view of a layout text leaves behind until the views are made: its numbers for placement,
 // and its children.
 //
-// All numbers are logical pixels. 0 stands for every key that isn't given, also for one whose value
-// is undefined.
+// All numbers are logical pixels. A key that isn't given, or whose value is undefined, is 0.
 #pragma once
 
 #include "layout/language/expression_scope.h"
