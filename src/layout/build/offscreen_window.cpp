@@ -32,6 +32,8 @@ void COffscreenWindowBuilder::SetContentSize(CView& window, const Point& size) c
 {
     if (auto* const context = dynamic_cast<CContext*>(&window))
         context->SetContextSize(size);
+    else // an existing view that is none
+        window.SetSize(size.x, size.y);
 }
 
 void COffscreenWindowBuilder::SetTitle(CView& window, const CText& title) const
