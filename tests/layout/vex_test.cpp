@@ -235,7 +235,7 @@ TEST(Place, SaysWhyATextIsRefused)
     const std::pair<const char*, const char*> cases[] = {
         {"CPane(", "a.vex:1:7: expected a name or ')', but found the end of the text"},
         {"CPane(\nwidth: high);", "a.vex:2:8: nothing defines the name 'high'"},
-        {"CNoSuch();", "a.vex: no class of its outermost view is known"},
+        {"CNoSuch() { CPane(); CPane(); }", "a.vex: no class of its outermost view is known"},
         {"CPane(width: 100000, height: 100000);",
          "a.vex: the layout is 100000 x 100000 units, which is too large; 67108864 pixels are the "
          "limit"},

@@ -90,7 +90,8 @@ void CBuiltLayout::Load(const CSourceText& source)
     fOwner.fViewListener = [this](std::string_view className, Kesto::CView& view) {
         fViews.push_back({std::string(className), &view, fOwner.fLayoutRecord.Margins()});
     };
-    Kesto::LoadLayoutFromText(fOwner, source.Text().c_str());
+    if (Kesto::LoadLayoutFromText(fOwner, source.Text().c_str()) == nullptr)
+        fViews.clear(); // what stands in an outermost view that isn't there is no layout
 }
 
 } // namespace Vex
