@@ -34,6 +34,10 @@ public:
     virtual CText ErrorText() const;
     virtual void GetErrorText(CText& out) const;
     virtual void SetErrorText(const CText& error);
+
+    // True: it leaves any depth of message handlers and is dealt with by whoever called the module;
+    // false: the handler's wrapper reports it and all goes on.
+    virtual bool LeavesHandlers() const { return false; }
 };
 
 // A failure with texts of its own. An unset text is empty: with an error alone, the reporter shows
@@ -73,6 +77,7 @@ public:
     bool IsAlert() const override;
     void GetTaskText(CText& out) const override;
     void GetErrorText(CText& out) const override;
+    bool LeavesHandlers() const override { return true; }
 
 private:
     bool fQuiet;

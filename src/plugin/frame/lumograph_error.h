@@ -17,6 +17,7 @@ public:
     // The text for the code, as a key with its default; a code that isn't in the table has a text
     // for all others.
     void GetErrorText(CText& out) const override;
+    bool LeavesHandlers() const override { return true; }
 
 private:
     int16_t fCode;

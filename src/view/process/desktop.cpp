@@ -1,6 +1,7 @@
 #include "view/process/desktop.h"
 
 #include "foundation/base/service.h"
+#include "platform/windows/system_window.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,8 +50,10 @@ void CDesktop::BringToFront(CDesktopWindow& window)
     fWindows.AddHead(window);
 }
 
-CDesktopWindow* CDesktop::WindowOf(Platform::NativeWindow native) const
+// A child control belongs to the window that holds it.
+CDesktopWindow* CDesktop::WindowOf(Platform::NativeWindow child) const
 {
+    const Platform::NativeWindow native = Platform::TopWindowOf(child);
     CDesktopWindow* window = native != nullptr ? fWindows.Head() : nullptr;
     while (window != nullptr && window->NativeHandle() != native)
         window = window->fNext;

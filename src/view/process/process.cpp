@@ -4,6 +4,7 @@
 #include "platform/files/folders.h"
 #include "platform/system/process.h"
 #include "platform/windows/focus.h"
+#include "platform/windows/foreign_loop.h"
 #include "view/process/desktop.h"
 #include "view/process/posted_events.h"
 
@@ -29,6 +30,7 @@ CProcess::CProcess()
     if (gMainThread == std::thread::id())
         NoteMainThread();
     MakeCurrent();
+    Platform::SetForeignTurn(RunForeignTurn);
     fIdleTimer.Start();
     SetCanTarget(true);
     SetCanBullseye(true);

@@ -93,6 +93,14 @@ void CTimer::RunTimers(double now, Whose whose)
     });
 }
 
+void CTimer::StopTimersOf(Platform::NativeWindow window)
+{
+    gTimers.ForEach([window](CTimer& timer) {
+        if (window != nullptr && timer.fWindow == window)
+            timer.Stop();
+    });
+}
+
 bool CTimer::FireSystemTimer(const Platform::QueuedMessage& message, double now)
 {
     for (CTimer* timer = gTimers.Head(); timer != nullptr; timer = timer->fNext)

@@ -59,6 +59,9 @@ public:
     // Fires the timers that are due. Without effect when it is called from one that fires so.
     static void RunTimers(double now, Whose whose = Whose::kNobody);
 
+    // A window is about to go, and its timers with it: they are stopped, and hear OnStop.
+    static void StopTimersOf(Platform::NativeWindow window);
+
     // A timer message has come: fires the timer that it belongs to. False if there is none.
     static bool FireSystemTimer(const Platform::QueuedMessage& message, double now);
 

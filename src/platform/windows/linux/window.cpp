@@ -5,6 +5,7 @@
 #include "platform/input/stopped_exception.h"
 #include "platform/windows/linux/activation.h"
 #include "platform/windows/linux/display.h"
+#include "platform/windows/linux/display_message.h"
 
 #include <algorithm>
 #include <cstring>
@@ -82,6 +83,10 @@ std::intptr_t LinuxWindow::Send(std::uint32_t number, std::uintptr_t first, std:
 std::intptr_t LinuxWindow::Receive(std::uint32_t number, std::uintptr_t first, std::intptr_t second)
 {
     const NativeWindow handle = Handle();
+    if (IsOfDisplay(number)) {
+        Follow(number, first);
+        return 0;
+    }
     if (IsInput(number) && !IsUsable()) {
         LinuxWindow* const modal = IsPress(number) ? ModalChildOf(Top()) : nullptr;
         if (modal != nullptr)
@@ -91,6 +96,31 @@ std::intptr_t LinuxWindow::Receive(std::uint32_t number, std::uintptr_t first, s
     if (IsOfMouse(number) && (!PreparesMouse(number) || From(handle) == nullptr))
         return 0;
     return Send(number, first, second);
+}
+
+// The display has moved it, has given it the keyboard or taken that away, or has changed its
+// extent. A disabled window hands the keyboard to its modal child.
+void LinuxWindow::Follow(std::uint32_t number, std::uintptr_t first)
+{
+    if (number == kDisplayMoved) {
+        const bool moved = fServerContent != fContent;
+        SetContent(fServerContent);
+        if (moved)
+            Send(kWindowPosChanged);
+    } else if (number == kDisplayExtent) {
+        const auto extent = static_cast<Extent>(first);
+        if (fExtent == Extent::kNormal && extent != Extent::kNormal)
+            fNormal = fTold;
+        const Extent before = std::exchange(fExtent, extent);
+        if (extent == Extent::kMinimized && before != extent)
+            Send(kSize, kSizedMinimized);
+    } else if (first == 0) {
+        if (!Display::Get().IsForeground())
+            MakeActive(nullptr, false);
+    } else if (fEnabled)
+        MakeActive(this, false);
+    else if (LinuxWindow* const modal = ModalChildOf(*this))
+        MakeActive(modal, false);
 }
 
 // A press asks whether to activate first, and the cursor is set by what lies under it. False: the

@@ -79,6 +79,7 @@ public:
     Bitmap fPicture;
     Cursor fCursor;
     std::uint32_t fServerID = 0; // the display's number, 0 for none
+    PixelRect fServerContent;    // where the display has put it
 
 protected:
     // What the window itself does with a message.
@@ -88,6 +89,7 @@ protected:
 
 private:
     bool PreparesMouse(std::uint32_t number);
+    void Follow(std::uint32_t number, std::uintptr_t first);
 
     bool fIsSilent = false;
 };

@@ -3,6 +3,7 @@
 #include "platform/input/stopped_exception.h"
 #include "platform/system/win32/handles.h"
 #include "platform/system/win32/wide.h"
+#include "platform/windows/foreign_loop.h"
 
 namespace Platform {
 namespace {
@@ -29,6 +30,7 @@ HMENU MakeMenu(std::span<const MenuRow> rows)
 
 int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows)
 {
+    const ForeignLoop loop;
     const HMENU menu = MakeMenu(rows);
     const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN, corner.x,
                                       corner.y, 0, Handle(window), nullptr);

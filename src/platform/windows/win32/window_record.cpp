@@ -2,6 +2,7 @@
 
 #include "platform/graphics/win32/cursor_record.h"
 #include "platform/input/message_numbers.h"
+#include "platform/windows/foreign_loop.h"
 #include "platform/windows/win32/child_notices.h"
 
 #include <map>
@@ -33,6 +34,15 @@ bool IsKeptFromSystem(UINT number, WPARAM first)
     default:
         return false;
     }
+}
+
+// The system is about to run a loop of its own for the window, or has ended it.
+void NoteLoop(UINT number)
+{
+    if (number == WM_ENTERSIZEMOVE || number == WM_ENTERMENULOOP)
+        ForeignLoop::Enter();
+    else if (number == WM_EXITSIZEMOVE || number == WM_EXITMENULOOP)
+        ForeignLoop::Leave();
 }
 
 } // namespace
@@ -80,6 +90,7 @@ LRESULT AnswerOfSystem(HWND window, const WindowRecord* record, UINT number, WPA
 LRESULT CALLBACK ReceiveMessage(HWND window, UINT number, WPARAM first, LPARAM second)
 {
     LRESULT answer = 0;
+    NoteLoop(number);
     if (WithExceptionsStopped([&] { return TellChild(number, first, second, answer); }))
         return answer;
     WindowRecord* const record = RecordOf(window);

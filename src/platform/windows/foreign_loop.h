@@ -1,0 +1,23 @@
+// Turns for the program while a loop of the system's own pumps the thread's messages: a frame is
+// dragged, a menu is open.
+#pragma once
+
+namespace Platform {
+
+// Called some thirty times a second while such a loop runs for one of our windows; null for none.
+void SetForeignTurn(void (*turn)());
+
+// While one stands, the turns come. For the sources of the platform that begin such loops.
+class ForeignLoop {
+public:
+    ForeignLoop() { Enter(); }
+    ~ForeignLoop() { Leave(); }
+    ForeignLoop(const ForeignLoop&) = delete;
+    ForeignLoop& operator=(const ForeignLoop&) = delete;
+
+    // The same for loops whose begin and end are told by messages.
+    static void Enter();
+    static void Leave();
+};
+
+} // namespace Platform

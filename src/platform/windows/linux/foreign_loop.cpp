@@ -1,0 +1,29 @@
+#include "platform/windows/linux/foreign_turn.h"
+
+#include "platform/windows/foreign_loop.h"
+
+namespace Platform {
+namespace {
+
+void (*gTurn)() = nullptr;
+
+}
+
+void SetForeignTurn(void (*turn)())
+{
+    gTurn = turn;
+}
+
+// The only loops that aren't the program's are those of this folder, which take the turns
+// themselves.
+void ForeignLoop::Enter() {}
+
+void ForeignLoop::Leave() {}
+
+void TakeForeignTurn()
+{
+    if (gTurn != nullptr)
+        gTurn();
+}
+
+} // namespace Platform

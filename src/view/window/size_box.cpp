@@ -1,0 +1,81 @@
+#include "view/window/size_box.h"
+
+#include "view/messages/message_ids.h"
+#include "view/process/process.h"
+#include "view/process/tracker.h"
+#include "view/tree/view_hold.h"
+#include "view/window/window.h"
+
+#include <algorithm>
+
+namespace Kesto {
+namespace {
+
+// Follows the mouse with the window's bottom right corner.
+class CLiveResizer : public CTracker {
+public:
+    CLiveResizer(CWindow& window, const CMouseEvent& press, bool isLive)
+        : CTracker(kMouseButton_Primary), fWindow(window),
+          fStart(press.fPoint), fSize{window.GetBounds().Width(), window.GetBounds().Height()},
+          fWanted(fSize), fIsLive(isLive)
+    {
+    }
+
+    bool Track(const CMouseEvent& event) override
+    {
+        const double scale = fWindow.GetScaleFactor();
+        const CSizeLimits limits = fWindow.GetSizeLimits();
+        fWanted = {std::clamp(fSize.x + (event.fPoint.x - fStart.x) / scale, limits.minimum.x,
+                              std::max(limits.maximum.x, limits.minimum.x)),
+                   std::clamp(fSize.y + (event.fPoint.y - fStart.y) / scale, limits.minimum.y,
+                              std::max(limits.maximum.y, limits.minimum.y))};
+        if (fIsLive)
+            fWindow.SizeWindow(fWanted);
+        return true;
+    }
+
+    const Point& Wanted() const { return fWanted; }
+
+private:
+    CWindow& fWindow;
+    Platform::PixelPoint fStart;
+    Point fSize;
+    Point fWanted;
+    bool fIsLive;
+};
+
+Rect CornerOf(const Point& size)
+{
+    return {size.x - CSizeBox::kSide, size.y - CSizeBox::kSide, size.x, size.y};
+}
+
+} // namespace
+
+CSizeBox::CSizeBox(const Point& windowSize, bool isLive)
+    : CPane(CornerOf(windowSize), kWindow_SizeBox, kView_NoFocusOnClick | kView_SupressSurrenders,
+            kBind_FixedBottomRight),
+      fIsLive(isLive)
+{
+    SetCursor(Platform::Cursor(Platform::CursorShape::kSizeFalling), true);
+}
+
+void CSizeBox::PrimaryClick(const CMouseEvent& event)
+{
+    auto* const window = dynamic_cast<CWindow*>(GetContext());
+    CProcess* const process = CProcess::Current();
+    if (window == nullptr || process == nullptr)
+        return;
+    const CViewHold hold(*this);
+    const CViewHold windowHold(*window);
+    CCommandMessage begins(this, kMessage_SizeBoxBegin);
+    SendToParent(begins);
+    CLiveResizer resizer(*window, event, fIsLive);
+    resizer.Run(*process);
+    if (hold.IsOver() || windowHold.IsOver())
+        return;
+    window->SizeWindow(resizer.Wanted());
+    CCommandMessage ends(this, kMessage_SizeBoxEnd);
+    SendToParent(ends);
+}
+
+} // namespace Kesto

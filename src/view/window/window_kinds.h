@@ -1,0 +1,49 @@
+// The windows of fixed kinds. Each gives a plan its kind, and features where the kind has its own.
+#pragma once
+
+#include "view/window/window.h"
+
+namespace Kesto {
+
+// A dialog; Run shows it and returns when it has been closed.
+class CDialog : public CWindow {
+public:
+    explicit CDialog(CWindowPlan plan);
+};
+
+// A dialog that is modal and has a question or a piece of news.
+class CAlert : public CDialog {
+public:
+    explicit CAlert(CWindowPlan plan);
+};
+
+class CDocumentWindow : public CWindow {
+public:
+    explicit CDocumentWindow(CWindowPlan plan);
+};
+
+// A palette above the other windows, which stays inactive.
+class CFloater : public CWindow {
+public:
+    explicit CFloater(CWindowPlan plan);
+};
+
+class CToolbar : public CWindow {
+public:
+    explicit CToolbar(CWindowPlan plan);
+};
+
+// Open until something else is clicked; sends kMessage_PopupClosed up when it goes.
+class CPopup : public CWindow {
+public:
+    explicit CPopup(CWindowPlan plan);
+    void OnStop() override;
+};
+
+// The frame of many documents.
+class CMDIFrame : public CWindow {
+public:
+    explicit CMDIFrame(CWindowPlan plan);
+};
+
+} // namespace Kesto

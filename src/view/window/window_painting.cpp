@@ -1,0 +1,43 @@
+// How what is invalid and what was drawn get to the native window.
+#include "platform/windows/mouse_state.h"
+#include "platform/windows/window_paint.h"
+#include "view/window/window.h"
+
+namespace Kesto {
+
+void CWindow::AddInvalid(const CDeviceRegion& pixels)
+{
+    CContext::AddInvalid(pixels);
+    Platform::InvalidateWindow(fWindow, pixels.GetRects());
+}
+
+void CWindow::RemoveInvalid(const CDeviceRegion& pixels)
+{
+    CContext::RemoveInvalid(pixels);
+    Platform::ValidateWindow(fWindow, pixels.GetRects());
+}
+
+void CWindow::UpdateNow()
+{
+    if (fWindow == nullptr)
+        CContext::UpdateNow();
+    else
+        Platform::UpdateWindowNow(fWindow);
+}
+
+void CWindow::PixelsDrawn(const CDeviceRegion& pixels)
+{
+    Platform::PresentBitmap(fWindow, GetBitmap(), pixels.GetRects());
+}
+
+double CWindow::GetDoubleClickTime() const
+{
+    return Platform::DoubleClickTime() / 1000.0;
+}
+
+void CWindow::ShowPortCursor(const Platform::Cursor* cursor)
+{
+    Platform::SetWindowCursor(fWindow, cursor != nullptr ? *cursor : Platform::Cursor());
+}
+
+} // namespace Kesto

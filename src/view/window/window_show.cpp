@@ -1,0 +1,107 @@
+// Showing and hiding, and what a modal window does to others.
+#include "foundation/base/service.h"
+#include "platform/windows/focus.h"
+#include "view/tree/view_hold.h"
+#include "view/window/window.h"
+
+#include <utility>
+
+namespace Kesto {
+
+using Platform::ShowCommand;
+
+// A kind's number is taken for a command, as a placement's state is.
+ShowCommand CWindow::NextShowCommand()
+{
+    if (fShowCommand)
+        return *std::exchange(fShowCommand, std::nullopt);
+    const auto state = static_cast<EWindowState>(fPlacement.state);
+    if (state == kWinState_Minimized)
+        return ShowCommand::kMinimized;
+    if (state == kWinState_Maximized)
+        return ShowCommand::kMaximized;
+    return Platform::IsSystemWindowEnabled(fWindow) ? ShowCommand::kShow
+                                                    : ShowCommand::kNormalInactive;
+}
+
+void CWindow::Show()
+{
+    if (fWindow == nullptr)
+        return;
+    const CViewHold hold(*this);
+    if (IsModal() && !HasWindowState(kWindow_HoldsModal)) {
+        PutWindowState(kWindow_HoldsModal, true);
+        CServiceT<CDesktop>::Get(true)->BeginModal();
+    }
+    if (HasWindowState(kWindow_DisableOwner))
+        DisableOwner();
+    if (IsFloat() && HasWindowState(kWindow_WasMaximized))
+        MaximizeWindow();
+    CContext::Show();
+    if (!hold.IsOver() && !Platform::IsShown(fWindow))
+        Platform::ShowSystemWindow(fWindow, NextShowCommand());
+    if (!hold.IsOver() && IsFloat())
+        SetActive(CServiceT<CDesktop>::Get(true)->ModalCount() == 0);
+}
+
+// The owner is enabled first, so that the system can make it the active one.
+void CWindow::Hide()
+{
+    const CViewHold hold(*this);
+    EnableOwner();
+    SetCanTarget(false);
+    SetCanBullseye(false);
+    if (hold.IsOver())
+        return;
+    SavePlacement();
+    if (Platform::IsShown(fWindow)) {
+        const bool wasActive = Platform::FrontmostWindow() == fWindow && IsUsable();
+        if (wasActive && !HasWindowState(kWindow_MDIDocument))
+            Platform::ActivateWindow(fOwnerWindow);
+        Platform::ShowSystemWindow(fWindow, ShowCommand::kHide);
+    }
+    if (hold.IsOver())
+        return;
+    CContext::Hide();
+    Deactivate();
+    ClearHover();
+    UpdateMessengerState();
+    CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
+    if (HasWindowState(kWindow_HoldsModal) && desktop != nullptr) {
+        PutWindowState(kWindow_HoldsModal, false);
+        desktop->EndModal();
+    }
+}
+
+void CWindow::DisableOwner()
+{
+    if (HasWindowState(kWindow_OwnerProcessed))
+        return;
+    if (fOwnerWindow != nullptr && Platform::IsSystemWindowEnabled(fOwnerWindow)) {
+        Platform::EnableSystemWindow(fOwnerWindow, false);
+        PutWindowState(kWindow_OwnerDisabled, true);
+    }
+    PutWindowState(kWindow_OwnerProcessed, true);
+}
+
+void CWindow::EnableOwner()
+{
+    if (!HasWindowState(kWindow_OwnerProcessed))
+        return;
+    PutWindowState(kWindow_OwnerProcessed, false);
+    if (HasWindowState(kWindow_OwnerDisabled) && !Platform::IsSystemWindowEnabled(fOwnerWindow))
+        Platform::EnableSystemWindow(fOwnerWindow, true);
+    PutWindowState(kWindow_OwnerDisabled, false);
+}
+
+void CWindow::ClosePopup()
+{
+    SetDoneFlag(true);
+}
+
+bool CWindow::IsForeground()
+{
+    return Platform::IsProcessForeground();
+}
+
+} // namespace Kesto

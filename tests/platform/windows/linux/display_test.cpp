@@ -1,0 +1,141 @@
+// A window on a real display, typed into and clicked by another program. It brings its own display:
+// a virtual one, which it ends again.
+#include "window_log.h"
+
+#include "platform/windows/clipboard.h"
+#include "platform/windows/edit_control.h"
+#include "platform/windows/focus.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace Platform;
+using std::chrono::steady_clock;
+
+// Chooses a display number that is free and names it in the environment.
+class VirtualDisplay {
+public:
+    VirtualDisplay()
+    {
+        int ends[2] = {};
+        if (pipe(ends) != 0)
+            return;
+        fProcess = fork();
+        if (fProcess == 0) {
+            close(ends[0]);
+            const std::string descriptor = std::to_string(ends[1]);
+            execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "800x600x24",
+                   "-nolisten", "tcp", nullptr);
+            _exit(127);
+        }
+        close(ends[1]);
+        std::string number;
+        for (char c = 0; read(ends[0], &c, 1) == 1 && c != '\n';)
+            number += c;
+        close(ends[0]);
+        fIsThere = !number.empty();
+        setenv("DISPLAY", (":" + number).c_str(), 1);
+    }
+    ~VirtualDisplay() { End(); }
+    VirtualDisplay(const VirtualDisplay&) = delete;
+    VirtualDisplay& operator=(const VirtualDisplay&) = delete;
+
+    bool IsThere() const { return fIsThere; }
+
+    void End()
+    {
+        if (fProcess <= 0)
+            return;
+        kill(fProcess, SIGTERM);
+        waitpid(fProcess, nullptr, 0);
+        fProcess = 0;
+    }
+
+private:
+    pid_t fProcess = 0;
+    bool fIsThere = false;
+};
+
+template <class Condition>
+bool PumpUntil(Condition holds)
+{
+    const auto end = steady_clock::now() + std::chrono::seconds(20);
+    while (!holds() && steady_clock::now() < end) {
+        WindowTest::Pump();
+        WaitForMessage(20);
+    }
+    return holds();
+}
+
+struct Handler final : EditHandler {
+    bool Intercept(const WindowMessage&) override { return false; }
+    void ChildFocused(bool) override {}
+    void TextChanged() override { ++changes; }
+
+    int changes = 0;
+};
+
+// Has another program act while this one pumps.
+bool Do(const std::string& actions)
+{
+    const std::string command = "xdotool " + actions + " &";
+    return std::system(command.c_str()) == 0;
+}
+
+TEST(DisplayTest, AWindowIsTypedIntoAndOutlivesItsDisplay)
+{
+    VirtualDisplay display;
+    ASSERT_TRUE(display.IsThere()) << "Xvfb is not installed";
+    WindowTest::Log log;
+    WindowPlan plan;
+    plan.features = WindowFeature::kCanClose | WindowFeature::kCanSize;
+    WindowTest::Window window("w", log, plan);
+    ASSERT_NE(window.handle, nullptr);
+    Bitmap ground;
+    ASSERT_TRUE(ground.Make(300, 200, 32, false));
+    window.onMessage = [&](const WindowMessage& message) {
+        const PixelRect all{0, 0, 300, 200};
+        if (message.number == Number::kPaint)
+            PresentBitmap(message.window, ground, {&all, 1});
+    };
+    Handler handler;
+    const auto edit = MakeEditControl(window.handle, {}, {}, handler);
+    edit->Place({10, 10, 250, 30});
+    edit->SetShown(true);
+    ShowSystemWindow(window.handle, ShowCommand::kShow);
+    FocusWindow(edit->Handle());
+    ASSERT_TRUE(PumpUntil([] { return IsProcessForeground(); })) << "the keyboard comes";
+
+    ASSERT_TRUE(Do("type --delay 5 'Hello, World 42'"));
+    EXPECT_TRUE(PumpUntil([&] { return edit->Text() == "Hello, World 42"; })) << edit->Text();
+    ASSERT_TRUE(Do("key --delay 5 shift+Home ctrl+c End ctrl+v BackSpace"));
+    EXPECT_TRUE(PumpUntil([&] { return edit->Text() == "Hello, World 42Hello, World 4"; }))
+        << edit->Text();
+    EXPECT_EQ(ClipboardText(), "Hello, World 42");
+
+    log.clear();
+    ASSERT_TRUE(Do("mousemove 350 280 click 1"));
+    EXPECT_TRUE(PumpUntil([&] { return !log.empty() && log.back() == "w left-up"; }));
+    ASSERT_TRUE(Do("mousemove 113 120 click --repeat 2 --delay 50 1"));
+    EXPECT_TRUE(PumpUntil([&] {
+        return edit->Selection() == TextRange{0, 5};
+    })) << "a double click selects the word";
+
+    log.clear();
+    display.End();
+    EXPECT_TRUE(PumpUntil([&] { return !log.empty() && log.back() == "w close"; }))
+        << "a lost display closes";
+    EXPECT_FALSE(IsProcessForeground());
+    EXPECT_EQ(MakeSystemWindow(plan, window), nullptr);
+    unsetenv("DISPLAY");
+}
+
+} // namespace

@@ -1,0 +1,357 @@
+// Windows as the toolkit has them, with native ones behind them: in memory on Linux, Wine's on
+// Windows.
+#include "foundation/base/service.h"
+#include "foundation/errors/exceptions.h"
+#include "platform/input/message_numbers.h"
+#include "platform/windows/window_paint.h"
+#include "platform/windows/window_place.h"
+#include "test_pump.h"
+#include "view/messages/message_ids.h"
+#include "view/process/desktop.h"
+#include "view/tree/pane.h"
+#include "view/window/size_box.h"
+#include "view/window/window_button.h"
+#include "view/window/window_kinds.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace {
+
+using namespace Kesto;
+namespace Number = Platform::Number;
+
+// Takes the focus and gives it up when it likes to.
+struct Field : CPane {
+    explicit Field(const Rect& frame, std::uint32_t binding = kBind_FixedTopLeft)
+        : CPane(frame, {}, kView_TabStop, binding)
+    {
+    }
+    bool CanSurrender(bool) override
+    {
+        ++asked;
+        return surrenders;
+    }
+    bool HandleKey(CKeyboardMessage& message) override
+    {
+        if (message.fID == kMessage_KeyChar)
+            typed += static_cast<char>(message.fChar);
+        return CPane::HandleKey(message);
+    }
+    void DrawInContext(const CPaintEvent&) override
+    {
+        ++draws;
+        GetPort()->Erase(GetBounds());
+    }
+
+    bool surrenders = true;
+    int asked = 0;
+    int draws = 0;
+    std::string typed;
+};
+
+struct Button : CPane, CWindowButton {
+    Button(bool ok, bool cancel) : CPane({0, 0, 40, 20}), isDefault(ok), isCancel(cancel) {}
+    bool IsDefault() const override { return isDefault; }
+    bool IsCancel() const override { return isCancel; }
+    bool Flash() override
+    {
+        ++flashes;
+        return true;
+    }
+    const CPane& ButtonPane() const override { return *this; }
+
+    bool isDefault;
+    bool isCancel;
+    int flashes = 0;
+};
+
+CWindowPlan Plan(std::uint32_t features = 0x183, CMessenger* owner = nullptr)
+{
+    CWindowPlan plan;
+    plan.features = features;
+    plan.owner = owner;
+    plan.size = {200.0, 100.0};
+    return plan;
+}
+
+struct Dialog : CDialog {
+    explicit Dialog(const CWindowPlan& plan = Plan()) : CDialog(plan)
+    {
+        field = AppendChild(std::make_unique<Field>(Rect{10, 10, 110, 30}));
+    }
+
+    bool Key(std::uint32_t number, std::uint32_t value, std::uint32_t bits = 1)
+    {
+        return SendPlatformKey({fNative(), number, value, static_cast<std::intptr_t>(bits)});
+    }
+    bool Press(std::uint32_t key, std::uint32_t character)
+    {
+        const bool taken = Key(Number::kKeyDown, key);
+        const bool typed = Key(Number::kKeyChar, character);
+        Key(Number::kKeyUp, key);
+        return taken || typed;
+    }
+    Platform::NativeWindow fNative() const { return NativeHandle(); }
+
+    Field* field;
+};
+
+class WindowTest : public testing::Test {
+protected:
+    PumpedProcess process;
+
+    ~WindowTest() override { process.PumpQuiet(); }
+
+    static CDesktop& Desktop() { return *CServiceT<CDesktop>::Get(true); }
+};
+
+TEST_F(WindowTest, FocusFeaturesImplyOneAnother)
+{
+    const std::pair<std::uint32_t, std::uint32_t> cases[] = {
+        {kWin_CanTabStop, kWin_AllTargeting},
+        {kWin_CanBullseye, kWin_CanTarget | kWin_CanBullseye},
+        {kWin_CanTarget, kWin_CanTarget},
+        {0, 0}};
+    for (const auto& [given, taken] : cases) {
+        SCOPED_TRACE(given);
+        EXPECT_EQ(CWindow(Plan(given)).GetFeatures(), taken);
+    }
+}
+
+TEST_F(WindowTest, OpensGivesTheFocusAndCloses)
+{
+    Dialog dialog;
+    EXPECT_EQ(dialog.NativeHandle(), nullptr);
+    dialog.Start();
+    EXPECT_TRUE(Platform::IsShown(dialog.NativeHandle()));
+    EXPECT_TRUE(dialog.IsVisible());
+    EXPECT_TRUE(dialog.IsActive());
+    EXPECT_EQ(Desktop().ActiveWindow(), &dialog);
+    EXPECT_EQ(CMessenger::GetBullseye(), dialog.field);
+    const PixelRect content = dialog.GetWindowBounds();
+    EXPECT_EQ(content.right - content.left, ToDevice(200.0, dialog.GetScaleFactor()));
+    EXPECT_EQ(dialog.LocalToGlobal(Point{}), (Point{double(content.left), double(content.top)}));
+    dialog.Stop();
+    EXPECT_EQ(dialog.NativeHandle(), nullptr);
+    EXPECT_EQ(CMessenger::GetBullseye(), &process);
+    EXPECT_EQ(dialog.CountChildren(), 0U);
+    EXPECT_EQ(Desktop().FrontWindow(), nullptr);
+}
+
+TEST_F(WindowTest, ARefusedCloseLeavesTheRunGoing)
+{
+    Dialog dialog;
+    bool ranOn = false;
+    const auto close = [&] { Platform::PostToQueue(dialog.NativeHandle(), Number::kClose); };
+    dialog.field->surrenders = false;
+    process.PostCall(-1, [&] {
+        close();
+        process.PostCall(-1, [&] {
+            ranOn = dialog.IsStarted() && !dialog.IsDone() && dialog.field->asked == 1;
+            dialog.field->surrenders = true;
+            close();
+        });
+    });
+    dialog.Run();
+    EXPECT_TRUE(ranOn);
+    EXPECT_FALSE(dialog.IsStarted());
+}
+
+TEST_F(WindowTest, ModalWindowsNest)
+{
+    Dialog owner;
+    owner.Start();
+    auto outer = std::make_unique<Dialog>(Plan(0x183, &owner));
+    outer->SetModal(true);
+    outer->Start();
+    Dialog inner(Plan(0x183, outer.get()));
+    inner.SetModal(true);
+    inner.Start();
+    EXPECT_EQ(Desktop().ModalCount(), 2U);
+    EXPECT_FALSE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+    EXPECT_FALSE(Platform::IsSystemWindowEnabled(outer->NativeHandle()));
+    EXPECT_FALSE(outer->IsUsable());
+    inner.Stop();
+    EXPECT_EQ(Desktop().ModalCount(), 1U);
+    EXPECT_TRUE(outer->IsUsable());
+    EXPECT_EQ(Desktop().ActiveWindow(), outer.get());
+    outer.reset();
+    EXPECT_EQ(Desktop().ModalCount(), 0U);
+    EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+}
+
+TEST_F(WindowTest, AnOwnerThatWasDisabledStaysSo)
+{
+    Dialog owner;
+    owner.Start();
+    Platform::EnableSystemWindow(owner.NativeHandle(), false);
+    Dialog dialog(Plan(0x183 | kWin_DisableOwner, &owner));
+    dialog.Start();
+    dialog.Stop();
+    EXPECT_FALSE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+}
+
+TEST_F(WindowTest, EachWindowKeepsItsFocusUnasked)
+{
+    Dialog first;
+    Dialog second;
+    Field* const other = first.AppendChild(std::make_unique<Field>(Rect{10, 40, 110, 60}));
+    first.Start();
+    ASSERT_TRUE(other->BecomeBullseye(false));
+    const int asked = other->asked;
+    second.Start();
+    EXPECT_EQ(CMessenger::GetBullseye(), second.field);
+    Platform::ActivateWindow(first.NativeHandle());
+    EXPECT_EQ(CMessenger::GetBullseye(), other);
+    EXPECT_TRUE(first.field->BecomeBullseye(false));
+    EXPECT_FALSE(other->IsBullseye());
+    Platform::ActivateWindow(second.NativeHandle());
+    EXPECT_EQ(CMessenger::GetBullseye(), second.field);
+    EXPECT_EQ(other->asked, asked + 1) << "by its own window's change alone";
+    EXPECT_EQ(second.field->asked, 0);
+}
+
+TEST_F(WindowTest, ReturnAndEscapePressTheButtons)
+{
+    Dialog dialog;
+    Button* const ok = dialog.AppendChild(std::make_unique<Button>(true, false));
+    Button* const cancel = dialog.AppendChild(std::make_unique<Button>(false, true));
+    dialog.AddButton(*ok);
+    dialog.AddButton(*cancel);
+    dialog.Start();
+    EXPECT_TRUE(dialog.Press(0x0D, 0x0D));
+    EXPECT_EQ(ok->flashes, 1);
+    EXPECT_EQ(dialog.field->typed, "") << "the rest of the press is dropped";
+    dialog.Key(Number::kKeyDown, 0x0D, 1 | 1U << 30);
+    EXPECT_EQ(ok->flashes, 1) << "a repeat presses nothing";
+    EXPECT_TRUE(dialog.Press(0x1B, 0x1B));
+    EXPECT_EQ(cancel->flashes, 1);
+    cancel->Disable();
+    dialog.Press(0x1B, 0x1B);
+    EXPECT_EQ(cancel->flashes, 1);
+    dialog.Press('A', 'a');
+    EXPECT_THAT(dialog.field->typed, testing::EndsWith("a"));
+    dialog.Stop();
+}
+
+TEST_F(WindowTest, PaintsWhatIsInvalidAndFollowsItsSize)
+{
+    Dialog dialog(Plan(0x183 | kWin_CanSize));
+    dialog.field->SetBinding(kBind_FixedTopRight);
+    dialog.SetSizeLimits({{150.0, 80.0}, {400.0, 300.0}});
+    dialog.Start();
+    process.PumpQuiet();
+    EXPECT_EQ(dialog.field->draws, 1);
+    dialog.field->InvalidateAll();
+    dialog.UpdateNow();
+    EXPECT_EQ(dialog.field->draws, 2);
+    process.PumpQuiet();
+    EXPECT_EQ(dialog.field->draws, 2) << "nothing is painted twice";
+    dialog.SizeWindow({250.0, 120.0});
+    EXPECT_EQ(dialog.GetBounds().Width(), 250.0);
+    EXPECT_EQ(dialog.field->GetFrame().right, 160.0);
+    dialog.SizeWindow({10.0, 10.0});
+    EXPECT_EQ(dialog.GetBounds().Width(), 150.0) << "the limits hold";
+    EXPECT_EQ(dialog.GetBounds().Height(), 80.0);
+    process.PumpQuiet();
+    Platform::Bitmap picture;
+    EXPECT_TRUE(Platform::PhotographWindow(dialog.NativeHandle(), picture));
+    dialog.Stop();
+}
+
+TEST_F(WindowTest, PlacesItselfAsItsPlacementSays)
+{
+    const Platform::Monitor monitor{{0, 0, 1000, 800}, {0, 0, 1000, 760}, 1.0};
+    struct Case {
+        const char* what;
+        double x, y, sizeX, sizeY;
+        PixelRect place;
+    };
+    const Case cases[] = {
+        {"in the middle, a third down", -50, -33, 0, 0, {400, 218, 600, 318}},
+        {"units from the corner", 30, 40, 0, 0, {30, 40, 230, 140}},
+        {"pulled onto the monitor", 990, 900, 0, 0, {800, 660, 1000, 760}},
+        {"parts of the work area", 0, 0, -50, -25, {0, 0, 500, 190}},
+        {"a size of its own", -100, 0, 300, 200, {700, 0, 1000, 200}},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        CWindowPlacement placement;
+        placement.positionX = each.x;
+        placement.positionY = each.y;
+        placement.sizeX = each.sizeX;
+        placement.sizeY = each.sizeY;
+        EXPECT_EQ(PlaceOnMonitor(placement, monitor, {200.0, 100.0}, 1.0, {}), each.place);
+    }
+    EXPECT_EQ(PlaceOnMonitor({}, monitor, {200.0, 100.0}, 2.0, {5, 20, 5, 5}).left, 300);
+}
+
+TEST_F(WindowTest, ComesBackWhereItWas)
+{
+    Dialog dialog;
+    dialog.Start();
+    dialog.MoveWindow({77, 66});
+    const PixelRect content = dialog.GetWindowBounds();
+    dialog.Stop();
+    Dialog again;
+    again.SetPlacement(dialog.GetPlacement());
+    EXPECT_EQ(again.GetPlacement().state, double(kWinState_Normal));
+    again.Start();
+    EXPECT_EQ(again.GetWindowBounds(), content);
+}
+
+TEST_F(WindowTest, AnExceptionOutOfTheLoopGivesBackWhatWasTaken)
+{
+    Dialog owner;
+    owner.Start();
+    Dialog dialog(Plan(0x183, &owner));
+    dialog.SetModal(true);
+    process.PostCall(1, [] { throw CAbort(true); });
+    EXPECT_THROW(dialog.Run(), CAbort);
+    EXPECT_EQ(Desktop().ModalCount(), 0U);
+    EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+    EXPECT_EQ(dialog.NativeHandle(), nullptr);
+}
+
+TEST_F(WindowTest, AnOwnerThatDiesFirstEndsTheRun)
+{
+    auto owner = std::make_unique<Dialog>();
+    owner->Start();
+    Dialog dialog(Plan(0x183, owner.get()));
+    dialog.SetModal(true);
+    process.PostCall(-1, [&owner] { owner.reset(); });
+    dialog.Run();
+    EXPECT_EQ(dialog.NativeHandle(), nullptr);
+    EXPECT_EQ(Desktop().ModalCount(), 0U);
+}
+
+TEST_F(WindowTest, TheSizeBoxLiesInTheCorner)
+{
+    Dialog dialog(Plan(0x183 | kWin_CanSize | kWin_HasSizeBox));
+    dialog.Start();
+    CPane* const box = dialog.FindChild(kWindow_SizeBox, false);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(dialog.GetChild(0), box);
+    EXPECT_EQ(box->GetFrame(), (Rect{184.0, 84.0, 200.0, 100.0}));
+    dialog.SizeWindow({300.0, 200.0});
+    EXPECT_EQ(box->GetFrame(), (Rect{284.0, 184.0, 300.0, 200.0}));
+}
+
+TEST_F(WindowTest, ManyWindowsLeaveNothing)
+{
+    for (int i = 0; i < 2000; ++i) {
+        Dialog dialog;
+        dialog.Start();
+        process.PumpQuiet();
+        dialog.Stop();
+    }
+    EXPECT_EQ(Platform::ThreadWindows().size(), 0U);
+    EXPECT_EQ(Desktop().FrontWindow(), nullptr);
+}
+
+} // namespace
