@@ -342,6 +342,26 @@ TEST_F(WindowTest, TheSizeBoxLiesInTheCorner)
     EXPECT_EQ(box->GetFrame(), (Rect{284.0, 184.0, 300.0, 200.0}));
 }
 
+TEST_F(WindowTest, ATipOpensWhereTheMouseRests)
+{
+    Dialog dialog;
+    dialog.field->SetTip("What to type", true);
+    dialog.Start();
+    const PixelRect content = dialog.GetWindowBounds();
+    CMouseEvent event;
+    event.fPoint = {content.left + 20, content.top + 20};
+    dialog.MouseOver(event);
+    const auto tips = [] { return Platform::ThreadWindows().size() - 1; };
+    EXPECT_EQ(tips(), 0U) << "it takes its time";
+    process.PumpUntil([&] { return tips() == 1; });
+    dialog.MouseOver(event);
+    EXPECT_EQ(tips(), 1U);
+    event.fPoint.y += 60;
+    dialog.MouseOver(event);
+    EXPECT_EQ(tips(), 0U) << "the mouse is elsewhere";
+    dialog.Stop();
+}
+
 TEST_F(WindowTest, ManyWindowsLeaveNothing)
 {
     for (int i = 0; i < 2000; ++i) {

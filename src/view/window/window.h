@@ -16,6 +16,7 @@
 #include "view/tree/context.h"
 #include "view/window/window_options.h"
 #include "view/window/window_placement.h"
+#include "view/window/window_tips.h"
 
 #include <cstdint>
 #include <optional>
@@ -250,8 +251,9 @@ private:
     CText fTitle;
     std::optional<Platform::ShowCommand> fShowCommand;
     std::vector<CWindowButton*> fButtons; // not owned
-    std::uint32_t fDroppedKey = 0;        // whose press has been used up
-    std::uint32_t fLastKey = 0;           // the code that characters come from
+    CWindowTips fTips{*this};
+    std::uint32_t fDroppedKey = 0; // whose press has been used up
+    std::uint32_t fLastKey = 0;    // the code that characters come from
     bool fWasOpened = false;
     bool fPaintFailed = false; // and has been reported
     bool fScaling = false;

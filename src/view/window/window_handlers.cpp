@@ -185,6 +185,7 @@ std::intptr_t CWindow::OnNotifyFormat(const WindowMessage& message)
 
 std::intptr_t CWindow::OnKey(const WindowMessage& message)
 {
+    fTips.Dismiss();
     const CViewHold hold(*this);
     if (SendPlatformKey(message) || hold.IsOver())
         return 0;
@@ -227,6 +228,7 @@ std::intptr_t CWindow::OnMouseMove(const WindowMessage& message)
 
 std::intptr_t CWindow::OnButtonDown(const WindowMessage& message)
 {
+    fTips.Dismiss();
     Platform::CaptureMouse(fWindow);
     DispatchMouse(EventOf(message));
     return 0;
@@ -290,12 +292,17 @@ void CWindow::MouseOver(const CMouseEvent& event)
     here.fWheel = {};
     here.fPortPoint = {(event.fPoint.x - corner.x) / GetScaleFactor(),
                        (event.fPoint.y - corner.y) / GetScaleFactor()};
-    if (Platform::IsSystemWindowEnabled(fWindow))
-        DispatchMouse(here);
+    if (!Platform::IsSystemWindowEnabled(fWindow))
+        return;
+    const CViewHold hold(*this);
+    DispatchMouse(here);
+    if (!hold.IsOver())
+        fTips.MouseMoved(here);
 }
 
 void CWindow::MouseGone()
 {
+    fTips.Dismiss();
     LeaveMouseView();
 }
 

@@ -216,6 +216,7 @@ void CWindow::DisposeSystemWindow()
 // What is left when the native window goes, by whoever ends it.
 void CWindow::ForgetSystemWindow()
 {
+    fTips.Dismiss();
     CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
     if (HasWindowState(kWindow_HoldsModal) && desktop != nullptr)
         desktop->EndModal();
