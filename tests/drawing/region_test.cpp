@@ -182,6 +182,18 @@ TEST(Region, TakesNoAreaFromRectanglesThatHaveNone)
     }
 }
 
+TEST(Region, TakesEndlessRectangles)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    CBRVRegion region(Rect{-infinity, -infinity, infinity, infinity});
+    region.Union(Rect{0, 5, infinity, infinity}).Subtract(Rect{0, 0, 10, infinity});
+    EXPECT_EQ(region.GetRects().size(), 3u);
+    EXPECT_TRUE(region.Contains(10, 1e300));
+    EXPECT_FALSE(region.Contains(9, 1e300));
+    region.Move(infinity, -infinity);
+    EXPECT_TRUE(region.IsEmpty());
+}
+
 TEST(Region, GoesToPixelsByTheRuleAndBackWithAPixelMore)
 {
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {

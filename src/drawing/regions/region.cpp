@@ -10,6 +10,9 @@
 namespace Kesto {
 namespace {
 
+template <class Number>
+using Limits = std::numeric_limits<Number>;
+
 template <class RectType>
 bool HasArea(const RectType& rect)
 {
@@ -147,14 +150,14 @@ std::vector<RectType> Combine(std::span<const RectType> a, std::span<const RectT
     BandWalk<RectType> walkA(a);
     BandWalk<RectType> walkB(b);
     BandBuilder<RectType> out;
-    Number y = std::numeric_limits<Number>::lowest();
+    Number y = Limits<Number>::lowest();
     while (!walkA.IsDone() || !walkB.IsDone()) {
         // A strip ends where a band of either begins or ends.
-        Number top = std::numeric_limits<Number>::max();
+        Number top = Limits<Number>::max();
         for (const auto* walk : {&walkA, &walkB})
             if (!walk->IsDone())
                 top = std::min(top, std::max(walk->Top(), y));
-        Number bottom = std::numeric_limits<Number>::max();
+        Number bottom = Limits<Number>::max();
         for (const auto* walk : {&walkA, &walkB})
             if (!walk->IsDone())
                 bottom = std::min(bottom, walk->Top() > top ? walk->Top() : walk->Bottom());
@@ -171,13 +174,22 @@ std::vector<RectType> Combine(std::span<const RectType> a, std::span<const RectT
 template <class Number>
 Number Moved(Number value, Number delta)
 {
-    if constexpr (std::is_floating_point_v<Number>) {
-        return value + delta;
-    } else {
-        using Limits = std::numeric_limits<Number>;
-        return static_cast<Number>(std::clamp(
-            std::int64_t{value} + delta, std::int64_t{Limits::min()}, std::int64_t{Limits::max()}));
-    }
+    if constexpr (std::is_floating_point_v<Number>)
+        return std::clamp(value + delta, Limits<Number>::lowest(), Limits<Number>::max());
+    else
+        return static_cast<Number>(std::clamp(std::int64_t{value} + delta,
+                                              std::int64_t{Limits<Number>::min()},
+                                              std::int64_t{Limits<Number>::max()}));
+}
+
+// What is endless ends with the numbers, so that every side can be passed.
+template <class RectType>
+RectType Ended(const RectType& rect)
+{
+    constexpr auto kLeast = Limits<decltype(RectType::left)>::lowest();
+    constexpr auto kMost = Limits<decltype(RectType::left)>::max();
+    return {std::max(rect.left, kLeast), std::max(rect.top, kLeast), std::min(rect.right, kMost),
+            std::min(rect.bottom, kMost)};
 }
 
 } // namespace
@@ -185,8 +197,8 @@ Number Moved(Number value, Number delta)
 template <class RectType>
 RegionOf<RectType>::RegionOf(const RectType& rect)
 {
-    if (HasArea(rect))
-        fRects.push_back(rect);
+    if (const RectType ended = Ended(rect); HasArea(ended))
+        fRects.push_back(ended);
 }
 
 template <class RectType>
