@@ -1,6 +1,7 @@
 #include "controls/registered_classes.h"
 
 #include "controls/base/placeholder_pane.h"
+#include "controls/buttons/button_builders.h"
 #include "controls/frames/frame_pane.h"
 #include "controls/frames/group_pane.h"
 #include "controls/text/static_image.h"
@@ -37,12 +38,12 @@ constexpr RegisteredClass kClasses[] = {
     {"PDialog", kWindow, Make<COffscreenWindowBuilder>, {}},
     {"COrlenSlider", kPane, kToCome, {120, 20}},
     {"CAngleSlider", kPane, kToCome, {120, 20}},
-    {"CButton", kPane, kToCome, {72, 24}},
+    {"CButton", kPane, Make<CPaneBuilder<CButton>>, {}},
     {"CCasePane", kPane, kToCome, {64, 64}},
     {"CCellSheet", kPane, kToCome, {64, 64}},
-    {"CCheckButton", kPane, kToCome, {80, 20}},
+    {"CCheckButton", kPane, Make<CPaneBuilder<CCheckButton>>, {}},
     {"CComboBox", kPane, kToCome, {100, 24}},
-    {"CCustomButton", kPane, kToCome, {72, 24}},
+    {"CCustomButton", kPane, Make<CPaneBuilder<CCustomButton>>, {}},
     {"CCustomScrollbar", kPane, kToCome, {15, 60}},
     {"CCustomSlider", kPane, kToCome, {120, 20}},
     {"CEditNumber", kPane, kToCome, {64, 24}},
@@ -55,8 +56,8 @@ constexpr RegisteredClass kClasses[] = {
     {"CGridPane", kPane, kToCome, {64, 64}},
     {"CGroupPane", kPane, Make<CPaneBuilder<CGroupPane>>, {}},
     {"CHorizontalSizeBar", kPane, kToCome, {15, 15}},
-    {"CIconButton", kPane, kToCome, {24, 24}},
-    {"CIconButtonDropDown", kPane, kToCome, {72, 24}},
+    {"CIconButton", kPane, Make<CPaneBuilder<CIconButton>>, {}},
+    {"CIconButtonDropDown", kPane, Make<CPaneBuilder<CIconButtonDropDown>>, {}},
     {"CListBox", kPane, kToCome, {120, 100}},
     {"CListSheet", kPane, kToCome, {64, 64}},
     {"CMDIPane", kPane, kToCome, {64, 64}},
@@ -65,8 +66,8 @@ constexpr RegisteredClass kClasses[] = {
     {"CPane", kPane, Make<CPaneBuilder<CPane>>, {}},
     {"CPopupSlider", kPane, kToCome, {120, 20}},
     {"CProgressBar", kPane, kToCome, {120, 8}},
-    {"CPushButton", kPane, kToCome, {72, 24}},
-    {"CRadioButton", kPane, kToCome, {80, 20}},
+    {"CPushButton", kPane, Make<CPaneBuilder<CPushButton>>, {}},
+    {"CRadioButton", kPane, Make<CPaneBuilder<CRadioButton>>, {}},
     {"CRadioPopup", kPane, kToCome, {100, 24}},
     {"CScalePane", kPane, kToCome, {64, 64}},
     {"CScrollBar", kPane, kToCome, {15, 60}},
@@ -79,7 +80,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CStaticText", kPane, Make<CPaneBuilder<CStaticText>>, {}},
     {"CSwitchPane", kPane, kToCome, {64, 64}},
     {"CSwitchPopup", kPane, kToCome, {100, 24}},
-    {"CSystemButton", kPane, kToCome, {72, 24}},
+    {"CSystemButton", kPane, Make<CPaneBuilder<CSystemButton>>, {}},
     {"CSystemControl", kPane, kToCome, {64, 64}},
     {"CSystemPane", kPane, kToCome, {64, 64}},
     {"CSystemProgress", kPane, kToCome, {120, 8}},
@@ -87,7 +88,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CTabPane", kPane, kToCome, {64, 64}},
     {"CTabbedFrame", kPane, kToCome, {64, 64}},
     {"CTabbedPane", kPane, kToCome, {64, 64}},
-    {"CToolButton", kPane, kToCome, {24, 24}},
+    {"CToolButton", kPane, Make<CPaneBuilder<CToolButton>>, {}},
     {"CToolGrid", kPane, kToCome, {64, 64}},
     {"CVerticalSizeBar", kPane, kToCome, {15, 15}},
     {"CWellPopup", kPane, kToCome, {100, 24}},

@@ -1,6 +1,8 @@
 #include "platform/system/machine.h"
 
+#include <chrono>
 #include <ctime>
+#include <thread>
 #include <unistd.h>
 
 namespace Platform {
@@ -22,6 +24,11 @@ std::uint32_t TickCount()
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return static_cast<std::uint32_t>(std::uint64_t(now.tv_sec) * 1000 +
                                       std::uint64_t(now.tv_nsec) / 1000000);
+}
+
+void Pause(std::uint32_t milliseconds)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 } // namespace Platform

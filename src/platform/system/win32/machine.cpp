@@ -16,4 +16,9 @@ std::uint32_t TickCount()
     return GetTickCount();
 }
 
+void Pause(std::uint32_t milliseconds)
+{
+    Sleep(milliseconds);
+}
+
 } // namespace Platform

@@ -1,0 +1,239 @@
+#include "controls/buttons/button.h"
+#include "controls/buttons/button_looks.h"
+#include "controls/buttons/radio_group.h"
+#include "view/messages/key_codes.h"
+#include "view/messages/message_ids.h"
+#include "view/tree/context.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+using namespace Kesto;
+
+namespace {
+
+// A window's worth of buttons, and what they send.
+class Panel : public CContext {
+public:
+    Panel() : CContext({300.0, 200.0}, CObjID("panel"), kView_Target) { SetActive(true); }
+
+    bool HandleCommand(CCommandMessage& message) override
+    {
+        log += " command:" + std::string(message.fID.Name());
+        return true;
+    }
+    bool HandleValue(CValueMessage& message) override
+    {
+        auto* const value = dynamic_cast<CValMsg<EButtonValue>*>(&message);
+        log += " value:" + std::to_string(value->fOldValue) + ">" + std::to_string(value->fValue) +
+               "/" + std::to_string(value->fPhase);
+        return true;
+    }
+
+    std::string Take()
+    {
+        const std::string text = std::exchange(log, {});
+        return text.empty() ? text : text.substr(1);
+    }
+
+    void Mouse(CObjID id, double x, double y)
+    {
+        CMouseEvent event;
+        event.fID = id;
+        event.fButton = id == kMessage_MouseMoved ? CObjID() : kMouseButton_Primary;
+        event.fPortPoint = {x, y};
+        event.fTime = 1.0;
+        DispatchMouse(event);
+    }
+
+    std::string log;
+};
+
+class Buttons : public testing::Test {
+protected:
+    CButton& Add(const char* id, const Rect& frame, EButtonKind kind,
+                 EButtonStyle style = kButtonStyle_Default, std::uint32_t options = kView_NoOptions)
+    {
+        auto graphic =
+            CButtonGraphics::Get().Make(CButtonGraphics::ClassOf(style), nullptr, style, "Label");
+        return *panel.AppendChild(std::make_unique<CButton>(
+            frame, CObjID(id), options, kBind_Fixed, kind, "Label", false, std::move(graphic)));
+    }
+
+    void Press(double x, double y) { panel.Mouse(kMessage_MouseDown, x, y); }
+    void Move(double x, double y) { panel.Mouse(kMessage_MouseMoved, x, y); }
+    void Release(double x, double y) { panel.Mouse(kMessage_MouseUp, x, y); }
+
+    Panel panel;
+};
+
+TEST_F(Buttons, ClickWhenPressAndReleaseAreBothOverThem)
+{
+    CButton& button = Add("ok", {10, 10, 110, 34}, kPushButton);
+    const struct {
+        const char* what;
+        Point press, move, release;
+        EButtonState whileDown;
+        const char* sent;
+    } rows[] = {
+        {"a click", {20, 20}, {21, 21}, {21, 21}, EButtonState::kPress, "command:ok"},
+        {"away and back", {20, 20}, {200, 150}, {30, 30}, EButtonState::kRollover, "command:ok"},
+        {"released outside", {20, 20}, {200, 150}, {200, 150}, EButtonState::kRollover, ""},
+        {"released below its edge", {20, 20}, {20, 33}, {20, 34}, EButtonState::kPress, ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Move(row.press.x, row.press.y);
+        Press(row.press.x, row.press.y);
+        EXPECT_EQ(button.GetDrawState(), EButtonState::kPress);
+        Move(row.move.x, row.move.y);
+        EXPECT_EQ(button.GetDrawState(), row.whileDown);
+        Release(row.release.x, row.release.y);
+        EXPECT_NE(button.GetDrawState(), EButtonState::kPress);
+        EXPECT_EQ(panel.Take(), row.sent);
+    }
+}
+
+TEST_F(Buttons, TheKindDecidesWhatAClickDoes)
+{
+    CButton& check = Add("check", {0, 0, 100, 20}, kCheckButton, kButtonStyle_Check);
+    CButton& first = Add("first", {0, 30, 100, 50}, kRadioButton, kButtonStyle_Radio);
+    CButton& second = Add("second", {0, 60, 100, 80}, kRadioButton, kButtonStyle_Radio);
+    CButton& other = Add("other", {0, 90, 100, 110}, kCTAGroupButton);
+    check.SetValue(kNeutral);
+    check.Clicked(0, 0);
+    check.Clicked(0, 0);
+    check.Clicked(0, 0);
+    EXPECT_EQ(panel.Take(), "value:2>1/2 value:1>0/2 value:0>1/2");
+    first.Clicked(0, 0);
+    second.Clicked(0, 0);
+    EXPECT_EQ(panel.Take(), "command:first command:second");
+    EXPECT_EQ(first.GetValue(), kOff);
+    EXPECT_EQ(second.GetValue(), kOn);
+    EXPECT_EQ(check.GetValue(), kOn) << "not of the group";
+    other.Clicked(0, 0);
+    EXPECT_EQ(panel.Take(), "");
+}
+
+TEST_F(Buttons, FlashOnlyWhenTheyCanBeClicked)
+{
+    CButton& button = Add("ok", {10, 10, 110, 34}, kPushButton);
+    EXPECT_TRUE(button.Flash());
+    EXPECT_EQ(panel.Take(), "command:ok");
+    EXPECT_EQ(button.GetDrawState(), EButtonState::kNormal) << "released again";
+    button.Disable();
+    EXPECT_FALSE(button.Flash());
+    EXPECT_EQ(button.GetDrawState(), EButtonState::kDisabled);
+    button.Enable();
+    panel.SetActive(false);
+    EXPECT_FALSE(button.Flash());
+    EXPECT_EQ(button.GetDrawState(), EButtonState::kInactive);
+    EXPECT_EQ(panel.Take(), "");
+}
+
+TEST_F(Buttons, AreChosenByTheKeyboard)
+{
+    CButton& first = Add("first", {0, 0, 100, 20}, kRadioButton, kButtonStyle_Radio, kView_TabStop);
+    CButton& second =
+        Add("second", {0, 30, 100, 50}, kRadioButton, kButtonStyle_Radio, kView_TabStop);
+    CButton& third =
+        Add("third", {0, 60, 100, 80}, kRadioButton, kButtonStyle_Radio, kView_TabStop);
+    third.Disable();
+    ASSERT_TRUE(first.BecomeBullseye(false));
+    const auto press = [](CButton& button, std::uint32_t key) {
+        CKeyboardMessage message(&button, kMessage_KeyDown, key, 0);
+        message.fModifiers = 0;
+        return button.SendKey(message);
+    };
+    EXPECT_TRUE(press(first, kKeyCode_Down));
+    EXPECT_TRUE(second.IsBullseye());
+    EXPECT_TRUE(press(second, kKeyCode_Down)) << "over the disabled one, round the end";
+    EXPECT_TRUE(first.IsBullseye());
+    EXPECT_EQ(first.GetValue(), kOn);
+    EXPECT_TRUE(press(first, kKeyCode_Space));
+    EXPECT_EQ(panel.Take(), "command:second command:first command:first");
+}
+
+TEST(ButtonState, FollowsWindowUseAndMouse)
+{
+    for (int bits = 0; bits < 16; ++bits) {
+        const bool active = (bits & 8) != 0;
+        const bool usable = (bits & 4) != 0;
+        const bool pressed = (bits & 2) != 0;
+        const bool hot = (bits & 1) != 0;
+        constexpr EButtonState kStates[] = {EButtonState::kDisactive, EButtonState::kInactive,
+                                            EButtonState::kDisabled};
+        EButtonState wanted = kStates[bits / 4 % 3];
+        if (active && usable)
+            wanted = pressed ? EButtonState::kPress
+                     : hot   ? EButtonState::kRollover
+                             : EButtonState::kNormal;
+        EXPECT_EQ(ButtonStateOf(active, usable, pressed, hot), wanted) << bits;
+        EXPECT_EQ(CanShowDefaultRing(wanted), active && usable) << bits;
+    }
+}
+
+// Says which of its operations was called.
+class SpeakingGraphic : public CButtonGraphic {
+public:
+    using CButtonGraphic::CButtonGraphic;
+    void DrawDefaultRing(CSystemPort&) override { drawn = "ring"; }
+    void DrawPressNeutral(CSystemPort&) override { drawn = "press neutral"; }
+    std::string drawn;
+
+protected:
+    void DrawLook(CSystemPort&, EButtonState state, EButtonValue value) override
+    {
+        drawn = std::to_string(static_cast<int>(state)) + "," + std::to_string(value);
+    }
+};
+
+TEST(ButtonGraphic, DrawsByStateAndValue)
+{
+    CContext root({10, 10});
+    SpeakingGraphic graphic(nullptr, kButtonStyle_Push, "");
+    const struct {
+        EButtonState state;
+        EButtonValue value;
+        bool isDefault;
+        const char* drawn;
+    } rows[] = {
+        {EButtonState::kNormal, kOff, false, "0,0"},
+        {EButtonState::kNormal, kOn, true, "ring"},
+        {EButtonState::kRollover, kOff, true, "2,0"},
+        {EButtonState::kPress, kNeutral, false, "press neutral"},
+        {EButtonState::kDisactive, kOn, false, "5,1"},
+        {static_cast<EButtonState>(9), kOn, false, "0,1"},
+        {EButtonState::kInactive, static_cast<EButtonValue>(7), false, "4,0"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.drawn);
+        graphic.SetState(row.state, row.value);
+        graphic.SetDefault(row.isDefault);
+        graphic.Draw(root);
+        EXPECT_EQ(graphic.drawn, row.drawn);
+    }
+}
+
+TEST(ButtonGraphic, ComesByClassOrStyleAndStatesItsSize)
+{
+    CButtonGraphics& looks = CButtonGraphics::Get();
+    EXPECT_EQ(looks.Make("CNoGraphic", nullptr, kButtonStyle_Default, "x"), nullptr);
+    EXPECT_EQ(CButtonGraphics::ClassOf(static_cast<EButtonStyle>(50)), "CButtonGraphic");
+    const auto bevel = looks.Make("CBevelButtonGraphic", nullptr, kButtonStyle_Bevel, "x");
+    EXPECT_NE(dynamic_cast<CBevelButtonGraphic*>(bevel.get()), nullptr);
+
+    const CButtonGraphic small(nullptr, kButtonStyle_Push, "OK");
+    EXPECT_EQ(small.GetWidth(), 72);
+    EXPECT_EQ(small.GetHeight(), 24);
+    const CButtonGraphic wide(nullptr, kButtonStyle_Push, "A label that needs its room");
+    EXPECT_EQ(wide.GetWidth(), wide.GetContentWidth() + 24);
+    const CButtonGraphic check(nullptr, kButtonStyle_Check, "&Keep");
+    const CButtonGraphic same(nullptr, kButtonStyle_Check, "Keep");
+    EXPECT_EQ(check.GetWidth(), same.GetWidth()) << "the mnemonic's mark takes no room";
+    EXPECT_EQ(check.GetHeight(), 20);
+}
+
+} // namespace
