@@ -132,6 +132,11 @@ bool IsNotFound(std::uint32_t)
     return false;
 }
 
+bool IsAccessDenied(std::uint32_t)
+{
+    return false;
+}
+
 std::uint32_t MakeFolder(const std::string&)
 {
     return 0;
