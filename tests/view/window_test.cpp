@@ -289,6 +289,13 @@ TEST_F(WindowTest, PlacesItselfAsItsPlacementSays)
         EXPECT_EQ(PlaceOnMonitor(placement, monitor, {200.0, 100.0}, 1.0, {}), each.place);
     }
     EXPECT_EQ(PlaceOnMonitor({}, monitor, {200.0, 100.0}, 2.0, {5, 20, 5, 5}).left, 300);
+    const PixelRect upright{1000, 0, 1600, 1200};
+    const Platform::Monitor two[] = {monitor, {upright, upright, 1.0}};
+    for (const auto& [choice, index] :
+         {std::pair(kMonitor_Main, 1), std::pair(kMonitor_Big, 0), std::pair(kMonitor_Small, 1),
+          std::pair(kMonitor_Tall, 1), std::pair(kMonitor_Short, 0), std::pair(kMonitor_Wide, 0),
+          std::pair(kMonitor_Thin, 1), std::pair(kMonitor_Deep, 1)})
+        EXPECT_EQ(ChooseMonitor(two, choice, 1), std::size_t(index)) << choice;
 }
 
 TEST_F(WindowTest, ComesBackWhereItWas)
@@ -342,6 +349,39 @@ TEST_F(WindowTest, TheSizeBoxLiesInTheCorner)
     EXPECT_EQ(box->GetFrame(), (Rect{284.0, 184.0, 300.0, 200.0}));
 }
 
+TEST_F(WindowTest, PopupsCloseWithTheirSurroundings)
+{
+    const std::pair<const char*, std::function<void(Dialog&)>> causes[] = {
+        {"Escape", [](Dialog& dialog) { dialog.Press(0x1B, 0x1B); }},
+        {"the owner moves",
+         [](Dialog& dialog) {
+             dialog.MoveWindow({5, 7});
+         }},
+        {"another window is activated",
+         [](Dialog&) {
+             Dialog other;
+             other.Start();
+         }},
+    };
+    for (const auto& [what, cause] : causes) {
+        SCOPED_TRACE(what);
+        Dialog dialog;
+        dialog.Start();
+        CWindowPlan plan = Plan(0, &dialog);
+        plan.super = &dialog;
+        CPopup popup(plan);
+        popup.Start();
+        EXPECT_TRUE(Platform::IsShown(popup.NativeHandle()));
+        EXPECT_EQ(Desktop().ActiveWindow(), &dialog) << "a popup is never active";
+        cause(dialog);
+        EXPECT_FALSE(Platform::IsShown(popup.NativeHandle()));
+        EXPECT_TRUE(popup.IsDone());
+        EXPECT_FALSE(dialog.IsDone());
+        popup.Stop();
+        dialog.Stop();
+    }
+}
+
 TEST_F(WindowTest, ATipOpensWhereTheMouseRests)
 {
     Dialog dialog;
@@ -350,14 +390,14 @@ TEST_F(WindowTest, ATipOpensWhereTheMouseRests)
     const PixelRect content = dialog.GetWindowBounds();
     CMouseEvent event;
     event.fPoint = {content.left + 20, content.top + 20};
-    dialog.MouseOver(event);
+    dialog.PointerMoved(event);
     const auto tips = [] { return Platform::ThreadWindows().size() - 1; };
     EXPECT_EQ(tips(), 0U) << "it takes its time";
     process.PumpUntil([&] { return tips() == 1; });
-    dialog.MouseOver(event);
+    dialog.PointerMoved(event);
     EXPECT_EQ(tips(), 1U);
     event.fPoint.y += 60;
-    dialog.MouseOver(event);
+    dialog.PointerMoved(event);
     EXPECT_EQ(tips(), 0U) << "the mouse is elsewhere";
     dialog.Stop();
 }

@@ -121,16 +121,21 @@ bool CDesktop::HasPopups() const
     return false;
 }
 
+void CDesktop::ClosePopups()
+{
+    VisitAll([](CDesktopWindow& window) {
+        if (window.IsPopup())
+            window.ClosePopup();
+    });
+}
+
 bool CDesktop::ClickAway(Platform::PixelPoint point)
 {
     const CDesktopWindow* const hit = WindowOf(Platform::WindowAt(point));
     if (!HasPopups() || (hit != nullptr && hit->IsPopup()))
         return false;
     const bool hitsNothing = hit == nullptr || !hit->TakesClicks();
-    VisitAll([](CDesktopWindow& window) {
-        if (window.IsPopup())
-            window.ClosePopup();
-    });
+    ClosePopups();
     return fModalCount != 0 && hitsNothing;
 }
 
@@ -141,13 +146,13 @@ void CDesktop::MouseMoved(const CMouseEvent& event)
         ResetMouse();
     fUnderMouse = window;
     if (window != nullptr)
-        window->MouseOver(event);
+        window->PointerMoved(event);
 }
 
 void CDesktop::ResetMouse()
 {
     if (CDesktopWindow* const window = std::exchange(fUnderMouse, nullptr))
-        window->MouseGone();
+        window->PointerGone();
 }
 
 } // namespace Kesto

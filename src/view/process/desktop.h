@@ -35,8 +35,8 @@ public:
 
     // The mouse has moved over the window, and has left it. The window sets the pointer's shape and
     // highlights what is under it.
-    virtual void MouseOver(const CMouseEvent&) {}
-    virtual void MouseGone() {}
+    virtual void PointerMoved(const CMouseEvent&) {}
+    virtual void PointerGone() {}
 
 private:
     friend class CDesktop;
@@ -75,6 +75,7 @@ public:
     void ReactivateFloats();
 
     bool HasPopups() const;
+    void ClosePopups();
 
     // A button went down at a point. Unless it hit a popup, all popups close. True: that is all it
     // did, since a modal window is up and no window that takes clicks was hit.

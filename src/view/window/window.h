@@ -170,14 +170,16 @@ public:
     void PixelsDrawn(const CDeviceRegion& pixels) override;
     double GetDoubleClickTime() const override;
     void ShowPortCursor(const Platform::Cursor* cursor) override;
+    void ShowTipOf(CPane* pane) override;
+    void SetTracker(CViewTracker* tracker) override;
 
     Platform::NativeWindow NativeHandle() const override { return fWindow; }
     bool IsFloat() const override { return fKind == kWin_Palette || fKind == kWin_Toolbar; }
-    bool IsPopup() const override { return fKind == kWin_Popup; }
+    bool IsPopup() const override; // while it is open
     void ActivateFloat(bool on) override { SetActive(on); }
     void ClosePopup() override;
-    void MouseOver(const CMouseEvent& event) override;
-    void MouseGone() override;
+    void PointerMoved(const CMouseEvent& event) override;
+    void PointerGone() override;
 
 protected:
     // --------------------------------------------- Messages (window_messages.cpp, the table of them)
@@ -203,6 +205,7 @@ protected:
     virtual std::intptr_t OnScaleMayHaveChanged(const Platform::WindowMessage& message);
     virtual std::intptr_t OnScaleChanged(const Platform::WindowMessage& message);
     virtual std::intptr_t OnCancelMode(const Platform::WindowMessage& message);
+    virtual std::intptr_t OnCaptureChanged(const Platform::WindowMessage& message);
     virtual std::intptr_t OnGetMinMaxInfo(const Platform::WindowMessage& message);
     virtual std::intptr_t OnNotifyFormat(const Platform::WindowMessage& message);
     virtual std::intptr_t OnKey(const Platform::WindowMessage& message);
@@ -223,6 +226,7 @@ private:
     void TakeFocusBack();
     void FocusFirstStop();
     void MirrorFocus();
+    bool KeyInTracking(std::uint32_t number);
     bool PressButton(CWindowButton* button, std::uint32_t key);
     bool IsCloseKey(const CKeyboardMessage& message) const;
     CMouseEvent EventOf(const Platform::WindowMessage& message) const;

@@ -114,7 +114,9 @@ std::optional<PixelRect> CWindow::StartPlace() const
 {
     const std::vector<Monitor> monitors = Platform::ListMonitors();
     const PixelRect owner = Platform::FrameOf(fOwnerWindow);
-    const std::size_t monitor = owner.IsEmpty() ? 0 : Platform::MonitorOf(monitors, owner);
+    const std::size_t monitor =
+        ChooseMonitor(monitors, static_cast<EMonitorChoice>(fPlacement.monitor),
+                      owner.IsEmpty() ? 0 : Platform::MonitorOf(monitors, owner));
     const Platform::FrameInsets insets = Platform::InsetsOf(fWindow);
     return PlaceOnMonitor(fPlacement, monitors[monitor],
                           {GetBounds().Width(), GetBounds().Height()}, GetScaleFactor(),

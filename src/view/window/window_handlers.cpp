@@ -23,6 +23,8 @@ std::intptr_t CWindow::OnMove(const WindowMessage& message)
 {
     const Platform::PixelRect content = GetWindowBounds();
     SetScreenPosition({content.left, content.top});
+    if (!HasWindowState(kWindow_Popup))
+        CServiceT<CDesktop>::Get(true)->ClosePopups();
     if (!Platform::IsMinimized(fWindow))
         PortOffsetChild();
     return DefaultProc(message);
@@ -57,6 +59,7 @@ std::intptr_t CWindow::OnActivate(const WindowMessage& message)
         if (desktop.ActiveWindow() == this)
             desktop.SetActiveWindow(nullptr);
         Deactivate();
+        desktop.ClosePopups();
     }
     return hold.IsOver() ? 0 : DefaultProc(message);
 }
@@ -151,9 +154,20 @@ std::intptr_t CWindow::OnScaleChanged(const WindowMessage& message)
 
 std::intptr_t CWindow::OnCancelMode(const WindowMessage& message)
 {
-    if (CTracker* const tracker = CTracker::Active())
+    const CViewHold hold(*this);
+    CTracker* const tracker = CTracker::Active();
+    if (!BreakOffTracker() && tracker != nullptr)
         tracker->Finish();
-    return DefaultProc(message);
+    return hold.IsOver() ? 0 : DefaultProc(message);
+}
+
+// Another window has taken the mouse: what is dragged here can't go on.
+std::intptr_t CWindow::OnCaptureChanged(const WindowMessage& message)
+{
+    const CViewHold hold(*this);
+    if (message.second != 0 && message.second != reinterpret_cast<std::intptr_t>(fWindow))
+        BreakOffTracker();
+    return hold.IsOver() ? 0 : DefaultProc(message);
 }
 
 std::intptr_t CWindow::OnGetMinMaxInfo(const WindowMessage& message)
@@ -222,7 +236,7 @@ CMouseEvent CWindow::EventOf(const WindowMessage& message) const
 std::intptr_t CWindow::OnMouseMove(const WindowMessage& message)
 {
     if (Platform::CapturingWindow() == fWindow)
-        MouseOver(EventOf(message));
+        PointerMoved(EventOf(message));
     return DefaultProc(message);
 }
 
@@ -283,7 +297,7 @@ std::intptr_t CWindow::OnFrameDestroyed(const WindowMessage&)
     return 0;
 }
 
-void CWindow::MouseOver(const CMouseEvent& event)
+void CWindow::PointerMoved(const CMouseEvent& event)
 {
     CMouseEvent here = event;
     const PixelPoint corner = GetScreenPosition();
@@ -300,7 +314,7 @@ void CWindow::MouseOver(const CMouseEvent& event)
         fTips.MouseMoved(here);
 }
 
-void CWindow::MouseGone()
+void CWindow::PointerGone()
 {
     fTips.Dismiss();
     LeaveMouseView();

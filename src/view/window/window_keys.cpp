@@ -1,7 +1,9 @@
 // Keys and the focus in the window.
+#include "foundation/base/service.h"
 #include "platform/input/message_numbers.h"
 #include "platform/windows/focus.h"
 #include "view/messages/message_ids.h"
+#include "view/process/tracker.h"
 #include "view/tree/pane.h"
 #include "view/tree/view_hold.h"
 #include "view/window/window.h"
@@ -127,6 +129,18 @@ bool CWindow::KeyToPanes(CKeyboardMessage& message)
     return false;
 }
 
+// While something is dragged keys reach nobody, and Escape breaks it off.
+bool CWindow::KeyInTracking(std::uint32_t number)
+{
+    CTracker* const tracker = CTracker::Active();
+    if (tracker == nullptr && GetTracker() == nullptr)
+        return false;
+    if (fLastKey == kEscape && number == Number::kKeyDown && !BreakOffTracker() &&
+        tracker != nullptr)
+        tracker->Finish();
+    return true;
+}
+
 // A key whose press has been used up says nothing more until it is pressed anew.
 bool CWindow::SendPlatformKey(const Platform::WindowMessage& message)
 {
@@ -142,10 +156,18 @@ bool CWindow::SendPlatformKey(const Platform::WindowMessage& message)
         if (IsRelease(message.number) || isCharacter || wasDown)
             return true;
     }
+    if (KeyInTracking(message.number))
+        return true;
     const std::uint32_t repeat = IsRelease(message.number) ? 1 : word & 0xFFFF;
     CKeyboardMessage key(this, KeyID(message.number), fLastKey,
                          isCharacter ? value : (value >= '0' && value <= 'Z' ? value : 0), repeat,
                          wasDown);
+    CDesktop& desktop = *CServiceT<CDesktop>::Get(true);
+    if (fLastKey == kEscape && !IsRelease(message.number) && desktop.HasPopups()) {
+        desktop.ClosePopups();
+        fDroppedKey = kEscape;
+        return true;
+    }
     CMessenger* const focus = HasFocusWithin() ? GetBullseye() : this;
     return focus->Send(key);
 }
@@ -185,7 +207,7 @@ bool CWindow::HandleKey(CKeyboardMessage& message)
     if (!hold.IsOver() && isFresh && message.fID == kMessage_KeyChar && message.fChar == kEscape &&
         PressButton(FindCancelButton(), kEscape))
         return true;
-    if (hold.IsOver() || (!IsPopup() && KeyToPanes(message)) || hold.IsOver())
+    if (hold.IsOver() || (!HasWindowState(kWindow_Popup) && KeyToPanes(message)) || hold.IsOver())
         return true;
     if (IsCloseKey(message)) {
         DoClose();

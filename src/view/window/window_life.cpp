@@ -174,7 +174,7 @@ void CWindow::Open()
 {
     const CViewHold hold(*this);
     const bool isFirst = !std::exchange(fWasOpened, true);
-    if (isFirst && !IsPopup() && !IsFloat())
+    if (isFirst && !HasWindowState(kWindow_Popup) && !IsFloat())
         Activate();
     Show();
     if (hold.IsOver() || !isFirst)
@@ -183,7 +183,7 @@ void CWindow::Open()
     if (hold.IsOver())
         return;
     DoScaleChanged(true);
-    if (!hold.IsOver() && IsUsable() && !IsPopup())
+    if (!hold.IsOver() && IsUsable() && !HasWindowState(kWindow_Popup))
         FocusFirstStop();
 }
 

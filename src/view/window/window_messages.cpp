@@ -34,6 +34,7 @@ const CWindow::CMessageRow CWindow::kMessageRows[] = {
     {Number::kDisplayChange, &CWindow::OnScaleMayHaveChanged},
     {Number::kScaleChanged, &CWindow::OnScaleChanged},
     {Number::kCancelMode, &CWindow::OnCancelMode},
+    {Number::kCaptureChanged, &CWindow::OnCaptureChanged},
     {Number::kGetMinMaxInfo, &CWindow::OnGetMinMaxInfo},
     {Number::kNotifyFormat, &CWindow::OnNotifyFormat},
     {Number::kKeyDown, &CWindow::OnKey},

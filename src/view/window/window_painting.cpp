@@ -40,4 +40,22 @@ void CWindow::ShowPortCursor(const Platform::Cursor* cursor)
     Platform::SetWindowCursor(fWindow, cursor != nullptr ? *cursor : Platform::Cursor());
 }
 
+void CWindow::ShowTipOf(CPane* pane)
+{
+    if (pane != nullptr)
+        fTips.OpenFor(*pane);
+    else
+        fTips.Dismiss();
+}
+
+// What is dragged has the mouse outside of the window too.
+void CWindow::SetTracker(CViewTracker* tracker)
+{
+    CContext::SetTracker(tracker);
+    if (tracker != nullptr)
+        Platform::CaptureMouse(fWindow);
+    else if (fWindow != nullptr && Platform::CapturingWindow() == fWindow)
+        Platform::ReleaseMouse();
+}
+
 } // namespace Kesto

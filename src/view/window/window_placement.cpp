@@ -49,7 +49,40 @@ std::int32_t StartOf(double position, double scale, std::int32_t start, std::int
     return start + std::clamp(wanted, 0, free);
 }
 
+// What a choice prefers most of.
+std::int64_t Merit(const PixelRect& bounds, EMonitorChoice choice)
+{
+    const std::int64_t across = bounds.right - bounds.left;
+    const std::int64_t down = bounds.bottom - bounds.top;
+    switch (choice) {
+    case kMonitor_Big:
+        return across * down;
+    case kMonitor_Small:
+        return -across * down;
+    case kMonitor_Tall:
+        return down;
+    case kMonitor_Short:
+        return -down;
+    case kMonitor_Wide:
+        return across;
+    case kMonitor_Thin:
+        return -across;
+    default:
+        return 0;
+    }
+}
+
 } // namespace
+
+std::size_t ChooseMonitor(std::span<const Platform::Monitor> monitors, EMonitorChoice choice,
+                          std::size_t ownersMonitor)
+{
+    std::size_t best = ownersMonitor;
+    for (std::size_t i = 0; i < monitors.size(); ++i)
+        if (Merit(monitors[i].bounds, choice) > Merit(monitors[best].bounds, choice))
+            best = i;
+    return best;
+}
 
 std::span<const CPlacementKey> PlacementKeys()
 {

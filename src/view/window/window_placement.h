@@ -33,6 +33,11 @@ struct CPlacementKey {
 };
 std::span<const CPlacementKey> PlacementKeys();
 
+// The index of the monitor that a placement chooses; the owner's for kMonitor_Main, and where all
+// are alike, as their depths are.
+std::size_t ChooseMonitor(std::span<const Platform::Monitor> monitors, EMonitorChoice choice,
+                          std::size_t ownersMonitor);
+
 // The rectangle of the content, in pixels of the screen, for a window of that natural size in units
 // and these edges of its frame in pixels (left, top, right, bottom). It lies on the monitor's work
 // area as far as there is room.

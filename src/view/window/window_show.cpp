@@ -94,9 +94,18 @@ void CWindow::EnableOwner()
     PutWindowState(kWindow_OwnerDisabled, false);
 }
 
+bool CWindow::IsPopup() const
+{
+    return HasWindowState(kWindow_Popup) && IsVisible();
+}
+
+// It is out of sight at once, and ends when it is polled next.
 void CWindow::ClosePopup()
 {
-    SetDoneFlag(true);
+    const CViewHold hold(*this);
+    Hide();
+    if (!hold.IsOver())
+        SetDoneFlag(true);
 }
 
 bool CWindow::IsForeground()

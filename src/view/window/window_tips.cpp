@@ -2,7 +2,7 @@
 
 #include "drawing/tools/draw_tools.h"
 #include "foundation/localization/localize.h"
-#include "view/tree/view.h"
+#include "view/tree/pane.h"
 #include "view/window/window.h"
 
 #include <algorithm>
@@ -35,12 +35,28 @@ void CWindowTips::MouseMoved(const CMouseEvent& event)
     if (view == fView && text == fText)
         return;
     Dismiss();
-    fView = view;
-    fText = text;
-    fPlace = view->GetGlobalRect();
+    Note(*view, text);
     if (fText.IsEmpty() || !fWindow.IsVisible())
         return;
     SetPeriod(kDelay);
+    Start();
+}
+
+void CWindowTips::Note(CView& view, const CText& text)
+{
+    fView = &view;
+    fText = text;
+    fPlace = view.GetGlobalRect();
+}
+
+void CWindowTips::OpenFor(CPane& pane)
+{
+    Dismiss();
+    Note(pane, pane.GetTip());
+    if (fText.IsEmpty() || !fWindow.IsVisible())
+        return;
+    Open();
+    SetPeriod(kStay);
     Start();
 }
 

@@ -8,6 +8,7 @@
 
 namespace Kesto {
 
+class CPane;
 class CView;
 class CWindow;
 
@@ -20,6 +21,9 @@ public:
     // The mouse has left, or something was pressed: no tip until the mouse comes to another view.
     void Dismiss();
 
+    // Opens the tip of a pane at once.
+    void OpenFor(CPane& pane);
+
     bool IsShown() const { return fTip.IsShown(); }
 
 private:
@@ -27,6 +31,7 @@ private:
     static constexpr double kStay = 10.0;
 
     void Fire(double now, double elapsed) override;
+    void Note(CView& view, const CText& text);
     void Open();
 
     CWindow& fWindow;

@@ -197,8 +197,8 @@ struct Place : Kesto::CDesktopWindow, Platform::MessageReceiver {
         isPopup = false;
         log.push_back(name + " closed");
     }
-    void MouseOver(const CMouseEvent& event) override { over = event.fPoint.x; }
-    void MouseGone() override { over = -1; }
+    void PointerMoved(const CMouseEvent& event) override { over = event.fPoint.x; }
+    void PointerGone() override { over = -1; }
 
     std::string name;
     std::vector<std::string>& log;
