@@ -24,7 +24,9 @@ double UsableScale(double scale)
 
 std::int32_t RoundHalfAway(double value)
 {
-    return Whole(std::round(value));
+    // Not by std::round: not every runtime is exact next to a half.
+    const double whole = std::trunc(value);
+    return Whole(std::abs(value - whole) >= 0.5 ? whole + std::copysign(1.0, value) : whole);
 }
 
 std::int32_t ToDevice(double unit, double scale)

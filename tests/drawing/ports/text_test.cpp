@@ -109,7 +109,8 @@ TEST(Text, ShowsMnemonicsAsAsked)
         return image.Inked();
     };
     EXPECT_GT(inkedOf(kText_Mnemonic).bottom, inkedOf(kText_HideMnemonic).bottom); // the line
-    EXPECT_EQ(inkedOf(kText_Mnemonic).left, inkedOf(kText_HideMnemonic).left);
+    // The line is as wide as the letter, whose ink may leave a pixel free beside it.
+    EXPECT_NEAR(inkedOf(kText_Mnemonic).left, inkedOf(kText_HideMnemonic).left, 1);
     EXPECT_LT(inkedOf(0).left, inkedOf(kText_HideMnemonic).left); // the mark is text
 }
 

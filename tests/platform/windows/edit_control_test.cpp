@@ -161,7 +161,12 @@ TEST(EditControl, KeysInSeveralLines)
 {
     const KeyCase cases[] = {
         {"Return parts a line", "abcd", {2, 2}, "Return", "ab/|cd"},
-        {"up and down keep the column", "abcd/e/abcd", {3, 3}, "Down Down", "abcd/e/abc|d"},
+        {"up and down keep the column",
+         "abcd/abcd/abcd",
+         {2, 2},
+         "Down Down Up",
+         "abcd/ab|cd/abcd"},
+        {"down to a shorter line", "abcd/e/abcd", {3, 3}, "Down", "abcd/e|/abcd"},
         {"up out of the first line", "abcd", {2, 2}, "Up", "ab|cd"},
         {"the line's ends", "ab/cd/ef", {4, 4}, "+End", "ab/c[d]/ef"},
         {"the text's ends", "ab/cd/ef", {4, 4}, "^End", "ab/cd/ef|"},
