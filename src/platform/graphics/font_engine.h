@@ -29,7 +29,7 @@ public:
     virtual TextLine::Shape LayOut(const PlainText& text) const = 0;
 };
 
-// Each system's own. The specification's size is within the limits.
+// Each system's own. The size asked for is within the limits.
 std::unique_ptr<FontEngine> MakeFontEngine(const FontSpec& spec);
 
 } // namespace Platform
