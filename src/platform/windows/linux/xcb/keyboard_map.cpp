@@ -7,9 +7,16 @@
 #include <xkbcommon/xkbcommon-x11.h>
 
 // A field of its records is called what is a word of this language.
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wkeyword-macro"
+#endif
 #define explicit explicit_field
 #include <xcb/xkb.h>
 #undef explicit
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 namespace Platform {
 namespace {
