@@ -8,10 +8,78 @@
 #include "view/tree/pane.h"
 #include "view/tree/view_hold.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
 namespace Kesto {
+namespace {
+
+// A child's frame in the port; `offset` is the parent's zero there.
+Rect FrameInPort(const CPane& child, const Point& offset)
+{
+    const Point corner{offset.x + child.GetOrigin().x, offset.y + child.GetOrigin().y};
+    return {corner.x, corner.y, corner.x + child.GetBounds().Width(),
+            corner.y + child.GetBounds().Height()};
+}
+
+// What is left of an area when parts are taken from it in turn. Taking one out of a region looks at
+// all of its rectangles, so parts wait until something comes near them, and are taken out together:
+// a row of many children costs each of them the same.
+class Remainder {
+public:
+    explicit Remainder(const CDeviceRegion& area) : fRest(area) {}
+
+    // The part of a region that no earlier one has.
+    CDeviceRegion Take(CDeviceRegion region)
+    {
+        if (!Intersect(fAround, region.GetBounds()).IsEmpty())
+            Settle();
+        region.Intersect(fRest);
+        if (!region.IsEmpty()) {
+            fAround = Around(region.GetBounds());
+            fWaiting.push_back(region);
+        }
+        return region;
+    }
+
+    CDeviceRegion GetRest()
+    {
+        Settle();
+        return fRest;
+    }
+
+private:
+    PixelRect Around(const PixelRect& more) const
+    {
+        return fWaiting.empty()
+                   ? more
+                   : PixelRect{std::min(fAround.left, more.left), std::min(fAround.top, more.top),
+                               std::max(fAround.right, more.right),
+                               std::max(fAround.bottom, more.bottom)};
+    }
+
+    // Joins neighbours first, so that each rectangle is looked at as often as the number can be
+    // halved.
+    void Settle()
+    {
+        if (fWaiting.empty())
+            return;
+        for (std::size_t step = 1; step < fWaiting.size(); step *= 2)
+            for (std::size_t i = 0; i + step < fWaiting.size(); i += 2 * step)
+                fWaiting[i].Union(fWaiting[i + step]);
+        fRest.Subtract(fWaiting.front());
+        fWaiting.clear();
+        fAround = {};
+    }
+
+    CDeviceRegion fRest;
+    std::vector<CDeviceRegion> fWaiting; // to be taken out of it
+    PixelRect fAround;                   // of all that wait
+};
+
+} // namespace
 
 void CView::Draw(const CPaintEvent& event)
 {
@@ -53,10 +121,7 @@ CDeviceRegion CView::TakePart(const CPane& child, const Point& offset, CDeviceRe
 {
     if (!child.IsVisible())
         return {};
-    const Point corner{offset.x + child.fOrigin.x, offset.y + child.fOrigin.y};
-    const Rect frame{corner.x, corner.y, corner.x + child.fBounds.Width(),
-                     corner.y + child.fBounds.Height()};
-    if (!area.Intersects(ToDevice(frame, GetScale())))
+    if (!area.Intersects(ToDevice(FrameInPort(child, offset), GetScale())))
         return {};
     CDeviceRegion part = child.DeviceClip();
     part.Intersect(area);
@@ -67,19 +132,24 @@ CDeviceRegion CView::TakePart(const CPane& child, const Point& offset, CDeviceRe
 // Returns what is left for the view. A child that joins or leaves meanwhile is drawn next time.
 CDeviceRegion CView::DrawChildrenBefore(const CPaintEvent& event)
 {
-    CDeviceRegion rest = event.fUpdate;
+    Remainder rest(event.fUpdate);
     const CViewHold hold(*this);
     const unsigned stamp = fChildrenStamp;
     const Point offset = GetPortOffset();
-    for (std::size_t i = 0; i < fChildren.size() && !rest.IsEmpty(); ++i) {
-        CPaintEvent part{TakePart(*fChildren[i], offset, rest)};
+    const double scale = GetScale();
+    for (std::size_t i = 0; i < fChildren.size(); ++i) {
+        CPane& child = *fChildren[i];
+        if (!child.IsVisible() ||
+            !event.fUpdate.Intersects(ToDevice(FrameInPort(child, offset), scale)))
+            continue;
+        const CPaintEvent part{rest.Take(child.DeviceClip())};
         if (part.fUpdate.IsEmpty())
             continue;
-        fChildren[i]->Draw(part);
+        child.Draw(part);
         if (hold.IsOver() || fChildrenStamp != stamp)
             break;
     }
-    return rest;
+    return rest.GetRest();
 }
 
 void CView::DrawChildrenAfter(const CPaintEvent& event)
