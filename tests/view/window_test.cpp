@@ -373,6 +373,8 @@ TEST_F(WindowTest, PopupsCloseWithTheirSurroundings)
         popup.Start();
         EXPECT_TRUE(Platform::IsShown(popup.NativeHandle()));
         EXPECT_EQ(Desktop().ActiveWindow(), &dialog) << "a popup is never active";
+        EXPECT_EQ(Desktop().FrontWindow(), &popup);
+        EXPECT_EQ(Desktop().FrontOwner(), &dialog);
         cause(dialog);
         EXPECT_FALSE(Platform::IsShown(popup.NativeHandle()));
         EXPECT_TRUE(popup.IsDone());

@@ -60,6 +60,16 @@ CDesktopWindow* CDesktop::WindowOf(Platform::NativeWindow child) const
     return window;
 }
 
+CDesktopWindow* CDesktop::FrontOwner() const
+{
+    CDesktopWindow* window = fWindows.Head();
+    while (window != nullptr && !window->IsInSight())
+        window = window->fNext;
+    while (window != nullptr && (window->IsPopup() || window->IsDocumentOfFrame()))
+        window = WindowOf(window->OwnerHandle());
+    return window;
+}
+
 void CDesktop::BeginModal()
 {
     if (fModalCount++ != 0)

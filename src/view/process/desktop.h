@@ -20,9 +20,12 @@ public:
     // The native window, or null while there is none.
     virtual Platform::NativeWindow NativeHandle() const = 0;
 
-    virtual bool IsFloat() const { return false; } // a palette over the others
-    virtual bool IsPopup() const { return false; } // closes when something else is clicked
-    virtual bool TakesClicks() const { return true; }
+    virtual bool IsFloat() const { return false; }    // a palette over the others
+    virtual bool IsPopup() const { return false; }    // closes when something else is clicked
+    virtual bool TakesClicks() const { return true; } // it is enabled
+    virtual bool IsInSight() const { return true; }
+    virtual bool IsDocumentOfFrame() const { return false; } // a child of a frame of many
+    virtual Platform::NativeWindow OwnerHandle() const { return nullptr; }
 
     // Paints what waits to be painted.
     virtual void UpdateNow() {}
@@ -59,6 +62,10 @@ public:
     // Null if there is none.
     CDesktopWindow* FrontWindow() const { return fWindows.Head(); }
     CDesktopWindow* WindowOf(Platform::NativeWindow native) const;
+
+    // The one that an alert may lie above: in front, in sight, and neither a popup nor a document
+    // of a frame, whose owners stand in for them. Null if there is none.
+    CDesktopWindow* FrontOwner() const;
 
     // The window that the user works with, or null.
     CDesktopWindow* ActiveWindow() const { return fActive; }

@@ -149,7 +149,7 @@ bool CProcess::PostDebugReport(const char* message, const char* file, std::uint3
 Platform::NativeWindow CProcess::AlertParent()
 {
     const CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
-    const CDesktopWindow* const front = desktop != nullptr ? desktop->FrontWindow() : nullptr;
+    const CDesktopWindow* const front = desktop != nullptr ? desktop->FrontOwner() : nullptr;
     return front != nullptr ? front->NativeHandle() : nullptr;
 }
 

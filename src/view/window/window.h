@@ -176,6 +176,10 @@ public:
     Platform::NativeWindow NativeHandle() const override { return fWindow; }
     bool IsFloat() const override { return fKind == kWin_Palette || fKind == kWin_Toolbar; }
     bool IsPopup() const override; // while it is open
+    bool TakesClicks() const override { return Platform::IsSystemWindowEnabled(fWindow); }
+    bool IsInSight() const override { return IsVisible(); }
+    bool IsDocumentOfFrame() const override { return HasWindowState(kWindow_MDIDocument); }
+    Platform::NativeWindow OwnerHandle() const override { return fOwnerWindow; }
     void ActivateFloat(bool on) override { SetActive(on); }
     void ClosePopup() override;
     void PointerMoved(const CMouseEvent& event) override;

@@ -217,6 +217,37 @@ TEST(EditControl, LimitsAndReadOnly)
     EXPECT_EQ(field.Look(), "[abcxy]");
 }
 
+TEST(EditControl, IsPaintedWhenItsWindowComesIntoSight)
+{
+    Field field;
+    Bitmap picture;
+    for (const bool again : {false, true}) {
+        SCOPED_TRACE(again ? "the second time" : "the first time");
+        WindowTest::Log log;
+        EditLook look;
+        look.ground = {10, 20, 30, 255};
+        WindowTest::Window window("w", log);
+        const auto edit = MakeEditControl(window.handle, {}, look, field);
+        edit->Place({10, 10, 60, 30});
+        edit->SetShown(true);
+        if (again) {
+            ShowSystemWindow(window.handle, ShowCommand::kShow);
+            ShowSystemWindow(window.handle, ShowCommand::kHide);
+        }
+        Bitmap ground;
+        ASSERT_TRUE(ground.Make(300, 200, 32, false));
+        window.onMessage = [&](const WindowMessage& message) {
+            const PixelRect all{0, 0, 300, 200};
+            if (message.number == Number::kPaint)
+                PresentBitmap(message.window, ground, {&all, 1});
+        };
+        ShowSystemWindow(window.handle, ShowCommand::kShow);
+        WindowTest::Pump();
+        ASSERT_TRUE(PhotographWindow(window.handle, picture));
+        EXPECT_EQ(picture.Bits()[20 * picture.RowBytes() + 50 * 4], 30) << "blue";
+    }
+}
+
 TEST(EditControl, AFieldOutlivesItsWindow)
 {
     Field field;

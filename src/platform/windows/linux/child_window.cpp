@@ -56,8 +56,7 @@ void ChildWindow::ShowChild(bool shown)
         InvalidateAll();
         return;
     }
-    fUpdate.clear();
-    SetWantsPaint(false);
+    ForgetUpdates();
     if (fParent->IsVisible())
         fParent->Invalidate(fContent);
     LeaveWindow(*this);

@@ -184,7 +184,8 @@ void EditField::Draw(const Bitmap& picture)
     picture.EndWriting();
 }
 
-void EditField::DrawRow(const Bitmap& picture, std::size_t number) const
+// The selection shows while the field has the keyboard.
+void EditField::DrawRow(const Bitmap& picture, std::size_t number)
 {
     const EditLayout::Row& row = fLayout.Rows()[number];
     const std::int32_t top = static_cast<std::int32_t>(number) * fLayout.RowHeight() - fScroll.y;
@@ -194,6 +195,8 @@ void EditField::DrawRow(const Bitmap& picture, std::size_t number) const
     const PixelPoint start{left, top + fLayout.Ascent()};
     Canvas canvas(picture);
     canvas.DrawTextLine(*row.line, start, fLook.text);
+    if (!HasKeyboard())
+        return;
     for (const TextExtent& extent : fLayout.ExtentsIn(number, fModel.From(), fModel.To())) {
         const PixelRect selected{left + static_cast<std::int32_t>(std::lround(extent.left)), top,
                                  left + static_cast<std::int32_t>(std::lround(extent.right)),

@@ -44,7 +44,7 @@ private:
 
     std::intptr_t Act(const WindowMessage& message) override;
     void Draw(const Bitmap& picture) override;
-    void DrawRow(const Bitmap& picture, std::size_t row) const;
+    void DrawRow(const Bitmap& picture, std::size_t row);
     void DrawCaret(const Bitmap& picture) const;
 
     void HandleKey(std::uint32_t key);

@@ -189,8 +189,7 @@ void HideWindow(LinuxWindow& window)
     if (LinuxWindow::From(handle) == nullptr)
         return;
     window.fShown = false;
-    window.fUpdate.clear();
-    window.SetWantsPaint(false);
+    window.ForgetUpdates();
     Display::Get().Show(window);
     window.Send(kWindowPosChanged);
     if (LinuxWindow::From(handle) != nullptr)
@@ -220,7 +219,7 @@ void AppearWindow(LinuxWindow& window, bool activate)
         return;
     window.Send(kEraseBackground);
     if (lives()) {
-        window.InvalidateAll();
+        window.InvalidateTree();
         window.Send(kWindowPosChanged);
     }
     if (!lives() || std::exchange(window.fWasShown, true) || !HearsOfFirstPlace(window.fKind))

@@ -156,6 +156,21 @@ void LinuxWindow::Validate(const PixelRect& rect)
     SetWantsPaint(IsVisible() && !fUpdate.empty());
 }
 
+void LinuxWindow::InvalidateTree()
+{
+    InvalidateAll();
+    for (LinuxWindow* const child : fChildren)
+        child->InvalidateTree();
+}
+
+void LinuxWindow::ForgetUpdates()
+{
+    fUpdate.clear();
+    SetWantsPaint(false);
+    for (LinuxWindow* const child : fChildren)
+        child->ForgetUpdates();
+}
+
 // What was shown stays at the top left; what is new is to be painted.
 void LinuxWindow::SetContent(const PixelRect& content)
 {

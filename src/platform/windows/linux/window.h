@@ -48,6 +48,9 @@ public:
     void Invalidate(const PixelRect& rect);
     void Validate(const PixelRect& rect);
     void InvalidateAll() { Invalidate(Local()); }
+    // With its controls, when it comes into sight; and nothing any more, when it goes.
+    void InvalidateTree();
+    void ForgetUpdates();
 
     // Sets the content's place and has painted what wasn't there before. Sends nothing.
     void SetContent(const PixelRect& content);
