@@ -121,7 +121,14 @@ void BlendRow(const std::uint32_t* source, std::uint32_t* dest, std::int32_t cou
     for (; x + 4 <= count; x += 4) {
         const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + x));
         __m128i* const place = reinterpret_cast<__m128i*>(dest + x);
-        _mm_storeu_si128(place, Over(upper, _mm_loadu_si128(place)));
+        // Most of a picture is either not there or opaque.
+        if (_mm_movemask_epi8(_mm_cmpeq_epi32(upper, _mm_setzero_si128())) == 0xFFFF)
+            continue;
+        const __m128i opaque = _mm_cmpeq_epi8(upper, _mm_set1_epi8(-1));
+        if ((_mm_movemask_epi8(opaque) & 0x8888) == 0x8888)
+            _mm_storeu_si128(place, upper);
+        else
+            _mm_storeu_si128(place, Over(upper, _mm_loadu_si128(place)));
     }
     for (; x < count; ++x)
         dest[x] = Over(source[x], dest[x]);

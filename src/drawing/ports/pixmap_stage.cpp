@@ -101,25 +101,30 @@ void MergeRect(const CBasicPixmap& pixmap, const PixelRect& rect, const PlaneOrd
     const PlaneRows planes(pixmap);
     const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
     const auto merge = premultiply ? kernels.mergePremultiplied : kernels.mergePlanes;
-    for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
+    // Where rows follow each other without a gap all of them are one.
+    const bool packed = planes.rowBytes == Width(rect) && out.rowBytes == 4 * planes.rowBytes;
+    const std::int32_t rowsAtOnce = packed ? Height(rect) : 1;
+    const auto count = static_cast<std::size_t>(Width(rect)) * static_cast<std::size_t>(rowsAtOnce);
+    for (std::int32_t y = rect.top; y < rect.bottom; y += rowsAtOnce) {
         Kernels::MergedRows rows{{}, kOpaque};
         for (std::size_t i = 0; i < order.size(); ++i)
             if (order[i] >= 0)
                 rows.fBytes[i] = planes.At(order[i], rect.left, y);
-        merge(rows, out.At(0, y - rect.top), static_cast<std::size_t>(Width(rect)));
+        merge(rows, out.At(0, y - rect.top), count);
     }
 }
 
-void PremultiplyPlanes(const CBasicPixmap& pixmap)
+// The colour planes of a rectangle, premultiplied, to the first planes of `out`.
+void PremultiplyRect(const CBasicPixmap& pixmap, const PixelRect& rect, const CBasicPixmap& out)
 {
-    const PlaneRows planes(pixmap);
-    const auto width = static_cast<std::size_t>(pixmap.GetWidth());
+    const PlaneRows from(pixmap);
+    const PlaneRows to(out);
     const std::int32_t alpha = pixmap.GetPlaneCount() - 1;
     const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
     for (std::int32_t plane = 0; plane < alpha; ++plane)
-        for (std::int32_t y = 0; y < pixmap.GetHeight(); ++y)
-            kernels.applyMask(planes.At(plane, 0, y), planes.At(alpha, 0, y),
-                              planes.At(plane, 0, y), width);
+        for (std::int32_t y = rect.top; y < rect.bottom; ++y)
+            kernels.applyMask(from.At(plane, rect.left, y), from.At(alpha, rect.left, y),
+                              to.At(plane, 0, y - rect.top), static_cast<std::size_t>(Width(rect)));
 }
 
 void SplitRect(const CPixelSurface& surface, const PixelRect& rect, const CBasicPixmap& out)
@@ -131,6 +136,16 @@ void SplitRect(const CPixelSurface& surface, const PixelRect& rect, const CBasic
             surface.At(rect.left, rect.top + y),
             {planes.At(2, 0, y), planes.At(1, 0, y), planes.At(0, 0, y), planes.At(3, 0, y)},
             static_cast<std::size_t>(Width(rect)));
+}
+
+// From a rectangle of the source to all of the destination.
+void ScalePlanes(CBasicPixmap& source, const PixelRect& rect, CBasicPixmap& dest,
+                 std::int32_t first, std::int32_t count)
+{
+    CPixmapScaler scaler;
+    scaler.SetPixmaps(&dest, &source, dest.GetBounds(), rect, first, count, first, count);
+    std::uint32_t done = 0;
+    scaler.DoAll(done, nullptr, nullptr);
 }
 
 // Makes it a pixmap of so many pixels from 0, 0, with unrelated content.
@@ -180,7 +195,8 @@ struct CPixmapStage::CJob {
 };
 
 CPixmapStage::CPixmapStage()
-    : fPlanes(8, 0, 0, 4, 4, 1), fAveraged(8, 0, 0, 4, 4, 1), fMerged(1, 1), fStretched(1, 1)
+    : fPlanes(8, 0, 0, 4, 4, 1), fColours(8, 0, 0, 3, 4, 1), fAveraged(8, 0, 0, 4, 4, 1),
+      fMerged(1, 1), fStretched(1, 1)
 {
 }
 
@@ -188,7 +204,7 @@ CPixelSurface CPixmapStage::Grown(CDisplayPixmap& pixmap, std::int32_t width, st
 {
     if (width > pixmap.GetWidth() || height > pixmap.GetHeight())
         pixmap.SetSize(std::max(width, pixmap.GetWidth()), std::max(height, pixmap.GetHeight()));
-    return SurfaceOf(pixmap.GetBitmap());
+    return {pixmap.GetBaseAddress(), std::ptrdiff_t{4} * width, {width, height}};
 }
 
 CPreparedPixels CPixmapStage::Prepare(CPixmap& pixmap, const PixelRect& source,
@@ -284,19 +300,26 @@ CPreparedPixels CPixmapStage::Average(CJob& job)
 {
     const std::int32_t planes = job.planes != nullptr ? job.planes->GetPlaneCount() : kMostPlanes;
     const PixelRect all{0, 0, Width(job.source), Height(job.source)};
-    Reshape(fPlanes, all.right, all.bottom, planes);
-    if (job.planes != nullptr)
-        Copy(fPlanes, *job.planes, all, job.source, 0, -1);
-    else
-        SplitRect(job.pixels, job.source, fPlanes);
-    if (job.IsPremultiplied())
-        PremultiplyPlanes(fPlanes);
-
     Reshape(fAveraged, Width(job.dest), Height(job.dest), planes);
-    CPixmapScaler scaler;
-    scaler.SetPixmaps(&fAveraged, &fPlanes);
-    std::uint32_t done = 0;
-    scaler.DoAll(done, nullptr, nullptr);
+    auto* source = dynamic_cast<CBasicPixmap*>(job.planes);
+    PixelRect rect = job.source;
+    if (source == nullptr) {
+        Reshape(fPlanes, all.right, all.bottom, planes);
+        if (job.planes != nullptr)
+            Copy(fPlanes, *job.planes, all, job.source, 0, -1);
+        else
+            SplitRect(job.pixels, job.source, fPlanes);
+        source = &fPlanes;
+        rect = all;
+    }
+    if (job.IsPremultiplied()) {
+        Reshape(fColours, all.right, all.bottom, planes - 1);
+        PremultiplyRect(*source, rect, fColours);
+        ScalePlanes(fColours, all, fAveraged, 0, planes - 1);
+        ScalePlanes(*source, rect, fAveraged, planes - 1, 1);
+    } else {
+        ScalePlanes(*source, rect, fAveraged, 0, planes);
+    }
 
     const PixelRect part = Moved(job.visible, -job.dest.left, -job.dest.top);
     const CPixelSurface out = Grown(fMerged, Width(part), Height(part));

@@ -46,9 +46,11 @@ private:
 
     CPreparedPixels Stretch(CJob& job);
     CPreparedPixels Average(CJob& job);
+    // The pixmap's storage for so many pixels, whose rows follow each other without a gap.
     CPixelSurface Grown(CDisplayPixmap& pixmap, std::int32_t width, std::int32_t height);
 
     CMemoryPixmap fPlanes;
+    CMemoryPixmap fColours; // premultiplied
     CMemoryPixmap fAveraged;
     CDisplayPixmap fMerged;
     CDisplayPixmap fStretched;

@@ -12,6 +12,12 @@ CRoundedFrame CRoundedFrame::Inset(std::int32_t pixels) const
             std::max(radiusY - pixels, 0.0)};
 }
 
+PixelRect CRoundedFrame::FullRows() const
+{
+    const auto corner = static_cast<std::int32_t>(std::ceil(radiusY));
+    return {frame.left, frame.top + corner, frame.right, frame.bottom - corner};
+}
+
 void CRoundedFrame::AddTo(Platform::Path& path) const
 {
     if (frame.IsEmpty())

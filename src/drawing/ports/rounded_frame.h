@@ -16,6 +16,9 @@ struct CRoundedFrame {
     // With so many pixels less on all sides; possibly nothing.
     CRoundedFrame Inset(std::int32_t pixels) const;
 
+    // The rows between the corners.
+    PixelRect FullRows() const;
+
     void AddTo(Platform::Path& path) const;
 
     // The pixels of a rectangle whose middle lies within the shape, for what cannot cover a pixel

@@ -1,6 +1,7 @@
 // The cores of the shape families, and lines.
 #include "drawing/ports/system_port.h"
 
+#include "drawing/ports/corner_fill.h"
 #include "drawing/ports/rounded_frame.h"
 
 #include <algorithm>
@@ -48,11 +49,15 @@ CBrush SolidOf(const CPen& pen)
 
 CPixelBrush CSystemPort::ToPixels(const CBrush& brush) const
 {
-    return {Platform::PremultipliedPixel(brush.colour),
-            Platform::PremultipliedPixel(brush.second),
-            brush.pattern,
-            {ToDevice(fState.brushOrigin.x, fScale), ToDevice(fState.brushOrigin.y, fScale)},
-            fState.transfer};
+    CPixelBrush pixels = SolidPixels(brush.colour);
+    pixels.transfer = fState.transfer;
+    if (brush.pattern == CBrush::kSolid)
+        return pixels;
+    pixels.pattern = brush.pattern;
+    pixels.second = Platform::PremultipliedPixel(brush.second);
+    pixels.origin = {ToDevice(fState.brushOrigin.x, fScale),
+                     ToDevice(fState.brushOrigin.y, fScale)};
+    return pixels;
 }
 
 std::int32_t CSystemPort::StrokePixels(double width) const
@@ -128,7 +133,12 @@ void CSystemPort::DrawCurve(const CRoundedFrame& shape, const CPen* pen, const C
     }
     // The whole shape and then the inside over it: a ring beside a fill would let the ground through
     // where both cover a pixel in part.
-    FillCurve(shape, nullptr, SolidOf(*pen));
+    const bool covers = brush->pattern == CBrush::kSolid && brush->colour.alpha == 255 &&
+                        fState.transfer == kTransfer_Copy;
+    if (covers && HasKeptCorners(shape))
+        FillRounded(Pixels(), fState.clip, shape, nullptr, pen->colour, inner.FullRows());
+    else
+        FillCurve(shape, nullptr, SolidOf(*pen));
     FillCurve(inner, nullptr, *brush);
 }
 
@@ -142,6 +152,10 @@ void CSystemPort::FillCurve(const CRoundedFrame& outer, const CRoundedFrame* inn
         if (inner != nullptr)
             pixels.Subtract(inner->WholePixels(seen));
         FillDevice(pixels, ToPixels(brush));
+        return;
+    }
+    if (HasKeptCorners(outer)) {
+        FillRounded(Pixels(), fState.clip, outer, inner, brush.colour);
         return;
     }
     fPath.Clear();
