@@ -175,10 +175,9 @@ TEST_F(WindowTest, ModalWindowsNest)
     EXPECT_EQ(Desktop().ModalCount(), 2U);
     EXPECT_FALSE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
     EXPECT_FALSE(Platform::IsSystemWindowEnabled(outer->NativeHandle()));
-    EXPECT_FALSE(outer->IsUsable());
     inner.Stop();
     EXPECT_EQ(Desktop().ModalCount(), 1U);
-    EXPECT_TRUE(outer->IsUsable());
+    EXPECT_TRUE(Platform::IsSystemWindowEnabled(outer->NativeHandle()));
     EXPECT_EQ(Desktop().ActiveWindow(), outer.get());
     outer.reset();
     EXPECT_EQ(Desktop().ModalCount(), 0U);

@@ -136,7 +136,13 @@ void BeepAlert()
     BeepWith(gYoungest);
 }
 
-CAlertHook::CAlertHook() : fOlder(std::exchange(gYoungest, this)) {}
+CAlertHook::CAlertHook(Place place)
+{
+    CAlertHook** link = &gYoungest;
+    while (place == Place::kLast && *link != nullptr)
+        link = &(*link)->fOlder;
+    fOlder = std::exchange(*link, this);
+}
 
 CAlertHook::~CAlertHook()
 {

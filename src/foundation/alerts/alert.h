@@ -67,7 +67,9 @@ struct AlertBox {
 // our own, a test that answers in the user's place, a host without a screen.
 class CAlertHook {
 public:
-    CAlertHook();
+    // The last one is asked when all others have passed an alert on.
+    enum class Place { kYoungest, kLast };
+    explicit CAlertHook(Place place = Place::kYoungest);
     CAlertHook(const CAlertHook&) = delete;
     CAlertHook& operator=(const CAlertHook&) = delete;
     virtual ~CAlertHook();

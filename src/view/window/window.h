@@ -30,6 +30,7 @@ class CWindowButton;
 struct CWindowPlan {
     CExecutable* super = nullptr; // what it runs below; the process at work, if null
     CMessenger* owner = nullptr;  // whose window it lies above; the thread's active one, if null
+    Platform::NativeWindow ownerWindow = nullptr; // the same, named by its native window
     EWindowKind kind = kWin_Dialog;
     std::uint32_t features = kWin_CanClose | kWin_CanMove | kWin_CanTarget;
     bool autoOpen = false; // starts with what it runs below
@@ -164,6 +165,7 @@ public:
     bool ResignTarget(bool force) override;
     void DidBecomeBullseye() override;
 
+    void DrawBackground() override; // of the theme
     void AddInvalid(const CDeviceRegion& pixels) override;
     void RemoveInvalid(const CDeviceRegion& pixels) override;
     void UpdateNow() override;
@@ -251,6 +253,7 @@ private:
     std::uint32_t fFeatures;
     std::uint32_t fWindowState = 0;
     CMessenger* fOwner; // not owned; asked only while the native window is made
+    Platform::NativeWindow fGivenOwner;
     Platform::NativeWindow fWindow = nullptr;
     Platform::NativeWindow fOwnerWindow = nullptr;
     CSizeBox* fSizeBox = nullptr; // a child

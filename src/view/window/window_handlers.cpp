@@ -1,4 +1,5 @@
 // What the window does with each message.
+#include "foundation/alerts/reporter.h"
 #include "foundation/base/service.h"
 #include "platform/input/message_numbers.h"
 #include "platform/system/machine.h"
@@ -6,6 +7,7 @@
 #include "platform/windows/window_paint.h"
 #include "platform/windows/window_place.h"
 #include "view/messages/message_ids.h"
+#include "view/messages/process_link.h"
 #include "view/process/process.h"
 #include "view/process/tracker.h"
 #include "view/tree/pane.h"
@@ -14,6 +16,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
+#include <memory>
+#include <utility>
 
 namespace Kesto {
 
@@ -88,9 +93,11 @@ std::intptr_t CWindow::OnKillFocus(const WindowMessage& message)
     return DefaultProc(message);
 }
 
+// The views stay as they are: a window that waits for its modal one keeps its bullseye, unasked.
 std::intptr_t CWindow::OnEnable(const WindowMessage& message)
 {
-    SetEnabled(message.first != 0);
+    if (message.first == 0)
+        PointerGone();
     return DefaultProc(message);
 }
 
@@ -104,6 +111,26 @@ std::intptr_t CWindow::OnEraseBackground(const WindowMessage&)
     return 1;
 }
 
+namespace {
+
+// The report of a paint that failed, which waits until no painting is on the stack.
+class CFailureEvent final : public CProcessEvent {
+public:
+    explicit CFailureEvent(std::exception_ptr failure)
+        : CProcessEvent(0), fFailure(std::move(failure))
+    {
+    }
+    void Dispatch() override
+    {
+        Reported([this] { std::rethrow_exception(fFailure); });
+    }
+
+private:
+    std::exception_ptr fFailure;
+};
+
+} // namespace
+
 // A paint that fails counts as done, or it would come again for ever.
 std::intptr_t CWindow::OnPaint(const WindowMessage&)
 {
@@ -115,9 +142,8 @@ std::intptr_t CWindow::OnPaint(const WindowMessage&)
     try {
         CContext::UpdateNow();
     } catch (...) {
-        if (std::exchange(fPaintFailed, true))
-            return 0;
-        throw;
+        if (!std::exchange(fPaintFailed, true))
+            CProcessLink::Post(std::make_unique<CFailureEvent>(std::current_exception()));
     }
     return 0;
 }

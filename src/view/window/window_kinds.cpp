@@ -19,9 +19,17 @@ CDialog::CDialog(CWindowPlan plan)
 {
 }
 
-CAlert::CAlert(CWindowPlan plan) : CDialog(OfKind(plan, kWin_Alert))
+bool CDialog::HandleCommand(CCommandMessage& message)
 {
-    SetModal(true);
+    if (message.fID != kDefault_Ok && message.fID != kDefault_Cancel)
+        return CWindow::HandleCommand(message);
+    const CViewHold hold(*this);
+    const bool isOk = message.fID == kDefault_Ok;
+    if (!isOk)
+        ResignBullseyeToParent(true);
+    if (!hold.IsOver())
+        EndRun(isOk ? 1 : 0);
+    return true;
 }
 
 CDocumentWindow::CDocumentWindow(CWindowPlan plan)

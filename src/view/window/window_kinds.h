@@ -5,16 +5,12 @@
 
 namespace Kesto {
 
-// A dialog; Run shows it and returns when it has been closed.
+// A dialog; Run shows it and returns when it has been closed: 1 by OK, 0 by Cancel or the close box,
+// unless a class says otherwise. OK and the close box ask whoever has the focus, Cancel doesn't.
 class CDialog : public CWindow {
 public:
     explicit CDialog(CWindowPlan plan);
-};
-
-// A dialog that is modal and has a question or a piece of news.
-class CAlert : public CDialog {
-public:
-    explicit CAlert(CWindowPlan plan);
+    bool HandleCommand(CCommandMessage& message) override;
 };
 
 class CDocumentWindow : public CWindow {

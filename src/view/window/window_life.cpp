@@ -7,6 +7,7 @@
 #include "view/process/process.h"
 #include "view/process/ui_scale.h"
 #include "view/tree/view_hold.h"
+#include "view/window/alert_shower.h"
 #include "view/window/size_box.h"
 #include "view/window/window.h"
 
@@ -69,9 +70,11 @@ CWindow::CWindow(const CWindowPlan& plan)
       CContext(plan.size, plan.id, OptionsOf(WithImplied(plan.features)), kBind_Fixed),
       CExecutable(SuperOf(plan), FlagsOf(plan)), fKind(plan.kind),
       fFeatures(WithImplied(plan.features)), fWindowState(StateOf(plan.kind, plan.features)),
-      fOwner(plan.owner), fPlacement(plan.placement), fTitle(plan.title)
+      fOwner(plan.owner), fGivenOwner(plan.ownerWindow), fPlacement(plan.placement),
+      fTitle(plan.title)
 {
     CServiceT<CDesktop>::Get(true);
+    CServiceT<CAlertShower>::Get(true);
 }
 
 CWindow::~CWindow()
@@ -135,7 +138,9 @@ void CWindow::Prepare()
 void CWindow::CreateSystemWindow()
 {
     CProcess* const process = CProcess::Current();
-    fOwnerWindow = fOwner != nullptr ? fOwner->GetOwnerWindow() : Platform::FrontmostWindow();
+    fOwnerWindow = fOwner != nullptr ? fOwner->GetOwnerWindow() : fGivenOwner;
+    if (fOwnerWindow == nullptr)
+        fOwnerWindow = Platform::FrontmostWindow();
     Platform::WindowPlan plan;
     plan.kind = static_cast<Platform::WindowKind>(fKind);
     plan.features = fFeatures;

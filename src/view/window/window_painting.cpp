@@ -1,9 +1,16 @@
 // How what is invalid and what was drawn get to the native window.
+#include "drawing/tools/draw_tools.h"
 #include "platform/windows/mouse_state.h"
 #include "platform/windows/window_paint.h"
 #include "view/window/window.h"
 
 namespace Kesto {
+
+void CWindow::DrawBackground()
+{
+    if (CSystemPort* const port = GetPort())
+        port->Paint(GetBounds(), ToolColour(kColour_Window));
+}
 
 void CWindow::AddInvalid(const CDeviceRegion& pixels)
 {

@@ -1,0 +1,135 @@
+// Alerts as windows: what keys answer, what is copied, and who shows them.
+#include "foundation/alerts/alert.h"
+#include "foundation/base/service.h"
+#include "platform/input/injection.h"
+#include "platform/windows/clipboard.h"
+#include "platform/windows/system_window.h"
+#include "test_pump.h"
+#include "view/process/desktop.h"
+#include "view/window/window_kinds.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace Kesto;
+
+constexpr std::uint32_t kReturn = 13;
+constexpr std::uint32_t kEscape = 27;
+constexpr std::uint32_t kSpace = 32;
+constexpr std::uint32_t kControl = 0x11;
+
+void PressKey(std::uint32_t key, std::u16string_view text = {})
+{
+    Platform::InjectKey(key, true, text);
+    Platform::InjectKey(key, false);
+}
+
+CWindowPlan DocumentPlan()
+{
+    CWindowPlan plan;
+    plan.kind = kWin_Document;
+    return plan;
+}
+
+AlertButton Ask(AlertButtons buttons, AlertButton defaultButton = AlertButton::kNone)
+{
+    return ShowAlert(buttons, AlertIcon::kWarning, AlertModality::kTask, "Message", "Why", "Title",
+                     defaultButton);
+}
+
+TEST(Alert, AnswersByKeys)
+{
+    struct Row {
+        const char* name;
+        AlertButtons buttons;
+        AlertButton defaultButton;
+        std::uint32_t key;
+        std::u16string_view text;
+        AlertButton answer;
+    };
+    const Row rows[] = {
+        {"Return is OK", AlertButtons::kOK, AlertButton::kNone, kReturn, u"\r", AlertButton::kOK},
+        {"Escape is the only button", AlertButtons::kOK, AlertButton::kNone, kEscape, u"\x1b",
+         AlertButton::kOK},
+        {"Escape is Cancel", AlertButtons::kYesNoCancel, AlertButton::kNone, kEscape, u"\x1b",
+         AlertButton::kCancel},
+        {"Return is the default", AlertButtons::kYesNoCancel, AlertButton::kNo, kReturn, u"\r",
+         AlertButton::kNo},
+        {"Return is the first", AlertButtons::kRetryCancel, AlertButton::kNone, kReturn, u"\r",
+         AlertButton::kRetry},
+        {"Space is the one with the focus", AlertButtons::kYesNo, AlertButton::kNo, kSpace, u" ",
+         AlertButton::kNo},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        PumpedProcess process;
+        CDocumentWindow document(DocumentPlan());
+        document.Start();
+        process.PostCall(-1, [&] {
+            EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 1U);
+            EXPECT_FALSE(Platform::IsSystemWindowEnabled(document.NativeHandle()));
+            PressKey(row.key, row.text);
+        });
+        EXPECT_EQ(Ask(row.buttons, row.defaultButton), row.answer);
+        EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
+        EXPECT_TRUE(Platform::IsSystemWindowEnabled(document.NativeHandle()));
+        process.PumpQuiet();
+    }
+}
+
+// What commits to nothing is the answer when the run is ended from outside.
+TEST(Alert, AnswersWhenItIsEnded)
+{
+    const std::pair<AlertButtons, AlertButton> rows[] = {
+        {AlertButtons::kOK, AlertButton::kOK},
+        {AlertButtons::kOKCancel, AlertButton::kCancel},
+        {AlertButtons::kYesNo, AlertButton::kNo},
+        {AlertButtons::kAbortRetryIgnore, AlertButton::kAbort},
+    };
+    for (const auto& [buttons, answer] : rows) {
+        SCOPED_TRACE(static_cast<int>(buttons));
+        PumpedProcess process;
+        CDocumentWindow document(DocumentPlan());
+        process.PostCall(-1, [] { CExecutable::Current()->SetDone(true); });
+        EXPECT_EQ(Ask(buttons), answer);
+    }
+}
+
+TEST(Alert, HooksComeFirstWheneverTheyWereMade)
+{
+    struct Hook : CAlertHook {
+        AlertButton Show(const AlertBox&) override
+        {
+            ++shown;
+            return AlertButton::kRetry;
+        }
+        int shown = 0;
+    };
+    Hook hook; // older than the windows
+    PumpedProcess process;
+    CDocumentWindow document(DocumentPlan());
+    EXPECT_EQ(Ask(AlertButtons::kRetryCancel), AlertButton::kRetry);
+    EXPECT_EQ(hook.shown, 1);
+}
+
+TEST(Alert, CopiesItsTexts)
+{
+    PumpedProcess process;
+    CDocumentWindow document(DocumentPlan());
+    document.Start();
+    process.PostCall(-1, [&] {
+        Platform::InjectKey(kControl, true);
+        PressKey('C');
+        Platform::InjectKey(kControl, false);
+        process.PostCall(-1, [] { PressKey(kEscape, u"\x1b"); });
+    });
+    Ask(AlertButtons::kOK);
+    EXPECT_EQ(Platform::ClipboardText().value_or(""), "Title\n\nMessage\n\nWhy");
+}
+
+} // namespace

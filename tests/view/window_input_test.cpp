@@ -1,0 +1,239 @@
+// Windows under a user's hands: keys and the mouse by way of the queue, and what other windows and
+// failures leave alone.
+#include "foundation/alerts/alert.h"
+#include "foundation/base/service.h"
+#include "foundation/errors/exceptions.h"
+#include "platform/input/injection.h"
+#include "platform/windows/window_paint.h"
+#include "test_pump.h"
+#include "view/messages/message_ids.h"
+#include "view/process/desktop.h"
+#include "view/tree/pane.h"
+#include "view/window/window_button.h"
+#include "view/window/window_kinds.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Kesto;
+
+constexpr std::uint32_t kReturn = 13;
+
+struct Field : CPane {
+    explicit Field(const Rect& frame = {10, 10, 60, 30}) : CPane(frame, {}, kView_TabStop) {}
+    bool CanSurrender(bool) override
+    {
+        ++asked;
+        return lets;
+    }
+    bool HandleKey(CKeyboardMessage& message) override
+    {
+        characters += message.fID == kMessage_KeyChar;
+        return CPane::HandleKey(message);
+    }
+
+    bool lets = true;
+    int asked = 0;
+    int characters = 0;
+};
+
+struct Button : CPane, CWindowButton {
+    explicit Button(std::function<void()> run) : CPane(Rect{10, 40, 60, 60}), call(std::move(run))
+    {
+    }
+    bool Flash() override
+    {
+        call();
+        return true;
+    }
+    bool IsDefault() const override { return true; }
+    bool IsCancel() const override { return false; }
+    const CPane& ButtonPane() const override { return *this; }
+
+    std::function<void()> call;
+};
+
+CWindowPlan PlanOf(CMessenger* owner = nullptr)
+{
+    CWindowPlan plan;
+    plan.features = 0x183;
+    plan.owner = owner;
+    plan.size = {200.0, 100.0};
+    plan.kind = kWin_Document;
+    return plan;
+}
+
+struct Alerts : CAlertHook {
+    AlertButton Show(const AlertBox& box) override
+    {
+        messages.emplace_back(box.message.View());
+        return AlertButton::kOK;
+    }
+    std::vector<std::string> messages;
+};
+
+TEST(WindowFocus, AWindowThatWaitsKeepsItsBullseyeUnasked)
+{
+    PumpedProcess process;
+    CDocumentWindow document(PlanOf());
+    auto* const field = document.AppendChild(std::make_unique<Field>());
+    document.Start();
+    EXPECT_EQ(CMessenger::GetBullseye(), field);
+    field->lets = false;
+    CDialog dialog(PlanOf(&document));
+    dialog.SetModal(true);
+    process.PostCall(-1, [&] {
+        EXPECT_FALSE(Platform::IsSystemWindowEnabled(document.NativeHandle()));
+        EXPECT_TRUE(field->IsBullseye());
+        EXPECT_NE(CMessenger::GetBullseye(), field);
+        dialog.DoClose();
+    });
+    dialog.Run();
+    EXPECT_EQ(CMessenger::GetBullseye(), field);
+    EXPECT_EQ(field->asked, 0);
+}
+
+TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
+{
+    PumpedProcess process;
+    CDocumentWindow document(PlanOf());
+    auto* const field = document.AppendChild(std::make_unique<Field>());
+    document.Start();
+    CDialog dialog(PlanOf(&document));
+    Button* const button =
+        dialog.AppendChild(std::make_unique<Button>([&] { dialog.EndRun(1); }));
+    dialog.AddButton(*button);
+    process.PostCall(-1, [] {
+        Platform::InjectKey(kReturn, true, u"\r");
+        Platform::InjectKey(kReturn, false);
+    });
+    EXPECT_EQ(dialog.Run(), 1);
+    process.PumpQuiet();
+    EXPECT_EQ(field->characters, 0);
+}
+
+TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
+{
+    struct Pressed : CPane {
+        using CPane::CPane;
+        void PrimaryClick(const CMouseEvent& event) override { at = PortToLocal(event.fPortPoint); }
+        void PrimaryUp(const CMouseEvent&) override { ++released; }
+        Point at;
+        int released = 0;
+    };
+    for (const double scale : {1.0, 2.0}) {
+        SCOPED_TRACE(scale);
+        PumpedProcess process;
+        CDocumentWindow window(PlanOf());
+        auto* const view = window.AppendChild(std::make_unique<Pressed>(Rect{20, 20, 60, 60}));
+        window.Start();
+        window.ChangeScale(scale);
+        window.SizeWindow({200, 100});
+        process.PumpQuiet();
+        const PixelRect content = window.GetWindowBounds();
+        const auto moveTo = [&](double x, double y) {
+            Platform::InjectMove(
+                {content.left + ToDevice(x, scale), content.top + ToDevice(y, scale)});
+            process.PumpQuiet();
+        };
+        moveTo(30, 40);
+        EXPECT_EQ(CView::MouseView(), view);
+        Platform::InjectButton(Platform::Key::kLeftButton, true);
+        moveTo(150, 90); // the release comes to the view that was pressed
+        Platform::InjectButton(Platform::Key::kLeftButton, false);
+        process.PumpQuiet();
+        EXPECT_EQ(view->at, (Point{10, 20}));
+        EXPECT_EQ(view->released, 1);
+        moveTo(150, 80);
+        EXPECT_EQ(CView::MouseView(), &window);
+    }
+}
+
+TEST(WindowHandlers, ReportWhatTheyThrowAndGoOnUnlessTheUserStopped)
+{
+    struct Thrower : CDialog {
+        using CDialog::CDialog;
+        bool HandleKey(CKeyboardMessage&) override
+        {
+            if (aborts)
+                throw CAbort(true);
+            throw CError("The key is wrong.", "", false, true);
+        }
+        bool aborts = false;
+    };
+    PumpedProcess process;
+    Alerts alerts;
+    CDocumentWindow document(PlanOf());
+    document.Start();
+    Thrower dialog(PlanOf(&document));
+    dialog.SetModal(true);
+    process.PostCall(-1, [&] {
+        Platform::InjectKey('A', true);
+        process.PostCall(-1, [&] {
+            EXPECT_FALSE(alerts.messages.empty());
+            dialog.aborts = true;
+            Platform::InjectKey('A', false);
+        });
+    });
+    EXPECT_THROW(dialog.Run(), CAbort);
+    EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
+    EXPECT_TRUE(Platform::IsSystemWindowEnabled(document.NativeHandle()));
+    EXPECT_EQ(dialog.NativeHandle(), nullptr);
+}
+
+TEST(WindowPainting, AFailureCountsAsPaintedAndIsReportedOnceAfterwards)
+{
+    struct Thrower : CPane {
+        using CPane::CPane;
+        void DrawInContext(const CPaintEvent&) override
+        {
+            throw CError("It can't be drawn.", "", false, true);
+        }
+    };
+    PumpedProcess process;
+    Alerts alerts;
+    CDocumentWindow window(PlanOf());
+    window.AppendChild(std::make_unique<Thrower>(Rect{0, 0, 50, 50}));
+    window.Start();
+    window.UpdateNow();
+    EXPECT_TRUE(alerts.messages.empty());
+    for (int i = 0; i < 3; ++i) {
+        window.InvalidateAll();
+        process.PumpQuiet();
+    }
+    EXPECT_EQ(alerts.messages, (std::vector<std::string>{"It can't be drawn."}));
+}
+
+TEST(CDialog, EndsByItsCommands)
+{
+    struct Row {
+        const char* name;
+        CObjID id;
+        bool lets; // the field with the focus
+        std::int32_t result;
+    };
+    const Row rows[] = {
+        {"OK", kDefault_Ok, true, 1},
+        {"Cancel", kDefault_Cancel, true, 0},
+        {"Cancel asks nobody who could refuse", kDefault_Cancel, false, 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        PumpedProcess process;
+        CDialog dialog(PlanOf());
+        dialog.AppendChild(std::make_unique<Field>())->lets = row.lets;
+        process.PostCall(-1, [&] {
+            CCommandMessage command(nullptr, row.id);
+            dialog.SendCommand(command);
+        });
+        EXPECT_EQ(dialog.Run(), row.result);
+    }
+}
+
+} // namespace
