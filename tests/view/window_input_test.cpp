@@ -106,8 +106,7 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
     auto* const field = document.AppendChild(std::make_unique<Field>());
     document.Start();
     CDialog dialog(PlanOf(&document));
-    Button* const button =
-        dialog.AppendChild(std::make_unique<Button>([&] { dialog.EndRun(1); }));
+    Button* const button = dialog.AppendChild(std::make_unique<Button>([&] { dialog.EndRun(1); }));
     dialog.AddButton(*button);
     process.PostCall(-1, [] {
         Platform::InjectKey(kReturn, true, u"\r");
