@@ -1,7 +1,7 @@
 // Times ports against Qt's raster painter and Cairo with Pango, at scale 1 and 2, one thread each,
 // in the same run: above 1 a ratio says that we are faster.
+#include "drawing/peers.h"
 #include "drawing/ports/image.h"
-#include "peers.h"
 #include "pixels/pixmaps/memory_pixmap.h"
 #include "rounds.h"
 

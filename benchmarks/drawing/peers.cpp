@@ -1,4 +1,4 @@
-#include "peers.h"
+#include "drawing/peers.h"
 
 #include <QtGui/QFont>
 #include <QtGui/QGuiApplication>

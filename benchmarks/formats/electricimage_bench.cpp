@@ -6,10 +6,10 @@
 // The host counts the rows it is handed, so that what is measured is the module and the file
 // service. A save has its rows copied in by the host, one by one, for both codecs alike; since
 // these copies and those of the file service are half of it, it is also measured without them.
-#include "lean_host.h"
-#include "pictures.h"
-#include "plain_codec.h"
-#include "race.h"
+#include "formats/lean_host.h"
+#include "formats/pictures.h"
+#include "formats/plain_codec.h"
+#include "formats/race.h"
 
 #include <OpenImageIO/imageio.h>
 

@@ -1,4 +1,4 @@
-#include "lean_host.h"
+#include "formats/lean_host.h"
 
 #include <algorithm>
 #include <cstdlib>

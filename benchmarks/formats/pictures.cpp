@@ -1,4 +1,4 @@
-#include "pictures.h"
+#include "formats/pictures.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // The pictures that the races are run on, the same at every run. 24 bits a pixel.
 #pragma once
 
-#include "lean_host.h"
+#include "formats/lean_host.h"
 
 namespace Bench {
 

@@ -1,4 +1,4 @@
-#include "plain_codec.h"
+#include "formats/plain_codec.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // time, with the same calls to the host and the same chunks of rows.
 #pragma once
 
-#include "lean_host.h"
+#include "formats/lean_host.h"
 
 namespace Bench {
 

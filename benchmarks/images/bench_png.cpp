@@ -1,9 +1,9 @@
 // The PNG decoder against the bare inflate of the same data, which no decoder can do without, and
 // against its peers. With an argument, only the pictures whose names contain it.
 #include "foundation/streams/memory_container.h"
+#include "images/peers.h"
+#include "images/pictures.h"
 #include "images/png/png_decoder.h"
-#include "peers.h"
-#include "pictures.h"
 #include "pixels/pixmaps/memory_pixmap.h"
 #include "rounds.h"
 

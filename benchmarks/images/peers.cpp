@@ -1,4 +1,4 @@
-#include "peers.h"
+#include "images/peers.h"
 
 #include "rounds.h"
 

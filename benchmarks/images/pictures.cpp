@@ -1,4 +1,4 @@
-#include "pictures.h"
+#include "images/pictures.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,8 +4,8 @@
 #include "platform/input/injection.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/system_window.h"
-#include "test_pump.h"
 #include "view/process/desktop.h"
+#include "view/test_pump.h"
 #include "view/window/window_kinds.h"
 
 #include <gtest/gtest.h>

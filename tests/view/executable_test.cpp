@@ -1,5 +1,5 @@
 // What runs: how starts, stops and requests to be done go through the tree.
-#include "test_pump.h"
+#include "view/test_pump.h"
 
 #include "view/input/gesture.h"
 #include "view/process/executable.h"

@@ -1,4 +1,4 @@
-#include "test_messengers.h"
+#include "view/test_messengers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "test_messengers.h"
 #include "view/messages/message_event.h"
 #include "view/messages/message_ids.h"
 #include "view/messages/message_recorder.h"
+#include "view/test_messengers.h"
 
 #include <gmock/gmock.h>
 

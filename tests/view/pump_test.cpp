@@ -1,6 +1,6 @@
 // Whose turn it is: posted events, messages of the system, timers, and a request to quit.
-#include "test_pump.h"
-#include "test_window.h"
+#include "view/test_pump.h"
+#include "view/test_window.h"
 
 #include "support/alert_capture.h"
 

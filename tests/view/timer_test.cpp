@@ -1,6 +1,6 @@
 // Timers and idlers that come and go while they have their turns.
-#include "test_pump.h"
-#include "test_window.h"
+#include "view/test_pump.h"
+#include "view/test_window.h"
 
 #include "view/messages/messenger.h"
 #include "view/process/idler.h"

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Fails on operating-system code outside the platform folders, on marks of unfinished work, on files, headers and
-functions that are too long, and on loops of tests that don't say which row failed."""
+functions that are too long, on loops of tests that don't say which row failed, and on tests whose includes begin anywhere
+but at a root."""
 
 import pathlib
 import re
@@ -27,6 +28,10 @@ LONG_FUNCTIONS = {
 }
 ASSERTION = re.compile(r"\b(EXPECT|ASSERT)_\w+\(")
 NAMED = re.compile(r"SCOPED_TRACE|<<")
+INCLUDE = re.compile(r'^\s*#\s*include "([^"]+)"')
+# Where the includes of tests, fuzz targets and benchmarks begin.
+TEST_FOLDERS = ("tests", "fuzz", "benchmarks")
+INCLUDE_ROOTS = ("tests", "benchmarks", "src", "include", "host", "tools")
 LOOP = re.compile(r"^( *)for \(")
 
 
@@ -79,6 +84,14 @@ def enclosing(lines, number, indent):
             yield before
 
 
+def include_faults(name, lines):
+    """An include of a test is a path from a root, so that a reader finds the file without knowing who compiles it."""
+    for number, line in enumerate(lines, 1):
+        match = INCLUDE.match(line)
+        if match and not any((ROOT / root / match.group(1)).is_file() for root in INCLUDE_ROOTS):
+            yield f"{name}:{number}: include it by its path from {', '.join(INCLUDE_ROOTS)}: {match.group(1)}"
+
+
 def main():
     faults = []
     for name in sources():
@@ -91,6 +104,8 @@ def main():
         faults += function_faults(name, lines)
         if name.parts[0] == "tests":
             faults += loop_faults(name, lines)
+        if name.parts[0] in TEST_FOLDERS:
+            faults += include_faults(name, lines)
         for number, line in enumerate(lines, 1):
             if in_module and (SYSTEM_TEST.search(line) or SYSTEM_HEADER.search(line)):
                 faults.append(f"{name}:{number}: operating-system code belongs in src/platform")

@@ -1,6 +1,6 @@
 // Pixmaps, pictures and scrolling on ports.
 #include "drawing/ports/picture_choice.h"
-#include "test_image.h"
+#include "drawing/ports/test_image.h"
 
 #include <gmock/gmock.h>
 

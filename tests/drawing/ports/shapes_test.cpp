@@ -1,9 +1,9 @@
 // What ports draw of shapes and lines, pixel by pixel.
 #include "drawing/ports/corner_fill.h"
 #include "drawing/ports/radio_port.h"
+#include "drawing/ports/test_image.h"
 #include "drawing/ports/window_port.h"
 #include "drawing/ports/wrapper_port.h"
-#include "test_image.h"
 
 #include <gmock/gmock.h>
 

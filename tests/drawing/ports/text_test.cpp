@@ -1,7 +1,7 @@
 // Text on ports: what it measures, where it stands, how it is broken and cut.
 #include "drawing/ports/desktop_port.h"
+#include "drawing/ports/test_image.h"
 #include "drawing/ports/text_rows.h"
-#include "test_image.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // What a person's fingers do in a field, and what programs do to it.
-#include "window_log.h"
+#include "platform/windows/window_log.h"
 
 #include "platform/input/injection.h"
 #include "platform/windows/clipboard.h"

@@ -1,5 +1,5 @@
 // The messages of native windows and their order, which are the same on every system.
-#include "window_log.h"
+#include "platform/windows/window_log.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "platform/input/linux/input.h"
 #include "platform/input/message_numbers.h"
-#include "test_messengers.h"
+#include "view/test_messengers.h"
 
 #include <gtest/gtest.h>
 

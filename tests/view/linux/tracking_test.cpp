@@ -1,6 +1,6 @@
 // What the pump does with the input of the mouse, the pen and the keyboard.
-#include "test_pump.h"
-#include "test_window.h"
+#include "view/test_pump.h"
+#include "view/test_window.h"
 
 #include "foundation/base/service.h"
 #include "platform/input/keyboard.h"

@@ -1,4 +1,4 @@
-#include "test_views.h"
+#include "view/tree/test_views.h"
 
 using namespace Kesto;
 

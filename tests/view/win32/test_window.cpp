@@ -1,4 +1,4 @@
-#include "test_window.h"
+#include "view/test_window.h"
 
 #include "platform/input/message_numbers.h"
 

@@ -1,6 +1,6 @@
 // A window on a real display, typed into and clicked by another program. It brings its own display:
 // a virtual one, which it ends again.
-#include "window_log.h"
+#include "platform/windows/window_log.h"
 
 #include "platform/windows/clipboard.h"
 #include "platform/windows/edit_control.h"
