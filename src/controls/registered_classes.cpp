@@ -7,7 +7,7 @@
 #include "controls/text/static_image.h"
 #include "controls/text/static_text.h"
 #include "controls/text/static_view.h"
-#include "layout/build/offscreen_window.h"
+#include "layout/build/window_builder.h"
 
 #include <vector>
 
@@ -27,15 +27,15 @@ std::unique_ptr<CViewBuilderBase> Make(std::string_view name)
 constexpr std::nullptr_t kToCome = nullptr;
 
 constexpr RegisteredClass kClasses[] = {
-    {"CWindow", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CDialog", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CAlert", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CDocumentWindow", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CFloater", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CMDIFrame", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CPopup", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"CToolbar", kWindow, Make<COffscreenWindowBuilder>, {}},
-    {"PDialog", kWindow, Make<COffscreenWindowBuilder>, {}},
+    {"CWindow", kWindow, Make<CWindowBuilder<CWindow>>, {}},
+    {"CDialog", kWindow, Make<CWindowBuilder<CDialog>>, {}},
+    {"CAlert", kWindow, Make<CWindowBuilder<CAlert>>, {}},
+    {"CDocumentWindow", kWindow, Make<CWindowBuilder<CDocumentWindow>>, {}},
+    {"CFloater", kWindow, Make<CWindowBuilder<CFloater>>, {}},
+    {"CMDIFrame", kWindow, Make<CWindowBuilder<CMDIFrame>>, {}},
+    {"CPopup", kWindow, Make<CWindowBuilder<CPopup>>, {}},
+    {"CToolbar", kWindow, Make<CWindowBuilder<CToolbar>>, {}},
+    {"PDialog", kWindow, Make<CWindowBuilder<CDialog>>, {}},
     {"COrlenSlider", kPane, kToCome, {120, 20}},
     {"CAngleSlider", kPane, kToCome, {120, 20}},
     {"CButton", kPane, Make<CPaneBuilder<CButton>>, {}},

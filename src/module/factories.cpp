@@ -1,6 +1,7 @@
 // What the module's entries lead to. A new format joins with one case here.
 #include "module/factories.h"
 
+#include "controls/registered_classes.h"
 #include "formats/electricimage/format_electricimage.h"
 #include "module/projects.h"
 
@@ -8,9 +9,10 @@ namespace Kesto {
 
 std::unique_ptr<CLumographFormat> CreateFormatPlugin(ProjectIndex index)
 {
-    if (index == kProject_EntryElectricImage)
-        return std::make_unique<Project::PFormatElectricImage>();
-    return nullptr;
+    if (index != kProject_EntryElectricImage)
+        return nullptr;
+    RegisterViewClasses();
+    return std::make_unique<Project::PFormatElectricImage>();
 }
 
 std::unique_ptr<CLumographFilter> CreateFilterPlugin(ProjectIndex)

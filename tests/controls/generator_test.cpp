@@ -4,7 +4,7 @@
 #include "controls/text/static_text.h"
 #include "layout/build/builder_registry.h"
 #include "layout/build/layout_owner.h"
-#include "layout/build/offscreen_window.h"
+#include "view/window/window_kinds.h"
 
 #include <gmock/gmock.h>
 
@@ -41,11 +41,62 @@ TEST_F(Generator, BuildsTheWindowAndItsPanesInPlace)
                                "    CPane(view_id: 'b', width: 10, height: 5, vertical: align_top);"
                                "  } }");
     ASSERT_EQ(window, fOwner.fRootView);
-    EXPECT_EQ(dynamic_cast<COffscreenWindow&>(*window).GetTitle(), "Hello");
+    EXPECT_EQ(dynamic_cast<CDialog&>(*window).GetTitle(), "Hello");
     EXPECT_EQ(window->GetBounds(), (Rect{0, 0, 38, 28}));
     EXPECT_EQ(At("a").GetFrame(), (Rect{4, 4, 34, 24}));
     EXPECT_EQ(At("b").GetParent(), &At("a"));
     EXPECT_EQ(fOwner.TakeWindow().get(), window);
+}
+
+TEST_F(Generator, MakesTheWindowThatItsKeysDescribe)
+{
+    struct Case {
+        const char* text;
+        EWindowKind kind;
+        std::uint32_t features;
+        bool isModal;
+    };
+    const Case cases[] = {
+        {"CWindow();", kWin_Document, 0x83, false},
+        {"CWindow(window_style: kWin_Toolbar);", kWin_Toolbar, 0x83, false},
+        {"CDialog(window_style: kWin_Toolbar);", kWin_Dialog, 0x83, true},
+        {"CAlert();", kWin_Alert, 0x83, true},
+        {"CDocumentWindow(window_style: kWin_DocumentSeamless);", kWin_DocumentSeamless, 0x83,
+         false},
+        {"CFloater();", kWin_Palette, 0x83, false},
+        {"CToolbar();", kWin_Toolbar, 0x83, false},
+        {"CMDIFrame();", kWin_MDIFrame, 0x83, false},
+        {"CPopup(window_features: kWin_NoFeatures);", kWin_Popup, 0, false},
+        {"PDialog(window_can_close: false, window_can_tabstop: true);", kWin_Dialog, 0x382, true},
+        {"CWindow(window_features: kWin_AllFeatures, window_can_zoom: false, window_open_hidden: "
+         "1);",
+         kWin_Document, 0x45F, false},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.text);
+        LayoutOwner owner;
+        LoadLayoutFromText(owner, each.text);
+        const std::unique_ptr<CWindow> window = owner.TakeWindow();
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(window->GetKind(), each.kind);
+        EXPECT_EQ(window->GetFeatures(), each.features);
+        EXPECT_EQ(window->IsModal(), each.isModal);
+    }
+}
+
+TEST_F(Generator, GivesAWindowItsPlaceAndItsLeastSize)
+{
+    Load("CWindow(window_position_x: 30, window_size_y: -50, window_monitor: kMonitor_Tall,"
+         "  window_user_bottom: 7, view_help: 'Some help') { CPane(width: 70, height: 20); }");
+    const std::unique_ptr<CWindow> window = fOwner.TakeWindow();
+    CWindowPlacement placement = window->GetPlacement();
+    EXPECT_EQ(placement.positionX, 30.0);
+    EXPECT_EQ(placement.positionY, -33.0);
+    EXPECT_EQ(placement.sizeY, -50.0);
+    EXPECT_EQ(placement.monitor, kMonitor_Tall);
+    EXPECT_EQ(placement.user[3], 7.0);
+    EXPECT_EQ(window->GetSizeLimits().minimum, (Point{70.0, 20.0}));
+    EXPECT_EQ(window->GetTip(), "Some help");
 }
 
 TEST_F(Generator, PutsChildrenOfUnknownClassesIntoTheWindow)
@@ -108,7 +159,7 @@ TEST_F(Generator, OnlyMeasuresForATarget)
 
 TEST_F(Generator, FillsAnExistingWindow)
 {
-    COffscreenWindow window;
+    CWindow window(CWindowPlan{});
     fOwner.fExistingView = &window;
     EXPECT_EQ(Load("PDialog() { CPane(view_id: 'a', width: 10, height: 5); }"), &window);
     EXPECT_EQ(At("a").GetParent(), &window);
@@ -145,7 +196,7 @@ TEST_F(Generator, ReadsNoKeyThatIsNotInATable)
             EXPECT_TRUE(std::ranges::any_of(PropertyKeys(),
                                             [key](const auto& row) { return row.name == key; }))
                 << key << " is no key of the language";
-        COffscreenWindow bare;
+        CWindow bare(CWindowPlan{});
         LayoutOwner owner;
         owner.fCurrentView = owner.fDefaultParent = &bare;
         owner.fKeyListener = [&listed](std::string_view key) {

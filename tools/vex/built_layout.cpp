@@ -59,6 +59,7 @@ std::string WordsFor(const CSourceText& source, const char* parserWords)
 } // namespace
 
 CBuiltLayout::CBuiltLayout(const CSourceText& source, const BuildOptions& options)
+    : fBare(Kesto::CWindowPlan{})
 {
     Kesto::RegisterViewClasses();
     try {
@@ -75,12 +76,14 @@ CBuiltLayout::CBuiltLayout(const CSourceText& source, const BuildOptions& option
     }
     if (fViews.empty())
         throw std::runtime_error(source.Name() + ": no class of its outermost view is known");
-    auto* const window = dynamic_cast<Kesto::CContext*>(fViews.front().view);
+    auto* const window = dynamic_cast<Kesto::CWindow*>(fViews.front().view);
     fRoot = window != nullptr ? window : &fBare;
     if (fRoot->GetScale() != options.scale)
         fRoot->ChangeScale(options.scale);
     if (options.size)
         fRoot->SetContextSize(*options.size);
+    fRoot->PrepareViews();
+    fRoot->Show();
     fRoot->Activate(); // without a screen there is no other window that could be the active one
 }
 

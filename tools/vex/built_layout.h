@@ -1,9 +1,9 @@
-// A layout text as views, off screen.
+// A layout text as views, in a window that has no native one.
 #pragma once
 
 #include "layout/build/layout_owner.h"
-#include "layout/build/offscreen_window.h"
 #include "vex/source_text.h"
+#include "view/window/window.h"
 
 #include <optional>
 #include <string>
@@ -34,16 +34,16 @@ public:
     const std::vector<BuiltView>& Views() const { return fViews; }
 
     // What the views are drawn in; the outermost view, or a bare window around it.
-    Kesto::CContext& Root() const { return *fRoot; }
+    Kesto::CWindow& Root() const { return *fRoot; }
     const BuiltView& Outermost() const { return fViews.front(); }
 
 private:
     void Load(const CSourceText& source);
 
-    Kesto::COffscreenWindow fBare; // for an outermost view that is a pane
+    Kesto::CWindow fBare; // for an outermost view that is a pane
     Kesto::LayoutOwner fOwner;
     std::vector<BuiltView> fViews;
-    Kesto::CContext* fRoot;
+    Kesto::CWindow* fRoot;
 };
 
 } // namespace Vex

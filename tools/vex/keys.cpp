@@ -104,7 +104,10 @@ bool PrintKeys(std::ostream& out, std::string_view className)
 void PrintAllKeys(std::ostream& out)
 {
     const auto pane = TablesOf(*FindWord(Kesto::RegisteredClasses(), std::string_view("CPane")));
+    const auto window =
+        TablesOf(*FindWord(Kesto::RegisteredClasses(), std::string_view("CWindow")));
     PrintMarkdown(out, "Every view", std::span(pane).first(1));
+    PrintMarkdown(out, "Every window", std::span(window).subspan(1));
     PrintMarkdown(out, "Every pane", std::span(pane).subspan(1));
     std::vector<std::string_view> toCome;
     for (const Kesto::RegisteredClass& registered : Kesto::RegisteredClasses()) {
@@ -113,7 +116,8 @@ void PrintAllKeys(std::ostream& out)
             continue;
         }
         const std::vector<PropertyRows> tables = TablesOf(registered);
-        const std::size_t shared = registered.kind == Kesto::VexClassKind::kPane ? pane.size() : 1;
+        const std::size_t shared =
+            registered.kind == Kesto::VexClassKind::kPane ? pane.size() : window.size();
         if (tables.size() > shared)
             PrintMarkdown(out, registered.name, std::span(tables).subspan(shared));
     }

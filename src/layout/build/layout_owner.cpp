@@ -6,7 +6,7 @@
 #include "layout/placement/rapid_view_scope.h"
 #include "layout/vocabulary/keywords.h"
 #include "platform/system/resources.h"
-#include "view/tree/view.h"
+#include "view/window/window.h"
 
 #include <span>
 #include <string>
@@ -39,7 +39,13 @@ public:
     CLoadGuard(const CLoadGuard&) = delete;
     CLoadGuard& operator=(const CLoadGuard&) = delete;
 
-    void Done() { fIsDone = true; }
+    // From here on a window that is deleted by its super belongs to that.
+    void Done()
+    {
+        fIsDone = true;
+        if (fOwner.fWindow && fOwner.fWindow->IsAutoDelete() && fOwner.fWindow->Super() != nullptr)
+            fOwner.fWindow.release();
+    }
 
 private:
     LayoutOwner& fOwner;
@@ -62,6 +68,11 @@ CView* LoadLayoutBytes(LayoutOwner& owner, std::optional<std::span<const std::by
 
 LayoutOwner::LayoutOwner() = default;
 LayoutOwner::~LayoutOwner() = default;
+
+std::unique_ptr<CWindow> LayoutOwner::TakeWindow()
+{
+    return std::move(fWindow);
+}
 
 CPropertyReader LayoutOwner::Properties() const
 {

@@ -14,6 +14,7 @@ namespace Kesto {
 
 class CView;
 class CVexGenerator;
+class CWindow;
 
 class LayoutOwner {
 public:
@@ -31,12 +32,13 @@ public:
     void DefineVariable(const VexName& name, std::int32_t integer);
     void DefineVariable(std::string_view name, std::string_view text);
 
-    // The window that the latest text made; null if it made none, or once it has been taken.
-    std::unique_ptr<CView> TakeWindow() { return std::move(fWindow); }
+    // The window that the latest text made; null if it made none, once it has been taken, and for
+    // one that is deleted by what it runs below (kWin_AutoDelete).
+    std::unique_ptr<CWindow> TakeWindow();
 
     // --- For whoever loads a text, to be set before.
 
-    CView* fParent = nullptr;        // of a window that the text makes
+    CView* fParent = nullptr;        // in whose window's front one of the text lies
     CView* fDefaultParent = nullptr; // of panes in no view; a window of the text replaces it
     CView* fExistingView = nullptr;  // takes the place of the window that the text would make
     CView* fCurrentView = nullptr; // what panes are measured for; a window of the text replaces it
@@ -49,7 +51,7 @@ public:
 
     ViewLayoutRecord fLayoutRecord;
     CView* fRootView = nullptr;
-    std::unique_ptr<CView> fWindow; // made by the text
+    std::unique_ptr<CWindow> fWindow; // made by the text
     std::unique_ptr<CVexGenerator> fGenerator;
 };
 

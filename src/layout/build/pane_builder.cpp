@@ -1,5 +1,6 @@
 #include "layout/build/pane_builder.h"
 
+#include "layout/build/common_keys.h"
 #include "layout/build/interiors.h"
 #include "layout/build/layout_owner.h"
 #include "view/tree/pane.h"
@@ -10,7 +11,6 @@ namespace Kesto {
 
 namespace {
 
-constexpr PropertyRow kId{VexName("view_id"), 0, "the name that messages and lookups know it by"};
 constexpr PropertyRow kOptions{VexName("view_options"), 0, "how it behaves: a sum"};
 constexpr PropertyRow kBinding{VexName("view_binding"), 0,
                                "how it follows its parent's edges: a sum"};
@@ -18,8 +18,6 @@ constexpr PropertyRow kBoundsWidth{VexName("view_bounds_width"), 0, "of contents
 constexpr PropertyRow kBoundsHeight{VexName("view_bounds_height"), 0, "of contents that scroll"};
 constexpr PropertyRow kInterior{VexName("frame_interior"), 0,
                                 "the part of the parent that it goes into"};
-constexpr PropertyRow kTipPlacement{VexName("tip_placement"), kTip_PlaceDefault,
-                                    "where its tip opens"};
 
 // The keys that set or clear one option, in the order of the bits.
 struct OptionRow {
@@ -63,39 +61,9 @@ constexpr auto kOptionKeys = [] {
     return rows;
 }();
 
-// A tip for every state of the view, or one for each; a name ending in _win comes before the other.
-struct TipNames {
-    VexName everywhere;
-    VexName here;
-};
-constexpr TipNames kTip{VexName("view_tip"), VexName("view_tip_win")};
-constexpr TipNames kTipEnabled{VexName("view_tip_enabled"), VexName("view_tip_enabled_win")};
-constexpr TipNames kTipDisabled{VexName("view_tip_disabled"), VexName("view_tip_disabled_win")};
-
 constexpr PropertyRow kPaneRows[] = {
-    kId,
-    kOptions,
-    kBinding,
-    kBoundsWidth,
-    kBoundsHeight,
-    kInterior,
-    {kTip.everywhere, 0, "the text that shows when the mouse rests on it"},
-    {kTip.here, 0, "comes before view_tip; likewise the other _win keys"},
-    {kTipEnabled.everywhere, 0, "while it can be used"},
-    {kTipEnabled.here, 0, ""},
-    {kTipDisabled.everywhere, 0, "while it can't be used"},
-    {kTipDisabled.here, 0, ""},
-    kTipPlacement,
+    kViewIdKey, kOptions, kBinding, kBoundsWidth, kBoundsHeight, kInterior,
 };
-
-// The first that is given of the four names that a state has.
-bool TryTip(const CPropertyReader& reader, const TipNames& special, CText& tip)
-{
-    for (const VexName& name : {special.here, special.everywhere, kTip.here, kTip.everywhere})
-        if (reader.TryLabel(name, tip))
-            return true;
-    return false;
-}
 
 double FirstGiven(double side, double axis, double all)
 {
@@ -139,19 +107,8 @@ PaneParameters CPaneBuilderBase::ReadParameters(const LayoutOwner& owner) const
     const CPropertyReader reader = owner.Properties();
     std::int32_t binding = static_cast<std::int32_t>(Binding().fallback);
     reader.TryInteger(kBinding.key, binding);
-    return {FrameOf(owner.fLayoutRecord), reader.Id(kId), ReadOptions(owner),
+    return {FrameOf(owner.fLayoutRecord), reader.Id(kViewIdKey), ReadOptions(owner),
             Binding().Fixed(static_cast<std::uint32_t>(binding))};
-}
-
-void CPaneBuilderBase::ReadTips(CPane& pane, const LayoutOwner& owner) const
-{
-    const CPropertyReader reader = owner.Properties();
-    CText tip;
-    if (TryTip(reader, kTipEnabled, tip))
-        pane.SetTip(tip, true);
-    if (TryTip(reader, kTipDisabled, tip))
-        pane.SetTip(tip, false);
-    pane.SetTipPlacement(static_cast<ETipPlacement>(reader.Integer(kTipPlacement)));
 }
 
 CView* CPaneBuilderBase::ConstructView(CView* parent, LayoutOwner& owner)
@@ -163,7 +120,7 @@ CView* CPaneBuilderBase::ConstructView(CView* parent, LayoutOwner& owner)
     if (width > 0 || height > 0)
         pane->SetImageExtent(width, height);
     ReadKeys(*pane, owner);
-    ReadTips(*pane, owner);
+    ReadTips(*pane, reader);
     std::int32_t interior = 0;
     if (reader.TryInteger(kInterior.key, interior))
         parent = &InteriorOf(*parent, interior);
@@ -187,6 +144,7 @@ void CPaneBuilder<CPane>::AppendRows(std::vector<PropertyRows>& rows) const
 {
     CPaneBuilderBase::AppendRows(rows);
     rows.push_back(kPaneRows);
+    rows.push_back(TipRows());
     rows.push_back(kOptionKeys);
 }
 

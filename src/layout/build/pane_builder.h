@@ -54,7 +54,6 @@ protected:
 private:
     PaneParameters ReadParameters(const LayoutOwner& owner) const;
     std::uint32_t ReadOptions(const LayoutOwner& owner) const;
-    void ReadTips(CPane& pane, const LayoutOwner& owner) const;
 };
 
 template <class Pane>

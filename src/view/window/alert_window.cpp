@@ -98,7 +98,6 @@ CWindowPlan PlanOf(CExecutable* super, const AlertBox& box)
 {
     CWindowPlan plan;
     plan.super = super;
-    plan.kind = kWin_Alert;
     plan.features = kWin_CanMove + kWin_CanTabStop;
     if (CloseAnswer(box) != AlertButton::kNone)
         plan.features |= kWin_CanClose;
@@ -154,7 +153,8 @@ private:
 
 } // namespace
 
-CAlert::CAlert(CExecutable* super, const AlertBox& box) : CDialog(PlanOf(super, box)), fBox(box)
+CMessageAlert::CMessageAlert(CExecutable* super, const AlertBox& box)
+    : CAlert(PlanOf(super, box)), fBox(box)
 {
     SetModal(true);
     const double textLeft = SignOf(box.icon) ? kTextLeft : kNoSignTextLeft;
@@ -168,7 +168,7 @@ CAlert::CAlert(CExecutable* super, const AlertBox& box) : CDialog(PlanOf(super, 
 }
 
 // The size of both texts at the narrowest width that gives them few lines.
-Point CAlert::MeasureText()
+Point CMessageAlert::MeasureText()
 {
     SetFont(CDrawTools::Get().GetFont(kFont_UI));
     Point size;
@@ -185,7 +185,7 @@ Point CAlert::MeasureText()
 }
 
 // The texts' middle is the plate's, unless they are higher than it.
-void CAlert::CreateViews()
+void CMessageAlert::CreateViews()
 {
     const std::optional<EToolPicture> sign = SignOf(fBox.icon);
     if (sign)
@@ -198,7 +198,7 @@ void CAlert::CreateViews()
     MakeButtons();
 }
 
-void CAlert::MakeButtons()
+void CMessageAlert::MakeButtons()
 {
     const std::array<AlertButton, 3> buttons = fBox.Buttons();
     const auto end = std::ranges::find(buttons, AlertButton::kNone);
@@ -219,13 +219,13 @@ void CAlert::MakeButtons()
     }
 }
 
-void CAlert::AfterShow()
+void CMessageAlert::AfterShow()
 {
     if (fFirst != nullptr)
         fFirst->BecomeBullseye(false);
 }
 
-AlertButton CAlert::Ask()
+AlertButton CMessageAlert::Ask()
 {
     const auto pressed = static_cast<AlertButton>(Run());
     if (pressed != AlertButton::kNone)
@@ -236,7 +236,7 @@ AlertButton CAlert::Ask()
     return fBox.buttons == AlertButtons::kAbortRetryIgnore ? AlertButton::kAbort : AlertButton::kNo;
 }
 
-bool CAlert::HandleCommand(CCommandMessage& message)
+bool CMessageAlert::HandleCommand(CCommandMessage& message)
 {
     const std::array<AlertButton, 3> buttons = fBox.Buttons();
     for (std::size_t i = 0; i < buttons.size() && buttons[i] != AlertButton::kNone; ++i)
@@ -244,20 +244,20 @@ bool CAlert::HandleCommand(CCommandMessage& message)
             EndRun(static_cast<std::int32_t>(buttons[i]));
             return true;
         }
-    return CDialog::HandleCommand(message);
+    return CAlert::HandleCommand(message);
 }
 
-bool CAlert::HandleKey(CKeyboardMessage& message)
+bool CMessageAlert::HandleKey(CKeyboardMessage& message)
 {
     const bool copies = message.fID == kMessage_KeyDown && message.fKeyCode == 'C' &&
                         (message.fModifiers & CMessage::kModifier_Control) != 0;
     if (!copies)
-        return CDialog::HandleKey(message);
+        return CAlert::HandleKey(message);
     Platform::SetClipboardText(CopyText());
     return true;
 }
 
-std::string CAlert::CopyText() const
+std::string CMessageAlert::CopyText() const
 {
     std::string text;
     for (const CText& part : {fBox.title, fBox.message, fBox.explanation})
@@ -271,7 +271,7 @@ AlertButton CAlertShower::Show(const AlertBox& box)
     CProcess* const process = CProcess::Current();
     if (process == nullptr)
         return CAlertHook::Show(box);
-    CAlert alert(process, box);
+    CMessageAlert alert(process, box);
     return alert.Ask();
 }
 

@@ -1,4 +1,4 @@
-// CAlert, a message with a sign and buttons, that is run until one is pressed.
+// CMessageAlert, a message with a sign and buttons, that is run until one is pressed.
 //
 // Return presses the default button and Escape the one that commits to nothing; without such a one
 // the alert can't be closed but by a button. Control and C copy the texts.
@@ -13,9 +13,9 @@ namespace Kesto {
 
 class CAlertButton;
 
-class CAlert : public CDialog {
+class CMessageAlert : public CAlert {
 public:
-    CAlert(CExecutable* super, const AlertBox& box);
+    CMessageAlert(CExecutable* super, const AlertBox& box);
 
     // Runs it, and tells which button was pressed. When the run ends without one it is the cancel
     // button, or else the last one.

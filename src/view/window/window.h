@@ -107,6 +107,8 @@ public:
 
     // Makes the native window, the views and the size box, once.
     virtual void Prepare();
+    // The views and the size box alone, for a window that is to be drawn without a native one.
+    void PrepareViews();
     // Activates and shows it; the first time it also gives the focus to its first stop.
     virtual void Open();
     virtual void CreateSystemWindow(); // throws CSystemError
@@ -126,6 +128,7 @@ public:
 
     // ------------------------------------------------------------------- Showing (window_show.cpp)
 
+    // Without a native window the views alone are shown, so that they can be drawn.
     void Show() override;
     void Hide() override;
     virtual void DisableOwner();

@@ -32,6 +32,8 @@ bool CDialog::HandleCommand(CCommandMessage& message)
     return true;
 }
 
+CAlert::CAlert(CWindowPlan plan) : CDialog(OfKind(plan, kWin_Alert)) {}
+
 CDocumentWindow::CDocumentWindow(CWindowPlan plan)
     : CWindow(plan.kind == kWin_MDIDocument || plan.kind == kWin_DocumentSeamless
                   ? plan

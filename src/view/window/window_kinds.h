@@ -13,6 +13,12 @@ public:
     bool HandleCommand(CCommandMessage& message) override;
 };
 
+// A dialog that tells or asks something.
+class CAlert : public CDialog {
+public:
+    explicit CAlert(CWindowPlan plan);
+};
+
 class CDocumentWindow : public CWindow {
 public:
     explicit CDocumentWindow(CWindowPlan plan);

@@ -121,8 +121,13 @@ void CWindow::Prepare()
 {
     if (fWindow != nullptr)
         return;
-    const CViewHold hold(*this);
     CreateSystemWindow();
+    PrepareViews();
+}
+
+void CWindow::PrepareViews()
+{
+    const CViewHold hold(*this);
     CreateViews();
     if (hold.IsOver())
         return;

@@ -26,8 +26,10 @@ ShowCommand CWindow::NextShowCommand()
 
 void CWindow::Show()
 {
-    if (fWindow == nullptr)
+    if (fWindow == nullptr) {
+        CContext::Show();
         return;
+    }
     const CViewHold hold(*this);
     if (IsModal() && !HasWindowState(kWindow_HoldsModal)) {
         PutWindowState(kWindow_HoldsModal, true);
