@@ -28,7 +28,7 @@ protected:
     Bytes Samples(const EIFrame& frame)
     {
         host.ForgetCalls();
-        EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{}) << frame.layout.name;
+        EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{});
         return host.document.samples;
     }
 };
@@ -37,39 +37,56 @@ protected:
 TEST_F(ReadPixels, EachLayoutAndPacketHasItsReadsAndSamples)
 {
     const Bytes depths = FloatBytes({0, 0.5F, 1, kInfinity, -1, 2, -kInfinity, std::nanf("")});
-    struct {
+    const struct {
+        const char* what;
         EIFrame frame;
-        std::vector<int64_t> reads; // of the pixels
         Bytes samples;
-    } const kRows[] = {
-        {Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF}),
-         {2, 2},
-         {1, 0, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0}},
-        {Frame("indexed2", 5, 1, {0x1B, 0xC0}), {2}, {0, 1, 2, 3, 3}},
-        {Frame("indexed4", 3, 1, {0xA5, 0xF0}), {2}, {10, 5, 15}},
-        {Frame("indexed8", 3, 1, {0, 200, 255}), {3}, {0, 200, 255}},
-        {Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84}),
-         {8},
-         {255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8}},
-        {Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6}), {6}, {1, 2, 3, 4, 5, 6}},
-        {Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6}), {8}, {1, 2, 3, 9, 4, 5, 6, 8}},
-        {Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3}), {4}, {1, 2, 3, 9}},
-        {Frame("depth32", 8, 1, depths), {32}, {0, 128, 255, 255, 0, 255, 0, 0}},
-        {Frame("rgb24", 4, 1, {0x03, 1, 2, 3}, 1), {1, 3}, {1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}},
-        {Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1), {1, 6}, {1, 2, 3, 4, 5, 6}},
-        // A run of 7 over rows of 3, then a literal of 5 whose last two are never wanted.
-        {Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE}, 1),
-         {1, 1, 1, 2, 3},
-         {9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5}},
-        {Frame("indexed8", 1, 1, {0x7F, 9}, 1), {1, 1}, {9}},
-        {Frame("indexed8", 2, 1, {0x01, 5}, 1), {1, 1}, {5, 5}},
-        {Frame("indexed8", 1, 1, {0xFF, 7}, 1), {1, 1}, {7}},
-        {Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1), {1, 1, 1, 1}, {3, 4}}};
-    for (const auto& [frame, reads, samples] : kRows) {
-        EXPECT_EQ(Samples(frame), samples) << frame.layout.name;
+        std::vector<int64_t> reads; // of the pixels, in bytes
+    } kRows[] = {
+        {"8 pixels a byte; each row begins with a byte",
+         Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF}),
+         {1, 0, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0},
+         {2, 2}},
+        {"4 pixels a byte", Frame("indexed2", 5, 1, {0x1B, 0xC0}), {0, 1, 2, 3, 3}, {2}},
+        {"2 pixels a byte", Frame("indexed4", 3, 1, {0xA5, 0xF0}), {10, 5, 15}, {2}},
+        {"1 pixel a byte", Frame("indexed8", 3, 1, {0, 200, 255}), {0, 200, 255}, {3}},
+        {"5 bits a channel, widened",
+         Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84}),
+         {255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8},
+         {8}},
+        {"colours", Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6}), {1, 2, 3, 4, 5, 6}, {6}},
+        {"alpha, first in the file and last in the picture",
+         Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6}),
+         {1, 2, 3, 9, 4, 5, 6, 8},
+         {8}},
+        {"alpha beside 24 bits", Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3}), {1, 2, 3, 9}, {4}},
+        {"depth in and out of its range",
+         Frame("depth32", 8, 1, depths),
+         {0, 128, 255, 255, 0, 255, 0, 0},
+         {32}},
+        {"a run", Frame("rgb24", 3, 1, {0x02, 1, 2, 3}, 1), {1, 2, 3, 1, 2, 3, 1, 2, 3}, {1, 3}},
+        {"a literal",
+         Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1),
+         {1, 2, 3, 4, 5, 6},
+         {1, 6}},
+        {"a run of 7 over rows of 3, then a literal of 5 of which 2 are never wanted",
+         Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE}, 1),
+         {9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5},
+         {1, 1, 1, 2, 3}},
+        {"the longest run, left open", Frame("indexed8", 1, 1, {0x7F, 9}, 1), {9}, {1, 1}},
+        {"a picture after an open run", Frame("indexed8", 2, 1, {0x01, 5}, 1), {5, 5}, {1, 1}},
+        {"the longest literal, left open", Frame("indexed8", 1, 1, {0xFF, 7}, 1), {7}, {1, 1}},
+        {"a picture after an open literal",
+         Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1),
+         {3, 4},
+         {1, 1, 1, 1}},
+    };
+    for (const auto& [what, frame, samples, reads] : kRows) {
+        SCOPED_TRACE(what);
+        EXPECT_EQ(Samples(frame), samples);
         const auto all = host.Amounts(Kind::kRead);
         const ptrdiff_t heads = frame.layout.frameType == 2 ? 3 : 2;
-        EXPECT_EQ(std::vector(all.begin() + heads, all.end()), reads) << frame.layout.name;
+        EXPECT_EQ(std::vector(all.begin() + heads, all.end()), reads);
     }
 }
 
@@ -91,58 +108,88 @@ TEST_F(ReadPixels, TheLongestPacketsReachOverManyRows)
 
 TEST_F(ReadPixels, DepthFramesOfOtherLengths)
 {
-    EIFrame frame = Frame("indexed4", 3, 1, {0xA5, 0xF0});
-    frame.layout.frameType = 2;
-    EXPECT_EQ(Samples(frame), (Bytes{10, 5, 15}));
-    EXPECT_EQ(int{host.record.colorMode}, kHostModeGrayscale);
-    frame = Frame("rgb24alpha8", 2, 1, FloatBytes({0.5F, 1}));
-    frame.layout.frameType = 2;
-    EXPECT_EQ(Samples(frame), (Bytes{128, 255}));
-    for (const uint8_t bits : {0, 3, 12, 40, 255}) {
-        frame.layout.bitDepth = bits;
-        frame.layout.alphaDepth = 0;
-        EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostFailed, kFormatReadContinue}))
-            << int{bits};
-        EXPECT_THAT(alerts.texts, ElementsAre("Internal plane depth error")) << int{bits};
-        alerts.texts.clear();
+    const EIFrame floats = Frame("rgb24alpha8", 2, 1, FloatBytes({0.5F, 1}));
+    const EIFrame plain = Frame("rgb24", 2, 1, floats.pixels);
+    const struct {
+        const char* what;
+        EIFrame base;
+        uint8_t bits;  // instead of those of the base
+        Bytes samples; // none: refused
+    } kRows[] = {
+        {"4 bits: indices", Frame("indexed4", 3, 1, {0xA5, 0xF0}), 4, {10, 5, 15}},
+        {"24 and 8 bits: a float", floats, 24, {128, 255}},
+        {"0 bits", plain, 0, {}},
+        {"3 bits", plain, 3, {}},
+        {"12 bits", plain, 12, {}},
+        {"40 bits", plain, 40, {}},
+        {"255 bits", plain, 255, {}},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
+        EIFrame frame = row.base;
+        frame.layout.frameType = 2;
+        frame.layout.bitDepth = row.bits;
+        const bool refused = row.samples.empty();
+        EXPECT_EQ(host.Open(OneFrameFile(frame)),
+                  refused ? (Outcome{kHostFailed, kFormatReadContinue}) : Outcome{});
+        EXPECT_EQ(alerts.texts,
+                  std::vector<std::string>(refused ? 1 : 0, "Internal plane depth error"));
+        EXPECT_EQ(int{host.record.colorMode}, kHostModeGrayscale);
+        EXPECT_TRUE(refused || host.document.samples == row.samples);
         EXPECT_EQ(host.Buffers(), size_t{0});
+        alerts.texts.clear();
     }
 }
 
 TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
 {
-    const EIFrame frame = Frame("rgb24", 10, 7, Bytes(210));
-    host.memoryLimit = 3 * 30 + 29;
-    Samples(frame);
-    EXPECT_THAT(host.CallsOf(Kind::kExchange),
-                ElementsAre(HostCall{Kind::kExchange, 0, 3}, HostCall{Kind::kExchange, 3, 6},
-                            HostCall{Kind::kExchange, 6, 7}));
-    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(90, 60));
-    host.memoryLimit = 1 << 20;
-    Samples(frame);
-    EXPECT_THAT(host.CallsOf(Kind::kExchange), ElementsAre(HostCall{Kind::kExchange, 0, 7}));
-    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(210, 60));
-    Samples(Frame("depth32", 10, 7, Bytes(280)));
-    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(70, 50));
-}
-
-TEST_F(ReadPixels, ARefusedRowBufferIsAskedForWithOneRowLess)
-{
-    const EIFrame frame = Frame("indexed8", 10, 6, Bytes(60));
-    host.fault = Fault{Kind::kAllocate, 0};
-    Samples(frame);
-    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(60, 50, 20));
-    EXPECT_EQ(host.Count(Kind::kExchange), 2);
-    host.ForgetCalls();
-    host.fault = Fault{Kind::kAllocate, 0, kHostDiskFull, true};
-    EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostMemoryFull, kFormatReadContinue}));
-    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(60, 50, 40, 30, 20, 10));
-    host.fault.reset();
-    host.ForgetCalls();
-    host.memoryLimit = 9; // no row, so that only the scratch is asked for
-    EXPECT_EQ(host.Open(OneFrameFile(frame)), (Outcome{kHostMemoryFull, kFormatReadContinue}));
-    EXPECT_THAT(host.Amounts(Kind::kAllocate), ElementsAre(20));
-    ExpectClean(host);
+    constexpr int64_t kPlenty = 1 << 20;
+    constexpr int kAll = 99;
+    const struct {
+        const char* what;
+        EIFrame frame;
+        int64_t space;
+        int refusals;                     // of allocations, from the first on
+        std::vector<int64_t> allocations; // the rows as often as refused, then the scratch
+        std::vector<int> ends;            // of the chunks handed over; none: memory full
+    } kRows[] = {
+        {"3 rows and a rest", Frame("rgb24", 10, 7, Bytes(210)), 119, 0, {90, 60}, {3, 6, 7}},
+        {"space for all", Frame("rgb24", 10, 7, Bytes(210)), kPlenty, 0, {210, 60}, {7}},
+        {"depth: a scratch of 5 rows",
+         Frame("depth32", 10, 7, Bytes(280)),
+         kPlenty,
+         0,
+         {70, 50},
+         {7}},
+        {"refused: a row less",
+         Frame("indexed8", 10, 6, Bytes(60)),
+         kPlenty,
+         1,
+         {60, 50, 20},
+         {5, 6}},
+        {"refused until no row is left",
+         Frame("indexed8", 10, 6, Bytes(60)),
+         kPlenty,
+         kAll,
+         {60, 50, 40, 30, 20, 10},
+         {}},
+        {"no space for a row", Frame("indexed8", 10, 6, Bytes(60)), 9, 0, {20}, {}},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
+        ScriptableHost each;
+        each.memoryLimit = row.space;
+        if (row.refusals > 0)
+            each.fault = Fault{Kind::kAllocate, 0, kHostDiskFull, row.refusals == kAll};
+        EXPECT_EQ(each.Open(OneFrameFile(row.frame)),
+                  row.ends.empty() ? (Outcome{kHostMemoryFull, kFormatReadContinue}) : Outcome{});
+        EXPECT_EQ(each.Amounts(Kind::kAllocate), row.allocations);
+        std::vector<HostCall> chunks;
+        for (const int end : row.ends)
+            chunks.push_back({Kind::kExchange, chunks.empty() ? 0 : chunks.back().b, end});
+        EXPECT_EQ(each.CallsOf(Kind::kExchange), chunks);
+        ExpectClean(each);
+    }
 }
 
 TEST_F(ReadPixels, AbortAndProgressComeBeforeEachRow)
@@ -169,7 +216,7 @@ TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
     const Bytes packets = {0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0,    0,
                            0x40, 0, 0, 0x40, 0x40, 0,    0, 0x80, 0x40};
     struct {
-        const char* name;
+        const char* what;
         Bytes pixels, samples;
     } const kRows[] = {
         {"a range and an infinity",
@@ -181,10 +228,11 @@ TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
         {"nearly equal values too", FloatBytes({5, above, 5, above, 5, 5}), Bytes(6, 0)},
         {"infinities alone", FloatBytes(std::vector(6, kInfinity)), Bytes(6, 255)},
         {"packets", packets, {0, 0, 0, 85, 170, 255}}};
-    for (const auto& [name, pixels, samples] : kRows) {
+    for (const auto& [what, pixels, samples] : kRows) {
+        SCOPED_TRACE(what);
         frame.pixels = pixels;
         frame.packing = pixels.size() < 24;
-        EXPECT_EQ(Samples(frame), samples) << name;
+        EXPECT_EQ(Samples(frame), samples);
         EXPECT_EQ(host.Count(Kind::kExchange), 2) << "the first pass is for the module alone";
         EXPECT_EQ(host.Count(Kind::kAbort), 6);
         EXPECT_THAT(host.CallsOf(Kind::kSeek),

@@ -72,50 +72,66 @@ TEST_F(ReadStart, BadFilesAreRefusedWithTheirMessages)
 {
     for (const BadFile& bad : BadFiles())
         for (const bool silent : {false, true}) {
+            SCOPED_TRACE(bad.name + (silent ? ", silently" : ""));
             ScriptableHost each;
             AlertCapture shown;
             each.playback.playMode = silent ? kHostPlaySilent : 1;
-            EXPECT_EQ(each.Open(bad.bytes), (Outcome{kHostCannotRead, kFormatReadStart}))
-                << bad.name;
+            EXPECT_EQ(each.Open(bad.bytes), (Outcome{kHostCannotRead, kFormatReadStart}));
             const bool tells = !silent && *bad.alert != 0;
-            EXPECT_EQ(shown.texts, std::vector<std::string>(tells ? 1 : 0, bad.alert)) << bad.name;
+            EXPECT_EQ(shown.texts, std::vector<std::string>(tells ? 1 : 0, bad.alert));
             ExpectClean(each, 0, 1); // a failed start leaves the file open
         }
 }
 
+TEST_F(ReadStart, AFileThatDoesNotOpenIsTold)
+{
+    host.fault = Fault{Kind::kOpen, 0};
+    EXPECT_EQ(host.Open(OneFrameFile(SmallFrame(Layout("rgb24")))),
+              (Outcome{kHostCannotRead, kFormatReadStart}));
+}
+
+// A part may be missing at once, or from a later selector on.
 TEST_F(ReadStart, MissingHostPartsAreTold)
 {
-    const Bytes file = OneFrameFile(SmallFrame(Layout("rgb24")));
-    host.fault = Fault{Kind::kOpen, 0};
-    EXPECT_EQ(host.Open(file), (Outcome{kHostCannotRead, kFormatReadStart}));
-    void (*const breaks[])(ScriptableHost&) = {
-        [](ScriptableHost& one) { one.record.bufferSuite = nullptr; },
-        [](ScriptableHost& one) {
-            one.record.exchangeRows = nullptr;
-        }, // is missed at the start alone
-        [](ScriptableHost& one) { one.buffers.version = 1; },
-        [](ScriptableHost& one) { one.buffers.count = 7; },
-        [](ScriptableHost& one) { one.buffers.Allocate = nullptr; },
-        [](ScriptableHost& one) { one.buffers.Lock = nullptr; },
-        [](ScriptableHost& one) { one.buffers.Unlock = nullptr; },
-        [](ScriptableHost& one) { one.buffers.Free = nullptr; },
-        [](ScriptableHost& one) { one.buffers.Space = nullptr; }};
-    for (size_t part = 0; part < std::size(breaks); ++part) {
-        SCOPED_TRACE(part);
+    using Host = ScriptableHost;
+    constexpr int16_t kStart = kFormatReadStart, kContinue = kFormatReadContinue;
+    const struct {
+        const char* what;
+        void (*breaks)(Host&);
+        int16_t misses;       // the selector that misses a part that was never there
+        int16_t brokenBefore; // a selector that comes after the part has gone
+        int16_t result;       // of that one
+    } kRows[] = {{"no buffer suite", [](Host& one) { one.record.bufferSuite = nullptr; },
+                  kFormatReadPrepare, kStart, kHostMissingSuite},
+                 {"no exchange of rows", [](Host& one) { one.record.exchangeRows = nullptr; },
+                  kStart, kStart, kHostMissingSuite},
+                 {"an older suite", [](Host& one) { one.buffers.version = 1; }, kFormatReadPrepare,
+                  kContinue, kHostMemoryFull},
+                 {"a shorter suite", [](Host& one) { one.buffers.count = 7; }, kFormatReadPrepare,
+                  kContinue, kHostMemoryFull},
+                 {"no Allocate", [](Host& one) { one.buffers.Allocate = nullptr; },
+                  kFormatReadPrepare, kContinue, kHostMemoryFull},
+                 {"no Lock", [](Host& one) { one.buffers.Lock = nullptr; }, kFormatReadPrepare,
+                  kContinue, kHostMemoryFull},
+                 {"no Unlock", [](Host& one) { one.buffers.Unlock = nullptr; }, kFormatReadPrepare,
+                  kContinue, kHostMemoryFull},
+                 {"no Free", [](Host& one) { one.buffers.Free = nullptr; }, kFormatReadPrepare,
+                  kContinue, kHostMemoryFull},
+                 {"no Space", [](Host& one) { one.buffers.Space = nullptr; }, kFormatReadPrepare,
+                  kContinue, kHostMemoryFull}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
+        const Bytes file = OneFrameFile(SmallFrame(Layout("rgb24")));
         ScriptableHost early, late;
-        breaks[part](early);
-        EXPECT_EQ(early.Open(file),
-                  (Outcome{kHostMissingSuite, part == 1 ? kFormatReadStart : kFormatReadPrepare}));
+        row.breaks(early);
+        EXPECT_EQ(early.Open(file), (Outcome{kHostMissingSuite, row.misses}));
         ExpectClean(early);
-        // What breaks later is missed by the start, or leaves the continue without memory.
-        const bool started = part >= 2;
         late.file = file;
-        EXPECT_EQ(late.Call(kFormatReadPrepare), 0);
-        EXPECT_EQ(started ? late.Call(kFormatReadStart) : 0, 0);
-        breaks[part](late);
-        EXPECT_EQ(late.Call(started ? kFormatReadContinue : kFormatReadStart),
-                  started ? kHostMemoryFull : kHostMissingSuite);
-        EXPECT_EQ(late.Count(Kind::kOpen), started);
+        for (int16_t selector = kFormatReadPrepare; selector < row.brokenBefore; ++selector)
+            EXPECT_EQ(late.Call(selector), 0) << selector;
+        row.breaks(late);
+        EXPECT_EQ(late.Call(row.brokenBefore), row.result);
+        EXPECT_EQ(late.Count(Kind::kOpen), row.brokenBefore > kStart);
         EXPECT_EQ(late.Count(Kind::kAllocate) + late.Count(Kind::kSpace), 0);
     }
 }
@@ -123,6 +139,7 @@ TEST_F(ReadStart, MissingHostPartsAreTold)
 TEST_F(ReadStart, TheHostIsToldThePicture)
 {
     for (const EILayout& layout : AllLayouts()) {
+        SCOPED_TRACE(layout.name);
         ScriptableHost each;
         each.file = FileOf(
             {{.layout = layout, .width = 31, .height = 12, .top = -5, .left = -9, .pixels = {1}}},
@@ -135,8 +152,7 @@ TEST_F(ReadStart, TheHostIsToldThePicture)
         const HostFormatRecord& told = each.record;
         EXPECT_THAT((std::array{int{told.colorMode}, int{told.planeCount}, int{told.channelDepth},
                                 int{told.rowCount}, int{told.columnCount}}),
-                    ElementsAre(layout.mode, layout.planes, 8, 12, 31))
-            << layout.name;
+                    ElementsAre(layout.mode, layout.planes, 8, 12, 31));
         EXPECT_THAT((std::array{int{told.rowStride}, int{told.pixelStride}, int{told.planeStride}}),
                     ElementsAre(31 * layout.planes, layout.planes, 1));
         EXPECT_EQ(int{told.horizontalResolution}, 72 << 16);
@@ -149,11 +165,12 @@ TEST_F(ReadStart, ColourTablesFillUpAndOverflow)
 {
     Random random(1);
     for (const int entries : {0, 10, 256, 300}) {
+        SCOPED_TRACE(std::to_string(entries) + " entries");
         EIFrame frame = SmallFrame(Layout("indexed8"));
         frame.lut = RandomLut(entries, random);
         std::ranges::fill(host.record.greenLut, 99);
         EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{});
-        EXPECT_EQ(host.document, PictureOf(frame, frame.pixels)) << entries;
+        EXPECT_EQ(host.document, PictureOf(frame, frame.pixels));
     }
 }
 
@@ -177,12 +194,12 @@ TEST_F(ReadStart, AChosenFrameIsReachedBySeeks)
                                    {Kind::kSeek, kHostSeekFromCurrent, 9 + 9},
                                    {Kind::kSeek, kHostSeekFromCurrent, 12 + 12}};
     for (const uint32_t frame : {1U, 2U, 3U, 4U, 5U, 0U, 6U, 0xFFFFFFFFU}) {
+        SCOPED_TRACE("frame " + std::to_string(frame));
         ScriptableHost each;
         const FrameAnswer answer(frame);
         const bool there = frame >= 1 && frame <= 5;
         EXPECT_EQ(each.Open(FiveFrames()),
-                  there ? Outcome{} : (Outcome{kHostBadMode, kFormatReadStart}))
-            << frame;
+                  there ? Outcome{} : (Outcome{kHostBadMode, kFormatReadStart}));
         EXPECT_THAT((std::array<int64_t, 3>{answer.asked, answer.offered, answer.range}),
                     ElementsAre(1, 1, 5));
         EXPECT_EQ(each.CallsOf(Kind::kSeek), std::vector(kSkips, kSkips + (there ? frame - 1 : 0)));
@@ -197,8 +214,8 @@ TEST_F(ReadStart, TheDialogOpensWhereItWasLeft)
 {
     FrameAnswer answer(2);
     for (const double place : {33.0, -50.0}) {
+        SCOPED_TRACE("left at " + std::to_string(place));
         answer.movesTo = place;
-        SCOPED_TRACE(place);
         for (int session = 0; session < 2; ++session) { // the second reads what is stored
             ScriptableHost each;
             EXPECT_EQ(each.Open(FiveFrames()), Outcome{});
@@ -250,44 +267,60 @@ TEST_F(ReadStart, FramesThatEndEarlyWhileSkippingAreRefused)
 
 TEST_F(ReadStart, BoundsWithoutAPictureEndInTheContinue)
 {
-    const std::pair<int, int> sizes[] = {{0, 1},  {1, 0},   {0, 0},     {-1, 1},
-                                         {1, -1}, {-3, -3}, {40000, 1}, {1, 40000}};
+    const struct {
+        const char* what;
+        int width, height;
+    } kRows[] = {{"no columns", 0, 1},
+                 {"no rows", 1, 0},
+                 {"nothing", 0, 0},
+                 {"the right edge left of the left", -1, 1},
+                 {"the bottom above the top", 1, -1},
+                 {"both turned round", -3, -3},
+                 {"wider than 30000", 40000, 1},
+                 {"higher than 30000", 1, 40000}};
     for (const EILayout& layout : AllLayouts())
-        for (const auto& [width, height] : sizes) {
+        for (const auto& row : kRows) {
+            SCOPED_TRACE(std::string(layout.name) + ": " + row.what);
             ScriptableHost each;
             const EIFrame frame{.layout = layout,
-                                .width = width,
-                                .height = height,
+                                .width = row.width,
+                                .height = row.height,
                                 .top = -20000,
                                 .left = -20000,
                                 .pixels = Bytes(64)};
             EXPECT_EQ(each.Open(OneFrameFile(frame)),
-                      (Outcome{kHostMemoryFull, kFormatReadContinue}))
-                << layout.name << " " << width << " " << height;
+                      (Outcome{kHostMemoryFull, kFormatReadContinue}));
             ExpectClean(each);
         }
 }
 
 TEST_F(ReadStart, DepthFramesMeasureTheirRange)
 {
-    struct {
+    const struct {
+        const char* what;
         float low, high;
         bool scans;
-    } const kRanges[] = {
-        {0, 1, false},           {0, 0, true},          {1, 0, true},
-        {-5, 5, false},          {0, kInfinity, true},  {kInfinity, kInfinity, true},
-        {0, 0.9e-6F, true},      {-kInfinity, 1, true}, {0, std::nanf(""), false},
-        {1000, 1000.001F, false}};
-    for (const auto& [low, high, scans] : kRanges) {
+    } kRows[] = {{"a range", 0, 1, false},
+                 {"about 0", -5, 5, false},
+                 {"a small one far from 0", 1000, 1000.001F, false},
+                 {"no number on top", 0, std::nanf(""), false},
+                 {"none", 0, 0, true},
+                 {"turned round", 1, 0, true},
+                 {"too small", 0, 0.9e-6F, true},
+                 {"infinite on top", 0, kInfinity, true},
+                 {"infinite below", -kInfinity, 1, true},
+                 {"infinite at both ends", kInfinity, kInfinity, true}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
         EIFrame frame = SmallFrame(Layout("depth32"));
-        frame.low = low;
-        frame.high = high;
+        frame.low = row.low;
+        frame.high = row.high;
         frame.pixels = FloatBytes({0.25F, 0.75F});
         host.ForgetCalls();
         EXPECT_EQ(host.Open(OneFrameFile(frame)), Outcome{});
-        EXPECT_EQ(host.Count(Kind::kSeek), scans ? 1 : 0) << low << " to " << high;
-        EXPECT_EQ(host.Count(Kind::kAbort), scans ? 2 : 1) << low << " to " << high;
-        EXPECT_TRUE(!scans || host.document.samples == (Bytes{0, 255})) << low << " to " << high;
+        EXPECT_EQ(host.Count(Kind::kSeek), row.scans ? 1 : 0);
+        EXPECT_EQ(host.Count(Kind::kAbort), row.scans ? 2 : 1);
+        EXPECT_TRUE(!row.scans || host.document.samples == (Bytes{0, 255}));
     }
 }
 

@@ -37,38 +37,42 @@ protected:
 TEST_F(Dispatch, SelectorsMakeFindAndEndTheObject)
 {
     const struct {
-        std::vector<int> selectors;
-        bool make;
-        int result;   // of a living object
-        bool survive; // it does
-    } rows[] = {
-        {{1, 5, 6, 9, 10, 13, 24}, true, 0, true},
-        {{20, 21, 22, 23, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34}, true, 0, false},
-        {{2, 17}, true, kHostCannotRead, false},
-        {{14}, true, kHostBadMode, false},
-        {{4, 8, 12, 16}, false, 0, false},
-        {{35, 38}, false, kHostBadMode, false},
-        {{36, 39}, false, kHostBadMode, true},
-        {{3}, false, kHostCannotRead, true},
-        {{15}, false, kHostMemoryFull, true},
-        {{7, 11, 37, 40}, false, 0, true},
-        {{18, 19, 41, 42, 255, 32767, -1, -2, -32768}, false, 0, true}, // mean nothing
+        const char* what;
+        std::vector<int16_t> selectors;
+        bool makes;     // an object when there is none
+        int16_t result; // of a living object, in a session without a file
+        bool survives;  // the object does
+    } kRows[] = {
+        {"prepares and starts that do well, load", {1, 5, 6, 9, 10, 13, 24}, true, 0, true},
+        {"extensions and unload end it",
+         {20, 21, 22, 23, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34},
+         true,
+         0,
+         false},
+        {"without a file no reading, no filtering", {2, 17}, true, kHostCannotRead, false},
+        {"nor writing", {14}, true, kHostBadMode, false},
+        {"finishes end it", {4, 8, 12, 16}, false, 0, false},
+        {"extra starts are refused", {35, 38}, false, kHostBadMode, false},
+        {"extra continues too", {36, 39}, false, kHostBadMode, true},
+        {"a read continue without a file", {3}, false, kHostCannotRead, true},
+        {"a write continue without a picture", {15}, false, kHostMemoryFull, true},
+        {"other continues and finishes", {7, 11, 37, 40}, false, 0, true},
+        {"numbers that mean nothing", {18, 19, 41, 42, 255, 32767, -1, -2, -32768}, false, 0, true},
     };
-    for (const auto& row : rows)
-        for (const int number : row.selectors) {
-            SCOPED_TRACE(number);
-            const auto selector = static_cast<int16_t>(number);
+    for (const auto& row : kRows)
+        for (const int16_t selector : row.selectors) {
+            SCOPED_TRACE(row.what + (": " + std::to_string(selector)));
             ScriptableHost alone;
             alone.fault = Fault{Kind::kOpen, 0};
             const int16_t result = alone.Call(selector);
-            EXPECT_EQ(ObjectsMade(alone), row.make ? 1 : 0);
-            EXPECT_TRUE(row.make || (result == 0 && alone.Calls().empty() && alone.data == 0));
+            EXPECT_EQ(ObjectsMade(alone), row.makes ? 1 : 0);
+            EXPECT_TRUE(row.makes || (result == 0 && alone.Calls().empty() && alone.data == 0));
             ExpectClean(alone);
             ScriptableHost living;
             living.fault = Fault{Kind::kOpen, 0};
             EXPECT_EQ(living.Call(kFormatReadPrepare), 0);
             EXPECT_EQ(living.Call(selector), row.result);
-            EXPECT_EQ(ObjectLives(living), row.survive);
+            EXPECT_EQ(ObjectLives(living), row.survives);
             ExpectClean(living);
         }
 }
@@ -127,12 +131,16 @@ TEST_F(Dispatch, TheDataWordIsMadeOnceAndStays)
 
 TEST_F(Dispatch, WithoutAHandleSuiteTheModuleKeepsTheBlock)
 {
-    for (const int broken : {0, 1, 2}) {
-        SCOPED_TRACE(broken);
+    const struct {
+        const char* what;
+        void (*breaks)(ScriptableHost&);
+    } kRows[] = {{"none", [](ScriptableHost& one) { one.record.handleSuite = nullptr; }},
+                 {"another version", [](ScriptableHost& one) { one.handles.version = 2; }},
+                 {"no New", [](ScriptableHost& one) { one.handles.New = nullptr; }}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
         ScriptableHost each;
-        each.record.handleSuite = broken == 0 ? nullptr : &each.handles;
-        each.handles.version = broken == 1 ? 2 : 1;
-        each.handles.New = broken == 2 ? nullptr : each.handles.New;
+        row.breaks(each);
         EXPECT_EQ(each.Open(fPixel), Outcome{});
         EXPECT_EQ(each.document.samples, (Bytes{1, 2, 3}));
         EXPECT_EQ(each.Count(Kind::kHandleNew), 0);
@@ -143,7 +151,7 @@ TEST_F(Dispatch, WithoutAHandleSuiteTheModuleKeepsTheBlock)
 TEST_F(Dispatch, OptionsAndEstimateAskForNoMemory)
 {
     for (const int16_t selector : {kFormatOptionsPrepare, kFormatEstimatePrepare}) {
-        SCOPED_TRACE(selector);
+        SCOPED_TRACE(selector == kFormatOptionsPrepare ? "options" : "estimate");
         host.record.memoryBudget = 77;
         EXPECT_EQ(host.Call(selector), 0);
         EXPECT_EQ(host.record.memoryBudget, 0);
@@ -168,19 +176,19 @@ TEST_F(Dispatch, AboutReadsThePropertiesThroughItsOwnRecord)
 
 TEST_F(Dispatch, MissingArgumentsEndInCodes)
 {
+    const std::map<int16_t, std::vector<int16_t>> kResults = {
+        {kHostBadParameter, {1, 2, 3, 5, 6, 7, 9, 10, 11, 13, 14, 15, 35, 36, 38, 39}},
+        {kHostCannotRead, {17}}};
     for (int16_t selector = 0; selector < kFormatSelectorCount; ++selector)
         for (const bool withRecord : {false, true}) {
-            int16_t result = 99;
+            SCOPED_TRACE(std::to_string(selector) + (withRecord ? " without data" : " bare"));
+            int16_t expected = 0, result = 99;
+            for (const auto& [code, selectors] : kResults)
+                expected = std::ranges::count(selectors, selector) != 0 ? code : expected;
             host.Call(kFormatLoad);
-            host.entry(selector, withRecord && selector != 0 ? &host.record : nullptr, nullptr,
-                       &result);
-            const bool checked = (selector >= 1 && selector <= 15 && selector % 4 != 0) ||
-                                 selector == 35 || selector == 36 || selector == 38 ||
-                                 selector == 39;
-            EXPECT_EQ(result, checked          ? kHostBadParameter
-                              : selector == 17 ? kHostCannotRead
-                                               : 0)
-                << selector;
-            host.entry(selector, selector != 0 ? &host.record : nullptr, &host.data, nullptr);
+            void* const record = selector != 0 ? &host.record : nullptr; // about has its own
+            host.entry(selector, withRecord ? record : nullptr, nullptr, &result);
+            EXPECT_EQ(result, expected);
+            host.entry(selector, record, &host.data, nullptr);
         }
 }
