@@ -94,6 +94,7 @@ void Operation::Run(const Phases& phases, const std::function<void()>& started,
     RequireCall(phases.prepare, phases);
     SetMemoryHeadRoom(fRecord.memoryBudget);
     RequireCall(phases.start, phases);
+    // Once the start has done well the module is owed its finish, whatever happens in between.
     std::exception_ptr failure;
     try {
         if (started)

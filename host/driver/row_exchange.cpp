@@ -129,6 +129,7 @@ void RowDelivery::Gather(const Exchange& exchange)
     if (exchange.top < fPassed)
         throw BadExchange("row " + std::to_string(exchange.top) +
                           ", which it has delivered before");
+    // Rows before this one are with the sink already; only what is left is gathered.
     if (!fGathered) {
         const size_t samples = fInfo.RowBytes() * static_cast<size_t>(fInfo.height - fPassed);
         fGathered = std::make_unique<uint8_t[]>(samples);

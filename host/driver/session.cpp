@@ -90,6 +90,8 @@ PictureInfo Session::Open(const std::filesystem::path& file, PictureSink& sink)
             });
         },
         [&] {
+            // A continue that brings nothing new is the last, or a module that forgot a row would
+            // be asked for ever.
             return !delivery->IsComplete() &&
                    std::exchange(before, delivery->Delivered()) < delivery->Delivered();
         });

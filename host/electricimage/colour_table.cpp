@@ -139,6 +139,7 @@ ColourTable::ColourTable(PictureSource& picture, int bits, bool reduce, const st
                       "Give more --bits, or let similar colours share an entry with --reduce.",
                       kHostBadMode);
     std::vector<Box> boxes = CutColours(colours, fSize);
+    // In the order of their colours, so that the table doesn't depend on how the boxes were cut.
     std::ranges::sort(boxes, {}, &Box::Mean);
     for (size_t i = 0; i < boxes.size(); ++i) {
         const uint32_t mean = boxes[i].Mean();

@@ -182,6 +182,7 @@ void PackRow(const uint8_t* row, size_t bytes, size_t unit,
     for (size_t at = 0; at < units;) {
         size_t count = 1;
         const bool run = at + 1 < units && same(at, at + 1);
+        // A literal ends before two equal pixels, where a run begins.
         const auto goesOn = [&] {
             const size_t next = at + count;
             return run ? same(at, next) : next + 1 == units || !same(next, next + 1);

@@ -98,6 +98,7 @@ int16_t BufferedFile::Seek(int16_t mode, int64_t offset)
         fBase = target;
         return result;
     }
+    // What is still in the buffer isn't read again.
     const int64_t windowStart = fBase - (fRead.end - fBuffer.get());
     if (target >= windowStart && target <= fBase) {
         fRead.cursor = fBuffer.get() + (target - windowStart);

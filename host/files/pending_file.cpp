@@ -36,12 +36,14 @@ int16_t PendingFile::Create(RawFile& file)
     if (fs::exists(fTarget, error)) {
         if (!fs::is_regular_file(fTarget, error))
             return kHostOpenError;
+        // What a link points to is replaced, not the link.
         if (fs::is_symlink(fTarget, error))
             fTarget = fs::canonical(fTarget, error);
     }
     std::random_device random;
     int16_t result = kHostIoError;
     for (int attempt = 0; attempt < 8; ++attempt) {
+        // Beside the target: a rename doesn't reach over to another volume.
         const fs::path name = fTarget.parent_path() / TemporaryName(random);
         result = file.Create(name);
         if (result == kHostNoError)

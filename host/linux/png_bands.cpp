@@ -165,6 +165,7 @@ std::vector<uint8_t> PngBands::Filter(const PngBandLayout& layout, const Band& b
         const bool plain = layout.indexed || layout.level == 0;
         FilterRow(plain ? kNone : kSub, row, up, bytes, layout.pixelBytes, out);
         if (!plain && layout.level > 1) {
+            // The filter whose bytes stay nearest to 0 packs best, as a rule.
             uint64_t least = Unrest(out + 1, bytes);
             for (const RowFilter filter : {kNone, kUp, kAverage, kPaeth}) {
                 FilterRow(filter, row, up, bytes, layout.pixelBytes, trial.data());

@@ -81,6 +81,8 @@ private:
         const bool alpha = transparent || (type & PNG_COLOR_MASK_ALPHA) != 0;
         png_set_scale_16(fPng);
         png_set_packing(fPng);
+        // A picture with alpha becomes RGBA in all, since the host has no grey with alpha; without
+        // it indices and greys stay what they are, a byte each.
         if (alpha)
             png_set_expand(fPng);
         else if (type == PNG_COLOR_TYPE_GRAY)

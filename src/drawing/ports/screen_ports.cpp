@@ -16,6 +16,8 @@ Point CScreenPort::ClientToScreen(const Point& units) const
 bool CWindowPort::SetClientPixels(const PixelPoint& size)
 {
     const PixelPoint wanted{std::max(size.x, 1), std::max(size.y, 1)};
+    // It only grows: a window that is dragged smaller and larger keeps its pixels and costs no new
+    // bitmap.
     if (wanted.x > fBitmap.Width() || wanted.y > fBitmap.Height()) {
         const PixelPoint grown{std::max(wanted.x, fBitmap.Width()),
                                std::max(wanted.y, fBitmap.Height())};

@@ -76,6 +76,7 @@ void CSystemPort::DrawLineWithin(const Platform::TextLine& line, const PixelPoin
     const PixelRect seen = Kesto::Intersect(ink, frame);
     if (!fState.clip.Intersects(seen))
         return;
+    // Nearly every text: no second clip is made.
     if (seen == ink) {
         ClippedCanvas().DrawTextLine(line, start, fState.textColour);
         return;

@@ -125,6 +125,7 @@ bool ReadColorTable(EIContext& context)
         uint8_t entry[kLutEntryBytes];
         if (!ReadBytes(context.file, entry, sizeof entry))
             return Fail(context, kHostCannotRead);
+        // Entries beyond the host's table are passed over: the pixels come after them.
         if (i >= kTableSize)
             continue;
         record.redLut[i] = entry[0];
@@ -238,6 +239,7 @@ void EIReadStart(EIContext& context)
         context.result = kHostMissingSuite;
         return;
     }
+    // A failure from here on leaves the file open: the finish closes it.
     context.file = FastOpen(&record, kHostOpenToRead);
     uint32_t frame = 0;
     if (context.file == nullptr) {

@@ -187,6 +187,7 @@ void EIWriteContinue(EIContext& context)
         context.result = kHostMissingSuite;
     else
         WriteRows(context);
+    // The start made the buffer; it isn't needed any more, however the writing went.
     if (context.writeBufferPointer != nullptr)
         buffers.Unlock(context.writeBuffer);
     if (context.writeBuffer != nullptr)

@@ -40,6 +40,8 @@ void UnpackRow(EIContext& context, uint8_t* dest, const RowLayout& row)
             packetOpened = true;
         }
         if (gRun.left < kLiteralFlag) {
+            // A run's pixel stands once in the file, and its control byte is the length less one.
+            // An open run goes on with the pixel that is kept.
             if (packetOpened) {
                 if (!ReadBytes(context.file, gRun.value, row.unit)) {
                     context.result = kHostCannotRead;
@@ -62,6 +64,7 @@ void UnpackRow(EIContext& context, uint8_t* dest, const RowLayout& row)
             position += count * row.unit;
         }
     }
+    // A row is a whole number of pixels, so it can't end amid one unless the layout is wrong.
     if (position > row.bytes)
         FailWithMessage(context, kHostCannotRead, Message::kUnpackFailed);
 }
@@ -160,6 +163,8 @@ void EIReadDepthRow(EIContext& context, uint8_t* dest, uint8_t* scratch, int32_t
 void ReadRow(EIContext& context, uint8_t* dest, uint8_t* scratch, int32_t pixelCount)
 {
     const EIFrameHeader& frame = context.frameHeader;
+    // What is as long in the file as in the picture is read in place; the rest goes by way of the
+    // scratch row.
     switch (frame.PixelBits()) {
     case 1:
     case 2:

@@ -43,6 +43,7 @@ void ParseIconIndex(std::span<const std::byte> bytes, IconDataNames& dataNames,
         found[std::string(entry.substr(0, length))] =
             reinterpret_cast<const IconPlaces*>(entry.data() + kIconNameBytes);
     }
+    // Not before all is found sound.
     dataNames = std::move(names);
     entries = std::move(found);
 }

@@ -128,6 +128,7 @@ void Path::AddRoundedRectangle(const PathRect& rect, double radiusX, double radi
         return;
     if (!(radiusX > 0 && radiusY > 0))
         radiusX = radiusY = 0;
+    // Halves are taken first: the difference of two huge numbers would overflow.
     const double x = std::min(radiusX, right / 2 - left / 2);
     const double y = std::min(radiusY, bottom / 2 - top / 2);
     const double bendX = x * (1 - kQuarter);

@@ -101,6 +101,7 @@ std::size_t TextLine::FitRow(std::size_t from, double width) const
         if (i > first && clusters[i].breakBefore)
             lastBreak = clusters[i].start;
         used += static_cast<double>(extent.right - extent.left);
+        // Blanks may hang over the end of a row. A word that is too wide for a row breaks anywhere.
         if (i > first && !clusters[i].blank && used > width)
             return (lastBreak > start ? lastBreak : clusters[i].start) - start;
     }

@@ -76,6 +76,8 @@ CLumographFormat& AcquireFormatPlugin(const FormatProject& project, bool keepAli
 {
     const auto* const record = static_cast<const HostFormatRecord*>(call.record);
     if (CLumographFormat* const plugin = FindFormatPlugin(project.index)) {
+        // The object may have been kept from a session before: what the host has changed since is
+        // read anew, and the records of that call are gone.
         if (record != nullptr)
             plugin->UpdateHostProperties(record->basicSuite);
         plugin->ForgetCall();
@@ -87,6 +89,7 @@ CLumographFormat& AcquireFormatPlugin(const FormatProject& project, bool keepAli
     if (made == nullptr)
         throw std::logic_error("Warning! (plugin != nullptr)");
     if (record != nullptr) {
+        // Only now: the scaling of dialogs must not change while the object lives.
         made->SetupHighDPI(record->basicSuite);
         made->UpdateHostProperties(record->basicSuite);
     }

@@ -19,11 +19,13 @@ void CBufferSuiteAllocator::FreeBuffer(HostBuffer buffer) const
 
 void* CBufferSuiteAllocator::Allocate(std::size_t size)
 {
+    // The host's sizes have 32 bits.
     if (size > static_cast<std::size_t>(std::numeric_limits<int32_t>::max()))
         return nullptr;
     HostBuffer buffer = nullptr;
     if (fSuite.Allocate(static_cast<int64_t>(size), buffer) != kHostNoError || buffer == nullptr)
         return nullptr;
+    // Locked for its whole life: callers keep addresses, the host knows handles.
     void* const memory = fSuite.Lock(buffer);
     if (memory == nullptr) {
         fSuite.Free(buffer);

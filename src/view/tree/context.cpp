@@ -92,6 +92,7 @@ void CContext::UpdateNow()
     };
     const CViewHold hold(*this);
     const Painting painting(fIsPainting);
+    // Taken first, so that what drawing invalidates is painted the next time.
     CPaintEvent event{std::exchange(fInvalid, {})};
     const PixelPoint size = GetClientPixels();
     event.fUpdate.Intersect(PixelRect{0, 0, size.x, size.y});

@@ -44,6 +44,7 @@ void CPane::AttachToParent(CView& parent)
     fParent = &parent;
     TakeParentState(parent);
     UpdateContext(parent.GetContext());
+    // Each step calls hooks that may move the pane elsewhere; then the rest isn't this parent's.
     if (fParent == &parent)
         Place({});
     if (fParent == &parent && IsVisible())

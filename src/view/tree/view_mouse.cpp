@@ -126,6 +126,7 @@ void CView::MouseMoved(const CMouseEvent& event)
             return;
         gMouseView = this;
         MouseEnter(event);
+        // A hook may move the mouse to another view.
         if (gMouseView == this)
             TellParents(&CView::MouseEnterChild);
     }

@@ -81,6 +81,7 @@ Rect CView::PinInBounds(const Rect& rect) const
 
 void CView::ScrollBy(double dx, double dy, bool notify, bool now)
 {
+    // Not a number scrolls nothing either.
     if (!(std::abs(dx) >= kSmallest || std::abs(dy) >= kSmallest))
         return;
     const CViewHold hold(*this);

@@ -19,6 +19,7 @@ void CView::ChangeShown(std::uint32_t bit, bool on)
     const bool is = IsVisible();
     if (is == was)
         return;
+    // The hooks run while the view can have the keyboard: after it is enabled, before it is not.
     if (is) {
         UpdateMessengerState();
         if (!hold.IsOver())

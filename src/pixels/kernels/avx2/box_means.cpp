@@ -165,6 +165,8 @@ void BoxMean(Plane<const Byte> source, Plane<Byte> out, BoxShape shape, bool rou
 {
     Divider divider;
     const std::uint32_t area = static_cast<std::uint32_t>(shape.Area());
+    // Sums of 256 bytes fit in 16 bits; larger windows, and those whose area the divider can't
+    // take, go the plain way.
     if (shape.fLean != 0 || shape.fWidth > 256 || shape.fHeight > 256 ||
         !divider.Set(area, round ? area / 2 : 0))
         return PlainKernels().boxMean(source, out, shape, round, scratch);

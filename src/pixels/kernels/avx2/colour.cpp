@@ -130,6 +130,8 @@ void HueToRGB(const Byte* const hsv[3], Byte* const rgb[3], std::size_t n)
 {
     for (std::size_t i = 0; i < 3; ++i)
         for (std::size_t k = 0; k < 3; ++k)
+            // Where an output lies over an input the order of the writes shows, and the plain
+            // loop's is the one that counts.
             if (Entangled(rgb[i], hsv[k], n))
                 return PlainKernels().hueToRGB(hsv, rgb, n);
     std::size_t i = 0;

@@ -253,6 +253,7 @@ void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, By
         const __m256i toEdge = Lifted(low, high, lifts);
         Store(out + i, RoundedUp(_mm256_add_epi8(ours, _mm256_packs_epi16(low.fWhole, high.fWhole)),
                                  toEdge));
+        // Too near to a half to tell which way the exact sum rounds: these are done again.
         if (AreDoubtful(toEdge))
             ExactCombine(a + i, b + i, weightA, weightB, out + i, kVector);
     }

@@ -103,6 +103,7 @@ Pair RanksAt(const CRows& rows, std::size_t x, std::size_t width, __m256i rank)
 void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, BoxShape shape,
           std::int32_t rank, std::span<std::int32_t> counts, std::byte* scratch)
 {
+    // Bins and counts are bytes here; what doesn't fit goes the plain way.
     if (counts.size() > kMostBins || shape.fWidth > kMostPixels || shape.fHeight > kMostPixels ||
         shape.Area() > kMostPixels)
         return PlainKernels().rank(source, out, shape, rank, counts, scratch);

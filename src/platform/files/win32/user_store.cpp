@@ -36,6 +36,7 @@ std::vector<std::byte> ReadUserValue(const std::string& keyPath, const std::stri
     if (RegQueryValueExW(key.get(), wideName.c_str(), nullptr, nullptr,
                          reinterpret_cast<BYTE*>(value.data()), &size) != ERROR_SUCCESS)
         return {};
+    // Another program may have made it shorter in between.
     value.resize(size);
     return value;
 }

@@ -53,6 +53,7 @@ bool Bitmap::Make(std::int32_t width, std::int32_t height, std::int32_t pixelBit
     const Header header = MakeHeader(width, height, pixelBits);
     const ScreenDevice device;
     void* bits = nullptr;
+    // The call may fail without setting an error; one from before would be told in its place.
     SetLastError(0);
     const HBITMAP bitmap =
         CreateDIBSection(device.Get(), reinterpret_cast<const BITMAPINFO*>(&header),

@@ -68,6 +68,8 @@ HCURSOR MakeCursor(std::span<const std::uint32_t> pixels, std::int32_t width, st
                 Unmultiplied(pixels[std::size_t(y) * std::size_t(width) + std::size_t(x)]);
             std::memcpy(colours.Bits() + y * colours.RowBytes() + x * 4, &pixel, sizeof pixel);
         }
+    // The alpha of the pixels says what is seen; a mask must be there all the same, and its rows
+    // are whole 16-bit words.
     const std::vector<std::uint8_t> none(static_cast<std::size_t>((width + 15) / 16 * 2 * height));
     const HBITMAP mask = CreateBitmap(width, height, 1, 1, none.data());
     ICONINFO plan{FALSE, static_cast<DWORD>(hotSpot.x), static_cast<DWORD>(hotSpot.y), mask,

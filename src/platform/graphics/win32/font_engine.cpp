@@ -180,7 +180,9 @@ public:
             if (analysis.IsGood())
                 analysis.Draw(-area.left, -area.top);
         }
+        // GDI draws later than it says; the pixels are read from memory here.
         GdiFlush();
+        // White on black in grey smoothing: each channel is the coverage.
         const std::uint8_t* green = bitmap.Bits() + 1;
         for (std::uint8_t& each : coverage) {
             each = *green;
@@ -236,6 +238,8 @@ std::vector<TextCluster> ClustersOf(const Analysis& analysis, const WideText& wi
     std::vector<TextCluster> clusters;
     for (std::size_t i = 0; i < wide.units.size(); ++i) {
         const bool beginsCharacter = i == 0 || wide.characters[i] != wide.characters[i - 1];
+        // The second half of a pair of units, or a mark on the character before, is no place for
+        // the cursor.
         if (i > 0 && !(beginsCharacter && (marks == nullptr || marks[i].fCharStop))) {
             clusters.back().trailing = static_cast<float>(ends[i].trailing);
             continue;

@@ -75,6 +75,7 @@ void InjectButton(Key button, bool down)
                     point);
         break;
     case Key::kBackwardButton:
+        // The upper word tells which of the extra buttons it is.
         InjectMouse(kExtraDown + release, held | 1U << 16, point);
         break;
     case Key::kForwardButton:

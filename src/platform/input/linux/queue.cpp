@@ -282,8 +282,10 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
         }
         descriptors = {pollfd{fBell, POLLIN, 0}, pollfd{fSource, POLLIN, 0}};
     }
+    // In steps of a minute at most, since poll counts in an int; the caller waits again.
     poll(descriptors.data(), descriptors.size(),
          wait != kForever ? static_cast<int>(std::min<std::uint64_t>(wait, 60000)) : -1);
+    // Takes back what the bell has rung, or the next wait would end at once.
     std::uint64_t rung = 0;
     [[maybe_unused]] const ssize_t got = ::read(fBell, &rung, sizeof rung);
     if (descriptors[1].revents != 0)

@@ -66,6 +66,7 @@ void EditLayout::AddRows(std::size_t start, std::size_t end, const Font& font, s
     const auto whole = font.Line(paragraph);
     std::size_t from = 0;
     while (fStyle.wraps && whole->Width() > width && from < paragraph.size()) {
+        // At least something, or a field narrower than a character would go round for ever.
         const std::size_t bytes = std::max<std::size_t>(whole->FitRow(from, width), 1);
         if (from + bytes >= paragraph.size())
             break;

@@ -83,6 +83,7 @@ bool EditModel::Replace(std::size_t from, std::size_t to, std::string_view text,
 {
     const std::string_view goes = std::string_view(fText).substr(from, to - from);
     const std::size_t rest = Characters() - CountCharacters(goes);
+    // A limit of 0 is none. It counts characters, and text that was too long before stays.
     const std::size_t room = fLimit == 0     ? std::string_view::npos
                              : fLimit > rest ? fLimit - rest
                                              : 0;
@@ -92,6 +93,7 @@ bool EditModel::Replace(std::size_t from, std::size_t to, std::string_view text,
     if (GoesOn(from, to, isTyping)) {
         fSteps.back().after += comes;
     } else {
+        // What was undone can't be done again after a change.
         fSteps.resize(fDone);
         fSteps.push_back({from, std::string(goes), comes, isTyping});
         if (fSteps.size() > kMostSteps)

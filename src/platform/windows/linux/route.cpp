@@ -20,9 +20,11 @@ void RouteInput(QueuedMessage& message)
     }
     if (message.number < kMouseFirst || message.number > kMouseLast)
         return;
+    // A window that has captured the mouse gets all of it, wherever the pointer is.
     LinuxWindow* const captor = Captor();
     message.window = captor != nullptr ? captor->Handle() : WindowAt({message.x, message.y});
     const LinuxWindow* const window = LinuxWindow::From(message.window);
+    // A turn of the wheel carries screen coordinates, everything else those of the window.
     if (window == nullptr || message.number == kWheel || message.number == kSidewaysWheel) {
         message.second = PackPoint(message.x, message.y);
         return;

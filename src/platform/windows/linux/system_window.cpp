@@ -207,6 +207,7 @@ void AppearWindow(LinuxWindow& window, bool activate)
 {
     const NativeWindow handle = window.Handle();
     const auto lives = [handle] { return LinuxWindow::From(handle) != nullptr; };
+    // Each message may end the window.
     window.Send(kShowWindow, 1);
     if (!lives())
         return;
@@ -222,6 +223,7 @@ void AppearWindow(LinuxWindow& window, bool activate)
         window.InvalidateTree();
         window.Send(kWindowPosChanged);
     }
+    // The first time a window is told where it is and how large, as if it had been moved there.
     if (!lives() || std::exchange(window.fWasShown, true) || !HearsOfFirstPlace(window.fKind))
         return;
     const PixelRect local = window.Local();

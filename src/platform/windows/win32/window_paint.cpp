@@ -149,6 +149,7 @@ bool PhotographWindow(NativeWindow window, Bitmap& picture)
         return false;
     record->photograph = &picture;
     SendMessageW(Handle(window), WM_PAINT, 0, 0);
+    // Painting may have ended the window.
     WindowRecord* const still = RecordOf(Handle(window));
     if (still == nullptr)
         return false;

@@ -53,6 +53,7 @@ private:
 
 WindowStyle StyleOf(WindowKind kind, std::uint32_t features)
 {
+    // Children paint themselves: a parent that painted over them would make them flicker.
     constexpr DWORD kAll = WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
     DWORD extended = (features & WindowFeature::kDropFiles) != 0 ? WS_EX_ACCEPTFILES : 0;
     const DWORD frame = FrameBits(features);

@@ -173,6 +173,7 @@ std::u16string KeyboardMap::TextOf(std::uint8_t code, std::uint16_t modifiers)
     Follow(fState.get(), modifiers);
     std::array<char, 64> text{};
     const xkb_keysym_t symbol = xkb_state_key_get_one_sym(fState.get(), code);
+    // A dead key gives no text; the key after it gives that of both.
     const bool feeds = fCompose != nullptr &&
                        xkb_compose_state_feed(fCompose.get(), symbol) == XKB_COMPOSE_FEED_ACCEPTED;
     switch (feeds ? xkb_compose_state_get_status(fCompose.get()) : XKB_COMPOSE_NOTHING) {

@@ -27,6 +27,8 @@ bool XcbDisplay::SetClipboardText(std::string_view text)
 
 std::optional<std::string> XcbDisplay::ClipboardText()
 {
+    // Asking the server for what this process owns would wait for an answer that nobody sends
+    // meanwhile.
     if (fOwnsClipboard || fIsLost)
         return fClipboard;
     xcb_convert_selection(fConnection, fHelper, fAtoms[Atom::kClipboard], fAtoms[Atom::kUTF8],

@@ -58,6 +58,7 @@ XcbDisplay::Known* XcbDisplay::Find(std::uint32_t number)
 
 void XcbDisplay::Read()
 {
+    // What came while somebody awaited an answer is older than what is read now.
     while (!fPending.empty()) {
         const Event event = std::move(fPending.front());
         fPending.pop_front();
@@ -69,6 +70,7 @@ void XcbDisplay::Read()
             break;
         Take(*event);
     }
+    // After all is read: focus that goes from one of our windows to another comes as two events.
     TellFocus();
     xcb_flush(fConnection);
     if (xcb_connection_has_error(fConnection) != 0)
@@ -121,6 +123,7 @@ void XcbDisplay::Take(const xcb_generic_event_t& event)
         if (known == nullptr)
             break;
         known->isMapped = (event.response_type & 0x7F) == XCB_MAP_NOTIFY;
+        // The server refuses the focus to a window that isn't mapped yet.
         if (known->isMapped && ActiveLinuxWindow() == known->window)
             Focus(*known->window);
         break;

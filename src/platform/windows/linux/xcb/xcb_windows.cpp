@@ -83,6 +83,7 @@ bool XcbDisplay::AddWindow(LinuxWindow& window)
         return false;
     }
     const PixelRect local = window.Local();
+    // A popup is placed without the window manager, which would frame it and give it the focus.
     const bool isPopup = window.fKind == WindowKind::kPopup;
     const std::uint32_t values[] = {XCB_GRAVITY_NORTH_WEST, isPopup ? 1U : 0U, kEvents};
     window.fServerID = xcb_generate_id(fConnection);
@@ -343,6 +344,7 @@ std::unique_ptr<Display> ConnectDisplay()
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
     for (; number > 0 && screens.rem > 1; --number)
         xcb_screen_next(&screens);
+    // Bitmaps have 32 bits a pixel; a screen of fewer than 24 would need other ones.
     const bool fits = screens.rem > 0 && screens.data->root_depth >= 24;
     if (!fits) {
         xcb_disconnect(connection);
