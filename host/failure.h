@@ -11,7 +11,7 @@
 namespace Host {
 
 // what() says what failed, on what, with the value found; Advice() what to do about it and may be
-// empty; Code() is the result code behind it, kHostFailed when there is none.
+// empty; Code() is the result code that led to it, kHostFailed when there is none.
 class Failure : public std::runtime_error {
 public:
     explicit Failure(const std::string& text, std::string advice = {}, int16_t code = kHostFailed)

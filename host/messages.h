@@ -1,4 +1,4 @@
-// The texts behind result codes.
+// What result codes mean, in words.
 #pragma once
 
 #include <cstdint>

@@ -8,7 +8,7 @@ namespace Host {
 
 class ProgressBar {
 public:
-    // `title` stands before the bar, such as "Opening".
+    // `title` comes before the bar, such as "Opening".
     explicit ProgressBar(std::string title);
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;

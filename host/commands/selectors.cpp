@@ -40,7 +40,7 @@ private:
     std::array<uint8_t, 8> fRow = {0, 36, 73, 109, 146, 182, 219, 255};
 };
 
-// A folder with a small file in it, gone with the object.
+// A folder with a small file in it, removed with the object.
 class TrialFolder {
 public:
     TrialFolder()

@@ -1,4 +1,4 @@
-// One operation of the host on one file: the format record, its callbacks, and the file behind it.
+// One operation of the host on one file: the format record, its callbacks and the file.
 //
 // Callbacks of the protocol are plain functions without a context, so one operation is at work at a
 // time.
@@ -73,7 +73,8 @@ public:
     // Gives the written file its name. Throws Failure when that or any write failed.
     void Commit();
 
-    // What the module left behind, a line each; empty when everything was given back.
+    // What the module has left open or allocated, a line each; empty when everything was given
+    // back.
     std::vector<std::string> Leftovers() const;
 
 private:

@@ -19,7 +19,7 @@ std::string Upper(std::string text)
     return text;
 }
 
-// Extensions stand in the list as four characters, filled up with blanks.
+// Extensions are four characters in the list, filled up with blanks.
 std::vector<std::string> ExtensionsOf(const Json& format, const char* key)
 {
     std::vector<std::string> extensions;

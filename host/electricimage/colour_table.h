@@ -29,7 +29,7 @@ private:
 
     size_t fSize; // entries allowed
     Palette fPalette;
-    bool fKeep = false;                             // the picture's own indices stand
+    bool fKeep = false;                             // the picture's own indices are kept
     std::unordered_map<uint32_t, uint8_t> fIndices; // by colour, 0xRRGGBB
 };
 

@@ -229,7 +229,7 @@ void FrameEncoder::Append(PictureSource& picture, const FrameOptions& options,
                                                   colours->blue[i]};
             Put(entry.data(), entry.size());
         }
-    // The range block counts as data: the next frame is looked for behind the data and the colour
+    // The range block counts as data: the next frame is looked for after the data and the colour
     // table only.
     const int64_t dataAt = fFile->Position();
     if (fields.frameType == kEIDepthFrame) {

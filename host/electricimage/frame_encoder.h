@@ -31,7 +31,7 @@ struct FrameOptions {
 
 class FrameEncoder {
 public:
-    // Begins a file of `frameCount` frames; nothing stands under the name before Finish. Throws
+    // Begins a file of `frameCount` frames; the name isn't there before Finish. Throws
     // Failure.
     FrameEncoder(const std::filesystem::path& path, uint32_t frameCount);
 

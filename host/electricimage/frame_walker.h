@@ -30,7 +30,7 @@ public:
 
     const EIFileFields& File() const { return fHeader; }
 
-    // The next frame; nothing behind the last one, or when the file ends before it.
+    // The next frame; nothing after the last one, or when the file ends before it.
     std::optional<EIFrameReport> Next();
 
     // Whether the walk ended before all the frames that the header promises.

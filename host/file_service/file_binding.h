@@ -1,4 +1,4 @@
-// Which record stands for which path, and the files that were opened for it.
+// Which record belongs to which path, and the files that were opened for it.
 #pragma once
 
 #include "file_service/file_service_control.h"

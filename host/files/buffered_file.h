@@ -50,8 +50,8 @@ public:
 
     int64_t Position() const;
 
-    // Moves the position as FastSetPosition does. Any place at or behind the start is allowed;
-    // reading behind the end delivers nothing, writing behind the end leaves zeros between.
+    // Moves the position as FastSetPosition does. Any place from the start on is allowed;
+    // reading beyond the end delivers nothing, writing beyond the end leaves zeros between.
     int16_t Seek(int16_t mode, int64_t offset);
 
     // Writes what is held back and closes. The first failure of any write of this file is the

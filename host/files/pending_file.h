@@ -1,7 +1,7 @@
 // A file that is being written and has no name of its own yet.
 //
 // The bytes go to a temporary file in the target's folder. Commit gives it the target's name in one
-// step; without a commit it vanishes with the object. So the target's name always stands for a
+// step; without a commit it vanishes with the object. So the target's name always names a
 // whole file: the old one or the new one.
 #pragma once
 

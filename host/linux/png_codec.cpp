@@ -1,6 +1,6 @@
 // PNG through libpng; the pixels of written pictures are packed by PngBands. libpng reports errors
 // by a jump back to setjmp: the functions that set one hold no objects that need an end of their
-// own, and what outlives the jump stands in the class.
+// own, and what outlives the jump is a member of the class.
 #include "pictures/png_codec.h"
 
 #include "failure.h"

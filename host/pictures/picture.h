@@ -53,8 +53,8 @@ public:
     virtual const uint8_t* Row(int32_t y) = 0;
 };
 
-// A picture to be written. Nothing stands under the file's name before Finish; an object that ends
-// without it leaves nothing behind. Failures are thrown as Failure.
+// A picture to be written. The file isn't there before Finish; an object that ends
+// without it leaves nothing. Failures are thrown as Failure.
 class PictureSink {
 public:
     virtual ~PictureSink() = default;

@@ -32,7 +32,7 @@ public:
         return fText.substr(start, fAt - start);
     }
 
-    // Where the byte behind the last word stands.
+    // Where the byte after the last word is.
     size_t At() const { return fAt; }
 
 private:

@@ -15,7 +15,7 @@ namespace Kesto {
 struct RegisteredClass {
     std::string_view name;
     VexClassKind kind;
-    // Null for a class that is still to come: a placeholder of the size stands for it.
+    // Null for a class that is still to come: a placeholder of the size takes its place.
     std::unique_ptr<CViewBuilderBase> (*makeBuilder)(std::string_view name);
     Point placeholderSize;
 
@@ -24,8 +24,8 @@ struct RegisteredClass {
 
 std::span<const RegisteredClass> RegisteredClasses();
 
-// Has all of them known to the generator, for the life of the process. To be called before a text is
-// loaded; a second call does nothing. Static objects that register themselves would not do: the
+// Has all of them known to the generator, for the life of the process. To be called before a text
+// is loaded; a second call does nothing. Static objects that register themselves would not do: the
 // linker leaves them out of a static library.
 void RegisterViewClasses();
 

@@ -18,7 +18,7 @@ public:
     void Fill(const Kesto::PixelRect& rect, std::uint32_t colour);
 
     // Lays 1 to 4 planes of 8 bits over the sheet, their first pixel at (x, y): grey or red, green,
-    // blue, with alpha behind them in 2 and 4. Other pictures are left out.
+    // blue, with alpha after them in 2 and 4. Other pictures are left out.
     void Draw(const Kesto::CPixView& picture, std::int32_t x, std::int32_t y);
 
     // The text begins at x; y is its base line.

@@ -7,5 +7,5 @@
 inline constexpr double kPanelWidth = 560.0;
 inline constexpr double kPanelHeight = 400.0;
 
-// Draws it from the port's window origin on; `title` stands at its top.
+// Draws it from the port's window origin on; `title` is at its top.
 void DrawPanel(Kesto::CSystemPort& port, const char* title);

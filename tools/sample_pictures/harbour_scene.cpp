@@ -155,7 +155,7 @@ Sight HarbourScene::Above(double x, double y) const
     return sight;
 }
 
-// The sea mirrors what stands above it, dimmed, and shakes it sideways row by row.
+// The sea mirrors what is above it, dimmed, and shakes it sideways row by row.
 Sight HarbourScene::Water(double x, double y) const
 {
     const double depth = -y;

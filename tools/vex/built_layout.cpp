@@ -94,7 +94,7 @@ void CBuiltLayout::Load(const CSourceText& source)
         fViews.push_back({std::string(className), &view, fOwner.fLayoutRecord.Margins()});
     };
     if (Kesto::LoadLayoutFromText(fOwner, source.Text().c_str()) == nullptr)
-        fViews.clear(); // what stands in an outermost view that isn't there is no layout
+        fViews.clear(); // what is in an outermost view that isn't there is no layout
 }
 
 } // namespace Vex

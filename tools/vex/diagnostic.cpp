@@ -41,7 +41,7 @@ Excerpt ExcerptOf(std::string_view line, std::size_t place)
 
 } // namespace
 
-// The caret stands below its character, whatever the width of a tab is and however many bytes a
+// The caret is below its character, whatever the width of a tab is and however many bytes a
 // character has.
 void Print(std::ostream& out, const CSourceText& source, const Diagnostic& diagnostic)
 {

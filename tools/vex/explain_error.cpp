@@ -20,7 +20,7 @@ bool IsOperator(std::string_view what)
     return what == "==" || what == "!=" || what == "&&" || what == "||";
 }
 
-// "a, b or c"; what is no description stands in quotes.
+// "a, b or c"; what is no description is quoted.
 std::string JoinExpected(const SyntaxFailure& failure)
 {
     std::vector<std::string> parts;
@@ -50,7 +50,7 @@ std::string WordAt(const char* position)
     return character;
 }
 
-// A place where the parser gave up, with what stands around it.
+// A place where the parser gave up, with what is around it.
 struct Scene {
     const CSourceText& source;
     const SyntaxFailure& failure;

@@ -30,7 +30,7 @@ std::string_view TokenAt(const char* at)
     return {at, length};
 }
 
-// A sign that stands where an operand is due belongs to the operand.
+// A sign where an operand is due belongs to the operand.
 bool EndsOperand(std::string_view token)
 {
     const char last = token.back();

@@ -1,6 +1,6 @@
 // The canonical form of a layout text.
 //
-// Four columns for each level. A view stands on one line if that has at most 100 columns and no
+// Four columns for each level. A view is on one line if that has at most 100 columns and no
 // line end in a string, and otherwise gives each property a line. An empty line separates
 // assignments from views. Strings are kept byte for byte.
 #pragma once

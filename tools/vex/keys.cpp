@@ -17,7 +17,7 @@ namespace {
 using Kesto::PropertyRow;
 using Kesto::PropertyRows;
 
-// What a key takes, in a word or two; the families of its constants stand for a number.
+// What a key takes, in a word or two; the families of its constants for a number.
 std::string KindOf(const PropertyRow& row)
 {
     const Kesto::VexPropertyKey& key = *FindWord(Kesto::PropertyKeys(), row.key.text);

@@ -1,4 +1,4 @@
-// A layout text and where its characters stand.
+// A layout text and where its characters are.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ class CSourceText {
 public:
     CSourceText(std::string name, std::string text);
 
-    // The path "-" stands for the standard input. Throws std::runtime_error that says what is wrong
+    // The path "-" is the standard input. Throws std::runtime_error that says what is wrong
     // with the file. A text cannot hold a zero byte.
     static CSourceText Load(const std::filesystem::path& path);
 

@@ -39,7 +39,7 @@ public:
     bool IsDefined(std::string_view) override { return true; }
     void Expected(const char* position, const char* what) override;
 
-    // What stands side by side at the top.
+    // What is side by side at the top.
     const std::vector<SyntaxNode>& Nodes() const { return fNodes; }
     const SyntaxFailure& Failure() const { return fFailure; }
 

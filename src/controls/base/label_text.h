@@ -17,7 +17,7 @@ class CView;
 double MeasureLabel(std::string_view text, EFontKind font, const CView* view);
 
 // Draws a label in the port's font and text colour. The base line depends on the frame's height
-// alone, so that texts of all controls in a row stand on one line. Flags are ETextFlags.
+// alone, so that texts of all controls in a row share a line. Flags are ETextFlags.
 void DrawLabelLine(CSystemPort& port, std::string_view text, const Rect& frame,
                    std::uint32_t flags);
 

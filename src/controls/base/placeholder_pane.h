@@ -1,5 +1,5 @@
-// CPlaceholderPane, what stands for a view of a class that is still to come: a box with its label,
-// or the name of the class.
+// CPlaceholderPane, what takes the place of a view of a class that is still to come: a box with its
+// label, or the name of the class.
 #pragma once
 
 #include "foundation/base/text.h"

@@ -110,7 +110,7 @@ std::unique_ptr<CPane> CPaneBuilder<CCustomButton>::MakePane(const PaneParameter
     return MakeButton<CCustomButton>(parameters);
 }
 
-// An id that the text gives wins over those that the three keys stand for.
+// An id that the text gives wins over those that the three keys mean.
 void CPaneBuilder<CCustomButton>::ReadKeys(CPane& pane, LayoutOwner& owner) const
 {
     CPaneBuilder<CPane>::ReadKeys(pane, owner);

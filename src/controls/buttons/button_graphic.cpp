@@ -24,7 +24,7 @@ bool IsPush(EButtonStyle style)
     return style == kButtonStyle_Default || style == kButtonStyle_Push;
 }
 
-// The label stands within a body, rather than beside a box.
+// The label lies within a body, rather than beside a box.
 bool HasBody(EButtonStyle style)
 {
     return IsPush(style) || style == kButtonStyle_Bevel || style == kButtonStyle_Tool;

@@ -45,7 +45,7 @@ protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
 };
 
-// Nothing: what the owner draws stands alone.
+// Nothing: only what the owner draws is seen.
 class CEmptyButtonGraphic : public CButtonGraphic {
 public:
     using CButtonGraphic::CButtonGraphic;

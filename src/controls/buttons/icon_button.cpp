@@ -25,7 +25,7 @@ void CIconButton::SetIconOffset(const Point& offset)
     InvalidateAll();
 }
 
-// The store's states stand in the order of the button's.
+// The store's states are in the order of the button's.
 const CDualPicture& CIconButton::PictureNow() const
 {
     const CDrawTools& tools = CDrawTools::Get();

@@ -5,7 +5,7 @@
 //   signed   = { "+" | "-" } ( number | "(" sum ")" )
 //   number   = digits [ "." digits ] [ exponent ], or "." digits
 //
-// Blanks may stand between tokens. All arithmetic is that of doubles.
+// Blanks may come between tokens. All arithmetic is that of doubles.
 #pragma once
 
 #include <string_view>
@@ -30,8 +30,8 @@ ExpressionResult EvaluateExpression(std::string_view text) noexcept;
 
 inline constexpr int kDeepestExpression = 200;
 
-// Takes the number at the front of a text, as far as it is one. kBad, and nothing taken, if the text
-// doesn't begin with one.
+// Takes the number at the front of a text, as far as it is one. kBad, and nothing taken, if the
+// text doesn't begin with one.
 ExpressionResult TakeNumber(std::string_view& text) noexcept;
 
 } // namespace Kesto

@@ -1,5 +1,5 @@
-// The rules of a number field: how its value reads, what a text means, which texts are in range, how
-// arrow keys step. Numbers only; the field itself, its window and its alerts are elsewhere.
+// The rules of a number field: how its value reads, what a text means, which texts are in range,
+// how arrow keys step. Numbers only; the field itself, its window and its alerts are elsewhere.
 #pragma once
 
 #include "layout/vocabulary/text_options.h"
@@ -23,8 +23,8 @@ struct CNumberRules {
     std::string decimalPoint = ".";         // the user's, UTF-8
 
     // The value as text. Decimals are rounded half away from zero to `digits` places and shown with
-    // no more than 13 significant digits, or with all places if fixed; other values are rounded to a
-    // whole number. Padding zeros stand behind a minus sign.
+    // no more than 13 significant digits, or with all places if fixed; other values are rounded to
+    // a whole number. Padding zeros come after a minus sign.
     std::string ValueToText(double value) const;
 
     // What a text means; nothing if it means nothing. An empty text means nothing. A plain number
@@ -43,8 +43,8 @@ struct CNumberRules {
     // are stored the wrong way round count the right way there; equal ones change nothing.
     double Step(double value, double delta) const;
 
-    // Whether a typed character may enter the field; `atStart`: it would become the first one, where
-    // a minus is a sign and needs a negative minimum. Control characters may.
+    // Whether a typed character may enter the field; `atStart`: it would become the first one,
+    // where a minus is a sign and needs a negative minimum. Control characters may.
     bool LetsIn(std::uint32_t character, bool atStart) const;
 
 private:

@@ -46,7 +46,7 @@ std::uint32_t HorizontalFlag(std::int32_t align)
                                    : kText_Left;
 }
 
-// The part of the bounds that so many units of text stand in.
+// The part of the bounds that so many units of text take up.
 double TopOf(const Rect& bounds, double height, std::int32_t align)
 {
     const double room = bounds.Height() - height;
@@ -103,7 +103,7 @@ Point CStaticText::SizeOf(const CSystemPort& port, std::string_view text, double
     return {std::ceil(box.x), std::max(box.y, LineHeight(port))};
 }
 
-// A single line stands on the base line that all controls of a row share; several keep together as
+// A single line is on the base line that all controls of a row share; several keep together as
 // the font has them.
 void CStaticText::DrawInContext(const CPaintEvent&)
 {

@@ -25,7 +25,7 @@ struct CPen {
 };
 
 // A fill in one colour, or in two by a pattern of 8 by 8 device pixels that begins at the brush
-// origin: bit 63 is the top left pixel, and 1 stands for `colour`.
+// origin: bit 63 is the top left pixel, and 1 means `colour`.
 struct CBrush {
     static constexpr std::uint64_t kSolid = ~std::uint64_t{0};
     static constexpr std::uint64_t kChecks = 0xAA55AA55AA55AA55; // every other pixel
@@ -49,7 +49,7 @@ struct CFont {
     friend bool operator==(const CFont&, const CFont&) = default;
 };
 
-// Of the port's font. Lines stand 16 units apart and have their base line 12 below their top,
+// Of the port's font. Lines are 16 units apart and have their base line 12 below their top,
 // whatever the font, so that texts of all sizes in a row read as one line; only for fonts that do
 // not fit into that they are higher.
 struct SFontMetrics {

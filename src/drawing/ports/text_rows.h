@@ -12,7 +12,7 @@
 
 namespace Kesto {
 
-// A label without its marks: "&" stands before the mnemonic, "&&" is "&".
+// A label without its marks: "&" precedes the mnemonic, "&&" is "&".
 struct CMnemonicText {
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 

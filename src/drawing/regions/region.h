@@ -1,7 +1,7 @@
 // CBRVRegion and CDeviceRegion, any area made of rectangles: of doubles in units, and of whole
 // device pixels.
 //
-// Invariant: the rectangles stand in bands, top to bottom and left to right within a band. All
+// Invariant: the rectangles are in bands, top to bottom and left to right within a band. All
 // rectangles of a band have its top and bottom, none touches its neighbour, and two bands that
 // touch differ in their sides. So two regions of the same area have the same rectangles, whatever
 // operations made them.

@@ -18,7 +18,7 @@ enum EColourRole : std::uint32_t {
     kColour_Invalid,        // a field's ring around what can't be
     kColour_Field,          // the ground of fields and lists
     kColour_FieldText,      // and their texts; the caret
-    kColour_Placeholder,    // what stands in an empty field
+    kColour_Placeholder,    // the hint in an empty field
     kColour_FieldDisabled,  // read-only fields too
     kColour_FieldTextDisabled,
     kColour_Stripe, // every other row of a list

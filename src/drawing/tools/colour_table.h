@@ -17,7 +17,7 @@ struct SColourRow {
     int systemColour; // by the index of GetSysColor, for any other theme
 };
 
-// The row of a role stands at its number.
+// A role's number is its row.
 std::span<const SColourRow> ColourTable();
 
 } // namespace Kesto

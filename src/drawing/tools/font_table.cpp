@@ -8,7 +8,7 @@
 namespace Kesto {
 namespace {
 
-// Texts that stand for what the toolkit chooses by itself.
+// Texts that mean what the toolkit chooses by itself.
 constexpr std::string_view kDefault = "<default>";
 
 struct SFontClass {

@@ -10,7 +10,7 @@ struct SRow {
     std::string_view name;
 };
 
-// The row of a picture stands at its number.
+// A picture's number is its row.
 constexpr SRow kRows[] = {
     {kTool_About, "About.png"},
     {kTool_InfoNote, "InfoNote.png"},

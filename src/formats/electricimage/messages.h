@@ -1,4 +1,4 @@
-// What the ElectricImage code tells the user, each text behind the key that finds its translation.
+// What the ElectricImage code tells the user, each text after the key that finds its translation.
 #pragma once
 
 namespace Project::Message {

@@ -17,7 +17,7 @@ struct RunFinder {
     // Pixels from `row` on that equal the first one.
     int32_t (*runLength)(const uint8_t* row, const uint8_t* end);
     // Pixels from `row` on that come before a pixel that equals its successor; the first one counts
-    // in any case. The last pixel is compared with the unit behind `end`, which must be readable.
+    // in any case. The last pixel is compared with the unit after `end`, which must be readable.
     int32_t (*literalLength)(const uint8_t* row, const uint8_t* end);
 };
 const RunFinder& RunFinderFor(int unit);

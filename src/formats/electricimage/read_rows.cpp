@@ -40,7 +40,7 @@ void UnpackRow(EIContext& context, uint8_t* dest, const RowLayout& row)
             packetOpened = true;
         }
         if (gRun.left < kLiteralFlag) {
-            // A run's pixel stands once in the file, and its control byte is the length less one.
+            // A run's pixel is in the file once, and its control byte is the length less one.
             // An open run goes on with the pixel that is kept.
             if (packetOpened) {
                 if (!ReadBytes(context.file, gRun.value, row.unit)) {

@@ -42,7 +42,7 @@ bool WriteRun(EIContext& context, const uint8_t* value, int unit, int32_t count)
     return true;
 }
 
-// Writes `count` pixels as they stand, in packets of at most 128.
+// Writes `count` pixels as they are, in packets of at most 128.
 bool WriteLiteral(EIContext& context, const uint8_t* pixels, int unit, int32_t count)
 {
     while (count >= 1) {

@@ -1,7 +1,7 @@
 // ShowAlert, the toolkit's one way to put a message box before the user.
 //
 // Called on the user interface's thread only. The youngest CAlertHook that lives shows the alert or
-// passes it on; behind all of them is the operating system's message box.
+// passes it on; the last of them is the operating system's message box.
 #pragma once
 
 #include "foundation/base/text.h"

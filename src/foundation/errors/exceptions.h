@@ -48,7 +48,7 @@ public:
     explicit CError(const CText& error);
     CError(const CText& error, bool quiet, bool alert);
     CError(const CText& task, const CText& error, bool quiet = false, bool alert = true);
-    CError(const CText&, const char*, bool) = delete; // a text never stands for `quiet`
+    CError(const CText&, const char*, bool) = delete; // a text is never taken for `quiet`
 
     // Takes over what another exception answers; with `task` given, all but its task.
     explicit CError(const CException& cause);

@@ -70,7 +70,7 @@ std::size_t LengthBeforeMark(std::string_view rest)
     return static_cast<std::size_t>(found - rest.begin());
 }
 
-// Takes the mark at the front of `rest`, two characters at least, and writes what it stands for.
+// Takes the mark at the front of `rest`, two characters at least, and writes what it means.
 void TakeMark(std::string_view& rest, std::string& out)
 {
     const std::string_view mark = rest.substr(0, 2);

@@ -1,4 +1,4 @@
-// The marks in texts: "^r" and its kind, which stand for characters that are hard to write, and
+// The marks in texts: "^r" and its kind, which mean characters that are hard to write, and
 // "^0" for arguments.
 #pragma once
 

@@ -16,7 +16,7 @@ public:
     virtual void GetSettingsLocation(CText& keyPath, CText& fileName) = 0;
 
     // What was loaded, and what is about to be stored: for a plug-in that reads more from its file
-    // than the record, or writes more behind it. The container is at its start, and at its end.
+    // than the record, or writes more after it. The container is at its start, and at its end.
     virtual void LoadPrefs(CContainer&) {}
     virtual void SavePrefs(CContainer&) {}
 

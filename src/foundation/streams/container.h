@@ -22,7 +22,7 @@ public:
     void SkipRead(std::uint64_t size) override;
     void SkipWrite(std::uint64_t size) override;
 
-    // Read or write at a place of its own, and go on behind it. Reading throws the end-of-data
+    // Read or write at a place of its own, and go on after it. Reading throws the end-of-data
     // error for a place past the end; writing makes the store longer.
     virtual void ReadAt(void* buffer, std::size_t size, std::uint64_t position);
     virtual void WriteAt(const void* buffer, std::size_t size, std::uint64_t position);

@@ -32,7 +32,7 @@ public:
     virtual const CBlock* GetData(EResolution resolution) = 0;
 
     // What the store has under a name, at one resolution and state slot. A name that begins with a
-    // digit stands for "Alpha_" and that name. The bytes are the PNG's and stay. Each returns
+    // digit means "Alpha_" and that name. The bytes are the PNG's and stay. Each returns
     // false, and GetPicture clears its results, when the name is unknown, the slot is empty or what
     // it says does not lie in the data file.
     virtual bool GetPicture(std::string_view name, EResolution resolution, EStateSlot slot,

@@ -2,7 +2,7 @@
 //
 // The bytes of one row depend on each other, so a row alone is recovered byte after byte. But row r
 // needs no more of the row above than what lies up to its own column. So each row runs one pixel
-// behind the row above: lane r of a vector holds row r's pixel of column step - r, and all lanes go
+// after the row above: lane r of a vector holds row r's pixel of column step - r, and all lanes go
 // one pixel to the right in each step. What a lane needs from above is then what the lane before it
 // gave in the last step.
 //

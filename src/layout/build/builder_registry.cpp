@@ -6,7 +6,7 @@ namespace Kesto {
 
 namespace {
 
-using BuilderRegistry = CChainedTable<CViewBuilderBase*>; // null: gone
+using BuilderRegistry = CChainedTable<CViewBuilderBase*>; // null: removed
 
 // Made by the first builder that registers.
 BuilderRegistry& Registry()

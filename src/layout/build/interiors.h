@@ -12,7 +12,7 @@ class CInteriors {
 public:
     virtual ~CInteriors() = default;
 
-    // The view that stands for an EInterior; this view itself for a number that it doesn't know.
+    // The view that an EInterior names; this view itself for a number that it doesn't know.
     virtual CView& Interior(std::int32_t number) = 0;
 };
 

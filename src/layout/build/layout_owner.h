@@ -23,9 +23,9 @@ public:
     LayoutOwner(const LayoutOwner&) = delete;
     LayoutOwner& operator=(const LayoutOwner&) = delete;
 
-    // What stands around the view in work: its own properties and what the blocks around it assign.
+    // What surrounds the view in work: its own properties and what the blocks around it assign.
     CPropertyReader Properties() const;
-    // What stands at the top of the text; for values that a builder has put there itself.
+    // What is at the top of the text; for values that a builder has put there itself.
     CPropertyReader RootProperties() const;
 
     // Defines a name for the whole text. Nothing happens when no text is being read.
@@ -55,11 +55,11 @@ public:
     std::unique_ptr<CVexGenerator> fGenerator;
 };
 
-// Reads a text and makes its views. Returns the window, or else the outermost view, which belongs to
-// its parent; null for a null text, for one whose outermost view is of an unknown class or has
+// Reads a text and makes its views. Returns the window, or else the outermost view, which belongs
+// to its parent; null for a null text, for one whose outermost view is of an unknown class or has
 // nowhere to be, and with a target. A window belongs to the owner until it is taken. Throws what
-// CRapidViewScope::Parse and the constructors of views throw; then a window that was made is gone,
-// and the owner as it was.
+// CRapidViewScope::Parse and the constructors of views throw; then a window that was made is
+// deleted, and the owner as it was.
 CView* LoadLayoutFromText(LayoutOwner& owner, const char* text);
 
 // The same for a text among this module's resources. Returns null when there is none.

@@ -7,7 +7,7 @@ namespace Kesto {
 
 class CTextGenerator : public CGenerator {
 public:
-    // What stands at the top of a text, in this scope, is no property of any view.
+    // What is at the top of a text, in this scope, is no property of any view.
     void SetRoot(const CExpressionScope* root) { fRoot = root; }
 
     void Measure(std::string_view className, CExpressionScope* properties,

@@ -31,7 +31,7 @@ class CVexVariablePropertyList;
 
 class CExpressionScope {
 public:
-    // How deep parentheses, signs, calls and blocks may stand in each other, all of them counted
+    // How deep parentheses, signs, calls and blocks may be nested, all of them counted
     // together. A deeper one throws std::logic_error "Warning! (nesting < kMaxNesting)".
     static constexpr int kMaxNesting = 200;
 
@@ -94,7 +94,7 @@ public:
 
     bool IsDefined(std::string_view name) const { return FindVariable(name) != nullptr; }
 
-    // True if a condition stands at the start of `text` and is neither undefined nor 0.
+    // True if `text` begins with a condition that is neither undefined nor 0.
     bool EvaluateCondition(const char* text);
 
     // The value of a sum that is all of `text`; otherwise, or when it is undefined, throws

@@ -45,7 +45,7 @@ public:
     // number or string overlaps.
     virtual void Event(VexRule rule, const char* start, const char* end) = 0;
 
-    // Asked when a name stands alone as a value and no scope defines it. False: the parser throws,
+    // Asked when a name alone is a value and no scope defines it. False: the parser throws,
     // as without a listener; true: the value is undefined and the parse goes on. `name` points into
     // the text.
     virtual bool IsDefined(std::string_view name) = 0;

@@ -7,7 +7,7 @@
 
 namespace Kesto {
 
-// Counts a rule that stands in itself, as long as it runs.
+// Counts a rule that can contain itself, as long as it runs.
 class CExpressionScope::CNestingGuard {
 public:
     CNestingGuard(CExpressionScope& scope, const char* position) : fScope(scope)

@@ -1,4 +1,4 @@
-// The memory behind the names and texts of the layout language.
+// The memory of the names and texts of the layout language.
 //
 // Bytes are handed out from large zeroed blocks and given back all at once. A pointer from a pool
 // stays valid until the pool is cleared or dies, so it may be stored freely.

@@ -1,4 +1,4 @@
-// Records that describe what stands in a scope: variables, functions, types of views.
+// Records that describe what is in a scope: variables, functions, types of views.
 //
 // Every part of a record is optional. The order of the virtual operations is part of the interface.
 #pragma once

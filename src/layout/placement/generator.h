@@ -19,7 +19,7 @@ public:
 
     // Called for each view as soon as its properties are read, the enclosing view first. The class
     // may state its natural size and other placement keys in `layoutScope`. `properties` dies after
-    // the call; names that stand in the blocks around the view are found through it. An unknown
+    // the call; names in the blocks around the view are found through it. An unknown
     // class is no error.
     virtual void Measure(std::string_view className, CExpressionScope* properties,
                          CExpressionScope* layoutScope) = 0;

@@ -14,7 +14,7 @@ class CViewProxy;
 void SolvePlacement(CViewProxy& root);
 
 // Writes the numbers of each proxy to its layout scope and has `generator` build the views, each
-// before its children and after those that stand before it. Returns the view of `root`, or null.
+// before its children and after those before it in the text. Returns the view of `root`, or null.
 CView* RealizeViews(CViewProxy& root, CGenerator& generator);
 
 } // namespace Kesto

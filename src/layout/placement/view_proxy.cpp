@@ -58,7 +58,7 @@ void CViewProxy::Define(std::string_view className, CExpressionScope& properties
 }
 
 // Each key arrives as a truth value only: the generator writes the number over it when the key
-// stands in a block or in the view itself, but not when it stands in the root scope.
+// is given in a block or in the view itself, but not when it is in the root scope.
 void CViewProxy::CopyKeys(CExpressionScope& properties)
 {
     const LayoutKeySet known = KeysOfChain(&properties);
@@ -92,8 +92,8 @@ std::int32_t CViewProxy::ReadOr(LayoutKey key, std::int32_t absent) const
     return absent;
 }
 
-// A stack stretches its children unless it says otherwise itself, so its own child_horizontal is read
-// after its placement.
+// A stack stretches its children unless it says otherwise itself, so its own child_horizontal is
+// read after its placement.
 void CViewProxy::ReadNumbers(const CExpressionScope& properties)
 {
     fAlwaysL2R = ReadOr(LayoutKey::kAlwaysL2R, 0) != 0;

@@ -1,4 +1,4 @@
-// What a view of a layout text leaves behind until the views are made: its numbers for placement,
+// What is kept of a view of a layout text until the views are made: its numbers for placement,
 // and its children.
 //
 // All numbers are logical pixels. A key that isn't given, or whose value is undefined, is 0.

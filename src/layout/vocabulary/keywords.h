@@ -1,6 +1,6 @@
 // The vocabulary of the layout language: named constants and property keys. The generator defines
 // the constants, tools check texts against both; a word is added by one row here and nowhere else.
-// The classes stand in controls/registered_classes.cpp.
+// The classes are in controls/registered_classes.cpp.
 #pragma once
 
 #include "layout/language/vex_text.h"
@@ -14,7 +14,7 @@ namespace Kesto {
 
 struct VexConstant {
     std::string_view family; // the prefix that its kind of constants has
-    VexName name;            // with a zero byte behind it
+    VexName name;            // with a zero byte after it
     std::int32_t value;
 };
 

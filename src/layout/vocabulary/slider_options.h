@@ -33,7 +33,7 @@ enum ESliderFill : std::int32_t {
     kSliderFill_GradientHSV = 7,
 };
 
-// Where the field of a slider with a field stands.
+// Where the field of a slider with a field is.
 enum EEditPosition : std::int32_t {
     kPosEdit_Default = 0,
     kPosEdit_Above = 1,

@@ -34,7 +34,7 @@ std::string BehindLinks(const std::string& path)
     fs::path at = AsPath(path);
     std::error_code error;
     for (int links = 0; links < kMostLinks && fs::is_symlink(at, error); ++links)
-        at = at.parent_path() / fs::read_symlink(at, error); // an absolute target stands alone
+        at = at.parent_path() / fs::read_symlink(at, error); // an absolute target replaces it
     return AsText(at);
 }
 
@@ -57,8 +57,8 @@ std::uint32_t WriteWhole(FileHandle& file, std::span<const std::byte> bytes)
     return written.error != 0 ? written.error : Finish(file);
 }
 
-// What is longer than the old content goes first: a disk without room for it is met before anything
-// old is touched.
+// What is longer than the old content is written first: a disk without room for it is met before
+// anything old is touched.
 std::uint32_t WriteInPlace(FileHandle& file, std::span<const std::byte> bytes)
 {
     std::uint64_t length = 0;

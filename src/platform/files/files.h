@@ -27,7 +27,7 @@ struct Transfer {
     std::uint32_t error = 0;
 };
 
-// An open file, closed at the latest when the handle goes.
+// An open file, closed at the latest when the handle is destroyed.
 class FileHandle {
 public:
     FileHandle() = default;

@@ -20,7 +20,7 @@ inline constexpr std::size_t kUserValueLimit = std::size_t{64} << 20;
 std::vector<std::byte> ReadUserValue(const std::string& keyPath, const std::string& name);
 
 // Stores the value, with its key where that is missing. Returns the operating system's code or 0;
-// after a failure the former value stands.
+// after a failure the former value is still there.
 std::uint32_t WriteUserValue(const std::string& keyPath, const std::string& name,
                              std::span<const std::byte> value);
 

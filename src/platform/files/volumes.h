@@ -16,7 +16,7 @@ struct VolumeFacts {
 };
 
 // The top folders of all volumes that have a place of their own: one for each drive letter on
-// Windows. Linux has a single tree, of which the folder for temporary files stands for the volume
+// Windows. Linux has a single tree, of which the folder for temporary files is taken for the volume
 // that may be filled.
 std::vector<std::string> ListVolumes();
 

@@ -26,7 +26,7 @@ enum class CursorShape {
     kHidden,
 };
 
-// A handle that is cheap to copy; the cursor goes with the last one. A window shows it.
+// A handle that is cheap to copy; the cursor is destroyed with the last one. A window shows it.
 class Cursor {
 public:
     explicit Cursor(CursorShape shape = CursorShape::kArrow);

@@ -64,7 +64,7 @@ private:
     LineCache fLines{kMostLines, kMostLineBytes};
 };
 
-// The fonts of the process. When there are many, those that nobody holds go.
+// The fonts of the process. When there are many, those that nobody holds are dropped.
 class FontStore {
 public:
     static FontStore& Get()

@@ -1,4 +1,4 @@
-// The lines of one font that are known, by their text; the least recently used go first.
+// The lines of one font that are known, by their text; the least recently used are dropped first.
 #pragma once
 
 #include "platform/graphics/text_line.h"

@@ -1,4 +1,4 @@
-// A line of text as one font lays it out: how wide it is, where a caret can stand, and what it
+// A line of text as one font lays it out: how wide it is, where a caret can be, and what it
 // covers.
 //
 // Positions in the text are bytes of the UTF-8 that it was made of. Distances are pixels from the
@@ -18,11 +18,11 @@
 namespace Platform {
 
 // What a reader takes for one character: letters with their marks, joined emoji. A caret stands
-// before or behind it, never within.
+// before or after it, never within.
 struct TextCluster {
     std::uint32_t start = 0;  // its first byte; it ends where the next one starts
-    float leading = 0.0F;     // where a caret before it stands
-    float trailing = 0.0F;    // where a caret behind it stands; to the left in right-to-left text
+    float leading = 0.0F;     // where a caret before it is
+    float trailing = 0.0F;    // where a caret after it is; to the left in right-to-left text
     bool breakBefore = false; // the text may be broken into lines here
     bool wordBefore = false;  // a word begins or ends here
     bool blank = false;       // white space
@@ -72,7 +72,7 @@ public:
     // The position whose caret is nearest to x.
     std::size_t PositionAt(double x) const;
 
-    // The next position for a caret behind this one, or before it, at most the end and at least 0.
+    // The next position for a caret after this one, or before it, at most the end and at least 0.
     std::size_t NextPosition(std::size_t position) const;
     std::size_t PreviousPosition(std::size_t position) const;
 

@@ -60,7 +60,7 @@ std::intptr_t DispatchToWindow(const QueuedMessage& message);
 bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first = 0,
                  std::intptr_t second = 0);
 
-// Asks this thread to quit. The request stands until it is taken.
+// Asks this thread to quit. The request is kept until it is taken.
 void RequestQuit(int code);
 std::optional<int> TakeQuitRequest();
 

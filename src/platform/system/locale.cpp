@@ -39,7 +39,7 @@ std::string LanguageNameFrom(std::string_view systemName)
     const std::string_view language = TakePart(rest);
     if (!IsLanguage(language))
         return std::string(kFallback);
-    while (!rest.empty()) // a script may stand before the region, variants behind it
+    while (!rest.empty()) // a script may precede the region, variants may follow it
         if (const std::string_view part = TakePart(rest); IsRegion(part))
             return std::string(language) + '_' + std::string(part);
     return std::string(kFallback);

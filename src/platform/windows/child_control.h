@@ -15,7 +15,7 @@ public:
     // True eats it.
     virtual bool Intercept(const WindowMessage& message) = 0;
 
-    // The keyboard came to the control, or went.
+    // The control got the keyboard, or lost it.
     virtual void ChildFocused(bool focused) = 0;
 
 protected:
@@ -26,7 +26,7 @@ class ChildControl {
 public:
     virtual ~ChildControl() = default;
 
-    // Null when the window has gone.
+    // Null when the window is closed.
     virtual NativeWindow Handle() const = 0;
 
     virtual void Place(const PixelRect& rect) = 0;

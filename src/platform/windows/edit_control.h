@@ -42,7 +42,7 @@ protected:
     ~EditHandler() = default;
 };
 
-// From and to are a caret's positions; the caret stands at the end of the selection.
+// From and to are a caret's positions; the caret is at the end of the selection.
 struct TextRange {
     std::size_t from = 0;
     std::size_t to = 0;
@@ -52,7 +52,7 @@ struct TextRange {
 
 class EditControl : public ChildControl {
 public:
-    // Replaces all; the caret stands at the start, and nothing can be undone.
+    // Replaces all; the caret is then at the start, and nothing can be undone.
     virtual void SetText(std::string_view text) = 0;
     virtual std::string Text() const = 0;
 

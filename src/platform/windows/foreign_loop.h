@@ -7,7 +7,7 @@ namespace Platform {
 // Called some thirty times a second while such a loop runs for one of our windows; null for none.
 void SetForeignTurn(void (*turn)());
 
-// While one stands, the turns come. For the sources of the platform that begin such loops.
+// While one lives, the turns come. For the sources of the platform that begin such loops.
 class ForeignLoop {
 public:
     ForeignLoop() { Enter(); }

@@ -17,14 +17,14 @@ namespace Platform {
 struct WindowPlan {
     WindowKind kind = WindowKind::kDialog;
     std::uint32_t features = 0;
-    NativeWindow owner = nullptr; // lies below it and takes it along when it goes; may be foreign
+    NativeWindow owner = nullptr; // lies below it and closes it when it is closed; may be foreign
     std::string className;        // what the system is to call its kind
     std::string title;
     PixelRect content; // in pixels of the screen
 };
 
 // Makes a window, hidden. The procedure must outlive it. Null, with the system's code in LastError,
-// if the system refuses; nothing is left behind then.
+// if the system refuses; then nothing is left of it.
 NativeWindow MakeSystemWindow(const WindowPlan& plan, WindowProcedure& procedure);
 
 // Ends a window with the ones that it owns. Its procedure hears nothing of it, theirs

@@ -5,7 +5,7 @@
 
 namespace Kesto {
 
-// Takes what the entry was called with and the project that it stands for. Finds the project's
+// Takes what the entry was called with and the project whose entry it was. Finds the project's
 // object or has `factory` make it, lets it serve the selector, decides whether it dies, and stores
 // the code in `*result`. Nothing is thrown: whatever comes here ends the object and makes the
 // result 1.

@@ -1,4 +1,4 @@
-// The operations of a file format, which a plug-in overrides. Each stands for one selector of the
+// The operations of a file format, which a plug-in overrides. Each serves one selector of the
 // host; format_selectors.cpp says which, and what is done around it.
 #pragma once
 

@@ -1,5 +1,5 @@
-// The block behind a host's data word: a handle of the host, or memory of the module where the host
-// has no handles.
+// The block that a host's data word names: a handle of the host, or memory of the module where the
+// host has no handles.
 #pragma once
 
 #include "lumograph/lumograph.h"

@@ -14,7 +14,7 @@ public:
     {
     }
 
-    // The number behind a key of the host's own signature, or nothing when the host doesn't know
+    // The number under a key of the host's own signature, or nothing when the host doesn't know
     // it.
     std::optional<intptr_t> Read(uint32_t key) const;
 

@@ -1,4 +1,4 @@
-// CObjID, the identity of a messenger or a message: a number that stands for a text as long as the
+// CObjID, the identity of a messenger or a message: a number that names a text as long as the
 // module is loaded.
 //
 // Equal texts have equal numbers; case counts. Numbers differ from run to run, so they are compared
@@ -31,7 +31,7 @@ public:
     CObjID(const char* name, std::uint32_t count, std::uint32_t offset,
            Family family = Family::kCommon);
 
-    // The id that is this number, for numbers that stand in a layout text.
+    // The id that is this number, for numbers in a layout text.
     static constexpr CObjID OfNumber(std::uint32_t number)
     {
         CObjID id;

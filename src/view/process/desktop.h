@@ -64,7 +64,7 @@ public:
     CDesktopWindow* WindowOf(Platform::NativeWindow native) const;
 
     // The one that an alert may lie above: in front, in sight, and neither a popup nor a document
-    // of a frame, whose owners stand in for them. Null if there is none.
+    // of a frame, whose owners are taken instead. Null if there is none.
     CDesktopWindow* FrontOwner() const;
 
     // The window that the user works with, or null.

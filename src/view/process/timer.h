@@ -3,8 +3,8 @@
 //
 // Each timer arms one of the system's, whose messages fire it. If the system has none left, the
 // pump fires the timer at the end of a turn. A period that passes several times before the pump
-// gets to it counts once. All on the thread of the user interface; a timer may be stopped, started again
-// or deleted while it fires.
+// gets to it counts once. All on the thread of the user interface; a timer may be stopped, started
+// again or deleted while it fires.
 #pragma once
 
 #include "foundation/base/link.h"
@@ -59,7 +59,7 @@ public:
     // Fires the timers that are due. Without effect when it is called from one that fires so.
     static void RunTimers(double now, Whose whose = Whose::kNobody);
 
-    // A window is about to go, and its timers with it: they are stopped, and hear OnStop.
+    // A window is about to be closed, and its timers with it: they are stopped, and hear OnStop.
     static void StopTimersOf(Platform::NativeWindow window);
 
     // A timer message has come: fires the timer that it belongs to. False if there is none.

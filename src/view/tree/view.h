@@ -212,13 +212,13 @@ public:
 
     // ---------------------------------------------------------------- Tab stops (view_tabs.cpp)
 
-    // Stops stand in pre-order: a view, then its children. Those that can't have the focus now are
+    // Stops are in pre-order: a view, then its children. Those that can't have the focus now are
     // passed over. Null if there is none.
     virtual CView* FirstTabStop(); // this view or below
     virtual CView* LastTabStop();
     virtual CView* FirstTabStopOrSelf(); // below it, or else this view if it is a stop
 
-    // The stop behind or before a child of this view, or with null behind or before the view
+    // The stop after or before a child of this view, or with null after or before the view
     // itself, round the whole tree. Never the one that the search started from.
     virtual CView* NextTabStop(CView* after, bool forward);
 
@@ -327,7 +327,7 @@ public:
     virtual void Draw(const CPaintEvent& event);
 
     // Hooks. The port has its origin at the view's zero, its clip at the event's area and its tools
-    // reset; what lies behind a view that isn't opaque has been drawn. The base draws the
+    // reset; what lies under a view that isn't opaque has been drawn. The base draws the
     // background of an opaque view.
     virtual void DrawInContext(const CPaintEvent& event);
     virtual void DrawBackground() {} // the ground of an opaque view; for those within it too
@@ -408,11 +408,11 @@ public:
 
     // ---------------------------------------------------------------- Trackers (view_trackers.cpp)
 
-    // Has a tracker of this view follow the mouse: one that polls until it is over, another from now
-    // on. False: there is no context, or no process that could pump.
+    // Has a tracker of this view follow the mouse: one that polls until it is over, another from
+    // now on. False: there is no context, or no process that could pump.
     bool RunTracker(std::unique_ptr<CViewTracker> tracker);
 
-    // The records of gestures and trackers, the latest first. They go with the view.
+    // The records of gestures and trackers, the latest first. They are destroyed with the view.
     using TrackerMaker = std::function<std::unique_ptr<CViewTracker>(const CMouseEvent& press)>;
     void AddTracker(CObjID button, TrackerMaker maker);
     void AddGesture(float deltaX, float deltaY); // a swipe
@@ -454,7 +454,8 @@ public:
     Point GetImageOrigin() const; // the scroll position: 0, 0 at the top left
     Rect GetImageFrame() const { return LocalToParent(fImage); }
 
-    // ---------------------------------------------------------------- Scrolling (view_scrolling.cpp)
+    // ---------------------------------------------------------------- Scrolling
+    // (view_scrolling.cpp)
 
     bool IsXScrollable() const { return (fBinding & kBind_XScrollable) != 0; }
     bool IsYScrollable() const { return (fBinding & kBind_YScrollable) != 0; }
@@ -525,8 +526,8 @@ public:
 
     // Put a child in and attach it; the view owns it from then on. Past the end is the end; null
     // does nothing. RemoveChild detaches it and hands it over; for what is no child of this view it
-    // does nothing and returns null, and so it does when a hook has disposed of the child. AppendChild
-    // and PrependChild return the child.
+    // does nothing and returns null, and so it does when a hook has disposed of the child.
+    // AppendChild and PrependChild return the child.
     virtual void InsertChild(std::size_t index, std::unique_ptr<CPane> child);
     virtual std::unique_ptr<CPane> RemoveChild(CPane* child);
     template <class Pane>

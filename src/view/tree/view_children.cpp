@@ -8,7 +8,7 @@ namespace Kesto {
 
 std::size_t CView::IndexOf(const CView* child) const
 {
-    // From the end, where those stand that go when the whole tree goes.
+    // From the end, where those are that are destroyed with the whole tree.
     const auto found = std::find(fChildren.rbegin(), fChildren.rend(), child);
     return found == fChildren.rend()
                ? kNoIndex
@@ -39,7 +39,7 @@ std::unique_ptr<CPane> CView::RemoveChild(CPane* child)
     CChildWalk::Removed(this, index);
     const CViewHold childHold(*child);
     child->DetachFromParent();
-    // One that was disposed of, now or before, goes with its holds.
+    // One that was disposed of, now or before, is deleted with the last of its holds.
     return std::unique_ptr<CPane>(childHold.IsOver() ? nullptr : child);
 }
 

@@ -9,8 +9,8 @@ namespace Kesto {
 class CPane;
 class CView;
 
-// While one stands, Dispose takes the view out of everything and leaves its memory; the last one to
-// go deletes it. Whatever calls a hook stands in a hold, so hooks may go on using their view.
+// While one lives, Dispose takes the view out of everything and leaves its memory, which the last
+// hold deletes. Whatever calls a hook has a hold, so hooks may go on using their view.
 class CViewHold {
 public:
     explicit CViewHold(CView& view);
@@ -32,7 +32,7 @@ private:
 };
 
 // The children of a view in order, each once. Those that leave are passed over; those that join
-// behind the walk have their turn. It ends when the view does.
+// beyond the walk have their turn. It ends when the view does.
 class CChildWalk {
 public:
     enum class Order { kForward, kBackward };

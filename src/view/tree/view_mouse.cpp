@@ -80,7 +80,7 @@ void CView::LeaveMouseView()
     view->TellParents(&CView::MouseExit2);
 }
 
-// For a view that goes: no pointer of the mouse names it or anything below it.
+// For a view that is destroyed: no pointer of the mouse names it or anything below it.
 void CView::LeaveMouse()
 {
     if (fContext != nullptr)

@@ -20,7 +20,7 @@ public:
     CViewTracker(CView& view, const CMouseEvent& press, std::uint32_t options = 0);
     ~CViewTracker() override;
 
-    // Null once the tracking is over because the view has gone.
+    // Null once the tracking is over because the view is destroyed.
     CView* View() const { return fView; }
     const CMouseEvent& PressEvent() const { return fPress; }
     // The release; nothing while the button is down, and when the tracking was broken off.

@@ -16,7 +16,7 @@
 namespace Kesto {
 namespace {
 
-// In units. The sign stands on a plate, the texts beside it, the buttons in the lower right corner.
+// In units. The sign is on a plate, the texts beside it, the buttons in the lower right corner.
 constexpr Rect kPlate{16.0, 16.0, 64.0, 64.0};
 constexpr double kPlateRadius = 4.0;
 constexpr double kSignSize = 32.0;
@@ -59,7 +59,7 @@ CText LabelOf(AlertButton button)
     return Localize(label);
 }
 
-// The command ids of the buttons from the first on; Cancel has its own wherever it stands.
+// The command ids of the buttons from the first on; Cancel has its own wherever it is.
 CObjID IdOf(const std::array<AlertButton, 3>& buttons, std::size_t index)
 {
     if (buttons[index] == AlertButton::kCancel)

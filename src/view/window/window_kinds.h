@@ -5,8 +5,9 @@
 
 namespace Kesto {
 
-// A dialog; Run shows it and returns when it has been closed: 1 by OK, 0 by Cancel or the close box,
-// unless a class says otherwise. OK and the close box ask whoever has the focus, Cancel doesn't.
+// A dialog; Run shows it and returns when it has been closed: 1 by OK, 0 by Cancel or the close
+// box, unless a class says otherwise. OK and the close box ask whoever has the focus, Cancel
+// doesn't.
 class CDialog : public CWindow {
 public:
     explicit CDialog(CWindowPlan plan);
@@ -35,7 +36,7 @@ public:
     explicit CToolbar(CWindowPlan plan);
 };
 
-// Open until something else is clicked; sends kMessage_PopupClosed up when it goes.
+// Open until something else is clicked; sends kMessage_PopupClosed up when it closes.
 class CPopup : public CWindow {
 public:
     explicit CPopup(CWindowPlan plan);

@@ -223,7 +223,7 @@ void CWindow::DisposeSystemWindow()
     fWasOpened = false;
 }
 
-// What is left when the native window goes, by whoever ends it.
+// What is left to do when the native window is closed, by whoever closes it.
 void CWindow::ForgetSystemWindow()
 {
     fTips.Dismiss();

@@ -11,8 +11,8 @@
 namespace Kesto {
 
 // A position of 0 or more is in units from the corner of the monitor's work area; below that it is
-// a percentage of the room that the window leaves free there (-50: in the middle). A size below 0 is
-// a percentage of the work area, 0 the window's natural one.
+// a percentage of the room that the window leaves free there (-50: in the middle). A size below 0
+// is a percentage of the work area, 0 the window's natural one.
 struct CWindowPlacement {
     double positionX = -50.0;
     double positionY = -33.0;
@@ -26,7 +26,7 @@ struct CWindowPlacement {
     std::array<double, 4> last{}; // before it was maximized
 };
 
-// The keys under which its numbers are kept, and where each stands.
+// The keys under which its numbers are kept, and where each is.
 struct CPlacementKey {
     const char* name;
     double& (*field)(CWindowPlacement& placement);

@@ -37,7 +37,7 @@ int OpenFlags(FileMode mode)
     return O_RDWR | O_CREAT | O_TRUNC;
 }
 
-// Repeats `call(done, size, offset)`, which is a pread or pwrite of the piece behind the first
+// Repeats `call(done, size, offset)`, which is a pread or pwrite of the piece after the first
 // `done` bytes.
 template <class Call>
 Transfer MoveAll(std::size_t size, std::uint64_t position, Call call)

@@ -28,7 +28,7 @@ bool IsFolder(const std::wstring& path)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// Repeats `call(done, size, where, &moved)`, which is a ReadFile or WriteFile of the piece behind
+// Repeats `call(done, size, where, &moved)`, which is a ReadFile or WriteFile of the piece after
 // the first `done` bytes. All ones as an offset would mean the end of the file to WriteFile, hence
 // the limit.
 template <class Call>

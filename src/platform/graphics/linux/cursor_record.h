@@ -1,4 +1,4 @@
-// What stands behind a Cursor: a shape or pixels, until a display is there to make a cursor of them.
+// What a Cursor names: a shape or pixels, until a display is there to make a cursor of them.
 #pragma once
 
 #include "platform/graphics/cursors.h"

@@ -62,7 +62,7 @@ Description DescriptionOf(const FontSpec& spec)
     return description;
 }
 
-// All engines share one, which goes with the last of them.
+// All engines share one, which is destroyed with the last of them.
 std::shared_ptr<PangoFontMap> SharedFontMap()
 {
     static std::weak_ptr<PangoFontMap> known;
@@ -191,7 +191,7 @@ std::vector<TextCluster> ClustersOf(PangoLayout* layout, const PlainText& text,
     std::vector<TextCluster> clusters;
     for (std::size_t i = 0; i < count; ++i) {
         const PangoLogAttr& mark = attributes[i];
-        // A character at which no cursor can stand belongs to the cluster before it.
+        // A character at which no cursor can be belongs to the cluster before it.
         if (i == 0 || mark.is_cursor_position)
             clusters.push_back({text.starts[i], Pixels(ends[i].leading), Pixels(ends[i].trailing),
                                 i > 0 && mark.is_line_break, mark.is_word_start || mark.is_word_end,

@@ -195,7 +195,7 @@ private:
     WideText fText;
 };
 
-// Where a caret before and behind the unit stands.
+// Where carets before and after the unit are.
 struct Ends {
     int leading;
     int trailing;

@@ -12,7 +12,7 @@ namespace Platform {
 
 struct NativeWindowRecord {};
 
-// What stands behind a NativeWindow. It takes part in the queue for as long as it lives; what waits
+// What a NativeWindow points to. It takes part in the queue for as long as it lives; what waits
 // for it then goes.
 class MessageReceiver : public NativeWindowRecord {
 public:
@@ -35,7 +35,7 @@ public:
     void SetWantsPaint(bool wants);
 };
 
-// Adds an input message as it stands, its time and point included; mouse moves that wait already
+// Adds an input message as it is, its time and point included; mouse moves that wait already
 // become one with it. The keys and the cursor follow at once. `text` is what a key-down types.
 // Called from any thread.
 void InjectInput(const QueuedMessage& message, std::u16string text = {});

@@ -43,7 +43,7 @@ void TranslateKeyMessage(const QueuedMessage& message)
         PostToQueue(message.window, number, unit, message.second);
 }
 
-// A window that went meanwhile gets nothing.
+// A window that was closed meanwhile gets nothing.
 std::intptr_t DispatchToWindow(const QueuedMessage& message)
 {
     if (message.window == nullptr || !Queue::Get().HasWindow(message.window))

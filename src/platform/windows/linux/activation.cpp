@@ -35,8 +35,8 @@ std::intptr_t AsParameter(NativeWindow window)
     return reinterpret_cast<std::intptr_t>(window);
 }
 
-// In the order in which the messages tell of it: the old one goes, then the program comes to the
-// front or leaves it, then the new one comes.
+// In the order in which the messages tell of it: the old one is deactivated, then the program comes
+// to the front or leaves it, then the new one comes.
 void ChangeActive(NativeWindow window, bool byClick)
 {
     const NativeWindow old = IfAlive(std::exchange(gActive, window));

@@ -12,7 +12,7 @@ public:
     ChildWindow(LinuxWindow& parent, ChildHandler& handler);
     ~ChildWindow() override;
 
-    // Null when the parent has gone.
+    // Null when the parent is closed.
     NativeWindow ChildHandle() const
     {
         return fParent != nullptr ? const_cast<ChildWindow*>(this)->Handle() : nullptr;

@@ -157,7 +157,7 @@ std::size_t EditLayout::Previous(std::size_t position) const
     return Meant(row, row.line->PreviousPosition(Shown(row, position)));
 }
 
-// A letter behind something that is none. Line feeds part words, and a password has none inside.
+// A letter after something that is none. Line feeds part words, and a password has none inside.
 bool EditLayout::IsWordStart(std::size_t position) const
 {
     const Row& row = fRows[RowOf(position)];

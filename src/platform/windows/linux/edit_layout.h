@@ -1,4 +1,4 @@
-// The rows of a field: where its text stands in one font, and where carets can.
+// The rows of a field: where its text lies in one font, and where carets can be.
 //
 // Positions are bytes of the field's text. Coordinates are pixels from the top left of the text,
 // before any scrolling.
@@ -32,7 +32,7 @@ public:
     std::int32_t Width() const { return fWidth; } // of the widest row
     std::int32_t Height() const { return fRowHeight * static_cast<std::int32_t>(fRows.size()); }
 
-    // Where a caret stands: its row and the distance from the text's left.
+    // Where a caret is: its row and the distance from the text's left.
     std::size_t RowOf(std::size_t position) const;
     std::int32_t XOf(std::size_t position) const;
     std::size_t PositionAt(std::int32_t x, std::int32_t y) const;
@@ -47,7 +47,7 @@ public:
     std::size_t NextWord(std::size_t position) const;
     std::size_t PreviousWord(std::size_t position) const;
 
-    // The word, with the blanks behind it, that a position lies in.
+    // The word, with the blanks after it, that a position lies in.
     TextRange WordAt(std::size_t position) const;
 
 private:

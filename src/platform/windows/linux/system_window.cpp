@@ -52,7 +52,7 @@ NativeWindow MakeSystemWindow(const WindowPlan& plan, WindowProcedure& procedure
     return handle;
 }
 
-// Those that it owns go first, then the keyboard and the mouse leave it.
+// Those that it owns are closed first, then the keyboard and the mouse leave it.
 void EndSystemWindow(NativeWindow window)
 {
     const auto found = TopWindows().find(window);

@@ -1,4 +1,4 @@
-// What stands behind a window or child control of Linux: its state, from which all messages
+// A window or child control of Linux, as its handle names it: its state, from which all messages
 // follow, whether a display shows it or not.
 #pragma once
 
@@ -48,7 +48,7 @@ public:
     void Invalidate(const PixelRect& rect);
     void Validate(const PixelRect& rect);
     void InvalidateAll() { Invalidate(Local()); }
-    // With its controls, when it comes into sight; and nothing any more, when it goes.
+    // With its controls, when it comes into sight; and nothing any more, when it is closed.
     void InvalidateTree();
     void ForgetUpdates();
 

@@ -123,8 +123,7 @@ void XcbDisplay::Take(const xcb_generic_event_t& event)
         if (known == nullptr)
             break;
         known->isMapped = (event.response_type & 0x7F) == XCB_MAP_NOTIFY;
-        // The server refuses the focus to a window that isn't mapped yet.
-        if (known->isMapped && ActiveLinuxWindow() == known->window)
+        if (known->isMapped && ActiveLinuxWindow() == known->window) // refused while unmapped
             Focus(*known->window);
         break;
     }
