@@ -4,6 +4,8 @@
 #include "controls/buttons/button_builders.h"
 #include "controls/frames/frame_pane.h"
 #include "controls/frames/group_pane.h"
+#include "controls/scrolling/scroller.h"
+#include "controls/sliders/progress_bar.h"
 #include "controls/text/static_image.h"
 #include "controls/text/static_text.h"
 #include "controls/text/static_view.h"
@@ -65,14 +67,14 @@ constexpr RegisteredClass kClasses[] = {
     {"CMenuPopup", kPane, kToCome, {100, 24}},
     {"CPane", kPane, Make<CPaneBuilder<CPane>>, {}},
     {"CPopupSlider", kPane, kToCome, {120, 20}},
-    {"CProgressBar", kPane, kToCome, {120, 8}},
+    {"CProgressBar", kPane, Make<CPaneBuilder<CProgressBar>>, {}},
     {"CPushButton", kPane, Make<CPaneBuilder<CPushButton>>, {}},
     {"CRadioButton", kPane, Make<CPaneBuilder<CRadioButton>>, {}},
     {"CRadioPopup", kPane, kToCome, {100, 24}},
     {"CScalePane", kPane, kToCome, {64, 64}},
-    {"CScrollBar", kPane, kToCome, {15, 60}},
-    {"CScrollPane", kPane, kToCome, {64, 64}},
-    {"CScroller", kPane, kToCome, {64, 64}},
+    {"CScrollBar", kPane, Make<CPaneBuilder<CScrollBar>>, {}},
+    {"CScrollPane", kPane, Make<CPaneBuilder<CScrollPane>>, {}},
+    {"CScroller", kPane, Make<CPaneBuilder<CScroller>>, {}},
     {"CSheet", kPane, kToCome, {64, 64}},
     {"CSizeBar", kPane, kToCome, {8, 8}},
     {"CSizeBox", kPane, kToCome, {15, 15}},

@@ -40,9 +40,9 @@ inline const CObjID kMessage_SizeBoxEnd{"kesto/message/sizeBoxEnd"};
 // Children of windows and of controls that are made of several.
 inline const CObjID kWindow_CloseBox{"Kesto/Window/CloseBox"};
 inline const CObjID kWindow_SizeBox{"Kesto/Window/SizeBox"};
-inline const CObjID kScroller_HorizontalBar{"Kesto/Scroller/HorizontalBar"};
-inline const CObjID kScroller_VerticalBar{"Kesto/Scroller/VerticalBar"};
-inline const CObjID kScroller_SizeBox{"Kesto/Scroller/SizeBox"};
+inline const CObjID kScrollerPart_HorizontalBar{"Kesto/Scroller/HorizontalBar"};
+inline const CObjID kScrollerPart_VerticalBar{"Kesto/Scroller/VerticalBar"};
+inline const CObjID kScrollerPart_SizeBox{"Kesto/Scroller/SizeBox"};
 inline const CObjID kAlert_Ok{"Kesto/Alert/Ok"};
 inline const CObjID kAlert_Cancel{"Kesto/Alert/Cancel"};
 inline const CObjID kAlert_Other{"Kesto/Alert/Other"};

@@ -1,0 +1,61 @@
+#include "controls/base/drawn_control.h"
+
+#include "view/messages/message_ids.h"
+#include "view/tree/view_hold.h"
+
+namespace Kesto {
+
+EButtonState CDrawnControl::GetDrawState() const
+{
+    return ButtonStateOf(IsActive(), IsUsable(), fPressed, fHovered);
+}
+
+void CDrawnControl::SetPressed(bool pressed)
+{
+    if (pressed == fPressed)
+        return;
+    fPressed = pressed;
+    InvalidateAll();
+}
+
+void CDrawnControl::MouseEnter(const CMouseEvent&)
+{
+    fHovered = true;
+    InvalidateAll();
+}
+
+void CDrawnControl::MouseExit()
+{
+    fHovered = false;
+    InvalidateAll();
+}
+
+bool CDrawnControl::PrimaryMultiClick(const CMouseEvent& event, int)
+{
+    PrimaryClick(event);
+    return true;
+}
+
+void CDrawnControl::DidBecomeBullseye()
+{
+    const CViewHold hold(*this);
+    CPane::DidBecomeBullseye();
+    if (!hold.IsOver())
+        InvalidateAll();
+}
+
+void CDrawnControl::DidLoseBullseye()
+{
+    const CViewHold hold(*this);
+    CPane::DidLoseBullseye();
+    if (!hold.IsOver())
+        InvalidateAll();
+}
+
+bool IsPlainKeyDown(const CKeyboardMessage& message)
+{
+    constexpr std::uint32_t kOthers = CMessage::kModifier_Control | CMessage::kModifier_Alt;
+    return message.fID == kMessage_KeyDown && (message.fModifiers & kOthers) == 0;
+}
+
+} // namespace Kesto
