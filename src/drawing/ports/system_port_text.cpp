@@ -1,6 +1,7 @@
 // Text, measured and drawn.
 #include "drawing/ports/system_port.h"
 
+#include "drawing/ports/device_font.h"
 #include "drawing/ports/text_rows.h"
 
 #include <algorithm>
@@ -28,14 +29,8 @@ std::string WithoutMarks(std::string_view text, std::uint32_t flags, std::size_t
 
 const Platform::Font& CSystemPort::DeviceFont() const
 {
-    if (!fDeviceFont) {
-        const CFont& font = fState.font;
-        fDeviceFont.emplace(Platform::FontSpec{
-            .face = std::string(font.face.View()),
-            .pixels = std::max(ToDevice(font.size * fState.fontScale, fScale), 1),
-            .weight = font.bold ? 700 : 400,
-            .italic = font.italic});
-    }
+    if (!fDeviceFont)
+        fDeviceFont.emplace(DeviceFontSpec(fState.font, fState.fontScale, fScale));
     return *fDeviceFont;
 }
 

@@ -119,8 +119,7 @@ void EditField::Redo()
 
 void EditField::Change(std::size_t from, std::size_t to, std::string_view text, bool isTyping)
 {
-    if (fModel.Replace(from, to, text, isTyping))
-        Changed(true);
+    Changed(fModel.Replace(from, to, text, isTyping));
 }
 
 void EditField::Changed(bool tell)

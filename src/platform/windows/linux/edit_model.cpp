@@ -88,8 +88,10 @@ bool EditModel::Replace(std::size_t from, std::size_t to, std::string_view text,
                              : fLimit > rest ? fLimit - rest
                                              : 0;
     std::string comes = Clean(text, room);
-    if (comes == goes)
+    if (comes == goes) {
+        MoveTo(to, false);
         return false;
+    }
     if (GoesOn(from, to, isTyping)) {
         fSteps.back().after += comes;
     } else {
