@@ -2,6 +2,7 @@
 
 #include "controls/base/placeholder_pane.h"
 #include "controls/buttons/button_builders.h"
+#include "controls/fields/field_builders.h"
 #include "controls/frames/frame_pane.h"
 #include "controls/frames/group_pane.h"
 #include "controls/scrolling/scroller.h"
@@ -48,10 +49,10 @@ constexpr RegisteredClass kClasses[] = {
     {"CCustomButton", kPane, Make<CPaneBuilder<CCustomButton>>, {}},
     {"CCustomScrollbar", kPane, kToCome, {15, 60}},
     {"CCustomSlider", kPane, kToCome, {120, 20}},
-    {"CEditNumber", kPane, kToCome, {64, 24}},
+    {"CEditNumber", kPane, Make<CPaneBuilder<CEditNumber>>, {}},
     {"CEditPopupSlider", kPane, kToCome, {120, 20}},
     {"CEditSlider", kPane, kToCome, {120, 20}},
-    {"CEditString", kPane, kToCome, {100, 24}},
+    {"CEditString", kPane, Make<CPaneBuilder<CEditString>>, {}},
     {"CFlyoutPopup", kPane, kToCome, {100, 24}},
     {"CFrameInsert", kPane, kToCome, {64, 64}},
     {"CFramePane", kPane, Make<CPaneBuilder<CFramePane>>, {}},
@@ -83,7 +84,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CSwitchPane", kPane, kToCome, {64, 64}},
     {"CSwitchPopup", kPane, kToCome, {100, 24}},
     {"CSystemButton", kPane, Make<CPaneBuilder<CSystemButton>>, {}},
-    {"CSystemControl", kPane, kToCome, {64, 64}},
+    {"CSystemControl", kPane, Make<CPaneBuilder<CSystemControl>>, {}},
     {"CSystemPane", kPane, kToCome, {64, 64}},
     {"CSystemProgress", kPane, kToCome, {120, 8}},
     {"CTabEnclosurePane", kPane, kToCome, {64, 64}},

@@ -1,0 +1,108 @@
+// A window of the screen with fields in it, a user who types, and what is sent and said.
+#pragma once
+
+#include "controls/fields/edit_number.h"
+#include "platform/input/injection.h"
+#include "support/alert_capture.h"
+#include "view/messages/key_codes.h"
+#include "view/test_pump.h"
+#include "view/window/window_kinds.h"
+
+#include <charconv>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace Testing {
+
+// Writes values down as "4:12", the phase and the value, with blanks between them.
+class FieldWindow : public Kesto::CDocumentWindow {
+public:
+    explicit FieldWindow(const Kesto::CWindowPlan& plan)
+        : CMessenger(nullptr), CDocumentWindow(plan)
+    {
+    }
+    bool HandleValue(Kesto::CValueMessage& message) override
+    {
+        sent += std::to_string(message.fPhase);
+        if (auto* const number = dynamic_cast<Kesto::CValMsg<Kesto::CNumber>*>(&message)) {
+            char room[32];
+            sent += ":" +
+                    std::string(room, std::to_chars(room, room + sizeof room, number->fValue).ptr);
+        }
+        sent += " ";
+        return true;
+    }
+    bool HandleCommand(Kesto::CCommandMessage& message) override
+    {
+        sent += message.fID.Name() + " ";
+        return true;
+    }
+
+    std::string sent;
+};
+
+class FieldStage {
+public:
+    FieldStage() : window(Plan()) {}
+
+    // The field, with the focus and all of it selected, and another one to go to.
+    Kesto::CEditNumber& Open(std::unique_ptr<Kesto::CEditNumber> made)
+    {
+        made->SetFrame({10, 10, 110, 34});
+        field = window.AppendChild(std::move(made));
+        other =
+            window.AppendChild(std::make_unique<Kesto::CEditString>(Kesto::Rect{10, 40, 110, 64}));
+        window.Start();
+        process.PumpQuiet();
+        field->SelectAll();
+        return *field;
+    }
+
+    void Press(std::uint32_t key, std::u16string_view text = {})
+    {
+        Platform::InjectKey(key, true, text);
+        Platform::InjectKey(key, false);
+        process.PumpQuiet();
+    }
+    void Hold(std::uint32_t key, bool down)
+    {
+        Platform::InjectKey(key, down);
+        process.PumpQuiet();
+    }
+    void Type(std::u32string_view text)
+    {
+        for (const char32_t character : text) {
+            Platform::InjectCharacter(character);
+            process.PumpQuiet();
+        }
+    }
+
+    // What was sent since the last call, without the blank at the end.
+    std::string Sent()
+    {
+        std::string sent = std::exchange(window.sent, {});
+        if (!sent.empty())
+            sent.pop_back();
+        return sent;
+    }
+
+    PumpedProcess process;
+    AlertCapture alerts;
+    FieldWindow window;
+    Kesto::CEditNumber* field = nullptr;
+    Kesto::CEditString* other = nullptr;
+
+private:
+    static Kesto::CWindowPlan Plan()
+    {
+        Kesto::CWindowPlan plan;
+        plan.kind = Kesto::kWin_Document;
+        plan.features = 0x183;
+        plan.size = {200.0, 100.0};
+        return plan;
+    }
+};
+
+} // namespace Testing
