@@ -34,8 +34,9 @@ public:
     // Characters that the text may grow to by Replace; 0 for no limit. What is too much is cut off.
     void SetLimit(std::size_t characters) { fLimit = characters; }
 
-    // Replaces what lies between two positions; the caret is then after it. Typing goes on with the
-    // step before, as long as it grows at its end, and is undone with it. False: nothing changed.
+    // Replaces what lies between two positions; the caret is then after it, even if nothing
+    // changed, which false tells. Typing goes on with the step before, as long as it grows at its
+    // end, and is undone with it.
     bool Replace(std::size_t from, std::size_t to, std::string_view text, bool isTyping);
 
     // False if there is nothing to undo.
