@@ -9,5 +9,6 @@
 #include "selectors.h"
 #include "suites.h"
 #include "view_info.h"
+#include "window_requests.h"
 
 #endif

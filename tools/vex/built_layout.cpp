@@ -82,6 +82,8 @@ CBuiltLayout::CBuiltLayout(const CSourceText& source, const BuildOptions& option
         fRoot->ChangeScale(options.scale);
     if (options.size)
         fRoot->SetContextSize(*options.size);
+    if (options.opens)
+        return;
     fRoot->PrepareViews();
     fRoot->Show();
     fRoot->Activate(); // without a screen there is no other window that could be the active one

@@ -22,6 +22,7 @@ struct BuildOptions {
     std::optional<Kesto::Point>
         size; // of the contents, after they were built at their natural size
     double scale = 1.0;
+    bool opens = false; // its window is to be started, and shown on the display if there is one
 };
 
 class CBuiltLayout {

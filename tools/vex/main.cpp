@@ -5,6 +5,7 @@
 #include "vex/format.h"
 #include "vex/keys.h"
 #include "vex/place.h"
+#include "vex/play.h"
 #include "vex/show.h"
 
 #include "drawing/tools/draw_tools.h"
@@ -54,6 +55,8 @@ struct Options {
     std::int32_t theme = 0;
     bool outline = false;
     bool describe = false;
+    std::string script;
+    std::string messages;
 };
 
 template <class Json>
@@ -144,7 +147,8 @@ std::optional<Kesto::Point> SizeOf(const std::string& text)
 
 Vex::CBuiltLayout Build(const Options& options)
 {
-    return {Vex::CSourceText::Load(options.files.front()), {SizeOf(options.size), options.scale}};
+    return {Vex::CSourceText::Load(options.files.front()),
+            {SizeOf(options.size), options.scale, false}};
 }
 
 int Place(const Options& options)
@@ -158,8 +162,33 @@ int Place(const Options& options)
     return kExit_Well;
 }
 
+// The script, then the picture and the description that are asked for besides.
+int Play(const Options& options)
+{
+    Host::Script script = Host::LoadScript(options.script);
+    const auto add = [&script](Host::Verb verb, const std::string& file) {
+        Host::Action& action = script.actions.emplace_back();
+        action.verb = verb;
+        action.line =
+            script.actions.size() < 2 ? 0 : script.actions[script.actions.size() - 2].line;
+        action.text = file;
+    };
+    if (!options.picture.empty())
+        add(Host::Verb::kShot, options.picture);
+    if (options.describe)
+        add(Host::Verb::kDescribe, "-");
+    const Host::PlayOutcome outcome =
+        Vex::Play(Vex::CSourceText::Load(options.files.front()), std::move(script),
+                  {{SizeOf(options.size), options.scale, true}, options.theme, options.messages});
+    if (outcome.status != Host::PlayOutcome::kPlayed)
+        std::cerr << "vex: " << outcome.words << '\n';
+    return outcome.status;
+}
+
 int Show(const Options& options)
 {
+    if (!options.script.empty())
+        return Play(options);
     Kesto::CDrawTools::Get().SetTheme(options.theme);
     const Vex::CBuiltLayout layout = Build(options);
     if (!options.picture.empty())
@@ -290,6 +319,11 @@ Command AddShow(CLI::App& app, Options& options)
     show->add_flag("--outline", options.outline, "Draw frames, margins and identifiers over it");
     show->add_flag("--describe", options.describe,
                    "Print what a host is told of the views, as JSON");
+    show->add_option("--play", options.script,
+                     "A script that the robot plays on the window; - is the standard input");
+    show->add_option("--messages", options.messages,
+                     "The file for the messages that climb to the window, a JSON object a line")
+        ->needs("--play");
     return {show, Show};
 }
 

@@ -1,11 +1,10 @@
 #include "vex/show.h"
 
 #include "drawing/tools/draw_tools.h"
-#include "pictures/picture_files.h"
+#include "pictures/bitmap_file.h"
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 namespace Vex {
 
@@ -55,24 +54,6 @@ void Outline(const CBuiltLayout& layout)
         OutlineId(port, built);
 }
 
-// Red, green and blue side by side, row by row, of an opaque bitmap.
-void Write(Host::PictureSink& sink, const Platform::Bitmap& bitmap, Kesto::PixelPoint size)
-{
-    Host::PictureInfo info;
-    info.width = size.x;
-    info.height = size.y;
-    sink.Begin(info);
-    std::vector<std::uint8_t> row(info.RowBytes());
-    for (std::int32_t y = 0; y < size.y; ++y) {
-        const std::uint8_t* const pixels = bitmap.Bits() + y * bitmap.RowBytes();
-        for (std::int32_t x = 0; x < size.x; ++x)
-            for (std::int32_t channel = 0; channel < 3; ++channel)
-                row[static_cast<std::size_t>(x * 3 + channel)] = pixels[x * 4 + 2 - channel];
-        sink.PutRows(row.data(), row.size(), 1);
-    }
-    sink.Finish();
-}
-
 } // namespace
 
 void Draw(const CBuiltLayout& layout, bool outline)
@@ -87,8 +68,9 @@ void WritePicture(const CBuiltLayout& layout, const std::filesystem::path& path,
 {
     Draw(layout, outline);
     const Kesto::CContext& root = layout.Root();
-    const auto sink = Host::CreatePicture(path, {});
-    Write(*sink, root.GetBitmap(), root.GetClientPixels());
+    const Kesto::PixelPoint size = root.GetClientPixels();
+    const Platform::Bitmap& bitmap = root.GetBitmap();
+    Host::WriteBitmap(path, {size.x, size.y, bitmap.Bits(), bitmap.RowBytes()});
 }
 
 } // namespace Vex

@@ -14,6 +14,9 @@
 
 namespace Platform {
 
+// Whether windows can be seen by anyone. Windows has a display always, even one that shows nothing.
+bool HasDisplay();
+
 struct WindowPlan {
     WindowKind kind = WindowKind::kDialog;
     std::uint32_t features = 0;

@@ -16,6 +16,7 @@ namespace Kesto {
 namespace {
 
 CMessageRecorder::Sink gSink;
+CMessageRecorder::Watch gWatch;
 
 // The class's name as a programmer writes it, without the namespaces.
 std::string ClassName(const std::type_info& type)
@@ -49,7 +50,13 @@ CMessageRecorder::Step* CMessageRecorder::Step::gClimb = nullptr;
 void CMessageRecorder::Start(Sink sink)
 {
     gSink = std::move(sink);
-    gIsOn = gSink != nullptr;
+    gIsOn = gSink != nullptr || gWatch != nullptr;
+}
+
+void CMessageRecorder::SetWatch(Watch watch)
+{
+    gWatch = std::move(watch);
+    gIsOn = gSink != nullptr || gWatch != nullptr;
 }
 
 void CMessageRecorder::StartFile(const char* path)
@@ -102,6 +109,8 @@ void CMessageRecorder::Step::Asks(const CMessenger& messenger)
     fFirst->fAsked = Title(messenger);
     fFirst->fAsking = true;
     ++fFirst->fLevels;
+    if (gWatch != nullptr)
+        gWatch(messenger, *fMessage);
 }
 
 void CMessageRecorder::Step::Answered(bool eaten)

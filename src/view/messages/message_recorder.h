@@ -28,6 +28,11 @@ public:
     static void StartFile(const char* path);
     static void Stop();
 
+    // Calls `watch` with each messenger that is about to be asked, until it is replaced; null for
+    // nobody. It sends no messages.
+    using Watch = std::function<void(const CMessenger& asked, const CMessage& message)>;
+    static void SetWatch(Watch watch);
+
     static bool IsOn() { return gIsOn; }
 
     // One level of a climb, for as long as the climb is at that level or above.

@@ -19,6 +19,9 @@ public:
     void StopIdling();
     bool IsIdling() const { return fIsIdling; }
 
+    // Counts from its last turn.
+    void SetPeriod(double period) { fPeriod = period; }
+
     // Its turn.
     virtual void Idle() = 0;
 

@@ -4,8 +4,9 @@ namespace Kesto {
 namespace {
 
 UiScaleMode gMode{};
+double gScale = 1.0;
 
-}
+} // namespace
 
 void SetUiScaleMode(UiScaleMode mode)
 {
@@ -15,6 +16,16 @@ void SetUiScaleMode(UiScaleMode mode)
 UiScaleMode GetUiScaleMode()
 {
     return gMode;
+}
+
+void SetUiScale(double scale)
+{
+    gScale = scale;
+}
+
+double GetUiScale()
+{
+    return gScale;
 }
 
 } // namespace Kesto

@@ -11,4 +11,9 @@ enum class UiScaleMode : int32_t {};
 void SetUiScaleMode(UiScaleMode mode);
 UiScaleMode GetUiScaleMode();
 
+// How much larger than usual all windows are, on top of what the mode asks for; 1 at first. Open
+// windows stay as they are.
+void SetUiScale(double scale);
+double GetUiScale();
+
 } // namespace Kesto

@@ -10,6 +10,7 @@
 #include "view/messages/process_link.h"
 #include "view/process/process.h"
 #include "view/process/tracker.h"
+#include "view/process/ui_scale.h"
 #include "view/tree/pane.h"
 #include "view/tree/view_hold.h"
 #include "view/window/window.h"
@@ -168,7 +169,7 @@ std::intptr_t CWindow::OnScaleMayHaveChanged(const WindowMessage& message)
 std::intptr_t CWindow::OnScaleChanged(const WindowMessage& message)
 {
     const CViewHold hold(*this);
-    const double scale = (message.first & 0xFFFF) / 96.0;
+    const double scale = (message.first & 0xFFFF) / 96.0 * GetUiScale();
     fScaling = true;
     SetScaleFactor(scale);
     DefaultProc(message);

@@ -175,9 +175,9 @@ double CWindow::WantedScale(Platform::NativeWindow near) const
 {
     const bool perMonitor =
         HasFeature(kWin_ResolutionIndependent) || GetUiScaleMode() == UiScaleMode{2};
-    return GetUiScaleMode() != UiScaleMode{1} && (perMonitor || GetUiScaleMode() == UiScaleMode{0})
-               ? Platform::ScaleOf(near)
-               : 1.0;
+    const bool byMonitor =
+        GetUiScaleMode() != UiScaleMode{1} && (perMonitor || GetUiScaleMode() == UiScaleMode{0});
+    return (byMonitor ? Platform::ScaleOf(near) : 1.0) * GetUiScale();
 }
 
 void CWindow::Open()

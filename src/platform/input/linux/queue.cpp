@@ -1,13 +1,13 @@
 #include "platform/input/linux/queue.h"
 
 #include "platform/input/message_numbers.h"
+#include "platform/system/linux/clock.h"
 #include "platform/system/machine.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -18,13 +18,6 @@ namespace {
 
 constexpr std::uint32_t kLeastPeriod = 10;
 constexpr std::size_t kMostPosted = 10000;
-
-std::uint64_t Now()
-{
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return std::uint64_t(now.tv_sec) * 1000 + std::uint64_t(now.tv_nsec) / 1000000;
-}
 
 bool Has(MessageRange range, std::uint32_t number)
 {
@@ -228,7 +221,7 @@ std::optional<QueuedMessage> Queue::TakeTimer(Peek peek, MessageRange range)
     const auto first =
         std::min_element(fTimers.begin(), fTimers.end(),
                          [](const Timer& a, const Timer& b) { return a.due < b.due; });
-    const std::uint64_t now = Now();
+    const std::uint64_t now = ClockMilliseconds();
     if (first == fTimers.end() || first->due > now || !Has(range, Number::kTimer))
         return std::nullopt;
     if (peek == Peek::kRemove)
@@ -276,12 +269,14 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
         if (what == WaitFor::kAnything && IsAnythingHere())
             wait = 0;
         else if (const auto due = NextDue()) {
-            const std::uint64_t now = Now();
+            const std::uint64_t now = ClockMilliseconds();
             const std::uint64_t left = *due > now ? *due - now : 0;
             wait = std::min(wait, left);
         }
         descriptors = {pollfd{fBell, POLLIN, 0}, pollfd{fSource, POLLIN, 0}};
     }
+    if (IsClockHeld() && wait != kForever)
+        PassHeldTime(std::exchange(wait, 0));
     // In steps of a minute at most, since poll counts in an int; the caller waits again.
     poll(descriptors.data(), descriptors.size(),
          wait != kForever ? static_cast<int>(std::min<std::uint64_t>(wait, 60000)) : -1);
@@ -356,7 +351,7 @@ std::uintptr_t Queue::AddTimer(NativeWindow window, std::uintptr_t number,
         return timer.window == window && timer.number == number;
     });
     const std::uint64_t period = std::max(milliseconds, kLeastPeriod);
-    fTimers.push_back({window, number, period, Now() + period});
+    fTimers.push_back({window, number, period, ClockMilliseconds() + period});
     Wake();
     return number;
 }

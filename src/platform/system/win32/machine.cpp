@@ -21,4 +21,9 @@ void Pause(std::uint32_t milliseconds)
     Sleep(milliseconds);
 }
 
+bool HoldClock()
+{
+    return false;
+}
+
 } // namespace Platform

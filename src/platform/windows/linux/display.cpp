@@ -3,6 +3,7 @@
 #include "platform/windows/clipboard.h"
 #include "platform/windows/linux/window.h"
 #include "platform/windows/mouse_state.h"
+#include "platform/windows/system_window.h"
 
 #include <utility>
 
@@ -29,6 +30,12 @@ void Display::Connect()
         return;
     if (std::unique_ptr<Display> found = ConnectDisplay())
         Current() = std::move(found);
+}
+
+bool HasDisplay()
+{
+    Display::Connect();
+    return Display::Get().IsReal();
 }
 
 std::optional<std::string> ClipboardText()

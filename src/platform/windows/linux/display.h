@@ -28,6 +28,9 @@ public:
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
+    // Whether it shows anything.
+    virtual bool IsReal() const { return false; }
+
     // False, with the code in LastError, if the display refuses.
     virtual bool AddWindow(LinuxWindow&) { return true; }
     virtual void RemoveWindow(LinuxWindow&) {}

@@ -36,6 +36,11 @@ HWND MakeDocumentsClient(HWND frame)
 
 } // namespace
 
+bool HasDisplay()
+{
+    return true;
+}
+
 NativeWindow MakeSystemWindow(const WindowPlan& plan, WindowProcedure& procedure)
 {
     const std::wstring name = ClassNameOf(plan);

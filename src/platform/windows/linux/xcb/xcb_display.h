@@ -22,6 +22,7 @@ public:
     XcbDisplay(xcb_connection_t* connection, xcb_screen_t* screen);
     ~XcbDisplay() override;
 
+    bool IsReal() const override { return true; }
     bool AddWindow(LinuxWindow& window) override;
     void RemoveWindow(LinuxWindow& window) override;
     void Show(LinuxWindow& window) override;

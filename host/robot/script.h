@@ -1,0 +1,97 @@
+// A robot's script: what it does to windows and what it expects of them, one action a line.
+//
+//   click VIEW [left|right|middle] [xN] [shift] [control] [alt]
+//   press VIEW · move VIEW · release
+//   wheel VIEW DX DY            notches to the right and upward
+//   type TEXT · paste TEXT      the rest of the line
+//   key NAME [shift] [control] [alt]
+//   hold shift|control|alt · let-go shift|control|alt
+//   focus VIEW
+//   resize W H · scale N · theme N · close
+//   wait SECONDS
+//   shot FILE.png · describe FILE.json
+//   expect VIEW KEY VALUE       the value is the rest of the line
+//   expect-window open|closed|TITLE
+//
+// VIEW is an id, or X,Y in units of the window. A word that begins with # begins a comment, but not
+// in the rest of a line that is typed, pasted or a title.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Host {
+
+enum class Verb {
+    kClick,
+    kPress,
+    kMove,
+    kRelease,
+    kWheel,
+    kType,
+    kPaste,
+    kKey,
+    kHold,
+    kLetGo,
+    kFocus,
+    kResize,
+    kScale,
+    kTheme,
+    kClose,
+    kWait,
+    kShot,
+    kDescribe,
+    kExpect,
+    kExpectWindow,
+};
+
+struct ScriptPoint {
+    double x = 0;
+    double y = 0;
+};
+
+// Which view is meant: the one of the id, or the one at the point if there is a point.
+struct ViewName {
+    std::string text; // as it stands in the script
+    std::optional<ScriptPoint> point;
+};
+
+enum class MouseButton { kLeft, kRight, kMiddle };
+
+// Fields that a verb doesn't need stay as they are.
+struct Action {
+    Verb verb = Verb::kWait;
+    int line = 0;
+    ViewName view;
+    MouseButton button = MouseButton::kLeft;
+    int count = 1;                        // of clicks
+    std::uint32_t key = 0;                // its number
+    std::vector<std::uint32_t> modifiers; // the numbers of keys that are held
+    ScriptPoint numbers;                  // two numbers, or one as x
+    std::string property;                 // which key of a description is expected
+    std::string text; // the rest of the line, or a file's name; of kDescribe - for the output
+};
+
+struct Script {
+    std::string name; // for messages
+    std::vector<Action> actions;
+};
+
+// What is wrong with a script: its name, line and column, what was found and what would be right.
+class ScriptError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Throws ScriptError for the first mistake.
+Script ReadScript(std::string_view text, const std::string& name);
+
+// The same from a file, "-" for the standard input. A file that can't be read is a mistake too.
+Script LoadScript(const std::string& file);
+
+} // namespace Host

@@ -1,0 +1,101 @@
+// Scripts played on the windows of layouts: each NAME.play of this folder on NAME.vex, and what
+// comes of scripts that can't be played to their end.
+#include "robot/player.h"
+#include "vex/play.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kFolder = fs::path(SIDECAR_SOURCE_DIR) / "tests" / "robot";
+
+std::vector<std::string> PlayNames()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(kFolder))
+        if (entry.path().extension() == ".play")
+            names.push_back(entry.path().stem().string());
+    std::ranges::sort(names);
+    return names;
+}
+
+Host::PlayOutcome Play(const std::string& layout, Host::Script script,
+                       const std::string& messages = {})
+{
+    Vex::PlayOptions options;
+    options.build.opens = true;
+    options.messages = messages;
+    return Vex::Play(Vex::CSourceText::Load((kFolder / layout).string()), std::move(script),
+                     options);
+}
+
+class PlayFiles : public testing::TestWithParam<std::string> {};
+
+TEST_P(PlayFiles, ComeOutAsExpected)
+{
+    const fs::path script = kFolder / (GetParam() + ".play");
+    const Host::PlayOutcome outcome = Play(GetParam() + ".vex", Host::LoadScript(script.string()));
+    EXPECT_EQ(outcome.words, "");
+    EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PlayFiles, testing::ValuesIn(PlayNames()),
+                         [](const auto& row) { return row.param; });
+
+TEST(Plays, EndAtTheFirstThingThatIsNotAsExpected)
+{
+    struct Row {
+        const char* script;
+        Host::PlayOutcome::Status status;
+        const char* words;
+    };
+    using enum Host::PlayOutcome::Status;
+    const Row rows[] = {
+        {"", kPlayed, ""},
+        {"\nexpect Robot/First Vsbl false\nexpect Robot/None Vsbl true", kNotAsExpected,
+         "s:2: expect Robot/First Vsbl: wanted false, found true"},
+        {"expect Robot/First Colour red", kNotAsExpected,
+         "s:1: expect Robot/First Colour: wanted red, found nothing under this key"},
+        {"expect Robot/Label Nm Second", kNotAsExpected,
+         "s:1: expect Robot/Label Nm: wanted Second, found \"Two buttons\""},
+        {"click Robot/None", kNotAsExpected,
+         "s:1: Robot/None: no open window has a view of this id"},
+        {"expect-window closed", kNotAsExpected,
+         "s:1: expect-window: wanted closed, found windows with the titles \"Buttons\""},
+        {"close\nexpect-window closed\nwait 0.1\nclick Robot/First", kTrouble,
+         "s:4: no window is open that this line could be about"},
+        {"describe /no/such/folder/x.json", kTrouble,
+         "s:1: /no/such/folder/x.json: the file can't be written"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.script);
+        const Host::PlayOutcome outcome = Play("buttons.vex", Host::ReadScript(row.script, "s"));
+        EXPECT_EQ(outcome.status, row.status);
+        EXPECT_EQ(outcome.words, row.words);
+    }
+}
+
+TEST(Plays, LeaveTheMessagesOfTheirActions)
+{
+    const fs::path path = fs::temp_directory_path() / "sidecar_robot_messages.json";
+    Play("buttons.vex", Host::ReadScript("click Robot/First\nkey Tab\nclick Robot/Second", "s"),
+         path.string());
+    std::ifstream file(path);
+    const std::string lines{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_EQ(lines.substr(0, lines.find('\n')),
+              R"({"kind":"command","id":"Robot/First","source":"Robot/First"})");
+    EXPECT_NE(lines.find(R"("source":"Robot/Second"})"), std::string::npos);
+    file.close();
+    fs::remove(path);
+}
+
+} // namespace

@@ -1,0 +1,22 @@
+// A script played on a layout's window, shown on the display if there is one.
+#pragma once
+
+#include "robot/player.h"
+#include "vex/built_layout.h"
+
+#include <cstdint>
+#include <string>
+
+namespace Vex {
+
+struct PlayOptions {
+    BuildOptions build;
+    std::int32_t theme = 0;
+    std::string messages; // the file for them, or empty
+};
+
+// Plays to the script's end or its first failure. Throws std::runtime_error when the layout is
+// refused or a file can't be written.
+Host::PlayOutcome Play(const CSourceText& source, Host::Script script, const PlayOptions& options);
+
+} // namespace Vex
