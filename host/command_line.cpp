@@ -45,7 +45,8 @@ try {
 int RunLumohost(std::vector<std::string> arguments)
 {
     CommonOptions common;
-    CLI::App app("Opens and saves pictures through a Lumograph file format module.", "lumohost");
+    CLI::App app("Opens, saves, filters and exports pictures through Lumograph plug-in modules.",
+                 "lumohost");
     app.require_subcommand(0, 1); // no more; with none the help tells of them
     app.set_version_flag("--version", "lumohost " SIDECAR_VERSION);
     app.set_help_all_flag("--help-all", "Show the help of all commands");
@@ -58,6 +59,9 @@ int RunLumohost(std::vector<std::string> arguments)
         app.add_subcommand("save", "Save a picture as a file through the module");
     CLI::App* const assemble =
         app.add_subcommand("assemble", "Make a file of many frames from pictures");
+    CLI::App* const filter = app.add_subcommand("filter", "Run a filter module over a picture");
+    CLI::App* const exported =
+        app.add_subcommand("export", "Have an export module write a picture in its own way");
     CLI::App* const selectors =
         app.add_subcommand("selectors", "Show what the module answers to each selector");
     const std::pair<CLI::App*, Command> commands[] = {
@@ -65,6 +69,8 @@ int RunLumohost(std::vector<std::string> arguments)
         {open, AddOpen(*open, common)},
         {save, AddSave(*save, common)},
         {assemble, AddAssemble(*assemble)},
+        {filter, AddFilter(*filter, common)},
+        {exported, AddExport(*exported, common)},
         {selectors, AddSelectors(*selectors, common)}};
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back

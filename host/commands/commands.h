@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -30,10 +31,21 @@ Command AddInfo(CLI::App& subcommand);
 Command AddOpen(CLI::App& subcommand, CommonOptions& common);
 Command AddSave(CLI::App& subcommand, CommonOptions& common);
 Command AddAssemble(CLI::App& subcommand);
+Command AddFilter(CLI::App& subcommand, CommonOptions& common);
+Command AddExport(CLI::App& subcommand, CommonOptions& common);
 Command AddSelectors(CLI::App& subcommand, CommonOptions& common);
 
 // The options of subcommands that run a module: --module, --memory-limit, --verbose, --abort-at.
 void AddModuleOptions(CLI::App& subcommand, CommonOptions& common);
+
+// The options of subcommands that run a filter or an export over a picture.
+struct DocumentOptions {
+    std::string picture;
+    std::string output;
+    std::vector<std::string> settings; // NAME=VALUE
+    int32_t depth = 8;
+};
+void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOptions& common);
 
 // A path from an argument in UTF-8.
 std::filesystem::path PathOf(const std::string& text);

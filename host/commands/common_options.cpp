@@ -56,4 +56,26 @@ void AddModuleOptions(CLI::App& subcommand, CommonOptions& common)
         ->check(CLI::NonNegativeNumber);
 }
 
+void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOptions& common)
+{
+    subcommand
+        .add_option("picture", options.picture, "The picture to work on: PNG, PGM, PPM or PAM")
+        ->required()
+        ->type_name("PICTURE");
+    subcommand
+        .add_option("--set", options.settings,
+                    "A setting of the module, such as radius=12; once for each. What isn't set is "
+                    "as the user left it, or the default")
+        ->type_name("NAME=VALUE")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    subcommand
+        .add_option("--depth", options.depth,
+                    "Bits of a sample that the module is to work with: 8, 16 or 32 [8]")
+        ->type_name("BITS")
+        ->check(CLI::IsMember({8, 16, 32}));
+    AddModuleOptions(subcommand, common);
+    subcommand.get_option("--module")->required();
+}
+
 } // namespace Host

@@ -3,6 +3,7 @@
 #include "driver/host_memory.h"
 #include "lumograph/results.h"
 #include "suites/descriptors.h"
+#include "suites/settings.h"
 #include "suites/string_ids.h"
 #include "suites/ui_hooks.h"
 
@@ -54,6 +55,7 @@ struct Suite {
 std::array gSuites = {
     Suite{kHostPropertySuiteName, kHostPropertySuiteVersion, &kPropertySuite},
     Suite{kHostBufferSuiteName, kHostBufferSuiteNameVersion, BufferSuite()},
+    Suite{kHostSettingsSuiteName, kHostSettingsSuiteVersion, SettingsSuite()},
     Suite{kHostUIHooksSuiteName, kHostUIHooksSuiteVersion4, UIHooksSuite()},
     Suite{kHostDescriptorSuiteName, kHostDescriptorSuiteVersion, DescriptorSuite()},
     Suite{kHostListSuiteName, kHostListSuiteVersion, ListSuite()},

@@ -4,9 +4,10 @@
 
 namespace Host {
 
-PluginModule::PluginModule(const std::filesystem::path& path)
-    : fLibrary(path), fProperties(ParsePropertyList(
-                          fLibrary.ResourceBytes(kHostPropertyListType, kHostPropertyListName))),
+PluginModule::PluginModule(const std::filesystem::path& path, PluginKind kind)
+    : fLibrary(path),
+      fProperties(ParsePropertyList(
+          fLibrary.ResourceBytes(kHostPropertyListType, kHostPropertyListName), kind)),
       fEntry(fLibrary.FindFunction<HostEntry>(fProperties.entry.c_str()))
 {
     if (!fEntry)

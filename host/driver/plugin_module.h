@@ -10,7 +10,7 @@ namespace Host {
 class PluginModule {
 public:
     // Loads the module and reads its property list; nothing in it is called yet. Throws Failure.
-    explicit PluginModule(const std::filesystem::path& path);
+    explicit PluginModule(const std::filesystem::path& path, PluginKind kind = PluginKind::kFormat);
 
     const PropertyList& Properties() const { return fProperties; }
 

@@ -41,7 +41,28 @@ std::vector<std::string> ModesOf(const Json& format)
     return modes;
 }
 
-PropertyList ReadFormat(const Json& format)
+struct KindWords {
+    const char* value;   // of "Kind"
+    const char* article; // for people
+};
+
+constexpr KindWords WordsOf(PluginKind kind)
+{
+    constexpr KindWords kWords[] = {
+        {"Format", "a file format"}, {"Filter", "a filter"}, {"Export", "an export"}};
+    return kWords[static_cast<size_t>(kind)];
+}
+
+// What the list declares, for a message about what it doesn't.
+std::string DeclaredKinds(const Json& items)
+{
+    std::string kinds;
+    for (const Json& item : items)
+        kinds += (kinds.empty() ? "" : ", ") + item.value("Kind", std::string("no kind"));
+    return kinds.empty() ? "nothing" : kinds;
+}
+
+PropertyList ReadPlugin(const Json& format)
 {
     PropertyList list;
     list.name = format.at("Name").get<std::string>();
@@ -82,15 +103,16 @@ void RequireDeed(bool can, const PropertyList& list, const char* deed)
 
 } // namespace
 
-PropertyList ParsePropertyList(std::span<const std::byte> json)
+PropertyList ParsePropertyList(std::span<const std::byte> json, PluginKind kind)
 try {
     const auto* text = reinterpret_cast<const char*>(json.data());
     const Json list = Json::parse(text, text + json.size());
     for (const Json& item : list.at("Tagls"))
-        if (item.value("Kind", "") == "Format")
-            return ReadFormat(item);
-    throw Failure("the module's property list declares no file format",
-                  "Is it a filter? Name a format with --module.");
+        if (item.value("Kind", "") == WordsOf(kind).value)
+            return ReadPlugin(item);
+    throw Failure(std::string("the module isn't ") + WordsOf(kind).article +
+                      ": its property list declares " + DeclaredKinds(list.at("Tagls")),
+                  "Name another module with --module.");
 } catch (const Json::exception& error) {
     throw Failure(std::string("the module's property list can't be read: ") + error.what(),
                   "The module's author should check its resource JSON_TAGL.");

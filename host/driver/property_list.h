@@ -16,7 +16,7 @@ namespace Host {
 
 struct PropertyList {
     std::string name;
-    std::string entry; // exported function that serves the format
+    std::string entry; // exported function that serves the plug-in
     bool canRead = false;
     bool canWrite = false;
     std::vector<std::string> readExtensions; // upper case, without the dot and the trailing blanks
@@ -28,9 +28,13 @@ struct PropertyList {
     bool loadUnload = false;          // the module wants the selectors load and unload
 };
 
-// Reads the first file format of the list. Throws Failure for a text that is no property list or
-// names no format.
-PropertyList ParsePropertyList(std::span<const std::byte> json);
+// The kinds of plug-in, as "Kind" tells them.
+enum class PluginKind { kFormat, kFilter, kExport };
+
+// Reads the first plug-in of the kind. Throws Failure for a text that is no property list or names
+// none of them.
+PropertyList ParsePropertyList(std::span<const std::byte> json,
+                               PluginKind kind = PluginKind::kFormat);
 
 // Each throws Failure when the list doesn't allow it.
 void RequireReadable(const PropertyList& list, const std::filesystem::path& file);

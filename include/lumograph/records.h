@@ -96,6 +96,13 @@ typedef struct HostWideRects {
     HostRect32 mask;
 } HostWideRects;
 
+/* What pixels of a block beyond the picture are filled with: 0 to 255 is a sample, as a part of 255 of
+ * white at every depth, or one of these. */
+enum {
+    kHostFillEdge = -1, /* the nearest pixel of the picture */
+    kHostFillNone = -2  /* nothing in particular: the module doesn't look at them */
+};
+
 /* The record of a filter.
  *
  * Before a fetch, and before it returns from start or continue, a filter sets the rectangles and
@@ -129,7 +136,7 @@ typedef struct HostFilterRecord {
     uint8_t maskAutomatic;   /* non-zero: the host applies the mask itself */
     uint8_t host73;
     HostRect16 maskBlockRect; /* the mask's block that is wanted */
-    const void* maskBlock;
+    const void* maskBlock;    /* a byte for each pixel at every depth, 255 where all is selected */
     int32_t maskStride;
     void* resultBlock; /* what the filter writes to */
     int32_t resultStride;
@@ -138,11 +145,11 @@ typedef struct HostFilterRecord {
     uint8_t host9E[0x7A];
     int16_t (*fetchBlocks)(void); /* lends the blocks that are wanted; 0 is success */
     uint8_t host120[0xE];
-    int16_t sourceFill; /* what pixels beyond the picture are filled with */
+    int16_t sourceFill; /* 0 to 255 or kHostFill... */
     int16_t resultFill;
     int16_t maskFill;
     uint8_t host134[4];
-    int32_t inputRate; /* source pixels for each of the block, 16.16 fixed point */
+    int32_t inputRate; /* source pixels for each of the block, 16.16 fixed point; 1.0 */
     int32_t outputRate;
     uint8_t host140[8];
     int16_t inputColorPlanes; /* planes of the source by what they hold */

@@ -107,6 +107,29 @@ LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
 /* Not 0: a filter is to take its memory from the host's buffers. */
 #define kPropertyUseHostBuffers LUMOGRAPH_KEY('z', 'S', 'c', 'W')
 
+/* Settings that the user of a host wants for a run without a dialog, as texts by name. A filter or an
+ * export reads those that it has at its start. A host refuses the run when it holds a setting that
+ * the module never asked for. */
+#define kHostSettingsSuiteName "Lumograph Settings Suite for Plug-ins"
+enum { kHostSettingsSuiteVersion = 1, kHostSettingsTableVersion = 1 };
+
+typedef struct HostSettingsSuite {
+    int16_t version; /* kHostSettingsTableVersion */
+    int16_t count;   /* 2 */
+    uint8_t reserved[4];
+    /* On 0 the setting's text in UTF-8 stands in `*value`, until the selector returns. Any other
+     * result: the setting is the module's own matter. */
+    int32_t (*Find)(const char* name, const char** value);
+    /* Tells that the text of a setting is of no use, and what is: "a number from 1 to 250". The
+     * module then ends its selector with kHostBadParameter. */
+    int32_t (*Refuse)(const char* name, const char* wanted);
+} HostSettingsSuite;
+
+LUMOGRAPH_OFFSET(HostSettingsSuite, version, 0x00);
+LUMOGRAPH_OFFSET(HostSettingsSuite, count, 0x02);
+LUMOGRAPH_OFFSET(HostSettingsSuite, Find, 0x08);
+LUMOGRAPH_OFFSET(HostSettingsSuite, Refuse, 0x10);
+
 LUMOGRAPH_END
 
 #endif

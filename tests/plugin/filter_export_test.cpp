@@ -43,6 +43,8 @@ public:
         *result = gProbe.code;
     }
     void DoAbout() override { gProbe.served.push_back(0); }
+    void GetSettingsLocation(Kesto::CText&, Kesto::CText&) override {}
+    void FilterDocument() override {}
 
 private:
     Life fLife;
@@ -56,6 +58,8 @@ public:
         *result = gProbe.code;
     }
     void DoAbout() override { gProbe.served.push_back(0); }
+    void GetSettingsLocation(Kesto::CText&, Kesto::CText&) override {}
+    void ExportDocument() override {}
 
 private:
     Life fLife;

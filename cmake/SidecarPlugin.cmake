@@ -1,0 +1,27 @@
+# sidecar_plugin(NAME ENTRY function SOURCES file...)
+# A plug-in module of its own in build/.../bin, with the resources of the folder's resources.list. It exports its entry
+# and, on Linux, ModuleResource.
+function(sidecar_plugin name)
+  cmake_parse_arguments(plugin "" "ENTRY" "SOURCES" ${ARGN})
+  add_library(${name}_objects OBJECT ${plugin_SOURCES})
+  target_include_directories(${name}_objects PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name}_objects PRIVATE sidecar_warnings PUBLIC sidecar_dialogs)
+
+  sidecar_write_resource_source(resource_source ${CMAKE_CURRENT_SOURCE_DIR}/resources.list)
+  add_library(${name} MODULE $<TARGET_OBJECTS:${name}_objects> ${resource_source})
+  set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+  target_link_libraries(${name} PRIVATE sidecar_warnings sidecar_dialogs)
+  if(WIN32)
+    file(CONFIGURE OUTPUT ${name}.def CONTENT "EXPORTS\n${plugin_ENTRY}\n" @ONLY)
+    target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}.def)
+  else()
+    target_sources(${name} PRIVATE ${CMAKE_SOURCE_DIR}/src/platform/system/linux/module_resource.cpp)
+    file(CONFIGURE OUTPUT ${name}.map CONTENT "{ global: ${plugin_ENTRY}; ModuleResource; local: *; };\n" @ONLY)
+    target_link_options(${name} PRIVATE -Wl,--version-script=${CMAKE_CURRENT_BINARY_DIR}/${name}.map)
+    set_target_properties(${name} PROPERTIES LINK_DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/${name}.map)
+  endif()
+  if(SIDECAR_SANITIZE AND NOT WIN32)
+    # As for the module: libraries keep memory in their globals for the life of the process.
+    target_link_options(${name} PRIVATE -Wl,-z,nodelete)
+  endif()
+endfunction()

@@ -1,0 +1,204 @@
+// Filters and exports through the whole program, with the example plug-ins.
+#include "host/program.h"
+#include "host/test_pictures.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Host {
+namespace {
+
+class FilterTest : public LumohostTest {
+protected:
+    std::unique_ptr<PictureSource> Filtered(const std::string& picture,
+                                            std::vector<std::string> further)
+    {
+        std::vector<std::string> arguments = {"filter",  picture, "--module",
+                                              SOFT_GLOW, "-o",    Path("filtered.pam")};
+        std::ranges::move(further, std::back_inserter(arguments));
+        RunLumohost(arguments);
+        return OpenPicture(fFolder / "filtered.pam");
+    }
+};
+
+// A white pixel on black at x 20, y 12, and half transparent on the right of column 30.
+int Spark(int32_t y, int32_t at)
+{
+    const int32_t x = at / 4;
+    return at % 4 == 3 ? (x > 30 ? 128 : 255) : x == 20 && y == 12 ? 255 : 0;
+}
+
+TEST_F(FilterTest, LightReachesItsRadiusAndNoFurtherAndLeavesTheAlphaAlone)
+{
+    MadePicture spark(PictureMode::kRgb, 41, 25, 4, Spark);
+    WritePicture(spark, fFolder / "spark.pam");
+    for (const char* const depth : {"8", "16", "32"}) {
+        SCOPED_TRACE(depth);
+        const auto glow = Filtered(Path("spark.pam"), {"--set", "radius=6", "--set", "amount=100",
+                                                       "--set", "mode=screen", "--depth", depth});
+        for (int32_t y = 0; y < 25; ++y) {
+            const uint8_t* const row = glow->Row(y);
+            for (int32_t x = 0; x < 41; ++x) {
+                const bool reached = std::abs(x - 20) <= 3 && std::abs(y - 12) <= 3;
+                const bool beyond = std::abs(x - 20) > 6 || std::abs(y - 12) > 6;
+                ASSERT_EQ(row[4 * x + 3], x > 30 ? 128 : 255) << x << ", " << y;
+                ASSERT_TRUE(!reached || row[4 * x] > 0) << x << ", " << y;
+                ASSERT_TRUE(!beyond || row[4 * x] == 0) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST_F(FilterTest, TilesLeaveNoSeamsAndARadiusMayPassThePicture)
+{
+    MadePicture waves(PictureMode::kGrayscale, 700, 530, 1, [](int32_t y, int32_t x) {
+        return static_cast<int>(127.5 + 127 * std::sin(x / 40.0) * std::cos(y / 50.0));
+    });
+    WritePicture(waves, fFolder / "waves.pgm");
+    const auto glow = Filtered(Path("waves.pgm"), {"--set", "radius=500"});
+    std::vector<uint8_t> last;
+    for (int32_t y = 0; y < 530; ++y) {
+        const uint8_t* const row = glow->Row(y);
+        for (int32_t x = 1; x < 700; ++x) {
+            ASSERT_LE(std::abs(row[x] - row[x - 1]), 6) << x << ", " << y;
+            ASSERT_TRUE(y == 0 || std::abs(row[x] - last[static_cast<size_t>(x)]) <= 6)
+                << x << ", " << y;
+        }
+        last.assign(row, row + 700);
+    }
+}
+
+TEST_F(FilterTest, AMaskHoldsBackWhatIsNotSelected)
+{
+    MadePicture picture(PictureMode::kRgb, 40, 30, 3, Texture);
+    MadePicture mask(PictureMode::kGrayscale, 40, 30, 1, [](int32_t, int32_t x) {
+        return x < 10 ? 0 : x < 20 ? 128 : 255;
+    });
+    WritePicture(picture, fFolder / "p.ppm");
+    WritePicture(mask, fFolder / "m.pgm");
+    const Bytes before = AllPixels(picture);
+    const Bytes all = AllPixels(*Filtered(Path("p.ppm"), {}));
+    const Bytes masked = AllPixels(*Filtered(Path("p.ppm"), {"--mask", Path("m.pgm")}));
+    for (size_t i = 0; i < all.size(); ++i) {
+        const int m = i / 3 % 40 < 10 ? 0 : i / 3 % 40 < 20 ? 128 : 255;
+        ASSERT_EQ(masked[i], (all[i] * m + before[i] * (255 - m) + 127) / 255) << i;
+    }
+}
+
+TEST_F(FilterTest, AnExportWritesItsSheet)
+{
+    MadePicture picture(PictureMode::kRgb, 40, 20, 3,
+                        [](int32_t, int32_t at) { return at % 3 == 0 ? 200 : 40; });
+    WritePicture(picture, fFolder / "p.ppm");
+    for (const char* const depth : {"8", "16", "32"}) {
+        SCOPED_TRACE(depth);
+        RunLumohost({"export", Path("p.ppm"), "--module", CONTACT_SHEET, "--set", "columns=2",
+                     "--set", "rows=1", "--set", "size=10", "--set", "gap=3", "--depth", depth,
+                     "-o", Path("sheet.ppm")});
+        const auto sheet = OpenPicture(fFolder / "sheet.ppm");
+        EXPECT_EQ(sheet->Info().width, 2 * 10 + 3 * 3);
+        EXPECT_EQ(sheet->Info().height, 5 + 2 * 3);
+        const auto red = [&](int32_t x, int32_t y) { return int{sheet->Row(y)[3 * x + 1]}; };
+        EXPECT_EQ(red(2, 5), 255) << "paper";
+        EXPECT_EQ(red(3, 3), 40) << "the first print's corner";
+        EXPECT_EQ(red(25, 7), 40) << "the last print's corner";
+        EXPECT_EQ(red(25, 8), 255) << "paper below";
+    }
+}
+
+// A run that fails: what is wrong, and what is said about it.
+struct WrongRun {
+    const char* what;
+    const char* command;
+    std::string picture;
+    const char* module; // null: none
+    std::vector<std::string> further;
+    int status;
+    std::vector<std::string> words;
+};
+
+class WrongRuns : public FilterTest {
+protected:
+    void SetUp() override
+    {
+        MadePicture picture(PictureMode::kRgb, 40, 40, 3, Texture);
+        WritePicture(picture, fFolder / "p.ppm");
+    }
+
+    void ExpectFailures(const std::vector<WrongRun>& rows) const
+    {
+        for (const WrongRun& row : rows) {
+            SCOPED_TRACE(row.what);
+            std::vector<std::string> arguments = {row.command, row.picture, "-o", Path("out.ppm")};
+            if (row.module != nullptr)
+                arguments.insert(arguments.end(), {"--module", row.module});
+            arguments.insert(arguments.end(), row.further.begin(), row.further.end());
+            const auto files = fFolder.Count();
+            const std::string messages = RunLumohost(arguments, row.status).messages;
+            for (const std::string& word : row.words)
+                EXPECT_NE(messages.find(word), std::string::npos) << word << " in: " << messages;
+            EXPECT_EQ(fFolder.Count(), files) << "nothing is written";
+        }
+    }
+
+    const std::string fPicture = Path("p.ppm");
+};
+
+TEST_F(WrongRuns, SettingsAreRefusedByNameWithWhatIsWanted)
+{
+    const auto row = [&](const char* what, std::vector<std::string> set,
+                         std::vector<std::string> words) {
+        return WrongRun{what, "filter", fPicture, SOFT_GLOW, std::move(set), 1, std::move(words)};
+    };
+    ExpectFailures({
+        row("unknown", {"--set", "rdius=3"}, {"no setting rdius", "radius, amount, mode"}),
+        row("beyond its limits", {"--set", "radius=501"},
+            {"radius can't be \"501\"", "a whole number from 1 to 500"}),
+        row("half a number", {"--set", "amount=5x"}, {"\"5x\""}),
+        row("none of the words", {"--set", "mode=burn"},
+            {"\"burn\"", "screen, lighten or soft_light"}),
+        row("without a name", {"--set", "=5"}, {"NAME=VALUE"}),
+        row("twice", {"--set", "radius=5", "--set", "radius=6"}, {"radius is given twice"}),
+        {"unknown to an export",
+         "export",
+         fPicture,
+         CONTACT_SHEET,
+         {"--set", "paper=red"},
+         1,
+         {"no setting paper", "columns, rows, size, gap"}},
+    });
+}
+
+TEST_F(WrongRuns, ModulesAndPicturesThatDontFitAreToldApart)
+{
+    MadePicture palette(PictureMode::kIndexed, 4, 4, 1, Texture);
+    MadePicture wide(PictureMode::kGrayscale, 32768, 1, 1, Texture);
+    MadePicture small(PictureMode::kGrayscale, 9, 9, 1, Texture);
+    WritePicture(palette, fFolder / "palette.png");
+    WritePicture(wide, fFolder / "wide.pgm");
+    WritePicture(small, fFolder / "small.pgm");
+    const std::string& p = fPicture;
+    const std::vector<std::string> limit = {"32768 x 1", "32767"};
+    ExpectFailures({
+        {"no module", "filter", p, nullptr, {}, 2, {"--module is required"}},
+        {"a format", "filter", p, SIDECAR_MODULE, {}, 1, {"isn't a filter", "Format"}},
+        {"a filter as an export", "export", p, SOFT_GLOW, {}, 1, {"isn't an export", "Filter"}},
+        {"a depth", "filter", p, SOFT_GLOW, {"--depth", "12"}, 2, {"--depth"}},
+        {"a mode", "filter", Path("palette.png"), SOFT_GLOW, {}, 1, {"indexed"}},
+        {"a wide picture", "filter", Path("wide.pgm"), SOFT_GLOW, {}, 1, limit},
+        {"a wide document", "export", Path("wide.pgm"), CONTACT_SHEET, {}, 1, limit},
+        {"a mask of another size",
+         "filter",
+         p,
+         SOFT_GLOW,
+         {"--mask", Path("small.pgm")},
+         1,
+         {"9 x 9", "40 x 40"}},
+        {"a coloured mask", "filter", p, SOFT_GLOW, {"--mask", p}, 1, {"not grey but RGB"}},
+        {"the user's stop", "filter", p, SOFT_GLOW, {"--abort-at", "1"}, 130, {"(-128)"}},
+        {"an export's stop", "export", p, CONTACT_SHEET, {"--abort-at", "3"}, 1, {"can't export"}},
+    });
+}
+
+} // namespace
+} // namespace Host
