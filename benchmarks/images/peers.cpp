@@ -98,8 +98,8 @@ void DecodeWithLibpng(const Bytes& file)
         std::memcpy(out, from.file.data() + from.at, size);
         from.at += size;
     });
-    png_set_crc_action(png, PNG_CRC_QUIET_USE,
-                       PNG_CRC_QUIET_USE); // nobody else looks at the checksums
+    // Nobody else looks at the checksums.
+    png_set_crc_action(png, PNG_CRC_QUIET_USE, PNG_CRC_QUIET_USE);
     png_read_info(png, info);
     png_set_expand(png);
     png_read_update_info(png, info);

@@ -1,5 +1,5 @@
-// Any text to views, and, if they aren't too large, to pixels: a text is refused with an exception or
-// drawn. The first two bytes say what the contents are resized to.
+// Any text to views, and, if they aren't too large, to pixels: a text is refused with an exception
+// or drawn. The first two bytes say what the contents are resized to.
 #include "vex/place.h"
 #include "vex/show.h"
 

@@ -98,8 +98,8 @@ private:
     size_t fBufferSize;
     Window fRead;
     Window fWrite;
-    int64_t fBase =
-        0; // reading: the file offset of fRead.end; writing: that of the buffer's first byte
+    // Reading: the file offset of fRead.end; writing: that of the buffer's first byte.
+    int64_t fBase = 0;
     int16_t fFailure = kHostNoError; // of a write, kept until Close
     bool fWriting;
 };

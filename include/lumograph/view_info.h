@@ -1,13 +1,13 @@
-/* How a host looks into a plug-in's window: the suites through which the module describes its views,
- * and the turns that the host gets while such a window is up.
+/* How a host looks into a plug-in's window: the suites through which the module describes its
+ * views, and the turns that the host gets while such a window is up.
  *
  * The module registers one callback for each of its objects when a window opens. The host calls it
  * in a turn, with the key of "getViewInfo", and gets a descriptor that holds the window and all of
  * its views. The descriptor is the host's to free, also after a false answer.
  *
  * Each table begins with its own version and the count of its functions. Results are int32, 0 for
- * success; keys are 32-bit numbers, which HostStringIdSuite makes of names; texts are UTF-8. What is
- * put into a descriptor or appended to a list belongs to it from then on. */
+ * success; keys are 32-bit numbers, which HostStringIdSuite makes of names; texts are UTF-8. What
+ * is put into a descriptor or appended to a list belongs to it from then on. */
 #ifndef LUMOGRAPH_VIEW_INFO_H
 #define LUMOGRAPH_VIEW_INFO_H
 
@@ -87,8 +87,8 @@ typedef struct HostUIHooksSuite4 {
                                 int32_t projectIndex);
     int32_t (*UnregisterViewInfo)(HostViewInfoCallback callback, int32_t hook, int32_t hookVersion,
                                   int32_t projectIndex);
-    /* The host's turn. While a window of it is up, a module calls this on its own thread whenever no
-     * event waits, at least 20 times a second, and handles the event when the answer is non-zero,
+    /* The host's turn. While a window of it is up, a module calls this on its own thread whenever
+     * no event waits, at least 20 times a second, and handles the event when the answer is not 0,
      * before it asks again. Within a turn the host may call the view-info callback. Null: the host
      * takes no turns. */
     uint8_t (*TakeTurn)(HostInputEvent* event);

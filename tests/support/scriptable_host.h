@@ -61,8 +61,8 @@ struct Fault {
     int at = 0;
     int16_t code = kHostIoError;
     bool lasting = false; // and all later ones
-    int64_t delivered =
-        0; // what a failed read delivers all the same; with code 0 it is a short read
+    // What a failed read delivers all the same; with code 0 it is a short read.
+    int64_t delivered = 0;
 };
 
 // How a whole operation ended: the first result that was not 0, and the selector that gave it.
@@ -90,8 +90,8 @@ public:
     std::optional<Fault> fault;
     std::map<uint32_t, intptr_t> properties; // a key that is not here can't be read
     bool noting = true;                      // keep Calls()
-    int64_t documentLimit =
-        INT64_MAX; // in bytes; rows of larger ones are checked and counted, but not kept
+    // In bytes; rows of larger ones are checked and counted, but not kept.
+    int64_t documentLimit = INT64_MAX;
     HostBufferSuite buffers;
     HostHandleSuite handles;
     HostPlaybackBlock playback{};

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Fails on operating-system code outside the platform folders, on marks of unfinished work, on files, headers and
-functions that are too long, on loops of tests that don't say which row failed, and on tests whose includes begin anywhere
-but at a root."""
+functions that are too long, on lines of more than 100 columns unless they are laid out by hand, on loops of tests that
+don't say which row failed, and on tests whose includes begin anywhere but at a root."""
 
 import pathlib
 import re
@@ -15,6 +15,7 @@ UNFINISHED = re.compile(r"\b(TO" r"DO|FIX" r"ME|GTEST" r"_SKIP|DISABLED" r"_\w+)
 MOST_LINES = 1000
 MOST_HEADER_LINES = 300
 MOST_FUNCTION_LINES = 60
+MOST_COLUMNS = 100
 # Longer than the rest, each for the reason at its head.
 LONG_HEADERS = {
     "include/lumograph/records.h": "the offset of every field is asserted",
@@ -92,6 +93,15 @@ def include_faults(name, lines):
             yield f"{name}:{number}: include it by its path from {', '.join(INCLUDE_ROOTS)}: {match.group(1)}"
 
 
+def column_faults(name, lines):
+    by_hand = False
+    for number, line in enumerate(lines, 1):
+        if "clang-format off" in line or "clang-format on" in line:
+            by_hand = "off" in line
+        if len(line) > MOST_COLUMNS and not by_hand:
+            yield f"{name}:{number}: {len(line)} columns; {MOST_COLUMNS} are the most"
+
+
 def main():
     faults = []
     for name in sources():
@@ -102,6 +112,7 @@ def main():
         if name.suffix == ".h" and len(lines) > MOST_HEADER_LINES and str(name) not in LONG_HEADERS:
             faults.append(f"{name}: {len(lines)} lines; a header has at most {MOST_HEADER_LINES}")
         faults += function_faults(name, lines)
+        faults += column_faults(name, lines)
         if name.parts[0] == "tests":
             faults += loop_faults(name, lines)
         if name.parts[0] in TEST_FOLDERS:

@@ -29,8 +29,8 @@ using namespace Kesto::Kernels;
 namespace {
 
 constexpr std::int32_t kSize = 160; // of a sample
-constexpr std::int32_t kBorder =
-    8; // more of the source around it, for the kernels that look around
+// More of the source around it, for the kernels that look around.
+constexpr std::int32_t kBorder = 8;
 constexpr std::int32_t kLabel = 22;  // below each sample
 constexpr std::int32_t kColumns = 6; // of samples
 

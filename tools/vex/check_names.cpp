@@ -33,7 +33,8 @@ std::string Quoted(std::string_view name)
     return '\'' + std::string(name) + '\'';
 }
 
-// What the whole text defines and reads, so that a name can be told from one that is only misplaced.
+// What the whole text defines and reads, so that a name can be told from one that is only
+// misplaced.
 struct NamesOfText {
     void Collect(const std::vector<SyntaxNode>& nodes)
     {

@@ -41,8 +41,8 @@ constexpr const char* kLanguage = R"(A layout text describes the views of one wi
       CPushButton(width: first * 8, default_button: true);
   }
 
-Values are strings in single quotes, or expressions of 32-bit integers with + - * / and the functions
-min, max and dim. There are no comments. `vex check --help` and the others tell more.)";
+Values are strings in single quotes, or expressions of 32-bit integers with + - * / and the
+functions min, max and dim. There are no comments. `vex check --help` and the others tell more.)";
 
 struct Options {
     std::vector<std::string> files;

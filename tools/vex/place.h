@@ -8,9 +8,9 @@
 
 namespace Vex {
 
-// The outermost view as an object: "class", "id" (its text, or ""), "left", "top", "width", "height"
-// in units of the view around it, the outermost at 0, 0, and "children" in the order in which they
-// were built. A view of an unknown class is none; its children are those of the window.
+// The outermost view as an object: "class", "id" (its text, or ""), "left", "top", "width",
+// "height" in units of the view around it, the outermost at 0, 0, and "children" in the order in
+// which they were built. A view of an unknown class is none; its children are those of the window.
 nlohmann::ordered_json PlacesOf(const CBuiltLayout& layout);
 
 // The same for people, a line for each view.

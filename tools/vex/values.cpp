@@ -91,9 +91,9 @@ const Kesto::VexConstant* FindConstant(std::string_view name)
     return standard != nullptr ? standard : FindWord(Kesto::ClassConstants(), name);
 }
 
-// A number is read in 64 bits beside the 32 that count; its size is capped so that no length of digits
-// overflows those. Of a product only the marks between the operands are looked at, since a percent
-// sign within an operand belongs to a node of its own.
+// A number is read in 64 bits beside the 32 that count; its size is capped so that no length of
+// digits overflows those. Of a product only the marks between the operands are looked at, since a
+// percent sign within an operand belongs to a node of its own.
 void CheckValueForms(const SyntaxNode& node, std::vector<Diagnostic>& found)
 {
     if (node.rule == VexRule::kInteger) {

@@ -23,8 +23,8 @@ bool IsTiny(std::string_view token)
     return token.find_first_not_of('0') == token.find('.');
 }
 
-// Descends the grammar. After a mistake everything is read as nothing; after an overflow reading goes
-// on, since a mistake later in the text matters more.
+// Descends the grammar. After a mistake everything is read as nothing; after an overflow reading
+// goes on, since a mistake later in the text matters more.
 class Evaluator {
 public:
     explicit Evaluator(std::string_view text) : fRest(text) {}

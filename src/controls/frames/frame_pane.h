@@ -27,7 +27,8 @@ class CPaneBuilder<CFramePane> : public CPaneBuilder<CPane> {
 public:
     using CPaneBuilder<CPane>::CPaneBuilder;
 
-    // The least size is that of the frame, and the margins that the text doesn't give are its edges.
+    // The least size is that of the frame, and the margins that the text doesn't give are its
+    // edges.
     CView* AdjustLayout(CView* parent, LayoutOwner& owner) override;
     void AppendRows(std::vector<PropertyRows>& rows) const override;
 

@@ -10,8 +10,8 @@ namespace Kesto {
 // True for radii that are worth a mask.
 bool HasKeptCorners(const CRoundedFrame& shape);
 
-// Fills a shape that has kept corners within the clip, which lies in the surface. Of a ring, `inner`
-// is what is left out; `hidden` may stay unfilled, since something will be painted over it.
+// Fills a shape that has kept corners within the clip, which lies in the surface. Of a ring,
+// `inner` is what is left out; `hidden` may stay unfilled, since something will be painted over it.
 void FillRounded(const CPixelSurface& surface, const CDeviceRegion& clip,
                  const CRoundedFrame& outer, const CRoundedFrame* inner, Colour colour,
                  const PixelRect& hidden = {});

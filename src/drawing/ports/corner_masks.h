@@ -1,5 +1,5 @@
-// CCornerMasks, how much of each pixel of a rounded corner is covered: rasterised once for each pair
-// of radii and kept, since an interface has few.
+// CCornerMasks, how much of each pixel of a rounded corner is covered: rasterised once for each
+// pair of radii and kept, since an interface has few.
 #pragma once
 
 #include "foundation/base/service.h"

@@ -294,8 +294,8 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
     return {stretched, job.visible};
 }
 
-// Averages plane by plane, premultiplied where alpha counts, since what is transparent must not lend
-// its colour to its neighbours.
+// Averages plane by plane, premultiplied where alpha counts, since what is transparent must not
+// lend its colour to its neighbours.
 CPreparedPixels CPixmapStage::Average(CJob& job)
 {
     const std::int32_t planes = job.planes != nullptr ? job.planes->GetPlaneCount() : kMostPlanes;

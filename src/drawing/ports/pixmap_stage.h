@@ -28,8 +28,8 @@ public:
     static CPixmapStage& Get() { return *CServiceT<CPixmapStage>::Get(true); }
 
     // The pixels that `source`, in the pixmap, gives for the part `visible` of `dest`; both are cut
-    // to what the pixmap has. A destination that is smaller in either direction is averaged, else it
-    // takes the nearest pixels. An empty rectangle is returned where there is nothing to draw: a
+    // to what the pixmap has. A destination that is smaller in either direction is averaged, else
+    // it takes the nearest pixels. An empty rectangle is returned where there is nothing to draw: a
     // pixmap that is no 8 bits of 1 to 4 planes, or, with alpha ignored, 32 bits of one.
     CPreparedPixels Prepare(CPixmap& pixmap, const PixelRect& source, const PixelRect& dest,
                             const PixelRect& visible, EAlphaUse alpha);

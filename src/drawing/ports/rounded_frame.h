@@ -1,4 +1,5 @@
-// CRoundedFrame, a frame of device pixels with quarter ellipses for corners; an oval when they meet.
+// CRoundedFrame, a frame of device pixels with quarter ellipses for corners; an oval when they
+// meet.
 #pragma once
 
 #include "drawing/regions/region.h"

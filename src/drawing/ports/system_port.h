@@ -1,9 +1,9 @@
 // CSystemPort, the operations of every port, on a bitmap of 32 bits.
 //
 // Coordinates are doubles in units. The window origin is added to them, then each number goes to
-// device pixels by the one rule (foundation/base/geometry.h). Rectangles, regions, pictures, pixmaps
-// and scrolling are computed here, on the pixels; curves, slanting lines and text come from the
-// platform's canvas. All but text is equal to the bit on every system.
+// device pixels by the one rule (foundation/base/geometry.h). Rectangles, regions, pictures,
+// pixmaps and scrolling are computed here, on the pixels; curves, slanting lines and text come from
+// the platform's canvas. All but text is equal to the bit on every system.
 //
 // Drawing never throws for what it is given: what is empty, inverted, not a number or outside the
 // clip draws nothing. Strokes lie within their shape. Used by the user interface's thread only.

@@ -131,8 +131,8 @@ void CSystemPort::DrawCurve(const CRoundedFrame& shape, const CPen* pen, const C
         FillCurve(shape, &inner, SolidOf(*pen));
         return;
     }
-    // The whole shape and then the inside over it: a ring beside a fill would let the ground through
-    // where both cover a pixel in part.
+    // The whole shape and then the inside over it: a ring beside a fill would let the ground
+    // through where both cover a pixel in part.
     const bool covers = brush->pattern == CBrush::kSolid && brush->colour.alpha == 255 &&
                         fState.transfer == kTransfer_Copy;
     if (covers && HasKeptCorners(shape))

@@ -13,8 +13,8 @@ namespace {
 using Kesto::CHostBuffers;
 
 constexpr int32_t kHeadersBytes = kFileHeaderBytes + kFrameHeaderBytes;
-constexpr int32_t kBufferRows =
-    8; // rows of one byte a pixel: room for four bytes, and for the look-ahead of the packer
+// Rows of one byte a pixel: room for four bytes, and for the look-ahead of the packer.
+constexpr int32_t kBufferRows = 8;
 constexpr int64_t kEstimateOverhead = 100;
 
 int32_t BytesOfDocumentRow(const HostFormatRecord& record)

@@ -12,8 +12,8 @@
 namespace Project {
 namespace {
 
-constexpr int32_t kMemoryBudget =
-    0x100000; // what the host is asked to leave to the module, in bytes
+// What the host is asked to leave to the module, in bytes.
+constexpr int32_t kMemoryBudget = 0x100000;
 
 using SelectorHandler = void (*)(EIContext&);
 

@@ -17,8 +17,8 @@ constexpr int32_t kLiteralBias = 0x7F; // and hold its length plus this
 // number of row ends.
 struct RunState {
     uint8_t value[4] = {}; // the open run's pixel
-    int32_t left =
-        0; // 0: no packet is open; below kLiteralFlag: pixels of a run; else a literal's, biased
+    // 0: no packet is open; below kLiteralFlag: pixels of a run; else a literal's, biased.
+    int32_t left = 0;
 };
 
 RunState gRun;
@@ -144,8 +144,8 @@ void EIReadDepthRow(EIContext& context, uint8_t* dest, uint8_t* scratch, int32_t
     EIReadRun(context, scratch, pixelCount);
     if (context.result != kHostNoError)
         return;
-    constexpr int32_t kBatch =
-        256; // floats are taken from the scratch bytes in small aligned pieces
+    // Floats are taken from the scratch bytes in small aligned pieces.
+    constexpr int32_t kBatch = 256;
     float values[kBatch];
     for (int32_t first = 0; first < pixelCount; first += kBatch) {
         const int32_t count = std::min(kBatch, pixelCount - first);

@@ -45,8 +45,8 @@ public:
     // Returns when all is on the disk.
     void Flush() const;
 
-    // Closes the file before the port is destroyed, so that late failures are told. Nothing else may be
-    // called then.
+    // Closes the file before the port is destroyed, so that late failures are told. Nothing else
+    // may be called then.
     void Close();
 
 private:

@@ -14,8 +14,8 @@ struct StateRow {
 
 constexpr double kInactiveOpacity = 0.4;
 
-// Rollover has a tag, too, but it names the slot of the normal picture for light windows, on which a
-// dark window would show nothing.
+// Rollover has a tag, too, but it names the slot of the normal picture for light windows, on which
+// a dark window would show nothing.
 constexpr StateRow kStates[] = {
     {kPicture_Pressed, MakeTag("PICp"), kPicture_Normal, 1},
     {kPicture_Rollover, 0, kPicture_Normal, 1},

@@ -1,8 +1,8 @@
 // CPNGFormat, what the header and the tables of one PNG file say.
 //
 // The image data, inflated, is a sequence of rows, each led by a byte that names its filter. An
-// interlaced image (Adam7) is seven such sequences, one after the other, each a smaller image of every
-// dx-th pixel of every dy-th row from (x0, y0).
+// interlaced image (Adam7) is seven such sequences, one after the other, each a smaller image of
+// every dx-th pixel of every dy-th row from (x0, y0).
 #pragma once
 
 #include <array>

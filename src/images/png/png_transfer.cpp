@@ -17,9 +17,9 @@ struct Route {
     std::size_t pixelStep;
 };
 
-// Interlaced RGBA is different, and stays so since pictures may count on it: the pixels of a row are
-// put side by side whatever dx says, and each further row begins (dx - 1) * width bytes to the left
-// of its place.
+// Interlaced RGBA is different, and stays so since pictures may count on it: the pixels of a row
+// are put side by side whatever dx says, and each further row begins (dx - 1) * width bytes to the
+// left of its place.
 Route RouteOf(const PNGPass& pass, PNGColor color, std::ptrdiff_t rowBytes)
 {
     Route route{pass.y0 * rowBytes + pass.x0, pass.dy * rowBytes,

@@ -9,8 +9,8 @@ void UnfilterRows(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows,
                   std::int32_t pixelBytes)
 {
     if (pixelBytes < 1 || pixelBytes > 4)
-        UnfilterRowsPlainly(data, rowBytes, rows,
-                            pixelBytes); // no picture that is accepted has such pixels
+        // No picture that is accepted has such pixels.
+        UnfilterRowsPlainly(data, rowBytes, rows, pixelBytes);
     else if (Kernels::ActiveCpuLevel() >= Kernels::CpuLevel::kAvx2)
         UnfilterWithAvx2(data, rowBytes, rows, pixelBytes);
     else

@@ -10,7 +10,8 @@ namespace {
 constexpr PropertyRow kTipPlacement{VexName("tip_placement"), kTip_PlaceDefault,
                                     "where its tip opens"};
 
-// A text for every state of the view, or one for each; a name ending in _win comes before the other.
+// A text for every state of the view, or one for each; a name ending in _win comes before the
+// other.
 struct TipNames {
     VexName everywhere;
     VexName here;

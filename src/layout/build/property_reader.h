@@ -1,8 +1,8 @@
 // Reads the properties of a view, by key, in the forms that classes want them in.
 //
-// Each form has a Try, which tells whether the key is defined, and one with a default. A number that
-// is undefined, as a text of other than four bytes is, reads as 0. Where a form takes a text or a
-// number, a text that isn't empty wins.
+// Each form has a Try, which tells whether the key is defined, and one with a default. A number
+// that is undefined, as a text of other than four bytes is, reads as 0. Where a form takes a text
+// or a number, a text that isn't empty wins.
 #pragma once
 
 #include "foundation/base/text.h"

@@ -1,5 +1,5 @@
-// CVexGenerator, between the parser and the classes: it has the class of each view say how large the
-// view is, and make it when all are placed.
+// CVexGenerator, between the parser and the classes: it has the class of each view say how large
+// the view is, and make it when all are placed.
 #pragma once
 
 #include "layout/placement/generator.h"

@@ -113,8 +113,8 @@ bool CExpressionScope::MatchEquality(const char*& cursor, std::int32_t& result)
     return true;
 }
 
-// The sign is looked at before a rule is tried: most sums have one summand, and this is the rule that
-// every value goes through.
+// The sign is looked at before a rule is tried: most sums have one summand, and this is the rule
+// that every value goes through.
 bool CExpressionScope::MatchAdditive(const char*& cursor, std::int32_t& result)
 {
     const char* const start = cursor;
@@ -237,8 +237,8 @@ bool CExpressionScope::MatchParenthesis(const char*& cursor, std::int32_t& resul
     return true;
 }
 
-// Called with the cursor at the parenthesis that follows `name`. The language's own words win over a
-// program's functions.
+// Called with the cursor at the parenthesis that follows `name`. The language's own words win over
+// a program's functions.
 bool CExpressionScope::MatchFunction(const VexName& name, const char*& cursor, std::int32_t& result)
 {
     const CNestingGuard guard(*this, cursor);

@@ -225,8 +225,8 @@ private:
     std::array<std::uint64_t, 2> fOccupied{}; // a bit for each bucket that isn't empty
     VexValue* fFew = nullptr;
     std::unique_ptr<Buckets> fBuckets; // instead of fFew, in a large scope
-    const char* fLastUnknown =
-        nullptr; // for a debugger: the last name that an expression couldn't resolve
+    // For a debugger: the last name that an expression couldn't resolve.
+    const char* fLastUnknown = nullptr;
     std::size_t fLastUnknownLength = 0;
 };
 

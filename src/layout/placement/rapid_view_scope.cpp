@@ -101,8 +101,9 @@ void CRapidViewScope::MatchViewList(const char*& cursor, CViewProxy* parent, Vie
     }
 }
 
-// The class measures the view before its block is read, since the children take over what it decides
-// for them. A view that fails in its block has been measured for nothing; the text is refused then.
+// The class measures the view before its block is read, since the children take over what it
+// decides for them. A view that fails in its block has been measured for nothing; the text is
+// refused then.
 bool CRapidViewScope::MatchView(const VexName& name, const char*& cursor, CViewProxy* parent,
                                 ViewProxyList& list)
 {

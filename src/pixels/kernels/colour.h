@@ -20,8 +20,8 @@ inline constexpr PlaneOrder kOrder_BGRConstant = {2, 1, 0, -1};
 inline constexpr PlaneOrder kOrder_GreyAlpha = {0, 0, 0, 1};
 inline constexpr PlaneOrder kOrder_GreyConstant = {0, 0, 0, -1};
 
-// Packs 8-bit planes into the one 32-bit plane of `out`, which does not overlap them. A byte without
-// a plane, or whose plane the source lacks, is the constant.
+// Packs 8-bit planes into the one 32-bit plane of `out`, which does not overlap them. A byte
+// without a plane, or whose plane the source lacks, is the constant.
 void MergePlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order,
                  std::uint8_t constant = 0);
 
@@ -31,8 +31,9 @@ void MergePremultiplied(const CPixView& out, const CPixView& source, const Plane
                         std::uint8_t constant = 255);
 
 // The way back: puts each byte of the one 32-bit plane of `source` into its 8-bit plane of `out`,
-// which does not overlap it. A byte without a plane, or whose plane `out` lacks, is left out; planes
-// that no byte belongs to stay as they are. Where several bytes belong to a plane the highest counts.
+// which does not overlap it. A byte without a plane, or whose plane `out` lacks, is left out;
+// planes that no byte belongs to stay as they are. Where several bytes belong to a plane the
+// highest counts.
 void SplitPlanes(const CPixView& out, const CPixView& source, const PlaneOrder& order);
 
 } // namespace Kesto::Kernels

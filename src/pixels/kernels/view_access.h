@@ -14,8 +14,8 @@ struct Extent {
     std::int32_t fWidth = 0;
     std::int32_t fHeight = 0;
     std::int32_t fPlanes = 0;
-    std::int32_t fRun =
-        1; // rows that follow each other without a gap in every view: all of them or 1
+    // Rows that follow each other without a gap in every view: all of them or 1.
+    std::int32_t fRun = 1;
 
     // Pixels of all planes.
     std::size_t Pixels() const

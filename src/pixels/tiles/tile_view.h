@@ -17,7 +17,8 @@ class CTileView {
 public:
     // `rect`, in global coordinates, lies in one tile of the pixmap, which keeps its size and
     // storage meanwhile. Pixels of a paged pixmap are kept only if `writes` is set. Throws what
-    // locking a tile throws, and std::logic_error for a pixmap that is neither contiguous nor paged.
+    // locking a tile throws, and std::logic_error for a pixmap that is neither contiguous nor
+    // paged.
     CTileView(CPixmap& pixmap, const PixelRect& rect, std::int32_t firstPlane,
               std::int32_t planeCount, bool writes);
     CTileView(CTileView&& other) noexcept = default;

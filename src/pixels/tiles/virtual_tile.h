@@ -54,8 +54,8 @@ struct CVirtualTile {
 
     CVirtualTile* fNext = nullptr;   // next free tile of the slot class
     CVirtualBlock* fBlock = nullptr; // the memory that holds the data, or null
-    std::uint32_t fHandle =
-        0; // the slot: bits 31..28 the file, bits 27..0 the offset divided by 256
+    // The slot: bits 31..28 the file, bits 27..0 the offset divided by 256.
+    std::uint32_t fHandle = 0;
     std::uint16_t fLockCount = 0; // a locked tile is never evicted
     std::uint8_t fFlags = 0;
     std::uint8_t fClasses = 0; // bits 3..0 memory class, bits 7..4 slot class

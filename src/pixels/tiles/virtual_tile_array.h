@@ -1,7 +1,7 @@
 // CVirtualTileArray, the tiles of one pixmap or other large store, made when they are first wanted.
 //
-// When its heap is destroyed first, the array loses its tiles, and throws std::logic_error when it is
-// used further. So it does for an index past its end, for too many locks and for an unlock
+// When its heap is destroyed first, the array loses its tiles, and throws std::logic_error when it
+// is used further. So it does for an index past its end, for too many locks and for an unlock
 // without a lock.
 #pragma once
 

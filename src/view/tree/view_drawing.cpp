@@ -213,8 +213,8 @@ void CView::EraseBackground()
     SetPortOrigin();
 }
 
-// The buffer holds the area with a pixel more on each side, so that what is drawn antialiased at its
-// edge has neighbours.
+// The buffer holds the area with a pixel more on each side, so that what is drawn antialiased at
+// its edge has neighbours.
 void CView::DrawBuffered(const CPaintEvent& event)
 {
     PixelRect held = event.fUpdate.GetBounds();

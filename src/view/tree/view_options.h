@@ -30,8 +30,8 @@ enum EViewOptions : std::uint32_t {
 };
 
 // How the edges of a view follow those of its parent when that is resized, and where its image
-// lies. Each is one bit. kBind_Limit... place an image that is smaller than its view; with neither bit of
-// an axis it is centred.
+// lies. Each is one bit. kBind_Limit... place an image that is smaller than its view; with neither
+// bit of an axis it is centred.
 enum EViewBinding : std::uint32_t {
     kBind_XSizeable = 1,
     kBind_YSizeable = 2,

@@ -1,13 +1,13 @@
-// CWindow, a window of the screen: the root of a tree of views, a thing that runs, and a link in the
-// desktop's list.
+// CWindow, a window of the screen: the root of a tree of views, a thing that runs, and a link in
+// the desktop's list.
 //
 // It passes the usual length, since the native window's messages have one handler each; the groups
 // are sources of their own: life, showing and modality, messages, geometry, keys, painting.
 //
-// There is no native window at first. Start prepares it (Prepare) and opens it (Open); Stop takes it
-// back, with the views. Being asked to be done ends it at the next poll, if whoever has the focus
-// in it lets go. A window is the top of its own path: what has the focus in it keeps that while
-// another window is used, unasked, and has it again when this one becomes active.
+// There is no native window at first. Start prepares it (Prepare) and opens it (Open); Stop takes
+// it back, with the views. Being asked to be done ends it at the next poll, if whoever has the
+// focus in it lets go. A window is the top of its own path: what has the focus in it keeps that
+// while another window is used, unasked, and has it again when this one becomes active.
 #pragma once
 
 #include "platform/windows/system_window.h"
@@ -191,7 +191,8 @@ public:
     void PointerGone() override;
 
 protected:
-    // --------------------------------------------- Messages (window_messages.cpp, the table of them)
+    // --------------------------------------------- Messages (window_messages.cpp, the table of
+    // them)
 
     // Sends a message to its handler below; what has none goes to DefaultProc.
     virtual std::intptr_t WindowProc(const Platform::WindowMessage& message);

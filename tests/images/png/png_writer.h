@@ -30,8 +30,8 @@ struct Picture {
 // the first pixel's colour for a key.
 std::vector<Picture> EveryKind(std::int32_t width, std::int32_t height, std::uint32_t seed);
 
-// The rows as they are compressed, row i after the filter byte filters[i % size], and filtered by it; 5
-// and up filter nothing.
+// The rows as they are compressed, row i after the filter byte filters[i % size], and filtered by
+// it; 5 and up filter nothing.
 Bytes FilteredRows(const Picture& picture, const Bytes& filters);
 
 Bytes Signature();

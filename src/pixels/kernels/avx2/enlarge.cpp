@@ -10,7 +10,7 @@ namespace Kesto::Kernels::Avx2 {
 namespace {
 
 // --- In doubles
-// ----------------------------------------------------------------------------------------------------
+// ------------------------------------------------------------------------------------------
 
 __m256d Weighted(__m256d a, __m256d b, __m256d weightA, __m256d weightB)
 {
@@ -109,7 +109,7 @@ bool FindPlaces(std::int32_t (&places)[2], const ScaleEntry& entry, const ScaleC
 }
 
 // --- Bytes
-// ---------------------------------------------------------------------------------------------------------
+// ------------------------------------------------------------------------------------------
 
 // A pixel is the nearer of the two and a part of the difference to the other. The part is at most a
 // half, in units of 2^-16: a whole factor, and what is left of it in 256ths. A product is wrong by
@@ -261,7 +261,7 @@ void CombineBytes(const Byte* a, const Byte* b, float weightA, float weightB, By
 }
 
 // --- Words
-// ---------------------------------------------------------------------------------------------------------
+// ------------------------------------------------------------------------------------------
 
 // Sums of the products of pixels less 32768, in units of 2^-14. Weights are of 29 bits, in two
 // factors: the products with the lower ones count less 15 bits. A sum is wrong by less than 3
@@ -385,7 +385,7 @@ void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA,
 }
 
 // --- Rows of groups
-// ------------------------------------------------------------------------------------------------
+// ------------------------------------------------------------------------------------------
 
 template <class Group>
 void PlanGroups(const ScaleColumns& columns)

@@ -1,5 +1,5 @@
-// Planes to 32-bit pixels and back, sixteen pixels at a time. The last step of a row overlaps the one
-// before, so that no pixel of a small picture is left to the plain loop.
+// Planes to 32-bit pixels and back, sixteen pixels at a time. The last step of a row overlaps the
+// one before, so that no pixel of a small picture is left to the plain loop.
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 

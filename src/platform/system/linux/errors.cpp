@@ -10,8 +10,8 @@ std::string ErrorText(std::uint32_t code)
 {
     const int number = code == kOutOfMemoryCode ? ENOMEM : static_cast<int>(code);
     std::array<char, 256> buffer{};
-    return strerror_r(number, buffer.data(),
-                      buffer.size()); // the GNU form, which may answer a constant of its own
+    // The GNU form, which may answer a constant of its own.
+    return strerror_r(number, buffer.data(), buffer.size());
 }
 
 std::uint32_t LastError()
