@@ -91,6 +91,9 @@ TEST_F(FocusTest, AContainerLeadsBackToItsLastBullseye)
 {
     ASSERT_TRUE(y.BecomeBullseye(false));
     EXPECT_EQ(a->FindBullseye(), c.get());
+    c->SetCanBullseye(false);
+    EXPECT_EQ(a->FindBullseye(), b.get()) << "the deepest that can be it";
+    c->SetCanBullseye(true);
     for (const char* const what : {"it comes back", "it is on the path already"}) {
         SCOPED_TRACE(what);
         EXPECT_TRUE(a->BecomeBullseyeIfPossible(false));

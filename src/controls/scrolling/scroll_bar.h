@@ -1,7 +1,7 @@
 // CScrollBar, a track with a thumb between two buttons.
 //
-// Each change by the user is sent up as a CScrollMessage with the change and an EScrollPart. The bar
-// takes no focus and asks nobody for it: contents can be scrolled past a field that is invalid.
+// Each change by the user is sent up as a CScrollMessage with the change and an EScrollPart. The
+// bar takes no focus and asks nobody for it: contents can be scrolled past a field that is invalid.
 #pragma once
 
 #include "controls/base/drawn_control.h"

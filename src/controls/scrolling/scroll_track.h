@@ -16,8 +16,8 @@ struct SScrollTrack {
     bool HasThumb() const { return way > 0.0 && length > kLeastThumb; }
     double ThumbLength() const;
 
-    // The thumb's place on the track for a distance from the beginning of the way, and the way back.
-    // Both are pinned.
+    // The thumb's place on the track for a distance from the beginning of the way, and the way
+    // back. Both are pinned.
     double ThumbStart(double distance) const;
     double DistanceAt(double thumbStart) const;
 };

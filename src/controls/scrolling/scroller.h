@@ -1,7 +1,7 @@
 // CScroller, a frame with scroll bars around a pane that they scroll.
 //
-// The pane is its first child that isn't a part of the scroller; it fills what bars and frame leave.
-// Beside each bar there can be gaps, which children are put into by "frame_interior".
+// The pane is its first child that isn't a part of the scroller; it fills what bars and frame
+// leave. Beside each bar there can be gaps, which children are put into by "frame_interior".
 #pragma once
 
 #include "controls/scrolling/scroll_bar.h"

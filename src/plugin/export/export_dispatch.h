@@ -6,8 +6,10 @@
 
 namespace Kesto {
 
+using CExportObject = CSinglePlugin<CLumographExport, HostExportRecord>;
+
 // As DispatchFormat. One export is at work at a time.
 void DispatchExport(int16_t selector, void* record, intptr_t* data, int16_t* result,
-                    ProjectIndex index, CSinglePlugin<CLumographExport>::Factory factory);
+                    ProjectIndex index, CExportObject::Factory factory);
 
 } // namespace Kesto

@@ -6,8 +6,10 @@
 
 namespace Kesto {
 
+using CFilterObject = CSinglePlugin<CLumographFilter, HostFilterRecord>;
+
 // As DispatchFormat. One filter is at work at a time, whichever project it is of.
 void DispatchFilter(int16_t selector, void* record, intptr_t* data, int16_t* result,
-                    ProjectIndex index, CSinglePlugin<CLumographFilter>::Factory factory);
+                    ProjectIndex index, CFilterObject::Factory factory);
 
 } // namespace Kesto
