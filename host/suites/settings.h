@@ -27,8 +27,8 @@ public:
     // Throws Failure for a setting that the module never asked for, naming those that it did.
     void RequireKnown() const;
 
-    // "name=value", as on the command line. Throws Failure for a text without a name, and for a name
-    // that is there twice.
+    // "name=value", as on the command line. Throws Failure for a text without a name, and for a
+    // name that is there twice.
     static Pairs Parse(const std::vector<std::string>& texts);
 
 private:

@@ -96,8 +96,8 @@ typedef struct HostWideRects {
     HostRect32 mask;
 } HostWideRects;
 
-/* What pixels of a block beyond the picture are filled with: 0 to 255 is a sample, as a part of 255 of
- * white at every depth, or one of these. */
+/* What pixels of a block beyond the picture are filled with: 0 to 255 is a sample, as a part of 255
+ * of white at every depth, or one of these. */
 enum {
     kHostFillEdge = -1, /* the nearest pixel of the picture */
     kHostFillNone = -2  /* nothing in particular: the module doesn't look at them */

@@ -107,9 +107,9 @@ LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
 /* Not 0: a filter is to take its memory from the host's buffers. */
 #define kPropertyUseHostBuffers LUMOGRAPH_KEY('z', 'S', 'c', 'W')
 
-/* Settings that the user of a host wants for a run without a dialog, as texts by name. A filter or an
- * export reads those that it has at its start. A host refuses the run when it holds a setting that
- * the module never asked for. */
+/* Settings that the user of a host wants for a run without a dialog, as texts by name. A filter or
+ * an export reads those that it has at its start. A host refuses the run when it holds a setting
+ * that the module never asked for. */
 #define kHostSettingsSuiteName "Lumograph Settings Suite for Plug-ins"
 enum { kHostSettingsSuiteVersion = 1, kHostSettingsTableVersion = 1 };
 

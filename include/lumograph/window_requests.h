@@ -1,14 +1,15 @@
-/* What a host may ask of a module's windows in its turns, besides handing in input: so that a script
- * can use a dialog that nobody sees.
+/* What a host may ask of a module's windows in its turns, besides handing in input: so that a
+ * script can use a dialog that nobody sees.
  *
  * A request is a HostInputEvent whose `message` is one of the numbers below, above all those of the
  * system. `window` names the window, null the frontmost one. `second` is the address of the
  * request's record, which stays as it is until the host's next turn; by then the request has been
  * carried out. A number that a module doesn't know, and a window that has gone, change nothing.
  *
- * Of the system's own messages a module takes as input: presses and releases of the mouse's buttons,
- * its moves and wheels (points are pixels of the window's content, for the wheels too), keys that go
- * down and up, characters, of which `first` is the code point, and the wish to close. */
+ * Of the system's own messages a module takes as input: presses and releases of the mouse's
+ * buttons, its moves and wheels (points are pixels of the window's content, for the wheels too),
+ * keys that go down and up, characters, of which `first` is the code point, and the wish to close.
+ */
 #ifndef LUMOGRAPH_WINDOW_REQUESTS_H
 #define LUMOGRAPH_WINDOW_REQUESTS_H
 
@@ -78,8 +79,8 @@ typedef struct HostMessage {
     const char* oldName;
 } HostMessage;
 
-/* `Add` is called for each message that a window is asked to handle, before it does. What it gets is
- * gone afterwards. */
+/* `Add` is called for each message that a window is asked to handle, before it does. What it gets
+ * is gone afterwards. */
 typedef struct HostMessageLog {
     void* context;
     void (*Add)(void* context, const HostMessage* message);
