@@ -1,5 +1,7 @@
 #include "view/window/size_box.h"
 
+#include "drawing/ports/system_port.h"
+#include "drawing/tools/draw_tools.h"
 #include "view/messages/message_ids.h"
 #include "view/process/process.h"
 #include "view/process/tracker.h"
@@ -57,6 +59,22 @@ CSizeBox::CSizeBox(const Point& windowSize, bool isLive)
       fIsLive(isLive)
 {
     SetCursor(Platform::Cursor(Platform::CursorShape::kSizeFalling), true);
+}
+
+CBRVRegion CSizeBox::GetClipRegion() const
+{
+    const Rect& box = GetBounds();
+    CBRVRegion triangle;
+    for (double row = 0.0; row < kSide; row += 1.0)
+        triangle.Union(Rect{box.right - row - 1.0, box.top + row, box.right, box.top + row + 1.0});
+    return triangle;
+}
+
+void CSizeBox::DrawInContext(const CPaintEvent&)
+{
+    const CDualPicture& grip = CDrawTools::Get().GetPicture(kTool_SizeBox);
+    const Rect& box = GetBounds();
+    GetPort()->DrawPicture(grip, Point{box.right - grip.GetWidth(), box.bottom - grip.GetHeight()});
 }
 
 void CSizeBox::PrimaryClick(const CMouseEvent& event)

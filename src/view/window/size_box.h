@@ -1,4 +1,5 @@
-// CSizeBox, the corner by which a window is made larger and smaller.
+// CSizeBox, the corner by which a window is made larger and smaller. It is the triangle below the
+// diagonal: what a window's contents have in the square's other half stays whole.
 #pragma once
 
 #include "view/tree/pane.h"
@@ -13,6 +14,8 @@ public:
     // it takes its size when the button is released.
     CSizeBox(const Point& windowSize, bool isLive);
 
+    CBRVRegion GetClipRegion() const override;
+    void DrawInContext(const CPaintEvent& event) override;
     void PrimaryClick(const CMouseEvent& event) override;
 
     bool IsLive() const { return fIsLive; }
