@@ -16,6 +16,13 @@
 
 namespace Testing {
 
+// As few digits as tell it from all others.
+inline std::string Shortest(double number)
+{
+    char room[32];
+    return {room, std::to_chars(room, room + sizeof room, number).ptr};
+}
+
 // Writes values down as "4:12", the phase and the value, with blanks between them.
 class FieldWindow : public Kesto::CDocumentWindow {
 public:
@@ -25,13 +32,9 @@ public:
     }
     bool HandleValue(Kesto::CValueMessage& message) override
     {
-        sent += std::to_string(message.fPhase);
-        if (auto* const number = dynamic_cast<Kesto::CValMsg<Kesto::CNumber>*>(&message)) {
-            char room[32];
-            sent += ":" +
-                    std::string(room, std::to_chars(room, room + sizeof room, number->fValue).ptr);
-        }
-        sent += " ";
+        auto* const number = dynamic_cast<Kesto::CValMsg<Kesto::CNumber>*>(&message);
+        if (number != nullptr)
+            sent += std::to_string(message.fPhase) + ":" + Shortest(number->fValue) + " ";
         return true;
     }
     bool HandleCommand(Kesto::CCommandMessage& message) override

@@ -78,6 +78,11 @@ bool IsKey(const WindowMessage& message)
     return message.number >= kKeyFirst && message.number <= kSysDeadChar;
 }
 
+bool IsSystemKey(const WindowMessage& message)
+{
+    return IsKey(message) && message.number >= kSysKeyDown;
+}
+
 bool IsPress(const WindowMessage& message)
 {
     switch (message.number) {

@@ -30,7 +30,8 @@ bool SendChildPress(CPane& pane, const Platform::WindowMessage& message, const P
 bool SendChildWheel(CPane& pane, const Platform::WindowMessage& message);
 
 bool IsKey(const Platform::WindowMessage& message);
-bool IsPress(const Platform::WindowMessage& message); // double ones too
+bool IsSystemKey(const Platform::WindowMessage& message); // with Alt
+bool IsPress(const Platform::WindowMessage& message);     // double ones too
 bool IsWheel(const Platform::WindowMessage& message);
 
 } // namespace Kesto

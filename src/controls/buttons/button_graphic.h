@@ -34,6 +34,7 @@ public:
     const CText& GetLabel() const { return fLabel; }
     EButtonStyle GetStyle() const { return fStyle; }
     EButtonState GetState() const { return fState; }
+    EButtonValue GetValue() const { return fValue; }
     bool IsDefault() const { return fIsDefault; }
 
     // The default ring with the normal body, or the operation of state and value.

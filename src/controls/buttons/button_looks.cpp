@@ -6,30 +6,10 @@
 
 namespace Kesto {
 
-void CBevelButtonGraphic::GetInsets(Rect& insets) const
-{
-    insets = {6, 4, 6, 4};
-}
-
-void CBevelButtonGraphic::DrawDefaultRing(CSystemPort& port)
-{
-    DrawNormalOff(port);
-}
-
 void CBevelButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
 {
     CWidgetSkin::DrawBevelButton(port, GetFrame(), state, value != kOff);
     DrawLabel(port, state, GetFrame());
-}
-
-void CDisclosureButtonGraphic::GetInsets(Rect& insets) const
-{
-    insets = {20, 2, 0, 2};
-}
-
-void CDisclosureButtonGraphic::DrawDefaultRing(CSystemPort& port)
-{
-    DrawNormalOff(port);
 }
 
 void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
@@ -43,28 +23,11 @@ void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, E
     DrawLabel(port, state, {frame.left + 20, frame.top, frame.right, frame.bottom});
 }
 
-void CToolButtonGraphic::GetInsets(Rect& insets) const
-{
-    insets = {4, 4, 4, 4};
-}
-
-void CToolButtonGraphic::DrawDefaultRing(CSystemPort& port)
-{
-    DrawNormalOff(port);
-}
-
 void CToolButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
 {
     CWidgetSkin::DrawToolButton(port, GetFrame(), state, value != kOff);
     DrawLabel(port, state, GetFrame());
 }
-
-void CEmptyButtonGraphic::GetInsets(Rect& insets) const
-{
-    insets = {};
-}
-
-void CEmptyButtonGraphic::DrawDefaultRing(CSystemPort&) {}
 
 void CEmptyButtonGraphic::DrawLook(CSystemPort&, EButtonState, EButtonValue) {}
 

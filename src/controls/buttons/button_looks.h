@@ -3,6 +3,8 @@
 
 #include "controls/buttons/button_graphic.h"
 
+#include <utility>
+
 namespace Kesto {
 
 template <class Look>
@@ -11,12 +13,30 @@ std::unique_ptr<CButtonGraphic> MakeLook(CView* owner, EButtonStyle style, const
     return std::make_unique<Look>(owner, style, label);
 }
 
-// A raised frame, sunken while it is pressed or on.
-class CBevelButtonGraphic : public CButtonGraphic {
+// What they have in common: insets of their own, and no ring when they are the default.
+class COwnButtonGraphic : public CButtonGraphic {
 public:
-    using CButtonGraphic::CButtonGraphic;
-    void GetInsets(Rect& insets) const override;
-    void DrawDefaultRing(CSystemPort& port) override;
+    COwnButtonGraphic(CView* owner, EButtonStyle style, CText label, const Rect& insets)
+        : CButtonGraphic(owner, style, std::move(label)), fInsets(insets)
+    {
+    }
+    void GetInsets(Rect& insets) const override { insets = fInsets; }
+    void DrawDefaultRing(CSystemPort& port) override
+    {
+        DrawLook(port, EButtonState::kNormal, GetValue());
+    }
+
+private:
+    const Rect fInsets;
+};
+
+// A raised frame, sunken while it is pressed or on.
+class CBevelButtonGraphic : public COwnButtonGraphic {
+public:
+    CBevelButtonGraphic(CView* owner, EButtonStyle style, CText label)
+        : COwnButtonGraphic(owner, style, std::move(label), {6, 4, 6, 4})
+    {
+    }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
@@ -24,33 +44,36 @@ protected:
 
 // A triangle that points to the label while it is off, down while it is on, and between the two
 // while it is neutral.
-class CDisclosureButtonGraphic : public CButtonGraphic {
+class CDisclosureButtonGraphic : public COwnButtonGraphic {
 public:
-    using CButtonGraphic::CButtonGraphic;
-    void GetInsets(Rect& insets) const override;
-    void DrawDefaultRing(CSystemPort& port) override;
+    CDisclosureButtonGraphic(CView* owner, EButtonStyle style, CText label)
+        : COwnButtonGraphic(owner, style, std::move(label), {20, 2, 0, 2})
+    {
+    }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
 };
 
 // Flat until the mouse is over it.
-class CToolButtonGraphic : public CButtonGraphic {
+class CToolButtonGraphic : public COwnButtonGraphic {
 public:
-    using CButtonGraphic::CButtonGraphic;
-    void GetInsets(Rect& insets) const override;
-    void DrawDefaultRing(CSystemPort& port) override;
+    CToolButtonGraphic(CView* owner, EButtonStyle style, CText label)
+        : COwnButtonGraphic(owner, style, std::move(label), {6, 4, 6, 4})
+    {
+    }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
 };
 
-// Nothing: only what the owner draws is seen.
-class CEmptyButtonGraphic : public CButtonGraphic {
+// Nothing: what the owner draws stands alone.
+class CEmptyButtonGraphic : public COwnButtonGraphic {
 public:
-    using CButtonGraphic::CButtonGraphic;
-    void GetInsets(Rect& insets) const override;
-    void DrawDefaultRing(CSystemPort& port) override;
+    CEmptyButtonGraphic(CView* owner, EButtonStyle style, CText label)
+        : COwnButtonGraphic(owner, style, std::move(label), {})
+    {
+    }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;

@@ -1,5 +1,6 @@
 #include "controls/buttons/custom_button.h"
 
+#include "controls/base/mnemonic.h"
 #include "controls/buttons/button_tracker.h"
 #include "controls/buttons/radio_group.h"
 #include "drawing/frames/widget_skin.h"
@@ -31,6 +32,7 @@ CCustomButton::CCustomButton(const Rect& frame, CObjID id, std::uint32_t options
     : CPane(frame, id, options, binding), fKind(kind), fLabel(std::move(label)),
       fIsDefault(isDefault)
 {
+    ListenForMnemonic();
 }
 
 CCustomButton::~CCustomButton()
@@ -58,7 +60,14 @@ void CCustomButton::SetLabel(CText label)
     if (label == fLabel)
         return;
     fLabel = std::move(label);
+    ListenForMnemonic();
     InvalidateAll();
+}
+
+void CCustomButton::ListenForMnemonic()
+{
+    const std::uint32_t client = GetClient() & ~kClient_Keys;
+    SetClient(HasMnemonic(fLabel.View()) ? client | kClient_Keys : client);
 }
 
 void CCustomButton::SetFont(EFontKind font)
@@ -159,7 +168,7 @@ bool CCustomButton::HitRegion(const Point& local) const
 
 bool CCustomButton::ShowsCues() const
 {
-    return true;
+    return MnemonicFlag(*this) == kText_Mnemonic;
 }
 
 void CCustomButton::DrawInContext(const CPaintEvent&)
@@ -211,6 +220,10 @@ bool CCustomButton::PrimaryMultiClick(const CMouseEvent& event, int)
 
 bool CCustomButton::HandleKey(CKeyboardMessage& message)
 {
+    if (IsMnemonicOf(fLabel.View(), message))
+        return Flash();
+    if (!IsTarget())
+        return false;
     const bool isPlain =
         (message.fModifiers & (CMessage::kModifier_Control | CMessage::kModifier_Alt)) == 0;
     if (IsBullseye() && isPlain && message.fID == kMessage_KeyDown && message.fRepeated == 0) {

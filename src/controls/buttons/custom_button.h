@@ -78,10 +78,11 @@ public:
 protected:
     bool IsPressed() const { return (fTrack & kTrack_Pressed) != 0; }
 
-    // The menu key's letter is underlined while the window shows keyboard cues.
+    // The key's letter is underlined while the window shows keyboard cues.
     bool ShowsCues() const;
 
 private:
+    void ListenForMnemonic();
     void SendCommandNow(double time, std::uint32_t modifiers);
     bool MayTakeClick();
 

@@ -7,6 +7,7 @@
 // a field without an id sends none. What is not a number is never taken from a text.
 #pragma once
 
+#include "controls/base/scrub_target.h"
 #include "controls/fields/edit_string.h"
 #include "controls/fields/number_text.h"
 
@@ -14,13 +15,10 @@
 
 namespace Kesto {
 
-class CEditNumber : public CEditString {
+class CEditNumber : public CEditString, public CScrubTarget {
 public:
-    // More phases.
-    static constexpr std::uint32_t kPhase_Step = 3; // an arrow key
-    static constexpr std::uint32_t kPhase_ScrubBegin = 6;
-    static constexpr std::uint32_t kPhase_Scrub = 7;
-    static constexpr std::uint32_t kPhase_ScrubEnd = 8;
+    // One more phase.
+    static constexpr std::uint32_t kPhase_Step = 3; // an arrow key; those of drags are a target's
 
     // A client's ways from a value to a text and back; they answer whether they could.
     using Formatter = bool (*)(double value, CText& text, void* data);
@@ -83,12 +81,10 @@ public:
     virtual void StepUp(double delta);
     virtual void StepDown(double delta) { StepUp(-delta); }
 
-    // A drag elsewhere: phase 6 begins it, 7 steps by `factor` increments (the major one with
-    // Shift), 8 ends it. False: whoever has the focus refused, and the drag is over.
-    virtual bool Scrub(double factor, const CMouseEvent& event, std::uint32_t phase,
-                       bool takeFocus);
-    // Back to the value before the drag, which ends.
-    void BreakOffScrub(const CMouseEvent& event);
+    // A drag elsewhere. Its end sends the final value, if that has changed.
+    bool Scrub(double factor, const CMouseEvent& event, std::uint32_t phase,
+               bool takeFocus) override;
+    void BreakOffScrub(const CMouseEvent& event) override;
 
     // Say that the closest, or the previous, value was put in. False: it wasn't shown, by the
     // options, since one is up already, or since nobody could see what it is about.

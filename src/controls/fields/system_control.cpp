@@ -2,13 +2,12 @@
 
 #include "controls/base/child_place.h"
 #include "drawing/tools/draw_tools.h"
-#include "platform/windows/focus.h"
 
 namespace Kesto {
 
 Platform::NativeWindow CSystemControl::GetFocusWindow()
 {
-    return fIsShown ? fControl->Handle() : CPane::GetFocusWindow();
+    return fHolder.IsShown() ? fHolder.Get()->Handle() : CPane::GetFocusWindow();
 }
 
 void CSystemControl::ContextDidChange()
@@ -21,11 +20,9 @@ void CSystemControl::ContextDidChange()
 
 void CSystemControl::DropControl()
 {
-    if (fControl == nullptr)
-        return;
-    WillDropControl();
-    fIsShown = false;
-    fControl.reset();
+    if (fHolder.Get() != nullptr)
+        WillDropControl();
+    fHolder.Drop();
 }
 
 PixelRect CSystemControl::GetControlPixels() const
@@ -33,25 +30,14 @@ PixelRect CSystemControl::GetControlPixels() const
     return ChildPixels(*this, GetBounds());
 }
 
-// A control whose window has gone is made anew for the next one. The one that has the keyboard
-// keeps it when it is shown.
+// A control whose window has gone is made anew for the next one.
 void CSystemControl::FitControl()
 {
-    const Platform::NativeWindow window = NativeWindowOf(*this);
-    if (fControl != nullptr && fControl->Handle() == nullptr)
+    if (fHolder.IsLost())
         DropControl();
-    if (fControl == nullptr && window != nullptr)
-        fControl = MakeControl(window);
-    if (fControl == nullptr)
-        return;
-    const bool shown = WantsControlShown() && IsWhollyInSight(*this, GetBounds());
-    fControl->Place(GetControlPixels());
-    if (shown == fIsShown)
-        return;
-    fIsShown = shown;
-    fControl->SetShown(shown);
-    if (shown && IsBullseye() && Platform::FrontmostWindow() == window)
-        Platform::FocusWindow(fControl->Handle());
+    fHolder.Fit(
+        *this, [this](Platform::NativeWindow window) { return MakeControl(window); },
+        GetControlPixels(), WantsControlShown());
 }
 
 void CSystemControl::PortOffset()
@@ -94,7 +80,7 @@ void CSystemControl::UIScaleChanged()
 // Panes above scroll and themes change without telling anybody but by painting.
 void CSystemControl::DrawInContext(const CPaintEvent&)
 {
-    if (fControl == nullptr)
+    if (GetControl() == nullptr)
         return;
     if (const std::uint32_t now = CDrawTools::Get().Generation(); now != fGeneration) {
         fGeneration = now;

@@ -5,8 +5,8 @@
 // Keys and presses of the control come to the pane first.
 #pragma once
 
+#include "controls/base/child_holder.h"
 #include "layout/build/pane_builder.h"
-#include "platform/windows/child_control.h"
 #include "view/tree/pane.h"
 
 #include <memory>
@@ -46,8 +46,7 @@ protected:
     virtual bool WantsControlShown() const { return IsVisible() && IsUsable(); }
 
     // Null while there is none.
-    Platform::ChildControl* GetControl() const { return fControl.get(); }
-    bool IsControlShown() const { return fIsShown; }
+    Platform::ChildControl* GetControl() const { return fHolder.Get(); }
 
     // Makes the control if there can be one now, and puts it where it belongs.
     void FitControl();
@@ -59,8 +58,7 @@ protected:
     void DropControl();
 
 private:
-    std::unique_ptr<Platform::ChildControl> fControl;
-    bool fIsShown = false;
+    CChildHolder fHolder;
     std::uint32_t fGeneration = 0; // of the tools that the control's look comes from
 };
 

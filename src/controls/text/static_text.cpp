@@ -1,10 +1,13 @@
 #include "controls/text/static_text.h"
 
+#include "controls/base/mnemonic.h"
 #include "controls/base/natural_size.h"
+#include "controls/text/scrub_tracker.h"
 #include "controls/text/trimmed_text.h"
 #include "drawing/ports/system_port.h"
 #include "drawing/tools/draw_tools.h"
 #include "layout/build/layout_owner.h"
+#include "view/tree/context.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,8 +32,10 @@ constexpr PropertyRow kLines{VexName("text_lines"), 0, "the least number of line
 constexpr PropertyRow kCharacters{VexName("text_characters"), 0,
                                   "the least width, in characters of average width"};
 constexpr PropertyRow kScrub{VexName("scrub_id"), 0, "the field that a drag on it changes"};
-constexpr PropertyRow kRows[] = {kText, kFont,       kAlign, kAlignX, kAlignY,     kTrim, kOptions,
-                                 kWrap, kGroupTitle, kWidth, kLines,  kCharacters, kScrub};
+constexpr PropertyRow kHotkey{VexName("hotkey_id"), 0,
+                              "what its key leads to, the letter behind & in its text"};
+constexpr PropertyRow kRows[] = {kText, kFont,       kAlign, kAlignX, kAlignY,     kTrim,  kOptions,
+                                 kWrap, kGroupTitle, kWidth, kLines,  kCharacters, kScrub, kHotkey};
 
 constexpr std::string_view kAverage = "abcdefghijklmnopqrstuvwxyz";
 
@@ -96,9 +101,42 @@ void CStaticText::SetStyle(const StaticTextStyle& style)
     InvalidateAll();
 }
 
-Point CStaticText::SizeOf(const CSystemPort& port, std::string_view text, double width)
+void CStaticText::SetHotkeyId(CObjID id)
 {
-    const std::uint32_t flags = width > 0 ? kText_Left | kText_Wrap : kText_Left;
+    fHotkeyId = id;
+    SetClient(id.IsNone() ? 0 : kClient_Keys);
+    InvalidateAll();
+}
+
+// A label is never where keys begin or pass.
+bool CStaticText::HandleKey(CKeyboardMessage& message)
+{
+    CContext* const context = GetContext();
+    if (fHotkeyId.IsNone() || context == nullptr || !IsMnemonicOf(fText.View(), message))
+        return false;
+    CPane* const field = context->FindChild(fHotkeyId, true);
+    if (field != nullptr && field->BecomeBullseye(false))
+        field->SelectContents();
+    return true;
+}
+
+void CStaticText::PrimaryClick(const CMouseEvent& event)
+{
+    if (!fScrubId.IsNone() && IsActive())
+        RunTracker(std::make_unique<CScrubTracker>(*this, fScrubId, event));
+}
+
+void CStaticText::SetScrubId(CObjID id)
+{
+    fScrubId = id;
+    if (!id.IsNone())
+        SetCursor(Platform::Cursor(Platform::CursorShape::kSizeLeftRight), true);
+}
+
+Point CStaticText::SizeOf(const CSystemPort& port, std::string_view text, double width, bool marked)
+{
+    const std::uint32_t flags =
+        kText_Left | (width > 0 ? kText_Wrap : 0U) | (marked ? kText_HideMnemonic : 0U);
     const Point box = port.MeasureTextBox(text, width, flags);
     return {std::ceil(box.x), std::max(box.y, LineHeight(port))};
 }
@@ -112,12 +150,13 @@ void CStaticText::DrawInContext(const CPaintEvent&)
     port.SetTextColour(ToolColour(IsUsable() ? kColour_Label : kColour_LabelDisabled));
     const Rect& bounds = GetBounds();
     const bool wraps = (fStyle.options & kStatic_Wrap) != 0;
-    const Point size = SizeOf(port, fText.View(), wraps ? bounds.Width() : 0.0);
+    const std::uint32_t marks = fHotkeyId.IsNone() ? 0U : MnemonicFlag(*this);
+    const Point size = SizeOf(port, fText.View(), wraps ? bounds.Width() : 0.0, marks != 0);
     const double top = TopOf(bounds, size.y, fStyle.alignY);
     const std::uint32_t horizontal = HorizontalFlag(fStyle.alignX);
-    if (size.y > LineHeight(port)) {
+    if (size.y > LineHeight(port) || marks != 0) {
         port.DrawTextBox(fText.View(), {bounds.left, top, bounds.right, top + size.y},
-                         horizontal | kText_Top | (wraps ? kText_Wrap : kText_Centred));
+                         horizontal | kText_Top | marks | (wraps ? kText_Wrap : kText_Centred));
         return;
     }
     const CText line = TrimmedText(port, fText, bounds.Width(), fStyle.trim);
@@ -135,7 +174,8 @@ CView* CPaneBuilder<CStaticText>::AdjustLayout(CView* parent, LayoutOwner& owner
     const CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
     const bool wraps = (ReadStaticOptions(reader) & kStatic_Wrap) != 0;
     const double width = wraps ? reader.Integer(kWidth) : 0.0;
-    Point size = CStaticText::SizeOf(port, reader.Label(kText).View(), width);
+    const bool marked = !reader.Id(kHotkey).IsNone();
+    Point size = CStaticText::SizeOf(port, reader.Label(kText).View(), width, marked);
     size.x = std::max({size.x, static_cast<double>(reader.Integer(kWidth)),
                        std::ceil(reader.Integer(kCharacters) * port.MeasureText(kAverage) /
                                  static_cast<double>(kAverage.size()))});
@@ -163,6 +203,7 @@ void CPaneBuilder<CStaticText>::ReadKeys(CPane& pane, LayoutOwner& owner) const
     label.SetText(owner.Properties().Label(kText));
     label.SetStyle(ReadStyle(owner));
     label.SetScrubId(owner.Properties().Id(kScrub));
+    label.SetHotkeyId(owner.Properties().Id(kHotkey));
 }
 
 } // namespace Kesto

@@ -1,4 +1,5 @@
-// CStaticText, a label: a text of one or several lines that nobody edits.
+// CStaticText, a label: a text of one or several lines that nobody edits. It may belong to a field:
+// a drag on it changes the field's number, and its key leads there.
 #pragma once
 
 #include "drawing/tools/font_kinds.h"
@@ -30,19 +31,27 @@ public:
     const StaticTextStyle& GetStyle() const { return fStyle; }
 
     // The field that a drag on this label scrubs; none for a label of its own.
-    void SetScrubId(CObjID id) { fScrubId = id; }
+    void SetScrubId(CObjID id);
     CObjID GetScrubId() const { return fScrubId; }
 
+    // What the label's key, the letter behind its "&", gives the focus to.
+    void SetHotkeyId(CObjID id);
+    CObjID GetHotkeyId() const { return fHotkeyId; }
+
+    bool HandleKey(CKeyboardMessage& message) override;
+    void PrimaryClick(const CMouseEvent& event) override;
     void DrawInContext(const CPaintEvent& event) override;
 
     // Units that a text takes in the port's font: as wide as its longest line, or broken within a
     // width that is not 0; at least one line high.
-    static Point SizeOf(const CSystemPort& port, std::string_view text, double width);
+    // With `marked`, "&" takes no room.
+    static Point SizeOf(const CSystemPort& port, std::string_view text, double width, bool marked);
 
 private:
     CText fText;
     StaticTextStyle fStyle;
     CObjID fScrubId;
+    CObjID fHotkeyId;
 };
 
 template <>

@@ -93,6 +93,10 @@ LRESULT SystemChild::HandleOwn(UINT number, WPARAM first, LPARAM second)
         return 0;
     if (ChildOf(child) == nullptr)
         return 0;
+    if (number == WM_SYSKEYDOWN)
+        ShowCuesOf(GetAncestor(child, GA_ROOT));
+    if (IsKeptFromSystem(number, first))
+        return 0;
     const LRESULT answer = DefSubclassProc(child, number, first, second);
     if ((number == WM_SETFOCUS || number == WM_KILLFOCUS) && ChildOf(child) == this)
         fHandler.ChildFocused(number == WM_SETFOCUS);

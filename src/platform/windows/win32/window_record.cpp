@@ -20,7 +20,17 @@ std::map<HWND, WindowRecord>& Records()
     return records;
 }
 
-// Keys that would open the system's menus, or close the window without its being asked.
+// The system is about to run a loop of its own for the window, or has ended it.
+void NoteLoop(UINT number)
+{
+    if (number == WM_ENTERSIZEMOVE || number == WM_ENTERMENULOOP)
+        ForeignLoop::Enter();
+    else if (number == WM_EXITSIZEMOVE || number == WM_EXITMENULOOP)
+        ForeignLoop::Leave();
+}
+
+} // namespace
+
 bool IsKeptFromSystem(UINT number, WPARAM first)
 {
     switch (number) {
@@ -35,17 +45,6 @@ bool IsKeptFromSystem(UINT number, WPARAM first)
         return false;
     }
 }
-
-// The system is about to run a loop of its own for the window, or has ended it.
-void NoteLoop(UINT number)
-{
-    if (number == WM_ENTERSIZEMOVE || number == WM_ENTERMENULOOP)
-        ForeignLoop::Enter();
-    else if (number == WM_EXITSIZEMOVE || number == WM_EXITMENULOOP)
-        ForeignLoop::Leave();
-}
-
-} // namespace
 
 HINSTANCE ThisModule()
 {
@@ -111,6 +110,8 @@ std::intptr_t DefaultAnswer(const WindowMessage& message)
 {
     const HWND window = Handle(message.window);
     const WindowRecord* const record = RecordOf(window);
+    if (message.number == WM_SYSKEYDOWN)
+        ShowCuesOf(window);
     if (record == nullptr || IsKeptFromSystem(message.number, message.first))
         return 0;
     switch (message.number) {

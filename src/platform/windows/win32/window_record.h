@@ -34,6 +34,12 @@ std::vector<HWND> RecordedWindows();
 LRESULT AnswerOfSystem(HWND window, const WindowRecord* record, UINT number, WPARAM first,
                        LPARAM second);
 
+// The window underlines the letters that are keys, from now on.
+void ShowCuesOf(HWND window);
+
+// Keys that would open the system's menus, or close the window without its being asked.
+bool IsKeptFromSystem(UINT number, WPARAM first);
+
 // The module that this code lies in; classes belong to it.
 HINSTANCE ThisModule();
 
