@@ -1,5 +1,5 @@
-// CChildHolder, what a pane keeps its control of the platform in: the control is made when there is a
-// window for it, lies where the pane says, and shows while nothing of its pane is hidden.
+// CChildHolder, what a pane keeps its control of the platform in: the control is made when there is
+// a window for it, lies where the pane says, and shows while nothing of its pane is hidden.
 #pragma once
 
 #include "platform/windows/child_control.h"
