@@ -107,6 +107,10 @@ LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
 /* Not 0: a filter is to take its memory from the host's buffers. */
 #define kPropertyUseHostBuffers LUMOGRAPH_KEY('z', 'S', 'c', 'W')
 
+/* Colours between spaces. A preview asks for it and does without. */
+#define kHostColorSpaceSuiteName "Lumograph ColorSpace Suite for Plug-ins"
+enum { kHostColorSpaceSuiteVersion = 1 };
+
 /* Settings that the user of a host wants for a run without a dialog, as texts by name. A filter or
  * an export reads those that it has at its start. A host refuses the run when it holds a setting
  * that the module never asked for. */

@@ -1,0 +1,130 @@
+#include "dialogs/preview/zoom_panel.h"
+
+#include "controls/base/natural_size.h"
+#include "dialogs/plugin_dialog/dialog_ids.h"
+#include "dialogs/preview/preview_scale.h"
+#include "dialogs/settings/task.h"
+#include "foundation/localization/localize.h"
+#include "foundation/localization/marks.h"
+#include "layout/build/layout_owner.h"
+#include "view/messages/message.h"
+#include "view/tree/context.h"
+
+#include <string>
+
+namespace Kesto {
+
+using namespace Project;
+
+namespace {
+
+// A zoom, from one scale to another. It finds the preview anew, which may have gone.
+class CZoomTask final : public PTask {
+public:
+    CZoomTask(CZoomPanel& panel, double from, double to) : fPanel(panel), fFrom(from), fTo(to) {}
+
+    static PPreview* FindPreview(const CZoomPanel& panel)
+    {
+        const CView* const root = panel.GetContext();
+        return root != nullptr ? dynamic_cast<PPreview*>(root->FindChild(kDialog_PreviewPane, true))
+                               : nullptr;
+    }
+
+    void DoUndo() override { Show(fFrom); }
+    void DoDo() override { Show(fTo); }
+
+private:
+    void Show(double scale) const
+    {
+        if (PPreview* const preview = FindPreview(fPanel))
+            preview->SetScale(scale);
+    }
+
+    CZoomPanel& fPanel; // the dialog's, as the stack is
+    double fFrom;
+    double fTo;
+};
+
+CIconButton* AddButton(CZoomPanel& panel, CObjID id, const char* icon)
+{
+    auto button = std::make_unique<CIconButton>(Rect{}, id);
+    button->SetIcon(icon);
+    return panel.AppendChild(std::move(button));
+}
+
+} // namespace
+
+CZoomPanel::CZoomPanel(const Rect& frame, CObjID id, std::uint32_t options, std::uint32_t binding)
+    : CMessenger(nullptr, id), CPane(frame, id, options, binding),
+      fOut(AddButton(*this, kCommand_ZoomOut, "ZoomDec")),
+      fText(AppendChild(std::make_unique<CStaticText>())),
+      fIn(AddButton(*this, kCommand_ZoomIn, "ZoomInc"))
+{
+    StaticTextStyle style;
+    style.alignX = kAlign_Center;
+    fText->SetStyle(style);
+    ShowScale(1.0);
+    Arrange();
+}
+
+void CZoomPanel::ShowScale(double scale)
+{
+    CText percent("$$$/Kesto/ZoomPanel/ZoomStr=^0%");
+    Localize(percent);
+    ReplaceArgument(percent, 0, std::to_string(RoundHalfAway(scale * 100.0)));
+    fText->SetText(percent);
+    fOut->SetEnabled(scale > kLeastPreviewScale);
+    fIn->SetEnabled(scale < kMostPreviewScale);
+}
+
+void CZoomPanel::DidResize()
+{
+    CPane::DidResize();
+    Arrange();
+}
+
+// Square buttons at the ends.
+void CZoomPanel::Arrange()
+{
+    const Rect& all = GetBounds();
+    const double side = all.Height();
+    fOut->SetFrame({all.left, all.top, all.left + side, all.bottom});
+    fText->SetFrame({all.left + side, all.top, all.right - side, all.bottom});
+    fIn->SetFrame({all.right - side, all.top, all.right, all.bottom});
+}
+
+bool CZoomPanel::HandleCommand(CCommandMessage& message)
+{
+    if (message.fID != kCommand_ZoomIn && message.fID != kCommand_ZoomOut)
+        return CPane::HandleCommand(message);
+    Step(message.fID == kCommand_ZoomIn);
+    return true;
+}
+
+void CZoomPanel::Step(bool in)
+{
+    const PPreview* const preview = CZoomTask::FindPreview(*this);
+    if (preview == nullptr)
+        return;
+    const double from = preview->GetScale();
+    const double to = in ? NextScale(from) : PreviousScale(from);
+    auto task = std::make_unique<CZoomTask>(*this, from, to);
+    if (fTaskStack != nullptr)
+        fTaskStack->Do(std::move(task));
+    else
+        task->Redo();
+}
+
+CView* CPaneBuilder<CZoomPanel>::AdjustLayout(CView* parent, LayoutOwner& owner)
+{
+    SetNaturalSize(owner.fLayoutRecord, CZoomPanel::kNaturalSize);
+    return CPaneBuilder<CPane>::AdjustLayout(parent, owner);
+}
+
+std::unique_ptr<CPane> CPaneBuilder<CZoomPanel>::MakePane(const PaneParameters& parameters) const
+{
+    return std::make_unique<CZoomPanel>(parameters.frame, parameters.id, parameters.options,
+                                        parameters.binding);
+}
+
+} // namespace Kesto
