@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 namespace Kesto {
 namespace {
@@ -94,6 +95,7 @@ constexpr auto kFormatKeys = [] {
 
 constexpr std::string_view kAverage = "abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view kAllDigits = "0123456789";
+constexpr int kRow = 16; // digits
 
 std::uint32_t ReadBits(const CPropertyReader& reader, const PropertyRow& sum,
                        std::span<const OptionRow> rows)
@@ -107,11 +109,12 @@ std::uint32_t ReadBits(const CPropertyReader& reader, const PropertyRow& sum,
     return bits;
 }
 
+// Measured in a row, since a single one is rounded up to a whole pixel.
 double WidestDigit(const CSystemPort& port)
 {
     double widest = 0.0;
-    for (std::size_t i = 0; i < kAllDigits.size(); ++i)
-        widest = std::max(widest, port.MeasureText(kAllDigits.substr(i, 1)));
+    for (const char digit : kAllDigits)
+        widest = std::max(widest, port.MeasureText(std::string(kRow, digit)) / kRow);
     return widest;
 }
 
