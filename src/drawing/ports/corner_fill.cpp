@@ -1,6 +1,7 @@
 #include "drawing/ports/corner_fill.h"
 
 #include "drawing/ports/corner_masks.h"
+#include "platform/graphics/blend.h"
 
 #include <algorithm>
 #include <array>
@@ -29,8 +30,7 @@ public:
         if (covered == 0)
             return;
         fColour.alpha = static_cast<std::uint8_t>(Platform::TimesPart255(fAlpha, covered));
-        const std::uint32_t upper = Platform::PremultipliedPixel(fColour);
-        BlendRow(&upper, &pixel, 1);
+        pixel = Platform::PixelOver(Platform::PremultipliedPixel(fColour), pixel);
     }
 
 private:

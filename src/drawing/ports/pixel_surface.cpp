@@ -1,5 +1,8 @@
 #include "drawing/ports/pixel_surface.h"
 
+#include "pixels/kernels/kernel_table.h"
+#include "platform/graphics/blend.h"
+
 #include <emmintrin.h>
 
 #include <algorithm>
@@ -9,44 +12,11 @@ namespace Kesto {
 namespace {
 
 constexpr std::uint32_t kColourBits = 0x00FFFFFF;
+constexpr std::int32_t kNarrow = 128; // pixels of a row
 
 std::int32_t Width(const PixelRect& rect)
 {
     return rect.right - rect.left;
-}
-
-// T[alpha][value] of the blend table for eight channels of 16 bits.
-__m128i Weigh(__m128i values, __m128i alphas)
-{
-    const __m128i product = _mm_add_epi16(_mm_mullo_epi16(values, alphas), _mm_set1_epi16(128));
-    return _mm_srli_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)), 8);
-}
-
-// 255 - alpha in all four channels of two pixels of 16 bits a channel.
-__m128i Transparency(__m128i pixels)
-{
-    const __m128i alphas = _mm_shufflehi_epi16(_mm_shufflelo_epi16(pixels, 0xFF), 0xFF);
-    return _mm_sub_epi16(_mm_set1_epi16(255), alphas);
-}
-
-__m128i Over(__m128i source, __m128i dest)
-{
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i low =
-        Weigh(_mm_unpacklo_epi8(dest, zero), Transparency(_mm_unpacklo_epi8(source, zero)));
-    const __m128i high =
-        Weigh(_mm_unpackhi_epi8(dest, zero), Transparency(_mm_unpackhi_epi8(source, zero)));
-    return _mm_adds_epu8(source, _mm_packus_epi16(low, high));
-}
-
-__m128i LoadPixel(std::uint32_t pixel)
-{
-    return _mm_cvtsi32_si128(static_cast<int>(pixel));
-}
-
-std::uint32_t StorePixel(__m128i pixel)
-{
-    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(pixel));
 }
 
 bool IsOpaque(std::uint32_t pixel)
@@ -54,19 +24,77 @@ bool IsOpaque(std::uint32_t pixel)
     return pixel >> 24 == 255;
 }
 
-std::uint32_t Over(std::uint32_t source, std::uint32_t dest)
+// A row of less than four pixels has no vector; of others all stores but the first and the last,
+// which overlap their neighbours, are aligned: those that straddle two cache lines take twice as
+// long.
+void FillNarrowRow(std::uint32_t* row, std::int32_t count, std::uint32_t pixel)
 {
-    return StorePixel(Over(LoadPixel(source), LoadPixel(dest)));
+    std::uint32_t* const end = row + count;
+    if (count < 4) {
+        std::fill(row, end, pixel);
+        return;
+    }
+    const __m128i four = _mm_set1_epi32(static_cast<int>(pixel));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(row), four);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(end - 4), four);
+    row += 4 - reinterpret_cast<std::uintptr_t>(row) / sizeof(std::uint32_t) % 4;
+    for (; row + 4 <= end; row += 4)
+        _mm_store_si128(reinterpret_cast<__m128i*>(row), four);
 }
 
-void FillRow(std::uint32_t* row, std::int32_t count, std::uint32_t pixel)
+// Asks for rows before they are wanted: each lies in another memory page than the one above, where
+// the processor doesn't look by itself. It does so along wide rows.
+class CRowsAhead {
+public:
+    // Asks for the first rows of a rectangle.
+    [[gnu::always_inline]] CRowsAhead(const CPixelSurface& surface, const PixelRect& rect)
+        : fSurface(surface), fRect(rect), fNarrow(Width(rect) <= kNarrow)
+    {
+        const std::int32_t end = std::min(rect.top + kRows, rect.bottom);
+        for (std::int32_t y = rect.top; fNarrow && y < end; ++y)
+            FetchRow(y);
+    }
+    // Row y comes now.
+    [[gnu::always_inline]] void Fetch(std::int32_t y) const
+    {
+        if (fNarrow && y + kRows < fRect.bottom)
+            FetchRow(y + kRows);
+    }
+
+private:
+    static constexpr std::int32_t kRows = 16;
+
+    // Inlined always: a function that only fetches has no effect for the compiler, which drops it.
+    [[gnu::always_inline]] void FetchRow(std::int32_t y) const
+    {
+        constexpr std::int32_t kLine = 16;
+        const std::uint32_t* const end = fSurface.At(fRect.right, y);
+        for (const std::uint32_t* at = fSurface.At(fRect.left, y); at < end; at += kLine)
+            _mm_prefetch(reinterpret_cast<const char*>(at), _MM_HINT_T0);
+        _mm_prefetch(reinterpret_cast<const char*>(end - 1), _MM_HINT_T0);
+    }
+
+    CPixelSurface fSurface;
+    PixelRect fRect;
+    bool fNarrow;
+};
+
+// Takes copies: the compiler would have to read others anew after each vector that is stored.
+void FillNarrow(CPixelSurface surface, PixelRect rect, std::uint32_t pixel)
 {
-    const __m128i four = _mm_set1_epi32(static_cast<int>(pixel));
-    std::int32_t x = 0;
-    for (; x + 4 <= count; x += 4)
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(row + x), four);
-    for (; x < count; ++x)
-        row[x] = pixel;
+    const CRowsAhead ahead(surface, rect);
+    for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
+        ahead.Fetch(y);
+        FillNarrowRow(surface.At(rect.left, y), Width(rect), pixel);
+    }
+}
+
+void FillWide(const CPixelSurface& surface, const PixelRect& rect, std::uint32_t pixel)
+{
+    const auto fill = Kernels::ActiveKernels().fill;
+    const std::size_t bytes = static_cast<std::size_t>(Width(rect)) * sizeof pixel;
+    for (std::int32_t y = rect.top; y < rect.bottom; ++y)
+        fill(pixel, reinterpret_cast<std::uint8_t*>(surface.At(rect.left, y)), bytes);
 }
 
 void FillRowByPixel(const CPixelSurface& surface, const PixelRect& rect, std::int32_t y,
@@ -75,8 +103,8 @@ void FillRowByPixel(const CPixelSurface& surface, const PixelRect& rect, std::in
     std::uint32_t* const row = surface.At(0, y);
     for (std::int32_t x = rect.left; x < rect.right; ++x) {
         const std::uint32_t pixel = brush.PixelAt(x, y);
-        row[x] =
-            brush.transfer == kTransfer_Xor ? row[x] ^ (pixel & kColourBits) : Over(pixel, row[x]);
+        row[x] = brush.transfer == kTransfer_Xor ? row[x] ^ (pixel & kColourBits)
+                                                 : Platform::PixelOver(pixel, row[x]);
     }
 }
 
@@ -107,31 +135,11 @@ void FillPixels(const CPixelSurface& surface, const PixelRect& rect, const CPixe
 {
     const bool plain = brush.pattern == CBrush::kSolid && brush.transfer == kTransfer_Copy &&
                        IsOpaque(brush.pixel);
-    for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
-        if (plain)
-            FillRow(surface.At(rect.left, y), Width(rect), brush.pixel);
-        else
-            FillRowByPixel(surface, rect, y, brush);
-    }
-}
-
-void BlendRow(const std::uint32_t* source, std::uint32_t* dest, std::int32_t count)
-{
-    std::int32_t x = 0;
-    for (; x + 4 <= count; x += 4) {
-        const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + x));
-        __m128i* const place = reinterpret_cast<__m128i*>(dest + x);
-        // Most of a picture is either not there or opaque.
-        if (_mm_movemask_epi8(_mm_cmpeq_epi32(upper, _mm_setzero_si128())) == 0xFFFF)
-            continue;
-        const __m128i opaque = _mm_cmpeq_epi8(upper, _mm_set1_epi8(-1));
-        if ((_mm_movemask_epi8(opaque) & 0x8888) == 0x8888)
-            _mm_storeu_si128(place, upper);
-        else
-            _mm_storeu_si128(place, Over(upper, _mm_loadu_si128(place)));
-    }
-    for (; x < count; ++x)
-        dest[x] = Over(source[x], dest[x]);
+    if (plain)
+        return Width(rect) <= kNarrow ? FillNarrow(surface, rect, brush.pixel)
+                                      : FillWide(surface, rect, brush.pixel);
+    for (std::int32_t y = rect.top; y < rect.bottom; ++y)
+        FillRowByPixel(surface, rect, y, brush);
 }
 
 void CopyPixels(const CPixelSurface& source, const PixelRect& rect, const CPixelSurface& dest,
@@ -145,8 +153,13 @@ void CopyPixels(const CPixelSurface& source, const PixelRect& rect, const CPixel
 void BlendPixels(const CPixelSurface& source, const PixelRect& rect, const CPixelSurface& dest,
                  const PixelPoint& at)
 {
-    for (std::int32_t y = rect.top; y < rect.bottom; ++y)
-        BlendRow(source.At(rect.left, y), dest.At(at.x, at.y + y - rect.top), Width(rect));
+    const auto lay = Kernels::ActiveKernels().layOver;
+    const CRowsAhead ahead(dest, {at.x, at.y, at.x + Width(rect), at.y + rect.bottom - rect.top});
+    for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
+        const std::int32_t row = at.y + y - rect.top;
+        ahead.Fetch(row);
+        lay(source.At(rect.left, y), dest.At(at.x, row), static_cast<std::size_t>(Width(rect)));
+    }
 }
 
 void MovePixels(const CPixelSurface& surface, const PixelRect& rect, const PixelPoint& at)

@@ -45,11 +45,9 @@ CPixelBrush SolidPixels(Colour colour);
 // Solid, patterned, translucent or complementing, as the brush says.
 void FillPixels(const CPixelSurface& surface, const PixelRect& rect, const CPixelBrush& brush);
 
-// Source over destination: each channel becomes s + T[255 - alpha][d], T being the blend table.
-void BlendRow(const std::uint32_t* source, std::uint32_t* dest, std::int32_t count);
-
-// A rectangle of one surface onto another, its top left corner at `at`: replaced, or blended. Of
-// one surface only when they do not overlap.
+// A rectangle of one surface onto another, its top left corner at `at`: replaced, or blended, each
+// channel becoming s + T[255 - alpha][d] with the blend table's T. Of one surface only when they do
+// not overlap.
 void CopyPixels(const CPixelSurface& source, const PixelRect& rect, const CPixelSurface& dest,
                 const PixelPoint& at);
 void BlendPixels(const CPixelSurface& source, const PixelRect& rect, const CPixelSurface& dest,

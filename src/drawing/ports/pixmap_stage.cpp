@@ -3,7 +3,6 @@
 #include "pixels/kernels/colour.h"
 #include "pixels/kernels/kernel_table.h"
 #include "pixels/operations/pixel_fill.h"
-#include "pixels/operations/pixmap_scaler.h"
 
 #include <algorithm>
 #include <array>
@@ -14,8 +13,6 @@ namespace {
 
 using Kernels::PlaneOrder;
 
-// More than this is not averaged as a whole but takes the nearest pixels of what shows.
-constexpr std::int64_t kMostAveraged = std::int64_t{1} << 26;
 constexpr std::uint8_t kOpaque = 255;
 
 std::int32_t Width(const PixelRect& rect)
@@ -114,40 +111,6 @@ void MergeRect(const CBasicPixmap& pixmap, const PixelRect& rect, const PlaneOrd
     }
 }
 
-// The colour planes of a rectangle, premultiplied, to the first planes of `out`.
-void PremultiplyRect(const CBasicPixmap& pixmap, const PixelRect& rect, const CBasicPixmap& out)
-{
-    const PlaneRows from(pixmap);
-    const PlaneRows to(out);
-    const std::int32_t alpha = pixmap.GetPlaneCount() - 1;
-    const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
-    for (std::int32_t plane = 0; plane < alpha; ++plane)
-        for (std::int32_t y = rect.top; y < rect.bottom; ++y)
-            kernels.applyMask(from.At(plane, rect.left, y), from.At(alpha, rect.left, y),
-                              to.At(plane, 0, y - rect.top), static_cast<std::size_t>(Width(rect)));
-}
-
-void SplitRect(const CPixelSurface& surface, const PixelRect& rect, const CBasicPixmap& out)
-{
-    const PlaneRows planes(out);
-    const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
-    for (std::int32_t y = 0; y < Height(rect); ++y)
-        kernels.splitPlanes(
-            surface.At(rect.left, rect.top + y),
-            {planes.At(2, 0, y), planes.At(1, 0, y), planes.At(0, 0, y), planes.At(3, 0, y)},
-            static_cast<std::size_t>(Width(rect)));
-}
-
-// From a rectangle of the source to all of the destination.
-void ScalePlanes(CBasicPixmap& source, const PixelRect& rect, CBasicPixmap& dest,
-                 std::int32_t first, std::int32_t count)
-{
-    CPixmapScaler scaler;
-    scaler.SetPixmaps(&dest, &source, dest.GetBounds(), rect, first, count, first, count);
-    std::uint32_t done = 0;
-    scaler.DoAll(done, nullptr, nullptr);
-}
-
 // Makes it a pixmap of so many pixels from 0, 0, with unrelated content.
 void Reshape(CMemoryPixmap& pixmap, std::int32_t width, std::int32_t height, std::int32_t planes)
 {
@@ -161,6 +124,7 @@ void Reshape(CMemoryPixmap& pixmap, std::int32_t width, std::int32_t height, std
 // One picture on its way. Either `planes` or `pixels` is its source.
 struct CPixmapStage::CJob {
     CPixmap* planes = nullptr;
+    const CBasicPixmap* contiguous = nullptr; // `planes`, if it is one
     CPixelSurface pixels;
     PixelRect source;
     PixelRect dest;
@@ -194,11 +158,7 @@ struct CPixmapStage::CJob {
     }
 };
 
-CPixmapStage::CPixmapStage()
-    : fPlanes(8, 0, 0, 4, 4, 1), fColours(8, 0, 0, 3, 4, 1), fAveraged(8, 0, 0, 4, 4, 1),
-      fMerged(1, 1), fStretched(1, 1)
-{
-}
+CPixmapStage::CPixmapStage() : fPlanes(8, 0, 0, 4, 4, 1), fMerged(1, 1), fStretched(1, 1) {}
 
 CPixelSurface CPixmapStage::Grown(CDisplayPixmap& pixmap, std::int32_t width, std::int32_t height)
 {
@@ -226,7 +186,7 @@ CPreparedPixels CPixmapStage::Prepare(CPixmap& pixmap, const PixelRect& source,
     if (pixmap.GetPixelBits() != 8 || planes < 1 || planes > kMostPlanes || !IsSane(source) ||
         !IsSane(dest))
         return {};
-    CJob job{&pixmap, {}, source, dest, visible, alpha};
+    CJob job{&pixmap, contiguous, {}, source, dest, visible, alpha};
     Cut(job.source, job.dest, pixmap.GetBounds());
     return Stretch(job);
 }
@@ -236,7 +196,7 @@ CPreparedPixels CPixmapStage::Prepare(const CPixelSurface& surface, const PixelR
 {
     if (!IsSane(source) || !IsSane(dest))
         return {};
-    CJob job{nullptr, surface, source, dest, visible, EAlphaUse::kIgnored};
+    CJob job{nullptr, nullptr, surface, source, dest, visible, EAlphaUse::kIgnored};
     Cut(job.source, job.dest, surface.Bounds());
     return Stretch(job);
 }
@@ -250,6 +210,16 @@ CPreparedPixels CPixmapStage::Detach(const CPreparedPixels& pixels)
     return {copy, pixels.dest};
 }
 
+void CPixmapStage::Merge(const CJob& job, const PixelRect& rect, const CPixelSurface& out)
+{
+    if (job.contiguous != nullptr)
+        return MergeRect(*job.contiguous, rect, job.Order(), job.IsPremultiplied(), out);
+    const PixelRect all{0, 0, Width(rect), Height(rect)};
+    Reshape(fPlanes, all.right, all.bottom, job.planes->GetPlaneCount());
+    Copy(fPlanes, *job.planes, all, rect, 0, -1);
+    MergeRect(fPlanes, all, job.Order(), job.IsPremultiplied(), out);
+}
+
 CPreparedPixels CPixmapStage::Stretch(CJob& job)
 {
     job.visible = Intersect(job.visible, job.dest);
@@ -257,7 +227,7 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
         return {};
     const bool smaller =
         Width(job.dest) < Width(job.source) || Height(job.dest) < Height(job.source);
-    if (smaller && std::int64_t{Width(job.dest)} * Height(job.dest) <= kMostAveraged)
+    if (smaller)
         return Average(job);
 
     const PixelRect used = job.UsedSource();
@@ -266,14 +236,7 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
     if (job.planes != nullptr) {
         pixels = Grown(fMerged, Width(used), Height(used));
         first = {};
-        if (const auto* contiguous = dynamic_cast<const CBasicPixmap*>(job.planes)) {
-            MergeRect(*contiguous, used, job.Order(), job.IsPremultiplied(), pixels);
-        } else {
-            const PixelRect all{0, 0, Width(used), Height(used)};
-            Reshape(fPlanes, all.right, all.bottom, job.planes->GetPlaneCount());
-            Copy(fPlanes, *job.planes, all, used, 0, -1);
-            MergeRect(fPlanes, all, job.Order(), job.IsPremultiplied(), pixels);
-        }
+        Merge(job, used, pixels);
     }
     if (Width(job.dest) == Width(job.source) && Height(job.dest) == Height(job.source))
         return {{reinterpret_cast<std::uint8_t*>(pixels.At(first.x, first.y)),
@@ -294,37 +257,43 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
     return {stretched, job.visible};
 }
 
-// Averages plane by plane, premultiplied where alpha counts, since what is transparent must not
-// lend its colour to its neighbours.
-CPreparedPixels CPixmapStage::Average(CJob& job)
-{
-    const std::int32_t planes = job.planes != nullptr ? job.planes->GetPlaneCount() : kMostPlanes;
-    const PixelRect all{0, 0, Width(job.source), Height(job.source)};
-    Reshape(fAveraged, Width(job.dest), Height(job.dest), planes);
-    auto* source = dynamic_cast<CBasicPixmap*>(job.planes);
-    PixelRect rect = job.source;
-    if (source == nullptr) {
-        Reshape(fPlanes, all.right, all.bottom, planes);
-        if (job.planes != nullptr)
-            Copy(fPlanes, *job.planes, all, job.source, 0, -1);
-        else
-            SplitRect(job.pixels, job.source, fPlanes);
-        source = &fPlanes;
-        rect = all;
+// The used columns of a job's source, merged as they are asked for.
+class CPixmapStage::CMergedRows final : public CPixelRows {
+public:
+    CMergedRows(CPixmapStage& stage, const CJob& job, std::int32_t left, std::int32_t right)
+        : fStage(stage), fJob(job), fLeft(job.source.left + left), fRight(job.source.left + right),
+          fMerged(stage.Grown(stage.fMerged, right - left, 1))
+    {
     }
-    if (job.IsPremultiplied()) {
-        Reshape(fColours, all.right, all.bottom, planes - 1);
-        PremultiplyRect(*source, rect, fColours);
-        ScalePlanes(fColours, all, fAveraged, 0, planes - 1);
-        ScalePlanes(*source, rect, fAveraged, planes - 1, 1);
-    } else {
-        ScalePlanes(*source, rect, fAveraged, 0, planes);
+    const std::uint32_t* Row(std::int32_t y) override
+    {
+        const std::int32_t row = fJob.source.top + y;
+        if (fJob.planes == nullptr)
+            return fJob.pixels.At(fLeft, row);
+        if (y != fKept)
+            fStage.Merge(fJob, {fLeft, row, fRight, row + 1}, fMerged);
+        fKept = y;
+        return fMerged.At(0, 0);
     }
 
-    const PixelRect part = Moved(job.visible, -job.dest.left, -job.dest.top);
-    const CPixelSurface out = Grown(fMerged, Width(part), Height(part));
-    MergeRect(fAveraged, part, job.planes != nullptr ? job.Order() : Kernels::kOrder_BGRA, false,
-              out);
+private:
+    CPixmapStage& fStage;
+    const CJob& fJob;
+    std::int32_t fLeft;
+    std::int32_t fRight;
+    CPixelSurface fMerged;
+    std::int32_t fKept = -1;
+};
+
+CPreparedPixels CPixmapStage::Average(CJob& job)
+{
+    const CAverageAxis across{Width(job.source), Width(job.dest), job.visible.left - job.dest.left,
+                              job.visible.right - job.dest.left};
+    const CAverageAxis down{Height(job.source), Height(job.dest), job.visible.top - job.dest.top,
+                            job.visible.bottom - job.dest.top};
+    CMergedRows rows(*this, job, across.FirstUsed(), across.EndUsed());
+    const CPixelSurface out = Grown(fStretched, Width(job.visible), Height(job.visible));
+    fAverage.Run(rows, across, down, out);
     return {out, job.visible};
 }
 

@@ -4,6 +4,7 @@
 // makes no bitmaps.
 #pragma once
 
+#include "drawing/ports/pixel_average.h"
 #include "drawing/ports/pixel_surface.h"
 #include "foundation/base/service.h"
 #include "pixels/pixmaps/display_pixmap.h"
@@ -43,17 +44,19 @@ public:
 
 private:
     struct CJob;
+    class CMergedRows;
 
     CPreparedPixels Stretch(CJob& job);
     CPreparedPixels Average(CJob& job);
+    // A rectangle of the job's planes as pixels.
+    void Merge(const CJob& job, const PixelRect& rect, const CPixelSurface& out);
     // The pixmap's storage for so many pixels, whose rows follow each other without a gap.
     CPixelSurface Grown(CDisplayPixmap& pixmap, std::int32_t width, std::int32_t height);
 
     CMemoryPixmap fPlanes;
-    CMemoryPixmap fColours; // premultiplied
-    CMemoryPixmap fAveraged;
     CDisplayPixmap fMerged;
     CDisplayPixmap fStretched;
+    CPixelAverage fAverage;
 };
 
 } // namespace Kesto

@@ -6,6 +6,7 @@
 namespace Kesto {
 namespace {
 
+// Cut off to a whole number.
 std::int32_t Whole(double value)
 {
     using Limits = std::numeric_limits<std::int32_t>;
@@ -13,6 +14,14 @@ std::int32_t Whole(double value)
         return 0;
     return static_cast<std::int32_t>(
         std::clamp(value, double{Limits::min()}, double{Limits::max()}));
+}
+
+// std::floor would be a call of the runtime, since not every processor has an instruction for it.
+// What lies below 32 bits stays at their limit.
+std::int32_t Floor(double value)
+{
+    const std::int32_t whole = Whole(value);
+    return whole > value && whole > std::numeric_limits<std::int32_t>::min() ? whole - 1 : whole;
 }
 
 } // namespace
@@ -31,7 +40,7 @@ std::int32_t RoundHalfAway(double value)
 
 std::int32_t ToDevice(double unit, double scale)
 {
-    return Whole(std::floor(unit * UsableScale(scale) + 0.51));
+    return Floor(unit * UsableScale(scale) + 0.51);
 }
 
 PixelRect ToDevice(const Rect& units, double scale)

@@ -67,6 +67,10 @@ struct KernelTable {
     void (*mergePremultiplied)(const MergedRows& source, std::uint32_t* out, std::size_t n);
     void (*splitPlanes)(const std::uint32_t* source, const SplitRows& out, std::size_t n);
 
+    // Premultiplied pixels over those in `out`, which they do not overlap: with the blend table's T
+    // each byte becomes s + T[255 - alpha][out], capped at 255.
+    void (*layOver)(const std::uint32_t* source, std::uint32_t* out, std::size_t n);
+
     // The sums of three neighbours on either side; rows hold table values and reach one entry
     // beyond both ends. With values and a constant within kEmbossLimit of 0.
     void (*embossRow)(const std::int16_t* const near[3], const std::int16_t* const far[3],

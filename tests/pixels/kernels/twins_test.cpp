@@ -4,12 +4,14 @@
 #include "pixels/kernels/blend.h"
 #include "pixels/kernels/box.h"
 #include "pixels/kernels/colour.h"
+#include "pixels/kernels/kernel_table.h"
 #include "pixels/kernels/mosaic.h"
 #include "pixels/kernels/neighbours.h"
 #include "pixels/kernels/noise.h"
 #include "pixels/kernels/pictures.h"
 #include "pixels/kernels/scale.h"
 #include "pixels/kernels/transfer.h"
+#include "pixels/kernels/view_access.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +45,14 @@ void ExpectTwins(std::int32_t bits, std::int32_t width, std::int32_t height, std
             EXPECT_EQ(bytes(level), expected)
                 << width << " by " << height << " at level " << static_cast<int>(level);
         }
+}
+
+void LayOver(const CPixView& out, const CPixView& above)
+{
+    const Plane<const std::uint32_t> from = PlaneOf<std::uint32_t>(above, 0);
+    const Plane<std::uint32_t> to = PlaneOf<std::uint32_t>(out, 0);
+    for (std::int32_t y = 0; y < out.height; ++y)
+        ActiveKernels().layOver(from.Row(y), to.Row(y), static_cast<std::size_t>(out.width));
 }
 
 // The bytes 0 to 255 in each row, or column.
@@ -123,6 +133,7 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
         expectTwins("SplitPlanes(out, merged.View(), order)",
                     [&](const CPixView& out) { SplitPlanes(out, merged.View(), order); });
     }
+    ExpectTwins(32, width, height, 1, [&](const CPixView& out) { LayOver(out, merged.View()); });
     expectTwins("Mosaic(out, a, {9, 4}, true)", [&](const CPixView& out) {
         Mosaic(out, a, {9, 4}, true);
     });
@@ -211,6 +222,23 @@ TEST_F(AllPairs, OfPremultiplying)
     ExpectTwins(32, 256, 256, 1, [&](const CPixView& out) {
         MergePremultiplied(out, source.View(), kOrder_GreyAlpha);
     });
+}
+
+// Each alpha over each value, with colours from none to more than the alpha allows.
+TEST_F(AllPairs, OfLayingOver)
+{
+    for (const std::uint8_t colour : {0, 100, 255}) {
+        SCOPED_TRACE(int{colour});
+        const CPicture planes(8, 256, 256, 2);
+        Fill<std::uint8_t>(planes.Plane(0), std::array{colour});
+        Copy(planes.Plane(1), b);
+        const CPicture above(32, 256, 256, 1);
+        MergePlanes(above.View(), planes.View(), kOrder_GreyAlpha);
+        ExpectTwins(32, 256, 256, 1, [&](const CPixView& out) {
+            MergePlanes(out, a, {0, 0, 0, 0});
+            LayOver(out, above.View());
+        });
+    }
 }
 
 TEST(Twins, PixelKernelsOfOddSizesAndBeyondTheCaches)

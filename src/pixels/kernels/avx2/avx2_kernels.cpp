@@ -13,6 +13,7 @@ const KernelTable& Avx2Kernels()
         Avx2::AddBoxMeans(fast);
         Avx2::AddColour(fast);
         Avx2::AddMerging(fast, Avx2::Stores::kCached);
+        Avx2::AddLaying(fast);
         Avx2::AddMosaic(fast);
         Avx2::AddNeighbours(fast);
         Avx2::AddRank(fast);

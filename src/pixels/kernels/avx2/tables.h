@@ -14,6 +14,7 @@ void AddBoxExtremes(KernelTable& table);
 void AddBoxMeans(KernelTable& table);
 void AddColour(KernelTable& table);
 void AddMerging(KernelTable& table, Stores stores);
+void AddLaying(KernelTable& table);
 void AddMosaic(KernelTable& table);
 void AddNeighbours(KernelTable& table);
 void AddRank(KernelTable& table);

@@ -1,8 +1,10 @@
-// The plain loops between planes and 32-bit pixels.
+// The plain loops between planes and 32-bit pixels, and of premultiplied pixels.
 #pragma once
 
 #include "pixels/kernels/blend_table.h"
 #include "pixels/kernels/kernel_table.h"
+
+#include <algorithm>
 
 namespace Kesto::Kernels::Plain {
 
@@ -52,6 +54,20 @@ inline void Split(const std::uint32_t* source, const SplitRows& out, std::size_t
         if (std::uint8_t* const row = out[byte])
             for (std::size_t i = 0; i < n; ++i)
                 row[i] = static_cast<std::uint8_t>(source[i] >> 8 * byte);
+}
+
+inline void LayOver(const std::uint32_t* source, std::uint32_t* out, std::size_t n)
+{
+    const CBlendTable& table = *CBlendTable::Get();
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::uint8_t* const weighted = table.Row(255 - (source[i] >> 24));
+        std::uint32_t pixel = 0;
+        for (const std::uint32_t shift : {0u, 8u, 16u, 24u}) {
+            const std::uint32_t below = weighted[out[i] >> shift & 255];
+            pixel |= std::min((source[i] >> shift & 255) + below, 255u) << shift;
+        }
+        out[i] = pixel;
+    }
 }
 
 } // namespace Kesto::Kernels::Plain

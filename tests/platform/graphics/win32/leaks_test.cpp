@@ -2,6 +2,7 @@
 
 #include "platform/graphics/canvas.h"
 #include "platform/graphics/cursors.h"
+#include "platform/graphics/win32/gdi_objects.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -11,7 +12,7 @@
 namespace {
 
 struct Held {
-    DWORD graphics = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    int graphics = CountGdiObjects();
     DWORD cursors = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
 };
 

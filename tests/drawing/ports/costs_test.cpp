@@ -1,0 +1,137 @@
+// What drawing leaves behind, and what it must not ask for each time.
+#include "drawing/ports/graphics_objects.h"
+#include "drawing/ports/radio_port.h"
+#include "drawing/ports/test_image.h"
+#include "drawing/ports/window_port.h"
+#include "images/pictures/dual_picture.h"
+#include "platform/graphics/fonts.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <new>
+#include <string>
+
+namespace {
+
+int gAllocations = 0;
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    ++gAllocations;
+    if (void* const memory = std::malloc(size > 0 ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace Kesto {
+namespace {
+
+CMemoryPixmap IconOf(std::int32_t side)
+{
+    CMemoryPixmap icon(8, side, side, 4, 4, 0);
+    for (std::int32_t i = 0; i < 4 * icon.GetPlaneBytes(); ++i)
+        icon.GetBaseAddress()[i] = static_cast<std::uint8_t>(5 * i);
+    return icon;
+}
+
+CDualPicture PictureOf(std::int32_t side)
+{
+    CDualPicture picture;
+    picture.SetPixmap(CSharedPixmap(std::make_unique<CMemoryPixmap>(IconOf(side))), kDensity_Low);
+    picture.SetPixmap(CSharedPixmap(std::make_unique<CMemoryPixmap>(IconOf(2 * side))),
+                      kDensity_High);
+    return picture;
+}
+
+TEST(Costs, NothingIsAllocatedForIconsKnownLinesAndShapes)
+{
+    const CDualPicture picture = PictureOf(24);
+    CMemoryPixmap icon = IconOf(24);
+    const std::string line = "A known line of text";
+    const struct {
+        const char* what;
+        std::function<void(CSystemPort&)> draw;
+    } rows[] = {
+        {"icon",
+         [&](auto& port) {
+             port.DrawIcon(picture, {2, 2, 40, 40});
+         }},
+        {"stretched picture",
+         [&](auto& port) {
+             port.DrawPicture(picture, Rect{2, 2, 20, 60});
+         }},
+        {"pixmap",
+         [&](auto& port) {
+             port.DrawPixmapBlended(icon, {0, 0, 24, 24}, {5, 5, 15, 15});
+         }},
+        {"line",
+         [&](auto& port) {
+             port.DrawTextLine(line, {3, 15});
+         }},
+        {"rectangle",
+         [&](auto& port) {
+             port.Paint(Rect{3, 3, 30, 30}, kBlack);
+         }},
+    };
+    for (const double scale : {1.0, 1.25, 1.5, 2.0})
+        for (const auto& row : rows) {
+            SCOPED_TRACE(::testing::Message() << row.what << " at scale " << scale);
+            TestImage image(100, 100, scale);
+            row.draw(image); // what is kept is made
+            const int before = gAllocations;
+            row.draw(image);
+            row.draw(image);
+            EXPECT_EQ(gAllocations, before);
+        }
+}
+
+// On every kind of port that has pixels of its own or somebody else's.
+void DrawOnPorts(const CDualPicture& picture, int round)
+{
+    struct Window : CWindowPort {};
+    Window window;
+    window.SetClientPixels({40 + round % 7, 30});
+    CImage image(40, 30);
+    CRadioPort radio(image);
+    for (CSystemPort* port : {static_cast<CSystemPort*>(&window), static_cast<CSystemPort*>(&image),
+                              static_cast<CSystemPort*>(&radio)}) {
+        port->SetScaleFactor(1.5);
+        port->SetFont({"Tahoma", 9.0 + round % 3});
+        port->PaintAndFrame(RoundRect{{1, 1, 30, 20}, 4});
+        port->Paint(Oval{{2, 2, 200, 9}}, CBrush{kBlack});
+        port->DrawLine({0, 0}, {20, 9});
+        port->DrawTextBox("Some words", {0, 0, 40, 16}, kText_Ellipsis | kText_Mnemonic);
+        port->DrawIcon(picture, {0, 0, 30, 30});
+    }
+}
+
+TEST(Costs, TenThousandPortsLeaveNoGraphicsObjectBehind)
+{
+    const CDualPicture picture = PictureOf(16);
+    const auto draw = [&](int from, int to) {
+        for (int round = from; round < to; ++round)
+            DrawOnPorts(picture, round);
+        Platform::DropKeptFonts();
+        return CountGraphicsObjects();
+    };
+    const int before = draw(0, 21); // all that is kept between uses
+    EXPECT_EQ(draw(0, 10000), before);
+    const CImage image(4, 4);
+    EXPECT_GT(CountGraphicsObjects(), before); // the count tells
+}
+
+} // namespace
+} // namespace Kesto
