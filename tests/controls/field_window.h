@@ -23,7 +23,8 @@ inline std::string Shortest(double number)
     return {room, std::to_chars(room, room + sizeof room, number).ptr};
 }
 
-// Writes values down as "4:12", the phase and the value, with blanks between them.
+// Writes numbers down as "4:12", the phase and the value, and other values as "text/4", the id and
+// the phase, with blanks between them.
 class FieldWindow : public Kesto::CDocumentWindow {
 public:
     explicit FieldWindow(const Kesto::CWindowPlan& plan)
@@ -35,6 +36,8 @@ public:
         auto* const number = dynamic_cast<Kesto::CValMsg<Kesto::CNumber>*>(&message);
         if (number != nullptr)
             sent += std::to_string(message.fPhase) + ":" + Shortest(number->fValue) + " ";
+        else
+            sent += message.fID.Name() + "/" + std::to_string(message.fPhase) + " ";
         return true;
     }
     bool HandleCommand(Kesto::CCommandMessage& message) override
@@ -80,6 +83,22 @@ public:
             Platform::InjectCharacter(character);
             process.PumpQuiet();
         }
+    }
+
+    void Focus()
+    {
+        field->BecomeBullseye(true);
+        field->SelectAll();
+    }
+    void Click(const Kesto::Point& units)
+    {
+        const Kesto::PixelPoint corner = window.GetScreenPosition();
+        const double scale = window.GetScaleFactor();
+        Platform::InjectMove({corner.x + Kesto::ToDevice(units.x, scale),
+                              corner.y + Kesto::ToDevice(units.y, scale)});
+        Platform::InjectButton(Platform::Key::kLeftButton, true);
+        Platform::InjectButton(Platform::Key::kLeftButton, false);
+        process.PumpQuiet();
     }
 
     // What was sent since the last call, without the blank at the end.

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <vector>
 
@@ -177,6 +178,14 @@ const Row kRows[] = {
      "",
      {},
      false},
+    {"a rounded limit holds nobody",
+     [](CEditNumber& field) { field.SetValueAndRange(-12.5, -12.5, 100); },
+     {kTab},
+     -12.5,
+     "-13",
+     "5:-12.5",
+     {},
+     false},
     {"leaving it as it was is a commit", Percent, {kTab}, 5, "5", "5:5", {}, false},
     {"back to what it was is news too",
      Percent,
@@ -219,6 +228,143 @@ TEST(NumberField, StepsFurtherWithShift)
     stage.Press(kKeyCode_Up);
     stage.Hold(kShift, false);
     EXPECT_EQ(stage.Sent(), "3:15");
+}
+
+// A field in no window keeps value and text, and is asked as one on the screen is.
+TEST(NumberField, ReadsWhatItWasGivenAsText)
+{
+    const struct {
+        const char* name;
+        const char* text;
+        bool valid, inRange;
+        double reads;
+    } rows[] = {
+        {"what prints as the limit", "100.004", true, true, 100.004},
+        {"beyond it", "100.006", true, false, 100.006},
+        {"an overflow", "9e307*9e307", true, false, kOverflowValue},
+        {"nothing", "", false, true, 5},
+        {"half an expression", "2*(3+", false, true, 5},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        CEditNumber field;
+        Percent(field);
+        field.SetText(row.text);
+        EXPECT_EQ(field.IsTextValid(), row.valid);
+        EXPECT_EQ(field.IsTextInRange(), row.inRange);
+        EXPECT_EQ(field.ReadText(), row.reads);
+    }
+    CEditNumber field;
+    Percent(field);
+    field.SetText(std::string(400, '9'));
+    EXPECT_TRUE(field.CanSurrender(true));
+    EXPECT_EQ(field.GetText(), "100");
+}
+
+TEST(NumberField, TakesTheClientsWaysBetweenTextsAndValues)
+{
+    int parsed = 0;
+    CEditNumber field;
+    Percent(field);
+    field.SetFormatter(
+        [](double value, CText& text, void*) {
+            text = value == 50 ? "half" : "";
+            return value == 50;
+        },
+        nullptr);
+    field.SetParser(
+        [](const CText& text, double& value, void* data) {
+            ++*static_cast<int*>(data);
+            value = text == "half" ? 50 : std::nan("");
+            return text != "none";
+        },
+        &parsed);
+    field.SetValue(50);
+    EXPECT_EQ(field.GetText(), "half");
+    EXPECT_EQ(field.ReadText(), 50);
+    field.SetValue(7);
+    EXPECT_EQ(field.GetText(), "7") << "the formatter refused";
+    for (const char* text : {"what is no number", "none"}) {
+        SCOPED_TRACE(text);
+        field.SetText(text);
+        EXPECT_FALSE(field.IsTextValid());
+        EXPECT_TRUE(field.Commit()) << "no alert for what nobody sees";
+        EXPECT_EQ(field.GetValue(), 7);
+    }
+    EXPECT_GT(parsed, 0);
+}
+
+TEST(NumberField, LeavesTheIndeterminateStateByAClickAStepOrTyping)
+{
+    const struct {
+        const char* name;
+        std::function<void(FieldStage&)> act;
+        const char* sent;
+        const char* text;
+    } rows[] = {
+        {"a click",
+         [](FieldStage& stage) {
+             stage.Click({50, 22});
+         },
+         "2:5", "5"},
+        {"typing", [](FieldStage& stage) { stage.Focus(), stage.Type(U"6"); }, "4:6", "6"},
+        {"a step", [](FieldStage& stage) { stage.Focus(), stage.Press(kKeyCode_Up); }, "3:6", "6"},
+        {"passing by doesn't", [](FieldStage& stage) { stage.Focus(), stage.Press(kKeyCode_Tab); },
+         "", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        FieldStage stage;
+        auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
+        Percent(*made);
+        CEditNumber& field = stage.Open(std::move(made));
+        field.SetIndeterminate(true);
+        EXPECT_FALSE(field.IsBullseye());
+        EXPECT_EQ(field.GetText(), "");
+        stage.Sent();
+        row.act(stage);
+        EXPECT_EQ(stage.Sent(), row.sent);
+        EXPECT_EQ(field.GetText(), row.text);
+    }
+}
+
+TEST(NumberField, SaysNothingWhereNobodyCouldSeeWhatItIsAbout)
+{
+    FieldStage stage;
+    auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
+    Percent(*made);
+    CEditNumber& field = stage.Open(std::move(made));
+    field.SetText("101");
+    field.SetActive(false);
+    EXPECT_TRUE(field.CanSurrender(false));
+    EXPECT_EQ(field.GetText(), "100");
+    field.SetActive(true);
+    field.SetText("101");
+    EXPECT_FALSE(field.CanSurrender(false));
+    EXPECT_EQ(stage.alerts.boxes.size(), 1U);
+    EXPECT_EQ(stage.alerts.boxes[0].title, "Out of Range");
+    EXPECT_EQ(stage.alerts.boxes[0].icon, AlertIcon::kWarning);
+}
+
+TEST(EditString, TakesNoMoreThanItMayAndSendsWhatChanged)
+{
+    FieldStage stage;
+    stage.Open(std::make_unique<CEditNumber>(Rect{}, CObjID("field")));
+    CEditString& field = *stage.other;
+    field.SetID(CObjID("text"));
+    field.SetMaxChars(4);
+    field.BecomeBullseye(true);
+    stage.Sent();
+    stage.Type(U"\u00E4b\U0001F600de");
+    EXPECT_EQ(field.GetText(), "\u00E4b\U0001F600d");
+    EXPECT_EQ(stage.Sent(), "text/4 text/4 text/4 text/4");
+    stage.Press(kKeyCode_Return);
+    stage.Press(kKeyCode_Return);
+    EXPECT_EQ(stage.Sent(), "text/2") << "once";
+    field.SetTextOptions(kEdit_ReadOnly);
+    stage.Type(U"x");
+    stage.Press(kKeyCode_Backspace);
+    EXPECT_EQ(field.GetText(), "\u00E4b\U0001F600d");
 }
 
 } // namespace

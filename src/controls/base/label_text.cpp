@@ -5,6 +5,7 @@
 #include "drawing/tools/draw_tools.h"
 #include "view/tree/view.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Kesto {
@@ -17,9 +18,14 @@ constexpr double kAnyWidth = 1e6;
 double MeasureLabel(std::string_view text, EFontKind font, const CView* view)
 {
     CImagePort port; // draws on nothing, and measures all the same
-    port.SetScaleFactor(view != nullptr ? view->GetScale() : 1.0);
-    port.SetFont(CDrawTools::Get().GetFont(font));
-    return std::ceil(port.MeasureTextBox(text, kAnyWidth, kText_HideMnemonic).x);
+    const double scale = view != nullptr ? view->GetScale() : 1.0;
+    double width = 0.0;
+    for (const double each : {scale, 2.0 * scale}) {
+        port.SetScaleFactor(each);
+        port.SetFont(CDrawTools::Get().GetFont(font));
+        width = std::max(width, port.MeasureTextBox(text, kAnyWidth, kText_HideMnemonic).x);
+    }
+    return std::ceil(width);
 }
 
 void DrawLabelLine(CSystemPort& port, std::string_view text, const Rect& frame, std::uint32_t flags)

@@ -12,7 +12,8 @@ namespace Kesto {
 class CSystemPort;
 class CView;
 
-// Whole units that a label takes at the scale of the view, or at scale 1 for null. "&" marks the
+// Whole units that a label takes at the scale of the view, or at scale 1 for null, and at twice
+// that: a window may come to another monitor, and hinting makes widths differ. "&" marks the
 // mnemonic and takes no room.
 double MeasureLabel(std::string_view text, EFontKind font, const CView* view);
 

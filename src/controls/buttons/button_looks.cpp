@@ -23,6 +23,13 @@ void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, E
     DrawLabel(port, state, {frame.left + 20, frame.top, frame.right, frame.bottom});
 }
 
+void CToolButtonGraphic::GetInsets(Rect& insets) const
+{
+    COwnButtonGraphic::GetInsets(insets);
+    if (!GetLabel().IsEmpty())
+        insets.left = insets.right = 6;
+}
+
 void CToolButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
 {
     CWidgetSkin::DrawToolButton(port, GetFrame(), state, value != kOff);

@@ -59,9 +59,10 @@ protected:
 class CToolButtonGraphic : public COwnButtonGraphic {
 public:
     CToolButtonGraphic(CView* owner, EButtonStyle style, CText label)
-        : COwnButtonGraphic(owner, style, std::move(label), {6, 4, 6, 4})
+        : COwnButtonGraphic(owner, style, std::move(label), {4, 4, 4, 4})
     {
     }
+    void GetInsets(Rect& insets) const override; // more beside a label than around an icon
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;

@@ -38,11 +38,14 @@ const CDualPicture& CIconButton::PictureNow() const
 
 Point CIconButton::GetNaturalSize() const
 {
+    const CButtonGraphic* const graphic = GetGraphic();
+    if (fIcon.IsEmpty() && graphic != nullptr && !graphic->GetLabel().IsEmpty())
+        return {graphic->GetWidth(), graphic->GetHeight()};
     const CDualPicture& picture = PictureNow();
     const double width = picture.GetWidth() > 0 ? picture.GetWidth() : kIconSize;
     const double height = picture.GetHeight() > 0 ? picture.GetHeight() : kIconSize;
     Rect insets{4, 4, 4, 4};
-    if (const CButtonGraphic* const graphic = GetGraphic())
+    if (graphic != nullptr)
         graphic->GetInsets(insets);
     return {width + insets.left + insets.right, height + insets.top + insets.bottom};
 }

@@ -57,9 +57,10 @@ double CEditNumber::ReadAndClamp() const
     return fRules.Clamp(ReadText());
 }
 
+// What the field wrote itself is good: rounded, a limit may read as beyond itself.
 bool CEditNumber::IsTextInRange() const
 {
-    return fIndeterminate || fRules.IsInRange(ReadText());
+    return fIndeterminate || GetText() == fShown || fRules.IsInRange(ReadText());
 }
 
 bool CEditNumber::IsTextValid() const
@@ -85,6 +86,7 @@ void CEditNumber::ShowValue()
     if (!fIndeterminate && (fFormatter == nullptr || !fFormatter(fValue, text, fFormatterData)))
         text = ValueToText(fValue);
     PutText(text);
+    fShown = text;
     fLive = ReadAndClamp();
 }
 

@@ -123,6 +123,7 @@ private:
     double fScrubStart = 0.0;
     double fLive = 0.0; // what everybody knows that the text reads
     bool fIndeterminate = false;
+    CText fShown; // the text that the value was shown as
     Formatter fFormatter = nullptr;
     void* fFormatterData = nullptr;
     Parser fParser = nullptr;

@@ -186,7 +186,8 @@ std::unique_ptr<CPane> CPaneBuilder<CEditNumber>::MakePane(const PaneParameters&
     return MakeField<CEditNumber>(parameters);
 }
 
-// The value comes last, so that it is shown and clamped as the other keys say.
+// The value comes after the keys that it is shown and clamped by. A text of its own is taken over
+// when the field is left.
 void CPaneBuilder<CEditNumber>::ReadKeys(CPane& pane, LayoutOwner& owner) const
 {
     CPaneBuilder<CEditString>::ReadKeys(pane, owner);
@@ -202,6 +203,8 @@ void CPaneBuilder<CEditNumber>::ReadKeys(CPane& pane, LayoutOwner& owner) const
     field.SetIncrements(minor, major);
     field.SetValueAndRange(reader.Decimal(kValue), reader.Decimal(kMinimum),
                            reader.Decimal(kMaximum));
+    if (CText text; reader.TryLabel(kText.key, text))
+        field.SetText(text);
 }
 
 } // namespace Kesto

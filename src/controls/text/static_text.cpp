@@ -171,11 +171,18 @@ void CStaticText::DrawInContext(const CPaintEvent&)
 CView* CPaneBuilder<CStaticText>::AdjustLayout(CView* parent, LayoutOwner& owner)
 {
     const CPropertyReader reader = owner.Properties();
-    const CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
+    CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
     const bool wraps = (ReadStaticOptions(reader) & kStatic_Wrap) != 0;
     const double width = wraps ? reader.Integer(kWidth) : 0.0;
     const bool marked = !reader.Id(kHotkey).IsNone();
     Point size = CStaticText::SizeOf(port, reader.Label(kText).View(), width, marked);
+    if (width == 0.0) { // hinting makes a larger scale's widths differ
+        const double scale = port.GetScaleFactor();
+        port.SetScaleFactor(2.0 * scale);
+        size.x = std::max(size.x,
+                          CStaticText::SizeOf(port, reader.Label(kText).View(), width, marked).x);
+        port.SetScaleFactor(scale);
+    }
     size.x = std::max({size.x, static_cast<double>(reader.Integer(kWidth)),
                        std::ceil(reader.Integer(kCharacters) * port.MeasureText(kAverage) /
                                  static_cast<double>(kAverage.size()))});
