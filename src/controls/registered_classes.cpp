@@ -5,8 +5,11 @@
 #include "controls/fields/field_builders.h"
 #include "controls/frames/frame_pane.h"
 #include "controls/frames/group_pane.h"
+#include "controls/popups/combo_box.h"
 #include "controls/scrolling/scroller.h"
+#include "controls/sliders/edit_slider_builder.h"
 #include "controls/sliders/progress_bar.h"
+#include "controls/tabs/tabbed_pane.h"
 #include "controls/text/static_image.h"
 #include "controls/text/static_text.h"
 #include "controls/text/static_view.h"
@@ -39,19 +42,19 @@ constexpr RegisteredClass kClasses[] = {
     {"CPopup", kWindow, Make<CWindowBuilder<CPopup>>, {}},
     {"CToolbar", kWindow, Make<CWindowBuilder<CToolbar>>, {}},
     {"PDialog", kWindow, Make<CWindowBuilder<CDialog>>, {}},
-    {"COrlenSlider", kPane, kToCome, {120, 20}},
-    {"CAngleSlider", kPane, kToCome, {120, 20}},
+    {"COrlenSlider", kPane, Make<CPaneBuilder<COrlenSlider>>, {}},
+    {"CAngleSlider", kPane, Make<CPaneBuilder<CAngleSlider>>, {}},
     {"CButton", kPane, Make<CPaneBuilder<CButton>>, {}},
     {"CCasePane", kPane, kToCome, {64, 64}},
     {"CCellSheet", kPane, kToCome, {64, 64}},
     {"CCheckButton", kPane, Make<CPaneBuilder<CCheckButton>>, {}},
-    {"CComboBox", kPane, kToCome, {100, 24}},
+    {"CComboBox", kPane, Make<CPaneBuilder<CComboBox>>, {}},
     {"CCustomButton", kPane, Make<CPaneBuilder<CCustomButton>>, {}},
     {"CCustomScrollbar", kPane, kToCome, {15, 60}},
-    {"CCustomSlider", kPane, kToCome, {120, 20}},
+    {"CCustomSlider", kPane, Make<CPaneBuilder<CCustomSlider>>, {}},
     {"CEditNumber", kPane, Make<CPaneBuilder<CEditNumber>>, {}},
     {"CEditPopupSlider", kPane, kToCome, {120, 20}},
-    {"CEditSlider", kPane, kToCome, {120, 20}},
+    {"CEditSlider", kPane, Make<CPaneBuilder<CEditSlider>>, {}},
     {"CEditString", kPane, Make<CPaneBuilder<CEditString>>, {}},
     {"CFlyoutPopup", kPane, kToCome, {100, 24}},
     {"CFrameInsert", kPane, kToCome, {64, 64}},
@@ -65,7 +68,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CListSheet", kPane, kToCome, {64, 64}},
     {"CMDIPane", kPane, kToCome, {64, 64}},
     {"CMenuBarPane", kPane, kToCome, {64, 64}},
-    {"CMenuPopup", kPane, kToCome, {100, 24}},
+    {"CMenuPopup", kPane, Make<CPaneBuilder<CMenuPopup>>, {}},
     {"CPane", kPane, Make<CPaneBuilder<CPane>>, {}},
     {"CPopupSlider", kPane, kToCome, {120, 20}},
     {"CProgressBar", kPane, Make<CPaneBuilder<CProgressBar>>, {}},
@@ -88,9 +91,9 @@ constexpr RegisteredClass kClasses[] = {
     {"CSystemPane", kPane, kToCome, {64, 64}},
     {"CSystemProgress", kPane, kToCome, {120, 8}},
     {"CTabEnclosurePane", kPane, kToCome, {64, 64}},
-    {"CTabPane", kPane, kToCome, {64, 64}},
+    {"CTabPane", kPane, Make<CPaneBuilder<CTabPane>>, {}},
     {"CTabbedFrame", kPane, kToCome, {64, 64}},
-    {"CTabbedPane", kPane, kToCome, {64, 64}},
+    {"CTabbedPane", kPane, Make<CPaneBuilder<CTabbedPane>>, {}},
     {"CToolButton", kPane, Make<CPaneBuilder<CToolButton>>, {}},
     {"CToolGrid", kPane, kToCome, {64, 64}},
     {"CVerticalSizeBar", kPane, kToCome, {15, 15}},
@@ -98,7 +101,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CZoomPane", kPane, kToCome, {64, 64}},
     {"CZoomPanel", kPane, kToCome, {160, 24}},
     {"CZoomProgressCombo", kPane, kToCome, {160, 24}},
-    {"PEditSlider", kPane, kToCome, {120, 20}},
+    {"PEditSlider", kPane, Make<CPaneBuilder<Project::PEditSlider>>, {}},
     {"PPreviewPane", kPane, kToCome, {200, 200}},
     {"PPreviewScroller", kPane, kToCome, {200, 200}},
     {"PStaticView", kPane, Make<CPaneBuilder<Project::PStaticView>>, {}},

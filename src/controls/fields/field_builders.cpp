@@ -127,7 +127,7 @@ std::unique_ptr<CPane> MakeField(const PaneParameters& parameters)
 
 } // namespace
 
-CView* CPaneBuilder<CEditString>::AdjustLayout(CView* parent, LayoutOwner& owner)
+Point CPaneBuilder<CEditString>::NaturalSize(const LayoutOwner& owner) const
 {
     const CPropertyReader reader = owner.Properties();
     const CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
@@ -137,7 +137,12 @@ CView* CPaneBuilder<CEditString>::AdjustLayout(CView* parent, LayoutOwner& owner
     const double width =
         std::max({static_cast<double>(reader.Integer(kWidth)), digits * WidestDigit(port),
                   reader.Integer(kCharacters) * average});
-    SetNaturalSize(owner.fLayoutRecord, CEditString::SizeOf(width, reader.Integer(kLines)));
+    return CEditString::SizeOf(width, reader.Integer(kLines));
+}
+
+CView* CPaneBuilder<CEditString>::AdjustLayout(CView* parent, LayoutOwner& owner)
+{
+    SetNaturalSize(owner.fLayoutRecord, NaturalSize(owner));
     return CPaneBuilder<CSystemControl>::AdjustLayout(parent, owner);
 }
 

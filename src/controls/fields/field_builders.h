@@ -20,6 +20,9 @@ protected:
     std::unique_ptr<CPane> MakePane(const PaneParameters& parameters) const override;
     void ReadKeys(CPane& pane, LayoutOwner& owner) const override;
 
+    // Of the view without cushions.
+    virtual Point NaturalSize(const LayoutOwner& owner) const;
+
     // Digits that a field shows unless the text says otherwise; 0 for none.
     virtual std::int32_t DefaultDigits() const { return 0; }
 };

@@ -18,11 +18,11 @@ constexpr double kPageShare = 0.9;  // some of what was seen is seen again
 constexpr double kThumbRoom = 3.5;  // beside the thumb, to each edge of the bar
 constexpr double kSmallThumb = 2.5; // the same of a small bar
 
-EToolPicture ArrowOf(EScrollPart part, bool vertical)
+EArrow ArrowOf(EScrollPart part, bool vertical)
 {
     if (part == kScrollPart_ButtonBack)
-        return vertical ? kTool_SBVArrowUp : kTool_SBHArrowLeft;
-    return vertical ? kTool_SBVArrowDown : kTool_SBHArrowRight;
+        return vertical ? EArrow::kUp : EArrow::kLeft;
+    return vertical ? EArrow::kDown : EArrow::kRight;
 }
 
 } // namespace
@@ -243,7 +243,8 @@ void CScrollBar::DrawArrow(CSystemPort& port, EScrollPart part) const
     const Rect rect = PartRect(part);
     if (StateOf(part) == EButtonState::kPress)
         port.Paint(rect, ToolColour(kColour_ButtonPressed));
-    port.DrawIcon(CDrawTools::Get().GetPicture(ArrowOf(part, IsVertical())), rect);
+    CWidgetSkin::DrawArrow(port, {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2},
+                           ArrowOf(part, IsVertical()), StateOf(part) != EButtonState::kDisabled);
 }
 
 void CScrollBar::DrawInContext(const CPaintEvent&)

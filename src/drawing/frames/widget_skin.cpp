@@ -15,6 +15,8 @@ constexpr double kRingRadius = 5.0;
 constexpr double kRingWidth = 2.0;
 constexpr double kFieldRadius = 3.0;
 constexpr double kBoxRadius = 3.0;
+constexpr double kBlockWidth = 8.0; // of a slider's block along its groove, and across
+constexpr double kBlockLength = 16.0;
 
 Rect Inset(const Rect& rect, double by)
 {
@@ -131,6 +133,24 @@ void PaintTriangle(CSystemPort& port, const Point& middle, double height, const 
                                         {middle.x + 3.5, middle.y - height / 2},
                                         {middle.x, middle.y + height / 2}}};
     port.FillPolygon(corners, colour);
+}
+
+// A square of whole pixels around a middle, so that what is round stays round wherever it stands.
+Rect SquareAt(const CSystemPort& port, const Point& middle, double side)
+{
+    const double scale = port.GetScaleFactor();
+    const Point origin = port.GetWindowOrigin();
+    const std::int32_t pixels = ToDevice(side, scale);
+    const double left = RoundHalfAway((middle.x + origin.x) * scale - pixels / 2.0) / scale;
+    const double top = RoundHalfAway((middle.y + origin.y) * scale - pixels / 2.0) / scale;
+    return {left - origin.x, top - origin.y, left - origin.x + pixels / scale,
+            top - origin.y + pixels / scale};
+}
+
+// The same number of pixels from each side.
+Rect InsetByPixels(const CSystemPort& port, const Rect& rect, double by)
+{
+    return Inset(rect, ToDevice(by, port.GetScaleFactor()) / port.GetScaleFactor());
 }
 
 double Share(double filled)
@@ -280,11 +300,55 @@ void CWidgetSkin::DrawGroove(CSystemPort& port, const Rect& groove, bool vertica
 void CWidgetSkin::DrawSliderThumb(CSystemPort& port, const Point& middle, EButtonState state)
 {
     const SBodyRoles roles = ButtonRoles(state);
-    const Rect thumb = Around(middle, kThumbSize, kThumbSize);
+    const Rect thumb = SquareAt(port, middle, kThumbSize);
     port.Paint(Oval{thumb}, ToolColour(IsOff(state) ? kColour_BorderDisabled : kColour_AccentEdge));
-    port.Paint(Oval{Inset(thumb, 1.0)}, ToolColour(roles.body));
+    port.Paint(Oval{InsetByPixels(port, thumb, 1.0)}, ToolColour(roles.body));
     if (!IsOff(state))
-        port.Paint(Oval{Around(middle, 6.0, 6.0)}, ToolColour(kColour_Accent));
+        port.Paint(Oval{InsetByPixels(port, thumb, 4.0)}, ToolColour(kColour_Accent));
+}
+
+void CWidgetSkin::DrawSliderBlock(CSystemPort& port, const Point& middle, bool vertical,
+                                  EButtonState state)
+{
+    const double width = vertical ? kBlockLength : kBlockWidth;
+    const double height = vertical ? kBlockWidth : kBlockLength;
+    const EColourRole edge = IsOff(state) ? kColour_BorderDisabled : kColour_AccentEdge;
+    PaintBody(port, Around(middle, width, height), kFieldRadius, edge, ButtonRoles(state).body);
+}
+
+void CWidgetSkin::DrawDial(CSystemPort& port, const Rect& frame, double angle, EButtonState state)
+{
+    constexpr double kPointer = 1.25; // half its width
+    const double side = std::min(frame.Width(), frame.Height()) - 2.0;
+    const Rect face = SquareAt(port, Middle(frame), side);
+    const SBodyRoles roles = ButtonRoles(state);
+    port.Paint(Oval{face}, ToolColour(roles.edge));
+    port.Paint(Oval{InsetByPixels(port, face, 1.0)}, ToolColour(roles.body));
+    const Point hub = Middle(face);
+    const Point along{std::cos(angle), -std::sin(angle)};
+    const Point across{-along.y * kPointer, along.x * kPointer};
+    const auto at = [&](double share, double sideways) {
+        return Point{hub.x + along.x * side / 2 * share + across.x * sideways,
+                     hub.y + along.y * side / 2 * share + across.y * sideways};
+    };
+    const std::array<Point, 4> pointer{at(0.3, -1), at(0.85, -1), at(0.85, 1), at(0.3, 1)};
+    port.FillPolygon(pointer,
+                     ToolColour(IsOff(state) ? kColour_AccentDisabled : kColour_AccentEdge));
+}
+
+// An angle of even strength that points down, turned.
+void CWidgetSkin::DrawArrow(CSystemPort& port, const Point& middle, EArrow arrow, bool enabled)
+{
+    constexpr std::array<Point, 6> kDown{
+        {{-4.5, -1.5}, {-3.25, -2.75}, {0.0, 0.5}, {3.25, -2.75}, {4.5, -1.5}, {0.0, 3.0}}};
+    const double turn = arrow == EArrow::kUp || arrow == EArrow::kLeft ? -1.0 : 1.0;
+    const bool isFlat = arrow == EArrow::kLeft || arrow == EArrow::kRight;
+    std::array<Point, kDown.size()> corners;
+    std::ranges::transform(kDown, corners.begin(), [&](const Point& corner) {
+        return isFlat ? Point{middle.x + turn * corner.y, middle.y + corner.x}
+                      : Point{middle.x + corner.x, middle.y + turn * corner.y};
+    });
+    port.FillPolygon(corners, ToolColour(enabled ? kColour_Sign : kColour_LabelDisabled));
 }
 
 void CWidgetSkin::DrawProgress(CSystemPort& port, const Rect& bar, double filled, bool enabled)

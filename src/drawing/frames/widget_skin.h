@@ -18,6 +18,7 @@ namespace Kesto {
 
 class CSystemPort;
 
+enum class EArrow : std::uint8_t { kUp, kDown, kLeft, kRight };
 enum class EMark : std::uint8_t { kNone, kOn, kMixed };
 
 // What a field or a list has around it.
@@ -69,6 +70,14 @@ public:
     static void DrawGroove(CSystemPort& port, const Rect& groove, bool vertical, double filled,
                            bool enabled);
     static void DrawSliderThumb(CSystemPort& port, const Point& middle, EButtonState state);
+    // A thumb in the shape of a block across the groove.
+    static void DrawSliderBlock(CSystemPort& port, const Point& middle, bool vertical,
+                                EButtonState state);
+    // A round face, its pointer at an angle: radians from the right, counter-clockwise.
+    static void DrawDial(CSystemPort& port, const Rect& frame, double angle, EButtonState state);
+
+    // The sign on what opens or scrolls, around a middle.
+    static void DrawArrow(CSystemPort& port, const Point& middle, EArrow arrow, bool enabled);
 
     static void DrawProgress(CSystemPort& port, const Rect& bar, double filled, bool enabled);
 
