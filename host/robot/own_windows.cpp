@@ -4,6 +4,8 @@
 #include "plugin/view_info/window_requests.h"
 #include "view/window/window.h"
 
+#include <cmath>
+
 namespace Host {
 
 namespace {
@@ -26,6 +28,14 @@ public:
         fJson[std::string(key)] = text.View();
     }
     void PutFlag(std::string_view key, bool flag) override { fJson[std::string(key)] = flag; }
+    void PutInteger(std::string_view key, std::int32_t number) override
+    {
+        fJson[std::string(key)] = number;
+    }
+    void PutNumber(std::string_view key, double number) override
+    {
+        fJson[std::string(key)] = std::isfinite(number) ? ordered_json(number) : ordered_json();
+    }
     void PutRect(std::string_view key, const Kesto::PixelRect& rect) override
     {
         fJson[std::string(key)] = ToJson(rect);

@@ -1,7 +1,7 @@
 // What the module's entries lead to. A new format joins with one case here.
 #include "module/factories.h"
 
-#include "controls/registered_classes.h"
+#include "dialogs/plugin_dialog/dialog_builder.h"
 #include "formats/electricimage/format_electricimage.h"
 #include "module/projects.h"
 
@@ -11,7 +11,7 @@ std::unique_ptr<CLumographFormat> CreateFormatPlugin(ProjectIndex index)
 {
     if (index != kProject_EntryElectricImage)
         return nullptr;
-    RegisterViewClasses();
+    Project::RegisterDialogClasses();
     return std::make_unique<Project::PFormatElectricImage>();
 }
 

@@ -3,7 +3,7 @@
 
 #include "formats/electricimage/choose_frame.h"
 #include "foundation/settings/plugin_settings.h"
-#include "plugin/format/format_dialog.h"
+#include "plugin/frame/plugin_dialog.h"
 
 #include <optional>
 
@@ -29,9 +29,9 @@ public:
     std::optional<double> movesTo{}; // and where the user left it
 
 private:
-    class Dialog : public Kesto::CFormatDialog {
+    class Dialog : public Kesto::CPluginDialog {
     public:
-        void Prepare(const Kesto::PluginSettings& settings) override
+        void TakeState(const Kesto::PluginSettings& settings) override
         {
             gAnswer->opensAt = settings.window.positionX;
         }
@@ -48,7 +48,7 @@ private:
             return gAnswer->fFrame.has_value();
         }
     };
-    static std::unique_ptr<Kesto::CFormatDialog> Make() { return std::make_unique<Dialog>(); }
+    static std::unique_ptr<Kesto::CPluginDialog> Make() { return std::make_unique<Dialog>(); }
 
     static inline FrameAnswer* gAnswer = nullptr;
     Project::FrameDialogMaker fBefore;

@@ -7,7 +7,7 @@
 #include <memory>
 
 namespace Kesto {
-class CFormatDialog;
+class CPluginDialog;
 }
 
 namespace Project {
@@ -24,7 +24,7 @@ int16_t ChooseFrame(HostFormatRecord* record, uint32_t frameCount, uint32_t* fra
 
 // Who builds the frame dialog. Without a maker no dialog runs, and the frame that was offered is
 // taken.
-using FrameDialogMaker = std::unique_ptr<Kesto::CFormatDialog> (*)();
+using FrameDialogMaker = std::unique_ptr<Kesto::CPluginDialog> (*)();
 FrameDialogMaker GetFrameDialogMaker();
 
 // Installs another maker and returns the one before.

@@ -12,7 +12,7 @@ void PFormatElectricImage::DoPluginMain(int16_t selector, HostFormatRecord* reco
     EIPluginMain(selector, record, data, result);
 }
 
-std::unique_ptr<Kesto::CFormatDialog> PFormatElectricImage::GetDialog()
+std::unique_ptr<Kesto::CPluginDialog> PFormatElectricImage::GetDialog()
 {
     const FrameDialogMaker maker = GetFrameDialogMaker();
     return maker != nullptr ? maker() : nullptr;

@@ -12,7 +12,7 @@ public:
                       int16_t* result) override;
 
     // The frame dialog, or null when nobody builds one.
-    std::unique_ptr<Kesto::CFormatDialog> GetDialog() override;
+    std::unique_ptr<Kesto::CPluginDialog> GetDialog() override;
 
     void GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName) override;
 };

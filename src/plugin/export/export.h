@@ -11,6 +11,8 @@ namespace Project {
 
 class PExport : public Kesto::CLumographExport, public Kesto::CSettingsOwner {
 public:
+    const char* WindowClassPrefix() const override { return "Sidecar_"; }
+
     // The budget is left to the switch.
     bool WithRequiredMemory() override { return true; }
 

@@ -10,6 +10,7 @@ public:
     virtual HostExportRecord* GetExportRecord();
     virtual int16_t GetSelector();
     const HostBasicSuite* GetBasicSuite() override;
+    const char* WindowClassPrefix() const override { return "LGExport_"; }
 
     // The operations. A false return makes the result 1.
     virtual bool WithRequiredMemory(); // settles the memory budget before a check

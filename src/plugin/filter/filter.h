@@ -11,6 +11,8 @@ namespace Project {
 
 class PFilter : public Kesto::CLumographFilter, public Kesto::CSettingsOwner {
 public:
+    const char* WindowClassPrefix() const override { return "Sidecar_"; }
+
     // Four fifths for the module's buffers.
     bool SplitMemory(int32_t total, int32_t& first, int32_t& second) override;
 

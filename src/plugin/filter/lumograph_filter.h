@@ -20,6 +20,7 @@ public:
     virtual HostFilterRecord* GetFilterRecord();
     virtual int16_t GetSelector();
     const HostBasicSuite* GetBasicSuite() override;
+    const char* WindowClassPrefix() const override { return "LGFilter_"; }
 
     // The operations. A false return makes the result 1.
     virtual bool DoParameters() { return true; }

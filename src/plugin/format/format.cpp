@@ -28,12 +28,12 @@ bool PFormat::WithRequiredMemory()
 bool PFormat::RunDialog()
 {
     const Kesto::CProcessScope scope(*this);
-    const std::unique_ptr<Kesto::CFormatDialog> dialog = GetDialog();
+    const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
     if (dialog == nullptr)
         return true;
     Kesto::PluginSettings& prefs = GetPrefsBag();
-    dialog->Prepare(prefs);
-    dialog->ShowModal();
+    dialog->TakeState(prefs);
+    dialog->UseModalStyle();
     const bool accepted = dialog->RunModal();
     dialog->StoreState(prefs);
     Kesto::Reported([this] { fPrefs.Save(); });

@@ -2,8 +2,8 @@
 // DoPluginMain and has the rest of the frame from here.
 #pragma once
 
-#include "plugin/format/format_dialog.h"
 #include "plugin/format/lumograph_format.h"
+#include "plugin/frame/plugin_dialog.h"
 
 #include "foundation/settings/settings_record.h"
 
@@ -13,6 +13,8 @@ namespace Project {
 
 class PFormat : public Kesto::CLumographFormat, public Kesto::CSettingsOwner {
 public:
+    const char* WindowClassPrefix() const override { return "Sidecar_"; }
+
     // The budget is left to the switch.
     bool WithRequiredMemory() override;
 
@@ -52,7 +54,7 @@ public:
                               int16_t* result) = 0;
 
     // Builds the dialog of the format, or null when it has none.
-    virtual std::unique_ptr<Kesto::CFormatDialog> GetDialog() = 0;
+    virtual std::unique_ptr<Kesto::CPluginDialog> GetDialog() = 0;
 
     // The preferences of the format, which live as long as it does: the state of its dialog's
     // window, and what CreateSettings adds. Loaded when they are first asked for; what can't be

@@ -5,7 +5,9 @@
 #include "pixels/tiles/virtual_heap.h"
 #include "platform/system/machine.h"
 #include "plugin/suites/host_properties.h"
+#include "view/process/idler.h"
 #include "view/process/ui_scale.h"
+#include "view/window/window_options.h"
 
 #include <algorithm>
 
@@ -16,6 +18,25 @@ constexpr uint64_t kLeastTileMemory = 0x2000000;
 constexpr uint64_t kMostTileMemory = 0x20000000;
 
 CLumographPlugin* gCurrentPlugin = nullptr;
+CLumographPlugin* gNewestPlugin = nullptr;
+
+// What follows the prefix in the class names of windows, by kind.
+const char* ClassFamilyOf(uint32_t kind)
+{
+    switch (kind) {
+    case kWin_Palette:
+    case kWin_Toolbar:
+        return "FloatingClass";
+    case kWin_Popup:
+        return "PopupClass";
+    case kWin_MDIFrame:
+        return "MDIFrameClass";
+    case kWin_MDIDocument:
+        return "MDIChildClass";
+    default:
+        return "WindowClass";
+    }
+}
 
 int32_t BrightnessLevel(intptr_t value)
 {
@@ -41,10 +62,43 @@ std::vector<CFileSpec> AsFileSpecs(const std::vector<std::filesystem::path>& fol
 
 } // namespace
 
+CLumographPlugin::CLumographPlugin() : fNextPlugin(gNewestPlugin)
+{
+    gNewestPlugin = this;
+}
+
 CLumographPlugin::~CLumographPlugin()
 {
+    UnregisterViewInfoHook();
+    CLumographPlugin** link = &gNewestPlugin;
+    while (*link != this)
+        link = &(*link)->fNextPlugin;
+    *link = fNextPlugin;
     if (gCurrentPlugin == this)
         gCurrentPlugin = nullptr;
+}
+
+CLumographPlugin* CLumographPlugin::FindPlugin(ProjectIndex project)
+{
+    CLumographPlugin* plugin = gNewestPlugin;
+    while (plugin != nullptr && plugin->projectIndex != project)
+        plugin = plugin->fNextPlugin;
+    return plugin;
+}
+
+CText CLumographPlugin::WindowClassName(uint32_t kind)
+{
+    return CText::Join({WindowClassPrefix(), ClassFamilyOf(kind)});
+}
+
+CText CLumographPlugin::ModalClassName()
+{
+    return CText::Join({WindowClassPrefix(), "ModalClass"});
+}
+
+CText CLumographPlugin::DefaultClassName()
+{
+    return WindowClassName(kWin_Document);
 }
 
 CLumographPlugin* CLumographPlugin::CurrentPlugin()

@@ -11,9 +11,12 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 namespace Kesto {
+
+class CIdler;
 
 class CLumographPlugin : public CProcess {
 public:
@@ -21,6 +24,7 @@ public:
     static constexpr uint32_t kFlag_Working = 1U << 3; // a selector is in its working phase
     static constexpr uint32_t kFlag_About = 1U << 5;   // the about box is up
 
+    CLumographPlugin();
     ~CLumographPlugin() override;
 
     // Reads the host's user-interface state into the fields below. A property that the host doesn't
@@ -63,6 +67,23 @@ public:
     // Hands the host's scaling of windows to the toolkit, once for each object.
     void SetupHighDPI(const HostBasicSuite* basicSuite);
 
+    // Has the host look into the plug-in's windows, and takes that back. Done when the first of them
+    // opens and the last one has closed; a host without the suite is left alone, and so is one that
+    // refuses. (view_info/view_info_hook.cpp)
+    void RegisterViewInfoHook();
+    void UnregisterViewInfoHook();
+    void WindowOpened() override;
+    void WindowClosed() override;
+
+    // The families of its windows' class names begin with the prefix.
+    virtual const char* WindowClassPrefix() const { return "LGPlugin_"; }
+    CText WindowClassName(uint32_t kind) override;
+    CText ModalClassName() override;
+    CText DefaultClassName() override;
+
+    // The object of a project, of whichever kind; null when none lives.
+    static CLumographPlugin* FindPlugin(ProjectIndex project);
+
     // The plug-in that the host last called, or null. The object doesn't outlive its place here.
     static CLumographPlugin* CurrentPlugin();
     void MakeCurrentPlugin();
@@ -91,6 +112,9 @@ protected:
 
 private:
     CHostSuites fSuites;
+    const HostUIHooksSuite4* fHooks = nullptr; // where the view-info hook is registered
+    std::unique_ptr<CIdler> fTurns;            // of the host, while it is
+    CLumographPlugin* fNextPlugin;             // of those that live
 };
 
 } // namespace Kesto

@@ -8,6 +8,7 @@
 #include "foundation/base/geometry.h"
 #include "foundation/base/text.h"
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,7 @@
 namespace Kesto {
 
 class CView;
+class CWindow;
 
 class CDescriptionRecord {
 public:
@@ -22,6 +24,8 @@ public:
 
     virtual void PutText(std::string_view key, const CText& text) = 0;
     virtual void PutFlag(std::string_view key, bool flag) = 0;
+    virtual void PutInteger(std::string_view key, std::int32_t number) = 0;
+    virtual void PutNumber(std::string_view key, double number) = 0;
     virtual void PutRect(std::string_view key, const PixelRect& rect) = 0;
 
     // An empty record of the same kind, and a list of such records under a key. The records are the
@@ -36,6 +40,10 @@ public:
 
 // Puts the keys of a view and of all below it. What the record's operations throw passes through.
 void DescribeView(const CView& view, CDescriptionRecord& record);
+
+// The same for a window: whose it is and where it stands on the screen, frame and all, before the
+// keys of its views.
+void DescribeWindow(const CWindow& window, const CText& owner, CDescriptionRecord& record);
 
 // What a person reads on a view, else its id's text, else nothing.
 CText ReadableName(const CView& view);

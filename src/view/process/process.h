@@ -28,6 +28,8 @@ namespace Kesto {
 
 class CTracker;
 
+enum class DialogEnd { kNone, kAccepted, kCancelled };
+
 class CProcess : public CExecutable, public CProcessLink, public CSettingsStore {
 public:
     // Bits of the flags of GetNextEvent.
@@ -104,6 +106,15 @@ public:
     virtual void OnSessionStart();
     virtual void MakeFirstWindows();
     virtual void OnSessionStop();
+
+    // A window of the toolkit has been made while this is the process at work; one has gone. Empty.
+    virtual void WindowOpened() {}
+    virtual void WindowClosed() {}
+
+    // How the dialog that ran last has ended; kNone while it runs, and when it was ended by
+    // somebody else than the user.
+    void NoteDialogEnd(DialogEnd end) { fDialogEnd = end; }
+    DialogEnd LastDialogEnd() const { return fDialogEnd; }
 
     // A message before anything else sees it; false eats it. The base has a press of a button close
     // open popups.
@@ -204,6 +215,7 @@ private:
     float fPressure = kNoPen;
     std::optional<int> fQuit; // met, and not yet given back
     bool fAsksToQuit = false;
+    DialogEnd fDialogEnd = DialogEnd::kNone;
     static inline CProcess* gNewest = nullptr;
     CProcess* fOlder;        // of those that live
     CProcess* const fBefore; // current when this one was made; it may have ended since

@@ -164,6 +164,8 @@ void CWindow::CreateSystemWindow()
     fWindow = Platform::MakeSystemWindow(plan, *this);
     OSThrowLastNull(fWindow, __FILE__, __LINE__);
     CServiceT<CDesktop>::Get(true)->Add(*this);
+    if (process != nullptr)
+        process->WindowOpened();
     SetScaleFactor(WantedScale(fOwnerWindow != nullptr ? fOwnerWindow : fWindow));
     if (const auto place = StartPlace())
         Platform::PlaceContent(fWindow, *place);
@@ -235,7 +237,10 @@ void CWindow::ForgetSystemWindow()
     if (desktop != nullptr)
         desktop->Remove(*this);
     CTimer::StopTimersOf(fWindow);
+    const bool hadWindow = fWindow != nullptr;
     Platform::EndSystemWindow(std::exchange(fWindow, nullptr));
+    if (CProcess* const process = CProcess::Current(); hadWindow && process != nullptr)
+        process->WindowClosed();
 }
 
 void CWindow::DoClose()

@@ -1,0 +1,27 @@
+// The dialog of a plug-in, as far as the plug-in frame knows it; the dialogs above this layer
+// implement it.
+#pragma once
+
+namespace Kesto {
+
+struct PluginSettings;
+
+// The operations are the steps of a run, in their order. One that fails throws, and the run ends.
+class CPluginDialog {
+public:
+    virtual ~CPluginDialog() = default;
+
+    // Has the window open where the settings say.
+    virtual void TakeState(const PluginSettings&) {}
+
+    // Has the window take the modal style.
+    virtual void UseModalStyle() {}
+
+    // Shows the window and waits for the user. True: accepted; false: cancelled, or closed.
+    virtual bool RunModal() = 0;
+
+    // Leaves the state of the window in the settings, for the next run.
+    virtual void StoreState(PluginSettings&) {}
+};
+
+} // namespace Kesto
