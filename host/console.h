@@ -1,4 +1,4 @@
-// The terminal that the program runs in, and the key that ends it.
+// The terminal and the display that the program runs at, and the key that ends it.
 #pragma once
 
 namespace Host {
@@ -8,6 +8,9 @@ bool MessagesGoToTerminal();
 
 // Its width in characters; 80 when it can't be told.
 int TerminalWidth();
+
+// Whether there is a display to show windows on.
+bool HasDisplay();
 
 // From now on the interrupt key (Ctrl-C), a request to end and the end of the terminal don't kill
 // the program but make Interrupted() true. A second one kills. A limit on the size of files is a

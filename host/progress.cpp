@@ -12,8 +12,8 @@ constexpr int kWidestBar = 50;
 
 } // namespace
 
-ProgressBar::ProgressBar(std::string title)
-    : fTitle(std::move(title)), fEnabled(MessagesGoToTerminal())
+ProgressBar::ProgressBar(std::string title, bool wanted)
+    : fTitle(std::move(title)), fEnabled(wanted && MessagesGoToTerminal())
 {
 }
 

@@ -9,7 +9,7 @@ namespace Host {
 class ProgressBar {
 public:
     // `title` comes before the bar, such as "Opening".
-    explicit ProgressBar(std::string title);
+    explicit ProgressBar(std::string title, bool wanted = true);
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;

@@ -1,9 +1,6 @@
-#include "commands/commands.h"
+#include "commands/open_options.h"
 
-#include "driver/session.h"
-#include "electricimage/frame_walker.h"
 #include "failure.h"
-#include "pictures/picture_files.h"
 
 #include <cstdio>
 
@@ -12,57 +9,48 @@
 namespace Host {
 namespace {
 
-struct OpenOptions {
-    std::string file;
-    std::string output;
-    int64_t frame = 1;
-    PictureOptions picture;
-};
+constexpr const char* kLesson =
+    "An indexed document stays indexed, alpha stays alpha, and depth comes as grey.\n"
+    "A file of several frames asks for one in the module's dialog. At a terminal with a display "
+    "the\n"
+    "dialog is shown; elsewhere the first frame is opened. --frame types the number into the "
+    "dialog\n"
+    "and presses OK, so what the dialog refuses is refused here. Ctrl-C stops; nothing is written\n"
+    "then.\n\n"
+    "Status: 0 good; 1 failed, cancelled, or not as the script expects; 2 misused, or a script "
+    "that\n"
+    "can't be read; 130 stopped by Ctrl-C.\n\n"
+    "Examples:\n"
+    "  lumohost open harbour.img                            writes harbour.png here\n"
+    "  lumohost open harbour.img -o /tmp/h.ppm              plain pixels, the fastest\n"
+    "  lumohost open film.ei --frame 12 -o twelve.png\n"
+    "  lumohost open film.ei --all -o 'frame-%04d.png'      every frame\n"
+    "  lumohost open shots/*.ei -o pictures/ --jobs 8       a process each\n"
+    "  lumohost open film.ei --photograph dialog.png        what the dialog looks like\n"
+    "  lumohost open film.ei --play pick.txt -o twelve.png  with: type 12, then: key Return\n\n"
+    "Over many machines, with GNU parallel, or as a job of an array whose tasks count from 1:\n"
+    "  ls *.ei | parallel --sshloginfile hosts lumohost open {} -o pictures/{.}.png\n"
+    "  lumohost open \"$(ls *.ei | sed -n \"${SLURM_ARRAY_TASK_ID}p\")\" -o pictures/";
 
-// Without -o the picture goes to the working folder, and never over something that is there.
-std::filesystem::path OutputOf(const OpenOptions& options, const std::filesystem::path& file)
+bool IsFolder(const std::string& output)
 {
-    if (!options.output.empty())
-        return PathOf(options.output);
-    std::filesystem::path output = file.stem();
-    output += ".png";
-    if (std::filesystem::exists(output))
-        throw Failure(TextOf(output) + " is there already",
-                      "Name the picture with -o to replace it.");
-    return output;
-}
-
-void RequireFirstFrame(int64_t frame)
-{
-    if (frame < 1)
-        throw Failure("there is no frame " + std::to_string(frame), "Frames are counted from 1.",
-                      kHostBadMode);
-    if (frame > 1)
-        throw Failure(
-            "frame " + std::to_string(frame) +
-                " can't be chosen: a module asks for the frame in its own dialog, and this one has "
-                "none yet",
-            "Leave --frame out to open the first frame; `lumohost info` lists the others.",
-            kHostBadMode);
+    std::error_code error;
+    return output.ends_with('/') || output.ends_with('\\') ||
+           std::filesystem::is_directory(PathOf(output), error);
 }
 
 int RunOpen(const OpenOptions& options, CommonOptions& common)
 {
-    RequireFirstFrame(options.frame);
     common.operation.memoryLimit = ParseSize(common.memoryLimit);
-    const std::filesystem::path file = PathOf(options.file);
-    const std::filesystem::path output = OutputOf(options, file);
-    const std::unique_ptr<PictureSink> sink = CreatePicture(output, options.picture);
-
-    const PluginModule module(common.Module());
-    PictureInfo info;
-    {
-        Session session(module, common.operation);
-        info = session.Open(file, *sink);
-    }
-    sink->Finish();
-    std::printf("%s: %d x %d, %s\n", TextOf(output).c_str(), info.width, info.height, KindOf(info));
-    return 0;
+    const bool isMany = options.files.size() > 1 || IsFolder(options.output);
+    if (options.dialog.WantsRobot() && (isMany || options.all))
+        throw Failure("a script is played on one dialog", "Open one frame of one file with it.");
+    if (isMany && options.all)
+        throw Failure("--all opens the frames of one file", "Open the files one by one with it.");
+    UseLook(options.dialog);
+    return isMany        ? OpenMany(options, common)
+           : options.all ? OpenAll(options, common)
+                         : OpenOne(options, common);
 }
 
 } // namespace
@@ -70,29 +58,32 @@ int RunOpen(const OpenOptions& options, CommonOptions& common)
 Command AddOpen(CLI::App& subcommand, CommonOptions& common)
 {
     auto options = std::make_shared<OpenOptions>();
-    subcommand.add_option("file", options->file, "The file to open")->required()->type_name("FILE");
+    subcommand.add_option("file", options->files, "The files to open")
+        ->required()
+        ->type_name("FILE...");
     subcommand
         .add_option("-o,--output", options->output,
                     "The picture to write: .png, or .ppm, .pgm or .pam for plain pixels [FILE's "
-                    "name with .png]")
-        ->type_name("PICTURE");
+                    "name with .png]; a folder for the pictures of several files; with --all a "
+                    "name with %d or %04d for the number")
+        ->type_name("PICTURE|FOLDER/");
+    auto* const frame = subcommand.add_option("--frame", options->frame, "The frame to open")
+                            ->type_name("N")
+                            ->check(CLI::NonNegativeNumber);
+    subcommand.add_flag("--all", options->all, "Open every frame")->excludes(frame);
     subcommand
-        .add_option("--frame", options->frame,
-                    "The frame to open; only the first one can be chosen yet [1]")
-        ->type_name("N");
+        .add_option("--jobs", options->jobs,
+                    "Several files: how many at once [one for each processor]")
+        ->type_name("N")
+        ->check(CLI::Range(1, 1024));
     subcommand
         .add_option("--compression", options->picture.compression,
                     "How hard a PNG is packed: 0 not, 1 fast, 9 small [1]")
         ->type_name("0..9")
         ->check(CLI::Range(0, 9));
+    AddDialogOptions(subcommand, options->dialog);
     AddModuleOptions(subcommand, common);
-    subcommand.footer(
-        "An indexed document stays indexed, alpha stays alpha, and depth comes as grey.\n"
-        "Ctrl-C stops; nothing is written then.\n\n"
-        "Examples:\n"
-        "  lumohost open harbour.img                   writes harbour.png here\n"
-        "  lumohost open harbour.img -o /tmp/h.ppm     plain pixels, the fastest\n"
-        "  lumohost open wide.ei -o w.png --memory-limit 1M --verbose");
+    subcommand.footer(kLesson);
     return [options, &common] { return RunOpen(*options, common); };
 }
 

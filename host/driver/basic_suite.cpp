@@ -20,26 +20,28 @@ struct Property {
 };
 
 // A host without windows of its own: medium dark, ordinary contrast and tabs, no scaling.
-constexpr std::array kProperties = {
+std::array gProperties = {
     Property{kPropertyUiBrightness, 1}, Property{kPropertyHighContrast, 0},
     Property{kPropertyLargeTabs, 0},    Property{kPropertyUiScale, 100},
     Property{kPropertyHighDpi, 1},
 };
 
+Property* FindProperty(uint32_t key)
+{
+    const auto found = std::ranges::find(gProperties, key, &Property::key);
+    return found != gProperties.end() ? &*found : nullptr;
+}
+
 int32_t GetProperty(uint32_t signature, uint32_t key, int32_t index, intptr_t* value, void** handle)
 {
-    if (signature != kLumographSignature || index != 0)
+    const Property* const property = FindProperty(key);
+    if (signature != kLumographSignature || index != 0 || property == nullptr)
         return kHostBadParameter;
-    for (const Property& property : kProperties) {
-        if (property.key != key)
-            continue;
-        if (value)
-            *value = property.value;
-        if (handle)
-            *handle = nullptr;
-        return kHostNoError;
-    }
-    return kHostBadParameter;
+    if (value)
+        *value = property->value;
+    if (handle)
+        *handle = nullptr;
+    return kHostNoError;
 }
 
 constexpr HostPropertySuite kPropertySuite = {GetProperty};
@@ -98,6 +100,14 @@ constexpr HostBasicSuite kBasicSuite = {nullptr, &kSuites};
 const HostBasicSuite* BasicSuite()
 {
     return &kBasicSuite;
+}
+
+bool SetHostProperty(uint32_t key, intptr_t value)
+{
+    Property* const property = FindProperty(key);
+    if (property != nullptr)
+        property->value = value;
+    return property != nullptr;
 }
 
 int AcquiredSuites()

@@ -56,9 +56,9 @@ void Operation::BuildRecord()
     fRecord.bufferSuite = BufferSuite();
     fRecord.handleSuite = HandleSuite();
     fRecord.basicSuite = BasicSuite();
-    fPlayback.playMode = kHostPlaySilent; // no window to hang a dialog on
-    fRecord.playbackBlock = &fPlayback;
-    fRecord.quietOpen = 1;
+    fPlayback.playMode = kHostPlaySilent;
+    fRecord.playbackBlock = fOptions.interactive ? nullptr : &fPlayback;
+    fRecord.quietOpen = fOptions.interactive ? 0 : 1;
     for (int16_t i = 0; i < 4; ++i)
         fRecord.planeOrder[i] = i;
 }

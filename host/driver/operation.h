@@ -22,6 +22,8 @@ namespace Host {
 struct OperationOptions {
     int64_t memoryLimit = int64_t{4} << 20; // bytes of buffers that Space() starts from
     int64_t abortAt = 0; // the abortCheck, counted from 1, that answers yes; 0: only the user's key
+    bool interactive = false; // the module may show its dialogs
+    bool showProgress = true;
     bool verbose = false; // each selector and the books go to the error stream
 };
 

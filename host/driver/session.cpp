@@ -72,7 +72,7 @@ PictureInfo Session::Open(const std::filesystem::path& file, PictureSink& sink)
 {
     RequireReadable(fModule.Properties(), file);
     Operation operation(fModule, fData, file, fOptions);
-    ProgressBar progress("Opening");
+    ProgressBar progress("Opening", fOptions.showProgress);
     operation.SetProgress(&progress);
 
     std::optional<RowDelivery> delivery;
@@ -105,7 +105,7 @@ SaveReport Session::Save(PictureSource& picture, const std::filesystem::path& fi
     RequireWritable(fModule.Properties(), file);
     RequirePicture(fModule.Properties(), picture.Info());
     Operation operation(fModule, fData, file, fOptions);
-    ProgressBar progress("Saving");
+    ProgressBar progress("Saving", fOptions.showProgress);
     operation.SetProgress(&progress);
     Describe(operation.Record(), picture.Info());
 

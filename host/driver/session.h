@@ -20,7 +20,8 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    // Opens the first frame of `file` and hands its picture to `sink`. Throws what failed.
+    // Opens a frame of `file`, the one that the module's dialog chooses or else the first, and
+    // hands its picture to `sink`. Throws what failed.
     PictureInfo Open(const std::filesystem::path& file, PictureSink& sink);
 
     // Saves the picture as `file`, which changes only when everything went well. Throws what

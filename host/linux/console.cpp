@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -22,6 +23,12 @@ void OnInterrupt(int)
 bool MessagesGoToTerminal()
 {
     return isatty(STDERR_FILENO) == 1;
+}
+
+bool HasDisplay()
+{
+    const char* const display = std::getenv("DISPLAY");
+    return display != nullptr && *display != '\0';
 }
 
 int TerminalWidth()

@@ -31,6 +31,11 @@ bool MessagesGoToTerminal()
     return GetConsoleMode(MessageStream(), &mode) != 0;
 }
 
+bool HasDisplay()
+{
+    return GetSystemMetrics(SM_CMONITORS) > 0;
+}
+
 int TerminalWidth()
 {
     CONSOLE_SCREEN_BUFFER_INFO info = {};

@@ -178,6 +178,7 @@ TEST_F(PluginDialog, ZoomCommandsGoToThePreviewAndTheTitleSaysTheScale)
     EXPECT_TRUE(enabled(ZoomCommand(13)));
     for (const auto& [index, words] :
          {std::pair{0U, "A blur 6%"}, {3U, "A blur 33%"}, {13U, "A blur 1600%"}}) {
+        SCOPED_TRACE(words);
         Press(ZoomCommand(index));
         EXPECT_EQ(title(), words);
     }

@@ -69,8 +69,8 @@ TEST_F(FailuresTest, CodesComeWithTheirTextAndAWayOut)
     ExpectFailure(1, {"open", fSample, "-o", Path("no/folder/o.png")}, {"(-43)"});
     ExpectFailure(1, {"selectors", "--module", Path("missing.so")},
                   {"can't be loaded", "--module PATH"});
-    ExpectFailure(1, {"open", five, "-o", fPng, "--frame", "2"},
-                  {"frame 2 can't be chosen", "Leave --frame out"});
+    ExpectFailure(1, {"open", five, "-o", fPng, "--all", "--describe"},
+                  {"a script is played on one dialog", "one frame of one file"});
 }
 
 TEST_F(FailuresTest, AStoppedOrBrokenRunLeavesTheOldFile)

@@ -27,6 +27,12 @@ CEditString::~CEditString()
     DropControl();
 }
 
+bool CEditString::CanUndo() const
+{
+    const Platform::EditControl* const edit = Edit();
+    return edit != nullptr && edit->CanUndo();
+}
+
 Platform::EditControl* CEditString::Edit() const
 {
     return static_cast<Platform::EditControl*>(GetControl());

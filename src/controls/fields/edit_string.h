@@ -44,6 +44,7 @@ public:
     virtual void Select(std::size_t from, std::size_t to);
     virtual Platform::TextRange GetSelection() const;
     virtual void ReplaceSelection(const CText& text);
+    bool CanUndo() const; // what was typed
 
     // EEditOptions. Of a field that is in a window, one line or several and hidden or not stay as
     // they were.

@@ -1,6 +1,7 @@
 #include "formats/electricimage/choose_frame.h"
 
 #include "formats/electricimage/format_electricimage.h"
+#include "formats/electricimage/frame_dialog.h"
 
 #include <utility>
 
@@ -12,7 +13,12 @@ HostFormatRecord* gFrameRecord = nullptr;
 
 namespace {
 
-FrameDialogMaker gFrameDialogMaker = nullptr;
+std::unique_ptr<Kesto::CPluginDialog> MakeFrameDialog()
+{
+    return PDialogElectricImage::Make();
+}
+
+FrameDialogMaker gFrameDialogMaker = MakeFrameDialog;
 
 // What the dialog works on. It points into the caller's frame, so it ends with the scope, also when
 // the dialog throws.

@@ -3,6 +3,7 @@
 #include "formats/electricimage/choose_frame.h"
 #include "formats/electricimage/plugin_main.h"
 #include "formats/electricimage/preference_names.h"
+#include "foundation/localization/localize.h"
 
 namespace Project {
 
@@ -16,6 +17,12 @@ std::unique_ptr<Kesto::CPluginDialog> PFormatElectricImage::GetDialog()
 {
     const FrameDialogMaker maker = GetFrameDialogMaker();
     return maker != nullptr ? maker() : nullptr;
+}
+
+Kesto::CText PFormatElectricImage::GetProductName()
+{
+    Kesto::CText name("$$$/OrlenPlugin/TAGLInfo/PluginName/ElectricImage=ElectricImage");
+    return Kesto::Localize(name);
 }
 
 void PFormatElectricImage::GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName)

@@ -11,8 +11,10 @@ public:
     void DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data,
                       int16_t* result) override;
 
-    // The frame dialog, or null when nobody builds one.
+    // The frame dialog, or null when somebody has set no maker of it.
     std::unique_ptr<Kesto::CPluginDialog> GetDialog() override;
+
+    Kesto::CText GetProductName() override;
 
     void GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName) override;
 };

@@ -3,6 +3,8 @@
 #include "foundation/alerts/reporter.h"
 #include "plugin/frame/lumograph_error.h"
 
+#include <stdexcept>
+
 namespace Project {
 
 int16_t PFormat::Forward(int16_t selector)
@@ -28,10 +30,10 @@ bool PFormat::WithRequiredMemory()
 bool PFormat::RunDialog()
 {
     const Kesto::CProcessScope scope(*this);
+    Kesto::PluginSettings& prefs = GetPrefsBag();
     const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
     if (dialog == nullptr)
-        return true;
-    Kesto::PluginSettings& prefs = GetPrefsBag();
+        throw std::logic_error("Warning! (dialog != nullptr)");
     dialog->TakeState(prefs);
     dialog->UseModalStyle();
     const bool accepted = dialog->RunModal();

@@ -53,7 +53,7 @@ public:
     virtual void DoPluginMain(int16_t selector, HostFormatRecord* record, intptr_t* data,
                               int16_t* result) = 0;
 
-    // Builds the dialog of the format, or null when it has none.
+    // Builds the dialog of the format; null when it has none. What can't be built throws.
     virtual std::unique_ptr<Kesto::CPluginDialog> GetDialog() = 0;
 
     // The preferences of the format, which live as long as it does: the state of its dialog's
@@ -62,7 +62,7 @@ public:
     Kesto::PluginSettings& GetPrefsBag() { return fPrefs.Get(); }
 
     // Runs the dialog of the format, inside a process scope, and keeps the state of its window in
-    // the preferences. Whether it was accepted; without a dialog there is nothing to refuse.
+    // the preferences. Whether it was accepted. Throws std::logic_error without a dialog.
     // Preferences that can't be stored are reported, and the user's answer holds.
     bool RunDialog();
 

@@ -67,13 +67,17 @@ public:
     // Hands the host's scaling of windows to the toolkit, once for each object.
     void SetupHighDPI(const HostBasicSuite* basicSuite);
 
-    // Has the host look into the plug-in's windows, and takes that back. Done when the first of them
-    // opens and the last one has closed; a host without the suite is left alone, and so is one that
-    // refuses. (view_info/view_info_hook.cpp)
+    // Has the host look into the plug-in's windows, and takes that back. Done when the first of
+    // them opens and the last one has closed; a host without the suite is left alone, and so is one
+    // that refuses. (view_info/view_info_hook.cpp)
     void RegisterViewInfoHook();
     void UnregisterViewInfoHook();
     void WindowOpened() override;
     void WindowClosed() override;
+
+    // Has windows take the theme and the scale that the host told. Done when the first one opens,
+    // so that a host can change its mind while a window is up.
+    void UseHostLook() const;
 
     // The families of its windows' class names begin with the prefix.
     virtual const char* WindowClassPrefix() const { return "LGPlugin_"; }
@@ -95,7 +99,7 @@ public:
     uint32_t flags = 0;
     const HostAboutRecord* aboutRecord = nullptr;
     bool highDpiReady = false;
-    int32_t uiBrightness = 0; // 0 darkest to 3 brightest
+    int32_t uiBrightness = 0; // the theme of its windows: 0 light to 3 dark
     bool highContrast = false;
     bool largeTabs = false;
     float uiScale = 1.0F;
@@ -114,7 +118,8 @@ private:
     CHostSuites fSuites;
     const HostUIHooksSuite4* fHooks = nullptr; // where the view-info hook is registered
     std::unique_ptr<CIdler> fTurns;            // of the host, while it is
-    CLumographPlugin* fNextPlugin;             // of those that live
+    bool fHasWindows = false;
+    CLumographPlugin* fNextPlugin; // of those that live
 };
 
 } // namespace Kesto

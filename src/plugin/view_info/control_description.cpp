@@ -1,10 +1,15 @@
 #include "plugin/view_info/control_description.h"
 
 #include "controls/buttons/button.h"
+#include "controls/fields/edit_number.h"
+#include "platform/windows/clipboard.h"
 #include "plugin/view_info/view_description.h"
 #include "view/window/alert_window.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 
 namespace Kesto {
 namespace {
@@ -41,12 +46,60 @@ void DescribeButton(const CCustomButton& button, CDescriptionRecord& record)
     record.PutText("Styl", NameOf(kStyles, style, "unexpected button style"));
 }
 
+void DescribeText(const CEditString& field, CDescriptionRecord& record)
+{
+    const CText text = field.GetText();
+    const Platform::TextRange selection = field.GetSelection();
+    const auto [start, end] = std::minmax(selection.from, selection.to);
+    const bool isEditable = !field.HasTextOption(kEdit_ReadOnly) && field.IsUsable();
+    record.PutText("Type", "editString");
+    record.PutFlag("isEditable", isEditable);
+    record.PutText("string", text);
+    record.PutFlag("hasSelection", start < end);
+    if (start < end) {
+        record.PutInteger("start", static_cast<std::int32_t>(start));
+        record.PutInteger("end", static_cast<std::int32_t>(end));
+    }
+    const auto lineEnds = std::ranges::count(text.View(), '\n');
+    record.PutInteger("lineCount", static_cast<std::int32_t>(lineEnds) + 1);
+    record.PutFlag("hasFrame", !field.HasTextOption(kEdit_NoFrame));
+    record.PutFlag("canUndo", field.CanUndo());
+    record.PutFlag("canPaste", isEditable && Platform::ClipboardText().has_value());
+}
+
+std::int32_t WholeOf(double number)
+{
+    constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
+    constexpr double kMost = std::numeric_limits<std::int32_t>::max();
+    return std::isnan(number) ? 0 : RoundHalfAway(std::clamp(number, kLeast, kMost));
+}
+
+// Numbers both as whole ones, cut to their range, and as they are.
+void DescribeNumber(const CEditNumber& field, CDescriptionRecord& record)
+{
+    record.PutText("Type", "editNumber");
+    record.PutText("string", field.GetText());
+    record.PutInteger("integerValue", WholeOf(field.GetValue()));
+    record.PutNumber("floatValue", field.GetValue());
+    record.PutInteger("integerMinimum", WholeOf(field.GetMinimum()));
+    record.PutNumber("floatMinimum", field.GetMinimum());
+    record.PutInteger("integerMaximum", WholeOf(field.GetMaximum()));
+    record.PutNumber("floatMaximum", field.GetMaximum());
+    record.PutFlag("mixed", field.IsIndeterminate());
+    record.PutFlag("canScrub", field.IsUsable());
+    record.PutFlag("valueInRange", field.IsTextValid() && field.IsTextInRange());
+}
+
 } // namespace
 
 void DescribeControl(const CView& view, CDescriptionRecord& record)
 {
     if (const auto* const button = dynamic_cast<const CCustomButton*>(&view))
         DescribeButton(*button, record);
+    if (const auto* const number = dynamic_cast<const CEditNumber*>(&view))
+        DescribeNumber(*number, record);
+    else if (const auto* const text = dynamic_cast<const CEditString*>(&view))
+        DescribeText(*text, record);
     if (const auto* const alert = dynamic_cast<const CMessageAlert*>(&view)) {
         record.PutText("Type", "alert");
         record.PutText("string", alert->CopyText());

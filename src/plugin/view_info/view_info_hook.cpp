@@ -1,11 +1,13 @@
 #include "plugin/view_info/view_info_hook.h"
 
+#include "drawing/tools/draw_tools.h"
 #include "foundation/base/service.h"
 #include "plugin/frame/lumograph_plugin.h"
 #include "plugin/view_info/host_description.h"
 #include "plugin/view_info/host_turns.h"
 #include "plugin/view_info/window_requests.h"
 #include "view/process/desktop.h"
+#include "view/process/ui_scale.h"
 #include "view/window/window.h"
 
 #include <utility>
@@ -71,16 +73,26 @@ void CLumographPlugin::UnregisterViewInfoHook()
                                   static_cast<int32_t>(projectIndex));
 }
 
+void CLumographPlugin::UseHostLook() const
+{
+    CDrawTools::Get().SetTheme(highContrast ? CDrawTools::kTheme_System : uiBrightness);
+    SetUiScale(double{uiScale});
+}
+
 void CLumographPlugin::WindowOpened()
 {
+    if (!std::exchange(fHasWindows, true))
+        UseHostLook();
     RegisterViewInfoHook();
 }
 
 void CLumographPlugin::WindowClosed()
 {
     const CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
-    if (desktop == nullptr || desktop->FrontWindow() == nullptr)
-        UnregisterViewInfoHook();
+    if (desktop != nullptr && desktop->FrontWindow() != nullptr)
+        return;
+    fHasWindows = false;
+    UnregisterViewInfoHook();
 }
 
 } // namespace Kesto

@@ -1,0 +1,282 @@
+// The frame dialog as the host and a person meet it: from the module's entry to the choice and
+// back.
+#include "controls/buttons/custom_button.h"
+#include "controls/fields/edit_number.h"
+#include "controls/text/static_text.h"
+#include "formats/dialog_person.h"
+#include "foundation/settings/plugin_settings.h"
+#include "foundation/settings/settings_file.h"
+#include "foundation/streams/memory_container.h"
+#include "platform/graphics/monitors.h"
+#include "support/ei_file.h"
+#include "support/module_test.h"
+#include "view/process/process.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace Testing {
+namespace {
+
+using namespace Kesto;
+using ::testing::ElementsAre;
+
+constexpr const char* kNumber = "ElectricImage/FrameNumber";
+constexpr const char* kCount = "ElectricImage/NumberOfImages";
+constexpr const char* kOK = "Project/Dialog/OKButton";
+constexpr const char* kCancel = "Project/Dialog/CancelButton";
+
+template <class View>
+View& At(CWindow& window, const char* id)
+{
+    return dynamic_cast<View&>(*window.FindChild(CObjID(id), true));
+}
+
+bool Click(CWindow& window, const char* id)
+{
+    At<CCustomButton>(window, id).Flash();
+    return true;
+}
+
+// Frames of one pixel's height, each as wide as its number.
+Bytes Frames(int count, std::optional<uint32_t> told = {})
+{
+    std::vector<EIFrame> frames;
+    for (int i = 1; i <= count; ++i)
+        frames.push_back({.width = i,
+                          .height = 1,
+                          .lut = {1, 2, 3},
+                          .pixels = Bytes(static_cast<size_t>(i) * 3, 7)});
+    return FileOf(frames, 5, told);
+}
+
+const Outcome kCancelled{kHostUserCanceled, kFormatReadStart};
+
+// The store that the module keeps the dialog's window in.
+class Store {
+public:
+    Store()
+    {
+        CProcess process;
+        CFileSpec folder;
+        process.GetSettingsFolder(folder);
+        fFile = std::filesystem::path(folder.Path().CStr()) / "Electric Image Format Prefs.lgp";
+        Remove();
+    }
+    ~Store() { Remove(); }
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    const std::filesystem::path& File() const { return fFile; }
+    void Remove() const { std::filesystem::remove_all(fFile); }
+    void Write(const std::string& bytes) const { std::ofstream(fFile, std::ios::binary) << bytes; }
+    std::string Read() const
+    {
+        std::ifstream file(fFile, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+private:
+    std::filesystem::path fFile;
+};
+
+class FrameDialog : public ModuleTest {
+protected:
+    Store store;
+};
+
+TEST_F(FrameDialog, ShowsHowManyFramesThereAreAndOffersTheFirst)
+{
+    for (const uint32_t count : {2U, 5U, 0xFFFFFFFFU}) {
+        SCOPED_TRACE(count);
+        ScriptableHost each;
+        DialogPerson person([&](CWindow& window) {
+            const auto& field = At<CEditNumber>(window, kNumber);
+            EXPECT_STREQ(window.GetTitle().CStr(), "ElectricImage");
+            EXPECT_EQ(At<CStaticText>(window, kCount).GetText(),
+                      CText("This file contains " + std::to_string(count) + " frames."));
+            EXPECT_EQ(field.GetValue(), 1.0);
+            EXPECT_EQ(field.GetMinimum(), 1.0);
+            EXPECT_EQ(field.GetMaximum(), count);
+            EXPECT_TRUE(field.IsBullseye());
+            EXPECT_EQ(field.GetSelection().to, 1U) << "ready to type";
+            return DialogPerson::PressEscape(window);
+        });
+        EXPECT_EQ(each.Open(Frames(2, count)), kCancelled);
+        EXPECT_EQ(person.windows, 1);
+        ExpectClean(each, 0, 1);
+    }
+}
+
+TEST_F(FrameDialog, EndsAsThePersonSays)
+{
+    const struct {
+        const char* words;
+        DialogPerson::Deed deed;
+        int frame; // 0: cancelled
+    } rows[] = {
+        {"Return at once", DialogPerson::PressReturn, 1},
+        {"a number and OK",
+         [](CWindow& window) {
+             At<CEditNumber>(window, kNumber).SetText("3");
+             return Click(window, kOK);
+         },
+         3},
+        {"a sum and Return",
+         [](CWindow& window) {
+             At<CEditNumber>(window, kNumber).SetText("2+2");
+             return DialogPerson::PressReturn(window);
+         },
+         4},
+        {"Escape", DialogPerson::PressEscape, 0},
+        {"Cancel", [](CWindow& window) { return Click(window, kCancel); }, 0},
+        {"Cancel with a number that is none",
+         [](CWindow& window) {
+             At<CEditNumber>(window, kNumber).SetText("77");
+             return Click(window, kCancel);
+         },
+         0},
+        {"the close box",
+         [](CWindow& window) {
+             window.DoClose();
+             return true;
+         },
+         0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.words);
+        ScriptableHost each;
+        const DialogPerson person(row.deed);
+        EXPECT_EQ(each.Open(Frames(5)), row.frame != 0 ? Outcome{} : kCancelled);
+        EXPECT_EQ(each.document.width, row.frame);
+        ExpectClean(each, 0, row.frame != 0 ? 0 : 1);
+    }
+    EXPECT_THAT(alerts.texts, ElementsAre());
+}
+
+TEST_F(FrameDialog, KeepsOpenOnANumberOutOfRangeAndSaysSo)
+{
+    for (const char* number : {"0", "6", "99999999999"}) {
+        SCOPED_TRACE(number);
+        ScriptableHost each;
+        AlertCapture said;
+        int turn = 0;
+        const DialogPerson person([&](CWindow& window) {
+            if (turn++ == 0) {
+                At<CEditNumber>(window, kNumber).SetText(number);
+                Click(window, kOK);
+                return false;
+            }
+            EXPECT_EQ(said.texts.size(), 1U) << "it was told, and is still up";
+            return Click(window, kCancel);
+        });
+        EXPECT_EQ(each.Open(Frames(5)), kCancelled);
+        ASSERT_EQ(said.texts.size(), 1U);
+        EXPECT_THAT(said.texts[0], ::testing::HasSubstr("between 1 and 5"));
+    }
+}
+
+TEST_F(FrameDialog, IsNotShownWithoutNeed)
+{
+    const struct {
+        const char* words;
+        int frames;
+        bool quiet;
+        int16_t playMode;
+    } rows[] = {{"one frame", 1, false, 0},
+                {"a quiet open", 3, true, 0},
+                {"a silent playback", 3, false, kHostPlaySilent}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.words);
+        ScriptableHost each;
+        each.record.quietOpen = row.quiet;
+        each.playback.playMode = row.playMode;
+        const DialogPerson person(DialogPerson::PressEscape);
+        EXPECT_EQ(each.Open(Frames(row.frames)), Outcome{});
+        EXPECT_EQ(each.document.width, 1);
+        EXPECT_EQ(person.windows, 0);
+    }
+    EXPECT_FALSE(std::filesystem::exists(store.File()));
+}
+
+TEST_F(FrameDialog, OpensWhereItWasLeftButAtFrameOne)
+{
+    PixelPoint seen;
+    const auto open = [&](const DialogPerson::Deed& deed) {
+        ScriptableHost each;
+        const DialogPerson person([&](CWindow& window) {
+            const Platform::PixelRect frame = window.GetWindowFrame();
+            seen = {frame.left, frame.top};
+            EXPECT_EQ(At<CEditNumber>(window, kNumber).GetValue(), 1.0);
+            return deed(window);
+        });
+        each.Open(Frames(5));
+        each.Call(kFormatUnload);
+    };
+    open([](CWindow& window) {
+        window.MoveWindow({61, 47});
+        At<CEditNumber>(window, kNumber).SetText("2");
+        return DialogPerson::PressReturn(window);
+    });
+    open(DialogPerson::PressEscape);
+    EXPECT_EQ(seen, (PixelPoint{61, 47}));
+}
+
+// What is stored may be anything. The dialog comes up, on a monitor that is there.
+TEST_F(FrameDialog, SurvivesAnyStore)
+{
+    PluginSettings far;
+    far.window.positionX = 90000.0;
+    far.window.positionY = 90000.0;
+    far.window.monitor = 7;
+    CMemoryContainer file(4096);
+    SettingsFileSave(far, file);
+    const std::string sound(reinterpret_cast<const char*>(file.Bytes().data()),
+                            file.Bytes().size());
+    const struct {
+        const char* words;
+        std::string bytes;
+        bool isTold;
+    } rows[] = {
+        {"empty", "", false},
+        {"not a store", std::string(200, 'x'), false},
+        {"cut short", sound.substr(0, sound.size() / 2), true},
+        {"of a monitor that is gone", sound, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.words);
+        store.Write(row.bytes);
+        ScriptableHost each;
+        AlertCapture said;
+        const DialogPerson person([](CWindow& window) {
+            const Platform::PixelRect frame = window.GetWindowFrame();
+            const auto monitors = Platform::ListMonitors();
+            const Platform::PixelRect& area = monitors.front().workArea;
+            EXPECT_TRUE(frame.left >= area.left && frame.right <= area.right);
+            EXPECT_TRUE(frame.top >= area.top && frame.bottom <= area.bottom);
+            return DialogPerson::PressReturn(window);
+        });
+        EXPECT_EQ(each.Open(Frames(2)), Outcome{});
+        EXPECT_EQ(!said.texts.empty(), row.isTold);
+        ExpectClean(each);
+    }
+}
+
+TEST_F(FrameDialog, AStoreThatCantBeWrittenIsToldAndTheChoiceHolds)
+{
+    std::filesystem::create_directories(store.File() / "in the way");
+    const DialogPerson person(DialogPerson::PressReturn);
+    EXPECT_EQ(host.Open(Frames(2)), Outcome{});
+    EXPECT_EQ(host.document.width, 1);
+    EXPECT_FALSE(alerts.texts.empty());
+}
+
+TEST_F(FrameDialog, WithoutSuitesOfTheHostItWorksAllTheSame)
+{
+    host.record.basicSuite = nullptr;
+    const DialogPerson person(DialogPerson::PressReturn);
+    EXPECT_EQ(host.Open(Frames(2)), Outcome{});
+}
+
+} // namespace
+} // namespace Testing
