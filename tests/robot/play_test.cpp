@@ -1,49 +1,23 @@
-// Scripts played on the windows of layouts: each NAME.play of this folder on NAME.vex, and what
-// comes of scripts that can't be played to their end.
-#include "robot/player.h"
-#include "vex/play.h"
+// Scripts played on the windows of layouts: each .play of this folder on the layout that its first
+// line names, and what comes of scripts that can't be played to their end.
+#include "robot/play_files.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <vector>
 
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kFolder = fs::path(SIDECAR_SOURCE_DIR) / "tests" / "robot";
-
-std::vector<std::string> PlayNames()
-{
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(kFolder))
-        if (entry.path().extension() == ".play")
-            names.push_back(entry.path().stem().string());
-    std::ranges::sort(names);
-    return names;
-}
-
-Host::PlayOutcome Play(const std::string& layout, Host::Script script,
-                       const std::string& messages = {})
-{
-    Vex::PlayOptions options;
-    options.build.opens = true;
-    options.messages = messages;
-    return Vex::Play(Vex::CSourceText::Load((kFolder / layout).string()), std::move(script),
-                     options);
-}
-
 class PlayFiles : public testing::TestWithParam<std::string> {};
 
 TEST_P(PlayFiles, ComeOutAsExpected)
 {
-    const fs::path script = kFolder / (GetParam() + ".play");
-    const Host::PlayOutcome outcome = Play(GetParam() + ".vex", Host::LoadScript(script.string()));
+    const Host::PlayOutcome outcome = PlayFile(GetParam());
     EXPECT_EQ(outcome.words, "");
     EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
 }
@@ -78,17 +52,29 @@ TEST(Plays, EndAtTheFirstThingThatIsNotAsExpected)
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.script);
-        const Host::PlayOutcome outcome = Play("buttons.vex", Host::ReadScript(row.script, "s"));
+        const Host::PlayOutcome outcome = PlayOn("buttons.vex", Host::ReadScript(row.script, "s"));
         EXPECT_EQ(outcome.status, row.status);
         EXPECT_EQ(outcome.words, row.words);
     }
 }
 
+// The page for readers shows one script; it is to come out as it says.
+TEST(Plays, ComeOutAsTheirPageSays)
+{
+    std::ifstream file(fs::path(SIDECAR_SOURCE_DIR) / "docs" / "robot.md");
+    const std::string page{std::istreambuf_iterator<char>(file), {}};
+    const std::string fence = "```play\n";
+    const std::size_t start = page.find(fence) + fence.size();
+    const std::string script = page.substr(start, page.find("```", start) - start);
+    ASSERT_NE(script.find("expect"), std::string::npos);
+    EXPECT_EQ(PlayOn("fields.vex", Host::ReadScript(script, "robot.md")).words, "");
+}
+
 TEST(Plays, LeaveTheMessagesOfTheirActions)
 {
     const fs::path path = fs::temp_directory_path() / "sidecar_robot_messages.json";
-    Play("buttons.vex", Host::ReadScript("click Robot/First\nkey Tab\nclick Robot/Second", "s"),
-         path.string());
+    PlayOn("buttons.vex", Host::ReadScript("click Robot/First\nkey Tab\nclick Robot/Second", "s"),
+           {}, path.string());
     std::ifstream file(path);
     const std::string lines{std::istreambuf_iterator<char>(file), {}};
     EXPECT_EQ(lines.substr(0, lines.find('\n')),

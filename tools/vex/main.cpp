@@ -1,4 +1,5 @@
 // vex: checks, formats, places and shows layout texts.
+#include "vex/author_window.h"
 #include "vex/check.h"
 #include "vex/describe.h"
 #include "vex/dump.h"
@@ -9,6 +10,7 @@
 #include "vex/show.h"
 
 #include "drawing/tools/draw_tools.h"
+#include "platform/windows/system_window.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -43,6 +45,29 @@ constexpr const char* kLanguage = R"(A layout text describes the views of one wi
 
 Values are strings in single quotes, or expressions of 32-bit integers with + - * / and the
 functions min, max and dim. There are no comments. `vex check --help` and the others tell more.)";
+
+constexpr const char* kShowing =
+    R"(Without -o, --describe and --play a window opens. It is built anew whenever the file changes;
+while the text is refused the last good window stays. F2 tells of the view under the mouse, F3 takes
+the next theme, F4 and Shift-F4 a larger and a smaller scale, F5 builds anew.
+
+A robot's script has one action a line; # begins a comment. VIEW is an id, or X,Y in the window's
+units.
+
+  click VIEW [left|right|middle] [xN] [shift] [control] [alt]
+  press VIEW, move VIEW, release            for drags
+  wheel VIEW DX DY                          notches to the right and upward
+  type TEXT, paste TEXT                     the rest of the line
+  key NAME [shift] [control] [alt]          Tab, Return, Escape, Up, F1, A, 0 ...
+  hold KEY, let-go KEY                      shift, control or alt
+  focus VIEW, resize W H, scale N, theme N, close, wait SECONDS
+  shot FILE.png, describe FILE.json
+  expect VIEW KEY VALUE                     KEY as in --describe, as in: expect A/Field string 12
+  expect-window open|closed|TITLE
+
+Without a display time is the robot's own: waiting takes none. Exit status: 0 done, 1 an expectation
+failed, 2 the text or the script is refused, a line needs a window and none is open, or a file can't
+be read or written.)";
 
 struct Options {
     std::vector<std::string> files;
@@ -177,32 +202,53 @@ int Play(const Options& options)
         add(Host::Verb::kShot, options.picture);
     if (options.describe)
         add(Host::Verb::kDescribe, "-");
-    const Host::PlayOutcome outcome =
-        Vex::Play(Vex::CSourceText::Load(options.files.front()), std::move(script),
-                  {{SizeOf(options.size), options.scale, true}, options.theme, options.messages});
+    const Host::PlayOutcome outcome = Vex::Play(
+        Vex::CSourceText::Load(options.files.front()), std::move(script),
+        {{SizeOf(options.size), options.scale, true}, options.theme, options.messages, {}});
     if (outcome.status != Host::PlayOutcome::kPlayed)
         std::cerr << "vex: " << outcome.words << '\n';
     return outcome.status;
+}
+
+// In the author's window, with the mistakes on the terminal, until it is closed.
+int ShowWindow(const Options& options)
+{
+    if (!Platform::HasDisplay())
+        throw std::runtime_error("there is no display: name a picture with -o, or ask for "
+                                 "--describe or --play");
+    Vex::AuthorOptions author;
+    author.build = {SizeOf(options.size), options.scale, true};
+    author.theme = options.theme;
+    author.read = [](const Vex::CSourceText& source) {
+        for (const Vex::Diagnostic& diagnostic : Vex::CheckLayout(source))
+            Vex::Print(std::cout, source, diagnostic);
+        std::cout << std::flush;
+    };
+    author.refused = [](const std::string& words) { std::cout << words << '\n' << std::flush; };
+    Vex::RunAuthorWindow(options.files.front(), author);
+    return kExit_Well;
 }
 
 int Show(const Options& options)
 {
     if (!options.script.empty())
         return Play(options);
+    if (options.picture.empty() && !options.describe)
+        return ShowWindow(options);
     Kesto::CDrawTools::Get().SetTheme(options.theme);
     const Vex::CBuiltLayout layout = Build(options);
     if (!options.picture.empty())
         Vex::WritePicture(layout, options.picture, options.outline);
     if (options.describe)
         std::cout << ToText(Vex::DescriptionOf(layout));
-    if (options.picture.empty() && !options.describe)
-        throw std::runtime_error("name a picture with -o, or ask for --describe");
     return kExit_Well;
 }
 
 // Runs until it is interrupted. A text that is refused leaves the last good picture where it is.
 int Watch(const Options& options)
 {
+    if (options.picture.empty())
+        return ShowWindow(options);
     namespace fs = std::filesystem;
     const fs::path file = options.files.front();
     for (fs::file_time_type seen = fs::file_time_type::min();;) {
@@ -309,8 +355,9 @@ Command AddPlace(CLI::App& app, Options& options)
 
 Command AddShow(CLI::App& app, Options& options)
 {
-    CLI::App* const show = app.add_subcommand("show", "Draw a picture of the views, off screen");
-    show->footer("Exit status: 0 done, 2 the text is refused or a file can't be read or written.");
+    CLI::App* const show =
+        app.add_subcommand("show", "Show the views: in a window, as a picture, or to a robot");
+    show->footer(kShowing);
     AddBuildOptions(*show, options);
     show->add_option("-o", options.picture, "The picture to write, a PNG");
     show->add_option("--theme", options.theme, "0 light, 1 medium light, 2 medium dark, 3 dark")
@@ -330,10 +377,12 @@ Command AddShow(CLI::App& app, Options& options)
 Command AddWatch(CLI::App& app, Options& options)
 {
     CLI::App* const watch =
-        app.add_subcommand("watch", "Check a text and draw its picture whenever the file changes");
-    watch->footer("The picture stays as it was while the text is refused. Ends with Ctrl-C.");
+        app.add_subcommand("watch", "Check a text and show it anew whenever the file changes");
+    watch->footer("In the window of `vex show` until that is closed, or with -o as a picture until "
+                  "Ctrl-C. What was\n"
+                  "shown stays while the text is refused.");
     AddBuildOptions(*watch, options);
-    watch->add_option("-o", options.picture, "The picture to write, a PNG")->required();
+    watch->add_option("-o", options.picture, "The picture to write, a PNG");
     return {watch, Watch};
 }
 

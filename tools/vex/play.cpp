@@ -5,7 +5,6 @@
 #include "platform/input/injection.h"
 #include "platform/system/machine.h"
 #include "platform/windows/window_place.h"
-#include "plugin/view_info/host_turns.h"
 #include "plugin/view_info/message_log.h"
 #include "robot/message_file.h"
 #include "vex/describe.h"
@@ -56,14 +55,15 @@ Host::PlayOutcome Play(const CSourceText& source, Host::Script script, const Pla
     const CBuiltLayout layout(source, options.build);
     Host::OwnWindows stage(ClassNamesOf(layout), kProductName);
     Host::Player player(std::move(script), stage);
-    process.Start();
-    layout.Root().Start();
+    Kesto::CWindow& window = layout.Root();
+    window.Start();
     const Kesto::CHostTurns turns(
-        [&player](HostInputEvent& event) { return player.TakeTurn(event); });
+        [&player](HostInputEvent& event) { return player.TakeTurn(event); }, options.hands);
+    // As the window's own run would do it, but on until the script ends.
     while (!player.IsOver()) {
         bool force = false;
         Kesto::Reported([&process] { process.GetNextEvent(0); });
-        process.Poll(force);
+        window.Poll(force);
     }
     return player.Outcome();
 }

@@ -1,6 +1,7 @@
 // A script played on a layout's window, shown on the display if there is one.
 #pragma once
 
+#include "plugin/view_info/host_turns.h"
 #include "robot/player.h"
 #include "vex/built_layout.h"
 
@@ -13,6 +14,7 @@ struct PlayOptions {
     BuildOptions build;
     std::int32_t theme = 0;
     std::string messages; // the file for them, or empty
+    Kesto::CHostHands hands;
 };
 
 // Plays to the script's end or its first failure. Throws std::runtime_error when the layout is

@@ -35,8 +35,11 @@ bool IsQuiet(CProcess& process)
 
 } // namespace
 
-CHostTurns::CHostTurns(Source source) : fSource(std::move(source))
+CHostTurns::CHostTurns(Source source, CHostHands hands)
+    : fSource(std::move(source)), fHands(std::move(hands))
 {
+    if (!fHands.deliver)
+        fHands.deliver = CarryOut;
     StartIdling();
 }
 
@@ -51,9 +54,10 @@ void CHostTurns::Idle()
         SetPeriod(kUsualPeriod);
     else if (event.message == kHostRequestWait)
         SetPeriod(static_cast<double>(event.first) / 1000.0);
-    else if (IsInput(event))
-        CarryOut(event);
-    else
+    else if (IsInput(event)) {
+        SetPeriod(fHands.seconds);
+        fHands.deliver(event);
+    } else
         process->PostEvent(std::make_unique<CRequestEvent>(event));
 }
 

@@ -194,9 +194,6 @@ void AskWindow(CWindow& window, const HostInputEvent& event)
     case kHostRequestFocus:
         Focus(window, RecordOf<char>(event));
         break;
-    case kHostRequestType:
-        Type(RecordOf<char>(event));
-        break;
     case kHostRequestPaste:
         Paste(RecordOf<char>(event));
         break;
@@ -229,7 +226,8 @@ CWindow* FindWindowOf(void* native)
 
 bool IsInput(const HostInputEvent& event)
 {
-    return IsOfMouse(event) || (event.message >= kKeyFirst && event.message <= kKeyLast);
+    return IsOfMouse(event) || event.message == kHostRequestType ||
+           (event.message >= kKeyFirst && event.message <= kKeyLast);
 }
 
 void CarryOut(const HostInputEvent& event)
@@ -251,6 +249,8 @@ void CarryOut(const HostInputEvent& event)
     default:
         break;
     }
+    if (event.message == kHostRequestType)
+        Type(RecordOf<char>(event));
     if (PutKey(event))
         return;
     CWindow* const window = FindWindowOf(event.window);
