@@ -13,6 +13,7 @@
 #include "vex/built_layout.h"
 #include "view/messages/process_event.h"
 #include "view/process/process.h"
+#include "view/tree/pane.h"
 
 #include <cstdlib>
 #include <functional>
