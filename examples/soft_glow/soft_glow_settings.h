@@ -20,6 +20,11 @@ struct Settings : Project::PSettings {
     int32_t amount = 60; // percent of the glow in the result
     int32_t mode = kScreen;
 
+    bool operator==(const Settings& other) const
+    {
+        return radius == other.radius && amount == other.amount && mode == other.mode;
+    }
+
     void Read(Kesto::CStream& stream, uint32_t size) override
     {
         if (size < 3 * sizeof(int32_t))

@@ -1,7 +1,10 @@
 #include "commands/commands.h"
 
+#include "commands/dialog_options.h"
+#include "console.h"
 #include "driver/filter_run.h"
 #include "failure.h"
+#include "messages.h"
 #include "pictures/picture_files.h"
 
 #include <cstdio>
@@ -14,7 +17,10 @@ namespace {
 
 struct FilterOptions : DocumentOptions {
     std::string mask;
+    DialogOptions dialog;
 };
+
+constexpr int kMisused = 2;
 
 Document ReadMask(const std::string& name, const PictureInfo& picture)
 {
@@ -31,10 +37,48 @@ Document ReadMask(const std::string& name, const PictureInfo& picture)
     return Document(*source, SampleDepth::k8);
 }
 
-int RunFilter(const FilterOptions& options, CommonOptions& common)
+// What the robot met; nothing when there is none, or when it played to the end.
+std::optional<PlayOutcome> TroubleOf(DialogUser* user)
+{
+    if (user == nullptr)
+        return std::nullopt;
+    const PlayOutcome& outcome = user->Finish();
+    return outcome.status == PlayOutcome::kPlayed ? std::nullopt : std::optional(outcome);
+}
+
+[[noreturn]] void ThrowForDialog(const Failure& failure)
+{
+    if (failure.Code() == kHostUserCanceled && !Interrupted())
+        throw Failure("the dialog was cancelled: " + ResultLine(kHostUserCanceled),
+                      "Nothing was written.");
+    throw failure;
+}
+
+// Has the user, or the robot in his place, set the filter. The exit status when that is the end.
+std::optional<int> Ask(FilterRun& run, const DialogOptions& options, DialogUser* user)
+{
+    std::optional<Failure> failure;
+    try {
+        run.AskUser();
+    } catch (const Failure& caught) {
+        failure = caught;
+    }
+    if (const std::optional<PlayOutcome> trouble = TroubleOf(user)) {
+        std::fprintf(stderr, "lumohost: %s\n", trouble->words.c_str());
+        return trouble->status;
+    }
+    if (failure && options.OnlyLooks() && failure->Code() == kHostUserCanceled)
+        return 0;
+    if (failure)
+        ThrowForDialog(*failure);
+    return std::nullopt;
+}
+
+int FilterPicture(const FilterOptions& options, CommonOptions& common, DialogUser* user)
 {
     common.operation.memoryLimit = ParseSize(common.memoryLimit);
     ServedSettings::Pairs settings = ServedSettings::Parse(options.settings);
+    const bool isSilent = !settings.empty() || (user == nullptr && !IsPersonThere());
     const std::unique_ptr<PictureSink> sink = CreatePicture(PathOf(options.output), {});
     const PluginModule module(common.Module(), PluginKind::kFilter);
     const std::unique_ptr<PictureSource> source = OpenPicture(PathOf(options.picture));
@@ -47,10 +91,27 @@ int RunFilter(const FilterOptions& options, CommonOptions& common)
     const Document picture(*source, static_cast<SampleDepth>(options.depth));
     FilterRun run(module, common.operation, std::move(settings), picture, mask ? &*mask : nullptr,
                   options.picture);
+    if (!isSilent)
+        if (const std::optional<int> status = Ask(run, options.dialog, user))
+            return *status;
     run.Run().WriteTo(*sink);
     sink->Finish();
     std::printf("%s: %d x %d, %s\n", options.output.c_str(), info.width, info.height, KindOf(info));
     return 0;
+}
+
+int RunFilter(const FilterOptions& options, CommonOptions& common)
+{
+    std::optional<DialogUser> user;
+    try {
+        UseLook(options.dialog);
+        if (options.dialog.WantsRobot())
+            user.emplace(ScriptOf(options.dialog), options.dialog.messages);
+    } catch (const ScriptError& error) {
+        std::fprintf(stderr, "lumohost: %s\n", error.what());
+        return kMisused;
+    }
+    return FilterPicture(options, common, user ? &*user : nullptr);
 }
 
 } // namespace
@@ -66,14 +127,18 @@ Command AddFilter(CLI::App& subcommand, CommonOptions& common)
         .add_option("--mask", options->mask,
                     "A grey picture of the same size: the filter changes what is white in it")
         ->type_name("PICTURE");
+    AddDialogOptions(subcommand, options->dialog);
     subcommand.footer(
-        "The module is run without its dialog. A name that it doesn't know ends the run and tells "
-        "those that\n"
-        "it has; the picture is written only when all went well.\n\n"
+        "At a terminal with a display the module shows its dialog; with --set, or without a "
+        "display, it is\n"
+        "run without. A name that it doesn't know ends the run and tells those that it has; the "
+        "picture is\n"
+        "written only when all went well.\n\n"
         "Examples:\n"
         "  lumohost filter harbour.png --module soft_glow.so -o glow.png\n"
         "  lumohost filter harbour.png --module soft_glow.so --set radius=12 --set amount=40 "
         "-o glow.png\n"
+        "  lumohost filter harbour.png --module soft_glow.so --play script.txt -o glow.png\n"
         "  lumohost filter harbour.png --module soft_glow.so --depth 16 --mask sky.png "
         "-o glow.png --verbose");
     return [options, &common] { return RunFilter(*options, common); };

@@ -85,6 +85,12 @@ void FilterRun::BuildRecord()
     fRecord.depth = static_cast<int32_t>(fPicture.Depth());
 }
 
+void FilterRun::AskUser()
+{
+    Require(kFilterParameters, "filter parameters", &fRecord);
+    TakeBlocks(); // of a preview; what it lent for the result is as it was
+}
+
 Document FilterRun::Run()
 {
     Require(kFilterPrepare, "filter prepare", &fRecord);

@@ -1,5 +1,5 @@
-// FilterRun, a silent run of a filter over a document: the filter record, and the blocks that it
-// lends.
+// FilterRun, a run of a filter over a document, silent or with the filter's dialog: the filter
+// record, and the blocks that it lends.
 #pragma once
 
 #include "driver/document_run.h"
@@ -15,7 +15,11 @@ public:
               ServedSettings::Pairs settings, const Document& picture, const Document* mask,
               const std::string& name);
 
-    // Runs the selectors and returns the filtered picture. Throws what failed.
+    // Has the filter ask its user. Throws what failed; the code is -128 when the dialog was
+    // cancelled, and then nothing more is to be asked of the filter.
+    void AskUser();
+
+    // Runs the other selectors and returns the filtered picture. Throws what failed.
     Document Run();
 
 private:

@@ -106,6 +106,63 @@ TEST_F(FilterTest, AnExportWritesItsSheet)
     }
 }
 
+class GlowDialog : public FilterTest {
+protected:
+    GlowDialog()
+    {
+        MadePicture picture(PictureMode::kRgb, 300, 200, 3, Texture);
+        WritePicture(picture, fFolder / "p.ppm");
+    }
+
+    // Has the robot play a script on the dialog.
+    Run Play(const std::string& script, int status = 0, std::vector<std::string> further = {})
+    {
+        further.insert(further.begin(),
+                       {"filter", Path("p.ppm"), "--module", SOFT_GLOW, "-o", Path("filtered.pam"),
+                        "--play", Argument(fFolder.Put("script.txt", script))});
+        return RunLumohost(further, status);
+    }
+};
+
+TEST_F(GlowDialog, SetsTheFilterAsTheCommandLineDoes)
+{
+    Play("focus SoftGlow/Radius\ntype 30\nkey Tab\n"
+         "focus SoftGlow/Amount\ntype 80\nkey Tab\n"
+         "click SoftGlow/Mode1\nwait 1\n"
+         "click Project/Dialog/OKButton\n");
+    const Bytes played = AllPixels(*OpenPicture(fFolder / "filtered.pam"));
+    const Bytes set = AllPixels(*Filtered(
+        Path("p.ppm"), {"--set", "radius=30", "--set", "amount=80", "--set", "mode=lighten"}));
+    EXPECT_EQ(played, set);
+    EXPECT_EQ(played, AllPixels(*Filtered(Path("p.ppm"), {}))) << "a silent run takes the last";
+}
+
+TEST_F(GlowDialog, ChangesAreUndoneAndZoomsAreSeenInTheTitle)
+{
+    Play("focus SoftGlow/Radius\ntype 30\nkey Tab\n"
+         "focus SoftGlow/Radius\ntype 40\nkey Tab\n"
+         "click SoftGlow/Undo\nwait 1\n"
+         "expect SoftGlow/Radius string 30\n"
+         "expect-window Soft Glow 100%\n"
+         "click Project/Command/ZoomIn\nwait 1\n"
+         "expect-window Soft Glow 200%\n"
+         "click Project/Dialog/PreviewPane left control alt\n"
+         "expect-window Soft Glow 100%\n"
+         "press Project/Dialog/PreviewPane\nmove 20,20\nwait 1\nrelease\nwait 1\n"
+         "click Project/Dialog/OKButton\n");
+}
+
+TEST_F(GlowDialog, CancelledLeavesNothingBehind)
+{
+    for (const char* const script :
+         {"click Project/Dialog/CancelButton\n", "close\n", "key Escape\n", "wait 1\n"}) {
+        SCOPED_TRACE(script);
+        const std::string messages = Play(script, 1).messages;
+        EXPECT_NE(messages.find("(-128)"), std::string::npos) << messages;
+        EXPECT_FALSE(std::filesystem::exists(fFolder / "filtered.pam"));
+    }
+}
+
 // A run that fails: what is wrong, and what is said about it.
 struct WrongRun {
     const char* what;

@@ -2,6 +2,7 @@
 
 #include "controls/base/natural_size.h"
 #include "dialogs/plugin_dialog/dialog_ids.h"
+#include "dialogs/plugin_dialog/plugin_dialog.h"
 #include "dialogs/preview/preview_globals.h"
 #include "dialogs/preview/preview_panner.h"
 #include "dialogs/preview/zoom_panel.h"
@@ -19,6 +20,7 @@ using namespace Kesto;
 
 namespace {
 
+constexpr double kTurn = 1.0 / 60.0; // seconds
 constexpr char kDialPicture[] = "Dial.png";
 
 // As on creation: a frame without a size becomes the first one.
@@ -32,6 +34,14 @@ Rect FirstFrame(const Rect& frame)
 
 } // namespace
 
+PPreviewPane::CTurns::CTurns(PPreviewPane& pane) : CIdler(kTurn), fPane(pane) {}
+
+void PPreviewPane::CTurns::Idle()
+{
+    if (fPane.IsVisible())
+        fPane.Idle();
+}
+
 PPreviewPane::PPreviewPane(const Rect& frame, CObjID id, std::uint32_t options,
                            std::uint32_t binding)
     : CMessenger(nullptr, id), CZoomPane(FirstFrame(frame), id, options, binding)
@@ -42,6 +52,7 @@ PPreviewPane::PPreviewPane(const Rect& frame, CObjID id, std::uint32_t options,
 
 PPreviewPane::~PPreviewPane()
 {
+    turns.StopIdling();
     gSourceScale = 1;
     gPreviewRunning = false;
 }
@@ -57,7 +68,7 @@ void PPreviewPane::StartPreview()
     if (gFilterRecord == nullptr)
         return;
     showsPreview = true;
-    SetClient(GetClient() | kClient_Idle);
+    turns.StartIdling();
     SetPictureSize(gFilterRecord->documentWidth, gFilterRecord->documentHeight);
     Changed(true);
 }
@@ -122,6 +133,8 @@ void PPreviewPane::TellScale()
                             : nullptr;
     if (panel != nullptr)
         panel->ShowScale(GetImageScale());
+    if (dialog != nullptr)
+        dialog->ComposeTitle();
 }
 
 // ------------------------------------------------------------------------------------------ Mouse

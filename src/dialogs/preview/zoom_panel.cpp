@@ -45,10 +45,10 @@ private:
     double fTo;
 };
 
-CIconButton* AddButton(CZoomPanel& panel, CObjID id, const char* icon)
+CButton* AddButton(CZoomPanel& panel, CObjID id, const char* label)
 {
-    auto button = std::make_unique<CIconButton>(Rect{}, id);
-    button->SetIcon(icon);
+    auto button = std::make_unique<CButton>(Rect{}, id);
+    button->SetLabel(label);
     return panel.AppendChild(std::move(button));
 }
 
@@ -56,9 +56,9 @@ CIconButton* AddButton(CZoomPanel& panel, CObjID id, const char* icon)
 
 CZoomPanel::CZoomPanel(const Rect& frame, CObjID id, std::uint32_t options, std::uint32_t binding)
     : CMessenger(nullptr, id), CPane(frame, id, options, binding),
-      fOut(AddButton(*this, kCommand_ZoomOut, "ZoomDec")),
+      fOut(AddButton(*this, kCommand_ZoomOut, "\u2212")),
       fText(AppendChild(std::make_unique<CStaticText>())),
-      fIn(AddButton(*this, kCommand_ZoomIn, "ZoomInc"))
+      fIn(AddButton(*this, kCommand_ZoomIn, "+"))
 {
     StaticTextStyle style;
     style.alignX = kAlign_Center;

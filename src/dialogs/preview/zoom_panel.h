@@ -3,7 +3,7 @@
 // Each zoom of the panel is a task of the dialog, so that it can be undone.
 #pragma once
 
-#include "controls/buttons/icon_button.h"
+#include "controls/buttons/button.h"
 #include "controls/text/static_text.h"
 #include "dialogs/plugin_dialog/preview_parts.h"
 #include "layout/build/pane_builder.h"
@@ -31,9 +31,9 @@ private:
     void Arrange();
 
     CTaskStack* fTaskStack = nullptr;
-    CIconButton* fOut;  // a child
+    CButton* fOut;      // a child
     CStaticText* fText; // a child
-    CIconButton* fIn;   // a child
+    CButton* fIn;       // a child
 };
 
 template <>

@@ -3,6 +3,7 @@
 #include "foundation/base/geometry.h"
 #include "plugin/frame/lent_block.h"
 #include "plugin/frame/lumograph_error.h"
+#include "plugin/frame/run_dialog.h"
 
 #include <new>
 
@@ -51,6 +52,14 @@ int16_t PFilter::RunFilterTask()
     } catch (const std::bad_alloc&) {
         return kHostMemoryFull;
     }
+}
+
+bool PFilter::RunDialog()
+{
+    const Kesto::CProcessScope process(*this);
+    const CRequestScope requests(*this);
+    const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
+    return Kesto::RunPluginDialog(dialog.get(), fPrefs);
 }
 
 void PFilter::FetchBlocks()

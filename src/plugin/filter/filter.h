@@ -6,6 +6,9 @@
 #include "plugin/filter/lumograph_filter.h"
 
 #include "foundation/settings/settings_record.h"
+#include "plugin/frame/plugin_dialog.h"
+
+#include <memory>
 
 namespace Project {
 
@@ -38,6 +41,12 @@ public:
     // The selector switch. Leaves a host code in `*result`, 0 for success.
     virtual void DoPluginMain(int16_t selector, HostFilterRecord* record, intptr_t* data,
                               int16_t* result) = 0;
+
+    // Builds the dialog of the filter, for RunDialog. Null: there is none.
+    virtual std::unique_ptr<Kesto::CPluginDialog> GetDialog() = 0;
+
+    // Runs it inside a process scope. Whether it was accepted; a preview has left no requests.
+    bool RunDialog();
 
     // The settings of the filter, which live as long as it does. Loaded when they are first asked
     // for; what can't be loaded is reported, and the defaults hold.

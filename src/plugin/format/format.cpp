@@ -1,9 +1,7 @@
 #include "plugin/format/format.h"
 
-#include "foundation/alerts/reporter.h"
 #include "plugin/frame/lumograph_error.h"
-
-#include <stdexcept>
+#include "plugin/frame/run_dialog.h"
 
 namespace Project {
 
@@ -30,16 +28,9 @@ bool PFormat::WithRequiredMemory()
 bool PFormat::RunDialog()
 {
     const Kesto::CProcessScope scope(*this);
-    Kesto::PluginSettings& prefs = GetPrefsBag();
+    GetPrefsBag(); // before the dialog is built, which may ask for them
     const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
-    if (dialog == nullptr)
-        throw std::logic_error("Warning! (dialog != nullptr)");
-    dialog->TakeState(prefs);
-    dialog->UseModalStyle();
-    const bool accepted = dialog->RunModal();
-    dialog->StoreState(prefs);
-    Kesto::Reported([this] { fPrefs.Save(); });
-    return accepted;
+    return Kesto::RunPluginDialog(dialog.get(), fPrefs);
 }
 
 } // namespace Project
