@@ -1,11 +1,9 @@
 // Makes a contact sheet of drawing: shapes, lines, text, pictures, frames and controls, in the four
 // themes and at the usual scales.
-#include "contact_sheet/contact_sheet.h"
+#include "drawdemo/panel.h"
 #include "drawing/ports/image.h"
 #include "drawing/tools/draw_tools.h"
-#include "panel.h"
-#include "pixels/kernels/colour.h"
-#include "pixels/pixmaps/memory_pixmap.h"
+#include "pictures/picture_files.h"
 
 #include <CLI/CLI.hpp>
 
@@ -31,8 +29,8 @@ PixelPoint SizeOf(const Choice& choice)
     return {ToDevice(kPanelWidth, choice.scale), ToDevice(kPanelHeight, choice.scale)};
 }
 
-// Lays one panel onto the sheet.
-void DrawChoice(ContactSheet& sheet, const Choice& choice, const PixelPoint& at)
+// Draws one panel onto the sheet.
+void DrawChoice(CSystemPort& sheet, const Choice& choice, const PixelPoint& at)
 {
     CDrawTools::Get().SetTheme(choice.theme);
     const PixelPoint size = SizeOf(choice);
@@ -42,18 +40,33 @@ void DrawChoice(ContactSheet& sheet, const Choice& choice, const PixelPoint& at)
     std::snprintf(title.data(), title.size(), "%s, scale %g", kThemeNames[choice.theme],
                   choice.scale);
     DrawPanel(image, title.data());
+    const Point corner{static_cast<double>(at.x), static_cast<double>(at.y)};
+    sheet.DrawPort(image, image.GetClientRect(),
+                   {corner.x, corner.y, corner.x + size.x, corner.y + size.y});
+}
 
-    CMemoryPixmap planes(8, size.x, size.y, 3, 4, 0);
-    CPixView pixels;
-    CPixView colours;
-    image.GetDisplay().GetView(pixels);
-    planes.GetView(colours);
-    Kernels::SplitPlanes(colours, pixels, Kernels::kOrder_BGRConstant);
-    sheet.Draw(colours, at.x, at.y);
+// As a picture file, red, green and blue. Throws Host::Failure.
+void Write(const CImage& sheet, const std::string& path)
+{
+    Host::PictureInfo info;
+    info.width = sheet.GetSize().x;
+    info.height = sheet.GetSize().y;
+    const auto sink = Host::CreatePicture(path, {});
+    sink->Begin(info);
+    const CPixelSurface pixels = SurfaceOf(*sheet.GetSurface());
+    std::vector<std::uint8_t> row(info.RowBytes());
+    for (std::int32_t y = 0; y < info.height; ++y) {
+        for (std::int32_t x = 0; x < info.width; ++x)
+            for (std::int32_t channel = 0; channel < 3; ++channel)
+                row[static_cast<std::size_t>(3 * x + channel)] =
+                    static_cast<std::uint8_t>(*pixels.At(x, y) >> (16 - 8 * channel));
+        sink->PutRows(row.data(), row.size(), 1);
+    }
+    sink->Finish();
 }
 
 // Two columns.
-bool WriteSheet(const std::string& path, const std::vector<Choice>& choices)
+void WriteSheet(const std::string& path, const std::vector<Choice>& choices)
 {
     const auto count = static_cast<std::int32_t>(choices.size());
     const std::int32_t columns = std::min(count, 2);
@@ -72,10 +85,11 @@ bool WriteSheet(const std::string& path, const std::vector<Choice>& choices)
         end.x = std::max(end.x, left);
         top += height;
     }
-    ContactSheet sheet(end.x, top, 0x808080);
+    CImage sheet(end.x, top);
+    sheet.Paint(sheet.GetClientRect(), Colour{128, 128, 128});
     for (std::size_t i = 0; i < choices.size(); ++i)
         DrawChoice(sheet, choices[i], places[i]);
-    return sheet.Write(path);
+    Write(sheet, path);
 }
 
 } // namespace
@@ -103,10 +117,10 @@ int main(int argc, char** argv)
             for (const double scale : scales.empty() ? std::vector{1.0} : scales)
                 choices.push_back({theme, scale});
     }
-    if (!WriteSheet(path, choices)) {
-        std::fprintf(stderr,
-                     "drawdemo: %s could not be written; is the folder there and writable?\n",
-                     path.c_str());
+    try {
+        WriteSheet(path, choices);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "drawdemo: %s\n", failure.what());
         return 1;
     }
     std::printf("%s\n", path.c_str());

@@ -1,4 +1,4 @@
-#include "panel.h"
+#include "drawdemo/panel.h"
 
 #include "drawing/frames/border.h"
 #include "drawing/frames/widget_skin.h"
