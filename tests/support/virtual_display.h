@@ -36,6 +36,7 @@ public:
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
     bool IsThere() const { return fIsThere; }
+    pid_t Process() const { return fProcess; }
 
     void End()
     {

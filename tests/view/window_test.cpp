@@ -7,6 +7,8 @@
 #include "platform/windows/window_place.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
+#include "view/process/ui_scale.h"
+#include "view/resources_in_use.h"
 #include "view/test_pump.h"
 #include "view/tree/pane.h"
 #include "view/window/size_box.h"
@@ -295,6 +297,13 @@ TEST_F(WindowTest, PlacesItselfAsItsPlacementSays)
           std::pair(kMonitor_Tall, 1), std::pair(kMonitor_Short, 0), std::pair(kMonitor_Wide, 0),
           std::pair(kMonitor_Thin, 1), std::pair(kMonitor_Deep, 1)})
         EXPECT_EQ(ChooseMonitor(two, choice, 1), std::size_t(index)) << choice;
+    CWindowPlacement stored;
+    stored.monitor = kMonitor_Big;
+    EXPECT_EQ(StartMonitor(stored, two, 1), 0U) << "nobody has placed it yet";
+    stored.user = {1100, 50, 1200, 90};
+    EXPECT_EQ(StartMonitor(stored, two, 0), 1U) << "where the user had it";
+    stored.user = {5000, 50, 5100, 90};
+    EXPECT_EQ(StartMonitor(stored, two, 0), 1U) << "the nearest to a monitor that has gone";
 }
 
 TEST_F(WindowTest, ComesBackWhereItWas)
@@ -322,6 +331,104 @@ TEST_F(WindowTest, AnExceptionOutOfTheLoopGivesBackWhatWasTaken)
     EXPECT_EQ(Desktop().ModalCount(), 0U);
     EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
     EXPECT_EQ(dialog.NativeHandle(), nullptr);
+}
+
+// A window whose start fails at each of its steps.
+struct Failing : Dialog {
+    enum class At { kNativeWindow, kViews, kPrepared, kShown };
+
+    Failing(const CWindowPlan& plan, At at) : Dialog(plan), failsAt(at) {}
+    void CreateViews() override { FailAt(At::kViews); }
+    void DidPrepare() override { FailAt(At::kPrepared); }
+    void AfterShow() override { FailAt(At::kShown); }
+    void FailAt(At at) const
+    {
+        if (failsAt == at)
+            throw CError("refused");
+    }
+
+    At failsAt;
+};
+
+// No system has windows of a class with such a name.
+struct ProcessWithoutWindows : PumpedProcess {
+    CText ModalClassName() override { return std::string(300, 'x').c_str(); }
+};
+
+TEST_F(WindowTest, AStartThatFailsGivesBackWhatItTook)
+{
+    using At = Failing::At;
+    const std::pair<const char*, At> steps[] = {{"the native window", At::kNativeWindow},
+                                                {"the views", At::kViews},
+                                                {"the last of the preparations", At::kPrepared},
+                                                {"what follows the showing", At::kShown}};
+    Dialog owner;
+    owner.Start();
+    const std::size_t windows = Platform::ThreadWindows().size();
+    for (const auto& [what, at] : steps)
+        for (const bool runs : {false, true}) {
+            SCOPED_TRACE(what);
+            std::optional<ProcessWithoutWindows> refuses;
+            if (at == At::kNativeWindow)
+                refuses.emplace();
+            Failing dialog(Plan(0x183, &owner), at);
+            dialog.SetModal(true);
+            const auto start = [&] { runs ? void(dialog.Run()) : dialog.Start(); };
+            if (at == At::kNativeWindow)
+                EXPECT_THROW(start(), CSystemError);
+            else
+                EXPECT_THROW(start(), CError);
+            EXPECT_EQ(dialog.NativeHandle(), nullptr);
+            EXPECT_FALSE(dialog.IsStarted());
+            EXPECT_EQ(Desktop().ModalCount(), 0U);
+            EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+            EXPECT_EQ(Platform::ThreadWindows().size(), windows);
+        }
+}
+
+TEST_F(WindowTest, AProcessThatComesAndGoesBelowADialogHandsBack)
+{
+    Dialog dialog;
+    bool wasHandedBack = false;
+    process.PostCall(-1, [&] {
+        {
+            PumpedProcess other;
+            EXPECT_EQ(CProcess::Current(), &other);
+            Dialog inner;
+            inner.SetModal(true);
+            other.PostCall(-1, [&inner] { inner.EndRun(3); });
+            EXPECT_EQ(inner.Run(), 3);
+        }
+        wasHandedBack =
+            CProcess::Current() == &process && CMessenger::GetBullseye() == dialog.field;
+        dialog.EndRun(5);
+    });
+    EXPECT_EQ(dialog.Run(), 5);
+    EXPECT_TRUE(wasHandedBack);
+}
+
+// The size in units stays; the pixels, the views' scale and their places follow.
+TEST_F(WindowTest, FollowsAChangeOfScaleWhileOpen)
+{
+    Dialog dialog;
+    dialog.Start();
+    const double before = dialog.GetScaleFactor();
+    SetUiScale(2.0);
+    Platform::PostToQueue(dialog.NativeHandle(), Number::kDisplayChange);
+    process.PumpQuiet();
+    EXPECT_EQ(dialog.GetScaleFactor(), before * 2.0);
+    EXPECT_EQ(dialog.GetBounds().Width(), 200.0);
+    const PixelRect content = dialog.GetWindowBounds();
+    EXPECT_EQ(content.right - content.left, ToDevice(200.0, before * 2.0));
+    EXPECT_EQ(dialog.GetClientPixels().x, content.right - content.left);
+    EXPECT_EQ(dialog.field->GetFrame(), (Rect{10, 10, 110, 30}));
+    Platform::Bitmap picture;
+    EXPECT_TRUE(Platform::PhotographWindow(dialog.NativeHandle(), picture));
+    SetUiScale(0.0);
+    EXPECT_EQ(GetUiScale(), 1.0) << "0 is no scale";
+    Dialog again;
+    again.Start();
+    EXPECT_EQ(again.GetScaleFactor(), before);
 }
 
 TEST_F(WindowTest, AnOwnerThatDiesFirstEndsTheRun)
@@ -405,14 +512,26 @@ TEST_F(WindowTest, ATipOpensWhereTheMouseRests)
 
 TEST_F(WindowTest, ManyWindowsLeaveNothing)
 {
-    for (int i = 0; i < 2000; ++i) {
-        Dialog dialog;
-        dialog.Start();
-        process.PumpQuiet();
-        dialog.Stop();
-    }
+    const auto open = [this](int times) {
+        for (int i = 0; i < times; ++i) {
+            Dialog dialog(Plan(0x183 | kWin_CanSize | kWin_HasSizeBox));
+            dialog.field->SetTip("What to type", true);
+            dialog.SetModal(true);
+            dialog.Start();
+            process.PumpQuiet();
+            dialog.Stop();
+        }
+    };
+    open(20); // which fill caches
+    const ResourcesInUse before = CountResources();
+    open(2000);
+    const ResourcesInUse after = CountResources();
+    EXPECT_LT(after.bytes, before.bytes + 65536);
+    EXPECT_LE(after.drawing, before.drawing);
+    EXPECT_LE(after.windows, before.windows);
     EXPECT_EQ(Platform::ThreadWindows().size(), 0U);
     EXPECT_EQ(Desktop().FrontWindow(), nullptr);
+    EXPECT_EQ(Desktop().ModalCount(), 0U);
 }
 
 } // namespace

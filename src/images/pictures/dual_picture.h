@@ -63,7 +63,10 @@ public:
     const CMemoryPixmap* GetPixmap(EDensity density) const { return fPixmaps[density].Get(); }
 
     // Puts a representation in the place of one density's. Other pictures keep theirs.
-    void SetPixmap(const CSharedPixmap& pixmap, EDensity density) { fPixmaps[density] = pixmap; }
+    void SetPixmap(CSharedPixmap pixmap, EDensity density)
+    {
+        fPixmaps[density] = std::move(pixmap);
+    }
 
     // Makes the picture paler: multiplies the alpha of both densities by `opacity`, which counts as
     // 1 above that and as 0 below 0 or when it is not a number. Pixmaps without alpha stay as they

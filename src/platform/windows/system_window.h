@@ -40,6 +40,8 @@ bool IsSystemWindow(NativeWindow window);
 // Shows or hides it; sends what goes with that: kShowWindow, activation, focus, kSize and kMove
 // when it is shown for the first time.
 void ShowSystemWindow(NativeWindow window, ShowCommand command);
+// How whoever started this program wants its first window to be shown.
+ShowCommand StartShowCommand();
 bool IsShown(NativeWindow window);
 bool IsMinimized(NativeWindow window);
 bool IsMaximized(NativeWindow window);

@@ -179,7 +179,13 @@ void CExecutable::Start()
     if (wasStarted)
         return;
     const CMessengerWatch watch(this);
-    OnStart();
+    try {
+        OnStart();
+    } catch (...) {
+        if (!watch.IsGone())
+            SetRunFlag(kStarted | kDone, false);
+        throw;
+    }
     if (watch.IsGone() || IsDone())
         return;
     CVisit children(*this, CVisit::From::kFirst);

@@ -52,7 +52,7 @@ public:
 
     // Starts this, unless it runs, and then the children that start with it, unless it is stopped
     // or done by then. What the children do to it ends their starts only if it is stopped: one that
-    // is done at once leaves the others their turns.
+    // is done at once leaves the others their turns. When OnStart throws, this doesn't run.
     virtual void Start();
 
     // Stops the children that run, the last one first, and deletes those that are marked for it;

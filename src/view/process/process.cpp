@@ -5,6 +5,7 @@
 #include "platform/system/process.h"
 #include "platform/windows/focus.h"
 #include "platform/windows/foreign_loop.h"
+#include "platform/windows/system_window.h"
 #include "view/process/desktop.h"
 #include "view/process/posted_events.h"
 
@@ -151,6 +152,11 @@ Platform::NativeWindow CProcess::AlertParent()
     const CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
     const CDesktopWindow* const front = desktop != nullptr ? desktop->FrontOwner() : nullptr;
     return front != nullptr ? front->NativeHandle() : nullptr;
+}
+
+Platform::ShowCommand CProcess::StartShowCommand()
+{
+    return Platform::StartShowCommand();
 }
 
 CText CProcess::GetProductName()

@@ -13,6 +13,7 @@
 
 #include "foundation/settings/settings_store.h"
 #include "foundation/streams/file_spec.h"
+#include "platform/windows/window_kinds.h"
 #include "view/messages/process_link.h"
 #include "view/process/event_list.h"
 #include "view/process/executable.h"
@@ -86,6 +87,9 @@ public:
 
     void ForgetMessenger(CMessenger* messenger) override;
 
+    // How the first window is to be shown, unless it is modal; the base asks the system.
+    virtual Platform::ShowCommand StartShowCommand();
+
     // Names and places. The base knows the module's; a name that it has no answer for is empty.
     virtual CText GetProductName();
     virtual CText GetUIFont(); // empty: the system's
@@ -150,8 +154,9 @@ public:
     // A turn for posted events, idlers and timers of the current process while a loop of the
     // system's own pumps the messages: a frame is dragged, a menu is open, the host is at work.
     // Whatever they throw is reported, since nothing may unwind through the system. Without a
-    // process nothing is done.
-    static void RunForeignTurn();
+    // process nothing is done. `timer` is the number of the thread's timer that is due, 0 when any
+    // may be.
+    static void RunForeignTurn(std::uintptr_t timer = 0);
 
     // Whether a request to quit waits for the runs to end, and a run that refuses it: then the
     // others aren't asked. The host gets it all the same.

@@ -239,7 +239,7 @@ void CProcess::RunIdle(std::uint32_t flags)
 }
 
 // Events that are posted by these ones wait for the next turn, so that the turn ends.
-void CProcess::RunForeignTurn()
+void CProcess::RunForeignTurn(std::uintptr_t timer)
 {
     CProcess* const process = Current();
     if (process == nullptr)
@@ -253,7 +253,12 @@ void CProcess::RunForeignTurn()
     while (hasEvent())
         Reported([process] { process->DispatchTopEvent(); });
     Reported([] { CIdler::RunIdlers(Now()); });
-    Reported([] { CTimer::RunTimers(Now(), CTimer::Whose::kThread); });
+    Reported([timer] {
+        if (timer == 0)
+            CTimer::RunTimers(Now(), CTimer::Whose::kThread);
+        else
+            CTimer::FireSystemTimer({nullptr, kTimer, timer}, Now());
+    });
 }
 
 } // namespace Kesto

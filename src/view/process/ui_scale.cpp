@@ -20,7 +20,8 @@ UiScaleMode GetUiScaleMode()
 
 void SetUiScale(double scale)
 {
-    gScale = scale;
+    constexpr double kMost = 16.0;
+    gScale = scale > 0.0 && scale <= kMost ? scale : 1.0;
 }
 
 double GetUiScale()

@@ -11,8 +11,8 @@ enum class UiScaleMode : int32_t {};
 void SetUiScaleMode(UiScaleMode mode);
 UiScaleMode GetUiScaleMode();
 
-// How much larger than usual all windows are, on top of what the mode asks for; 1 at first. Open
-// windows stay as they are.
+// How much larger than usual all windows are, on top of what the mode asks for; 1 at first, and for
+// what is no scale. Open windows stay as they are until the display changes.
 void SetUiScale(double scale);
 double GetUiScale();
 

@@ -1,10 +1,33 @@
 // Putting children in and taking them out.
 #include "view/tree/pane.h"
+#include "view/tree/view_depth.h"
 #include "view/tree/view_hold.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace Kesto {
+namespace {
+
+// Of the views from the root to this one.
+int DepthOf(const CView& view)
+{
+    int depth = 1;
+    for (const CView* parent = view.GetParent(); parent != nullptr; parent = parent->GetParent())
+        ++depth;
+    return depth;
+}
+
+// Of the views from this one to its deepest leaf.
+int HeightOf(const CView& view)
+{
+    int below = 0;
+    for (std::size_t i = 0; i < view.CountChildren(); ++i)
+        below = std::max(below, HeightOf(*view.GetChild(i)));
+    return 1 + below;
+}
+
+} // namespace
 
 std::size_t CView::IndexOf(const CView* child) const
 {
@@ -19,6 +42,8 @@ void CView::InsertChild(std::size_t index, std::unique_ptr<CPane> child)
 {
     if (child == nullptr)
         return;
+    if (DepthOf(*this) + HeightOf(*child) > kMaxViewDepth)
+        throw std::logic_error("Warning! (depth <= kMaxViewDepth)");
     const CViewHold hold(*this);
     const std::size_t place = std::min(index, fChildren.size());
     fChildren.insert(fChildren.begin() + static_cast<std::ptrdiff_t>(place), child.get());

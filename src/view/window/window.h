@@ -240,9 +240,10 @@ private:
     bool PressButton(CWindowButton* button, std::uint32_t key);
     bool IsCloseKey(const CKeyboardMessage& message) const;
     CMouseEvent EventOf(const Platform::WindowMessage& message) const;
-    std::optional<Platform::PixelRect> StartPlace() const;
+    Platform::PixelRect StartPlace() const;
     double WantedScale(Platform::NativeWindow near) const;
     Platform::ShowCommand NextShowCommand();
+    bool OpensBehind() const;
     void ForgetSystemWindow();
     void AddToClients(CPane& pane, std::uint32_t bit, bool on);
 

@@ -109,14 +109,12 @@ void CWindow::SetTitle(const CText& title)
     Platform::SetWindowTitle(fWindow, title.CStr());
 }
 
-// By the monitor of the owner. A place that was stored is one of the numbers from 0 on.
-std::optional<PixelRect> CWindow::StartPlace() const
+PixelRect CWindow::StartPlace() const
 {
     const std::vector<Monitor> monitors = Platform::ListMonitors();
     const PixelRect owner = Platform::FrameOf(fOwnerWindow);
-    const std::size_t monitor =
-        ChooseMonitor(monitors, static_cast<EMonitorChoice>(fPlacement.monitor),
-                      owner.IsEmpty() ? 0 : Platform::MonitorOf(monitors, owner));
+    const std::size_t monitor = StartMonitor(
+        fPlacement, monitors, owner.IsEmpty() ? 0 : Platform::MonitorOf(monitors, owner));
     const Platform::FrameInsets insets = Platform::InsetsOf(fWindow);
     return PlaceOnMonitor(fPlacement, monitors[monitor],
                           {GetBounds().Width(), GetBounds().Height()}, GetScaleFactor(),
@@ -146,6 +144,9 @@ void CWindow::SavePlacement()
     }
     fPlacement.positionX = std::max(left, 0.0);
     fPlacement.positionY = std::max(top, 0.0);
+    fPlacement.user = {double(content.left - insets.left), double(content.top - insets.top),
+                       double(content.right + insets.right),
+                       double(content.bottom + insets.bottom)};
     fPlacement.sizeX = width;
     fPlacement.sizeY = height;
     fPlacement.state = Platform::IsMinimized(fWindow)   ? kWinState_Minimized

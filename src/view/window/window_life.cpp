@@ -104,12 +104,19 @@ void CWindow::SetModal(bool on)
     PutWindowState(kWindow_Modal | kWindow_DisableOwner, on);
 }
 
+// A start that fails gives back what it took.
 void CWindow::OnStart()
 {
     const CViewHold hold(*this);
-    Prepare();
-    if (!hold.IsOver() && IsStarted() && !HasFeature(kWin_OpenHidden))
-        Open();
+    try {
+        Prepare();
+        if (!hold.IsOver() && IsStarted() && !HasFeature(kWin_OpenHidden))
+            Open();
+    } catch (...) {
+        if (!hold.IsOver())
+            DisposeSystemWindow();
+        throw;
+    }
 }
 
 void CWindow::OnStop()
@@ -167,8 +174,9 @@ void CWindow::CreateSystemWindow()
     if (process != nullptr)
         process->WindowOpened();
     SetScaleFactor(WantedScale(fOwnerWindow != nullptr ? fOwnerWindow : fWindow));
-    if (const auto place = StartPlace())
-        Platform::PlaceContent(fWindow, *place);
+    Platform::PlaceContent(fWindow, StartPlace());
+    PutWindowState(kWindow_WasMaximized,
+                   IsFloat() && fPlacement.state == double(kWinState_Maximized));
     SetScreenPosition({GetWindowBounds().left, GetWindowBounds().top});
     ChangeScale(GetScaleFactor());
 }
@@ -182,11 +190,29 @@ double CWindow::WantedScale(Platform::NativeWindow near) const
     return (byMonitor ? Platform::ScaleOf(near) : 1.0) * GetUiScale();
 }
 
+// The first window of the process opens as whoever started the program wants it.
+bool CWindow::OpensBehind() const
+{
+    static bool wasAnyOpened = false;
+    if (std::exchange(wasAnyOpened, true) || IsModal() ||
+        HasWindowState(kWindow_Popup | kWindow_MDIChild))
+        return false;
+    CProcess* const process = CProcess::Current();
+    const Platform::ShowCommand command =
+        process != nullptr ? process->StartShowCommand() : Platform::ShowCommand::kNormal;
+    return command == Platform::ShowCommand::kNormalInactive ||
+           command == Platform::ShowCommand::kMinimizedInactive ||
+           command == Platform::ShowCommand::kShowInactive;
+}
+
 void CWindow::Open()
 {
     const CViewHold hold(*this);
     const bool isFirst = !std::exchange(fWasOpened, true);
-    if (isFirst && !HasWindowState(kWindow_Popup) && !IsFloat())
+    const bool staysBehind = isFirst && OpensBehind();
+    if (staysBehind)
+        SetShowCommand(Platform::ShowCommand::kNormalInactive);
+    else if (isFirst && !HasWindowState(kWindow_Popup) && !IsFloat())
         Activate();
     Show();
     if (hold.IsOver() || !isFirst)
@@ -195,7 +221,7 @@ void CWindow::Open()
     if (hold.IsOver())
         return;
     DoScaleChanged(true);
-    if (!hold.IsOver() && IsUsable() && !HasWindowState(kWindow_Popup))
+    if (!hold.IsOver() && IsUsable() && !staysBehind && !HasWindowState(kWindow_Popup))
         FocusFirstStop();
 }
 

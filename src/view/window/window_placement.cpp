@@ -84,6 +84,18 @@ std::size_t ChooseMonitor(std::span<const Platform::Monitor> monitors, EMonitorC
     return best;
 }
 
+std::size_t StartMonitor(const CWindowPlacement& placement,
+                         std::span<const Platform::Monitor> monitors, std::size_t ownersMonitor)
+{
+    const auto& [left, top, right, bottom] = placement.user;
+    const PixelRect user{RoundHalfAway(left), RoundHalfAway(top), RoundHalfAway(right),
+                         RoundHalfAway(bottom)};
+    if (!user.IsEmpty())
+        return Platform::MonitorOf(monitors, user);
+    return ChooseMonitor(monitors, static_cast<EMonitorChoice>(RoundHalfAway(placement.monitor)),
+                         ownersMonitor);
+}
+
 std::span<const CPlacementKey> PlacementKeys()
 {
     return kKeys;

@@ -22,7 +22,8 @@ struct CWindowPlacement {
     double monitor = kMonitor_Main;
     double slopX = 0.0; // left free beside a window that is zoomed
     double slopY = 0.0;
-    std::array<double, 4> user{}; // left, top, right, bottom as the user had it
+    std::array<double, 4> user{}; // left, top, right, bottom in pixels of the desktop, as the user
+                                  // had it last: it opens on the monitor there
     std::array<double, 4> last{}; // before it was maximized
 };
 
@@ -37,6 +38,11 @@ std::span<const CPlacementKey> PlacementKeys();
 // are alike, as their depths are.
 std::size_t ChooseMonitor(std::span<const Platform::Monitor> monitors, EMonitorChoice choice,
                           std::size_t ownersMonitor);
+
+// The index of the one that it opens on: where the user had it, or the nearest one if that has
+// gone; else the one that it chooses.
+std::size_t StartMonitor(const CWindowPlacement& placement,
+                         std::span<const Platform::Monitor> monitors, std::size_t ownersMonitor);
 
 // The rectangle of the content, in pixels of the screen, for a window of that natural size in units
 // and these edges of its frame in pixels (left, top, right, bottom). It lies on the monitor's work

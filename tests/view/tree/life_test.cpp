@@ -1,5 +1,6 @@
 #include "view/tree/test_views.h"
 
+#include "view/tree/view_depth.h"
 #include "view/tree/view_hold.h"
 
 #include <set>
@@ -188,6 +189,33 @@ TEST_F(Tree, ATreeGoesFromItsLastLeafAndTellsAbove)
     a->Dispose();
     EXPECT_EQ(window.gone, "cdba");
     EXPECT_EQ(window.CountChildren(), 0U);
+}
+
+// However deep a tree is let grow, all that walks it comes back.
+TEST_F(Tree, DepthIsBounded)
+{
+    CView* deepest = &root;
+    for (int depth = 1; depth < kMaxViewDepth; ++depth)
+        deepest = Add("p", {0, 0, 50, 50}, deepest, kView_DrawBuffer);
+    EXPECT_THROW(Add("too deep", {0, 0, 50, 50}, deepest), std::logic_error);
+    EXPECT_EQ(root.ChildAtPoint({5, 5}), deepest);
+    EXPECT_NE(Drawn(), "");
+    root.Disable();
+    root.ChangeScale(2.0);
+    EXPECT_FALSE(deepest->IsUsable());
+    root.DisposeContents();
+
+    auto tower = std::make_unique<CPane>(Rect{0, 0, 10, 10});
+    for (int height = 1; height < kMaxViewDepth - 1; ++height) {
+        SCOPED_TRACE(height);
+        auto below = std::make_unique<CPane>(Rect{0, 0, 10, 10});
+        below->AppendChild(std::move(tower));
+        tower = std::move(below);
+    }
+    CPane* const top = Add("t", {0, 0, 10, 10});
+    EXPECT_THROW(top->AppendChild(std::move(tower)), std::logic_error)
+        << "it is counted to its leaf";
+    EXPECT_EQ(top->CountChildren(), 0U);
 }
 
 TEST_F(Tree, TheMouseForgetsWhoeverGoes)

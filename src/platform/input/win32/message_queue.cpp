@@ -2,6 +2,7 @@
 
 #include "platform/input/stopped_exception.h"
 #include "platform/input/system_timer.h"
+#include "platform/input/win32/turn_window.h"
 #include "platform/system/win32/handles.h"
 
 #include <utility>
@@ -16,8 +17,9 @@ thread_local std::optional<int> gQuit;
 
 QueuedMessage FromSystem(const MSG& message)
 {
-    return {Window(message.hwnd), message.message, message.wParam, message.lParam,
-            message.time,         message.pt.x,    message.pt.y};
+    const HWND window = IsTurnWindow(message.hwnd) ? nullptr : message.hwnd;
+    return {Window(window), message.message, message.wParam, message.lParam,
+            message.time,   message.pt.x,    message.pt.y};
 }
 
 MSG ToSystem(const QueuedMessage& message)
@@ -123,15 +125,17 @@ bool TranslateCommandKeys(NativeWindow window, void* table, const QueuedMessage&
 
 std::uintptr_t ArmTimer(NativeWindow window, std::uintptr_t number, std::uint32_t milliseconds)
 {
-    const std::uintptr_t given = SetTimer(Handle(window), number, milliseconds, nullptr);
-    return given != 0 && window != nullptr
-               ? number
-               : given; // for a window the system only says that it went well
+    if (window == nullptr)
+        return ArmThreadTimer(milliseconds);
+    return SetTimer(Handle(window), number, milliseconds, nullptr) != 0 ? number : 0;
 }
 
 void DisarmTimer(NativeWindow window, std::uintptr_t number)
 {
-    KillTimer(Handle(window), number);
+    if (window == nullptr)
+        DisarmThreadTimer(number);
+    else
+        KillTimer(Handle(window), number);
 }
 
 } // namespace Platform

@@ -1,19 +1,9 @@
 #include "platform/system/resources.h"
 
-#include <windows.h>
+#include "platform/system/win32/this_module.h"
 
 namespace Platform {
 namespace {
-
-// The module that this code was linked into, whether the plug-in's .dll or a test program.
-HMODULE ThisModule()
-{
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&ThisModule), &module);
-    return module;
-}
 
 BOOL CALLBACK CollectName(HMODULE, LPCSTR, LPSTR name, LONG_PTR list)
 {

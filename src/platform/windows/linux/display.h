@@ -52,7 +52,8 @@ public:
     // True while the keyboard is with this process.
     virtual bool IsForeground() const { return true; }
 
-    // True once the display has gone: no window can be shown, and those there were are to close.
+    // True once the display has gone: no window can be made, and those there were hear of their
+    // end.
     virtual bool IsLost() const { return false; }
 
     // Another program's window: whether it lives, and whether it gets input.

@@ -5,11 +5,11 @@
 namespace Platform {
 namespace {
 
-void (*gTurn)() = nullptr;
+void (*gTurn)(std::uintptr_t timer) = nullptr;
 
 }
 
-void SetForeignTurn(void (*turn)())
+void SetForeignTurn(void (*turn)(std::uintptr_t timer))
 {
     gTurn = turn;
 }
@@ -23,7 +23,7 @@ void ForeignLoop::Leave() {}
 void TakeForeignTurn()
 {
     if (gTurn != nullptr)
-        gTurn();
+        gTurn(0);
 }
 
 } // namespace Platform

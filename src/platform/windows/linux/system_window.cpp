@@ -3,11 +3,13 @@
 #include "platform/input/linux/queue.h"
 #include "platform/input/message_numbers.h"
 #include "platform/input/stopped_exception.h"
+#include "platform/system/errors.h"
 #include "platform/windows/focus.h"
 #include "platform/windows/linux/activation.h"
 #include "platform/windows/linux/display.h"
 #include "platform/windows/linux/route.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -42,6 +44,11 @@ bool Activates(ShowCommand command)
 
 NativeWindow MakeSystemWindow(const WindowPlan& plan, WindowProcedure& procedure)
 {
+    constexpr std::size_t kLongestClassName = 255; // as everywhere
+    if (plan.className.size() > kLongestClassName) {
+        SetLastError(ENAMETOOLONG);
+        return nullptr;
+    }
     Display::Connect();
     SetInputRouter(RouteInput);
     auto window = std::make_unique<TopWindow>(plan, procedure);
@@ -79,6 +86,11 @@ bool IsSystemWindow(NativeWindow window)
     return LinuxWindow::From(window) != nullptr ||
            Display::Get().IsForeignWindow(
                static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(window)));
+}
+
+ShowCommand StartShowCommand()
+{
+    return ShowCommand::kNormal;
 }
 
 bool IsShown(NativeWindow window)

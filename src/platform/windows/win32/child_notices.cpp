@@ -1,5 +1,6 @@
 #include "platform/windows/win32/child_notices.h"
 
+#include "platform/system/win32/this_module.h"
 #include "platform/windows/win32/window_record.h"
 
 #include <commctrl.h>

@@ -1,44 +1,33 @@
 #include "platform/windows/foreign_loop.h"
 
-#include "platform/input/stopped_exception.h"
-
-#include <windows.h>
+#include "platform/input/system_timer.h"
+#include "platform/input/win32/turn_window.h"
 
 namespace Platform {
 namespace {
 
-constexpr UINT kPeriod = 30; // milliseconds
+constexpr std::uint32_t kPeriod = 30; // milliseconds
 
-void (*gTurn)() = nullptr;
 int gLoops = 0;
-UINT_PTR gTimer = 0;
-
-// Whoever dispatches the timer's message calls this.
-void CALLBACK TakeTurn(HWND, UINT, UINT_PTR, DWORD)
-{
-    WithExceptionsStopped([] {
-        if (gTurn != nullptr && gLoops > 0)
-            gTurn();
-    });
-}
+std::uintptr_t gTimer = 0;
 
 } // namespace
 
-void SetForeignTurn(void (*turn)())
+void SetForeignTurn(void (*turn)(std::uintptr_t timer))
 {
-    gTurn = turn;
+    SetTurnReceiver(turn);
 }
 
 void ForeignLoop::Enter()
 {
     if (gLoops++ == 0)
-        gTimer = SetTimer(nullptr, 0, kPeriod, TakeTurn);
+        gTimer = ArmTimer(nullptr, 0, kPeriod);
 }
 
 void ForeignLoop::Leave()
 {
     if (gLoops > 0 && --gLoops == 0)
-        KillTimer(nullptr, gTimer);
+        DisarmTimer(nullptr, gTimer);
 }
 
 } // namespace Platform

@@ -1,6 +1,7 @@
 #include "platform/windows/system_window.h"
 
 #include "platform/system/win32/late_function.h"
+#include "platform/system/win32/this_module.h"
 #include "platform/system/win32/wide.h"
 #include "platform/windows/win32/dpi.h"
 #include "platform/windows/win32/window_record.h"
@@ -63,8 +64,15 @@ NativeWindow MakeSystemWindow(const WindowPlan& plan, WindowProcedure& procedure
                       ? WindowKind::kDocument
                       : plan.kind;
     record.features = plan.features;
-    if (plan.kind == WindowKind::kMDIFrame)
+    if (plan.kind == WindowKind::kMDIFrame) {
         record.documents = MakeDocumentsClient(window);
+        if (record.documents == nullptr) {
+            const DWORD refusal = GetLastError();
+            DestroyWindow(window);
+            SetLastError(refusal);
+            return nullptr;
+        }
+    }
     record.procedure = &procedure;
     AddRecord(window, record);
     return Window(window);
@@ -97,6 +105,14 @@ void ShowSystemWindow(NativeWindow window, ShowCommand command)
         number = SW_SHOWNOACTIVATE;
     ShowWindow(Handle(window), number);
     ThrowStopped();
+}
+
+ShowCommand StartShowCommand()
+{
+    STARTUPINFOW info{};
+    GetStartupInfoW(&info);
+    return (info.dwFlags & STARTF_USESHOWWINDOW) != 0 ? static_cast<ShowCommand>(info.wShowWindow)
+                                                      : ShowCommand::kNormal;
 }
 
 bool IsShown(NativeWindow window)

@@ -46,16 +46,6 @@ bool IsKeptFromSystem(UINT number, WPARAM first)
     }
 }
 
-HINSTANCE ThisModule()
-{
-    static const char anchor = 0;
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&anchor), &module);
-    return module;
-}
-
 WindowRecord* RecordOf(HWND window)
 {
     const auto found = Records().find(window);

@@ -40,7 +40,4 @@ void ShowCuesOf(HWND window);
 // Keys that would open the system's menus, or close the window without its being asked.
 bool IsKeptFromSystem(UINT number, WPARAM first);
 
-// The module that this code lies in; classes belong to it.
-HINSTANCE ThisModule();
-
 } // namespace Platform

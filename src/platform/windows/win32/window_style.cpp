@@ -1,5 +1,6 @@
 #include "platform/windows/win32/window_style.h"
 
+#include "platform/system/win32/this_module.h"
 #include "platform/windows/win32/window_record.h"
 
 #include <set>
@@ -34,6 +35,11 @@ public:
     {
         if (fNames.contains(name))
             return true;
+        constexpr std::size_t kLongestName = 255; // not every system looks
+        if (name.size() > kLongestName) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return false;
+        }
         WNDCLASSW kept{};
         kept.style = kind == WindowKind::kPopup ? CS_DROPSHADOW | CS_SAVEBITS : 0;
         kept.lpfnWndProc = ReceiveMessage;

@@ -11,12 +11,23 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
 using namespace Platform;
 using std::chrono::steady_clock;
+
+// Kilobytes that a process has in memory.
+long MemoryOf(pid_t process)
+{
+    long pages = 0;
+    long resident = 0;
+    std::ifstream("/proc/" + std::to_string(process) + "/statm") >> pages >> resident;
+    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
 
 template <class Condition>
 bool PumpUntil(Condition holds)
@@ -83,10 +94,24 @@ TEST(DisplayTest, AWindowIsTypedIntoAndOutlivesItsDisplay)
         return edit->Selection() == TextRange{0, 5};
     })) << "a double click selects the word";
 
+    const auto openOthers = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            WindowTest::Window other("o", log, plan);
+            const PixelRect part{0, 0, 50, 50};
+            ShowSystemWindow(other.handle, ShowCommand::kShow);
+            PresentBitmap(other.handle, ground, {&part, 1});
+            log.clear();
+        }
+    };
+    openOthers(100);
+    const long before = MemoryOf(display.Process());
+    openOthers(2000);
+    EXPECT_LT(MemoryOf(display.Process()), before + 512) << "the server keeps nothing of them";
+
     log.clear();
     display.End();
-    EXPECT_TRUE(PumpUntil([&] { return !log.empty() && log.back() == "w close"; }))
-        << "a lost display closes";
+    EXPECT_TRUE(PumpUntil([&] { return !log.empty() && log.back() == "w destroyed"; }))
+        << "a lost display takes its windows along";
     EXPECT_FALSE(IsProcessForeground());
     EXPECT_EQ(MakeSystemWindow(plan, window), nullptr);
     unsetenv("DISPLAY");

@@ -77,14 +77,14 @@ void XcbDisplay::Read()
         Lose();
 }
 
-// All windows are asked to close; nobody can answer a question any more.
+// All windows have gone with it, and none is asked: nobody can answer a question any more.
 void XcbDisplay::Lose()
 {
     if (std::exchange(fIsLost, true))
         return;
     SetInputSource(-1, nullptr);
     for (const auto& [number, known] : fWindows)
-        PostToQueue(known.window->Handle(), kClose);
+        PostToQueue(known.window->Handle(), kFrameDestroyed);
 }
 
 void XcbDisplay::Take(const xcb_generic_event_t& event)

@@ -1,0 +1,20 @@
+// The hidden window that the thread's timers hang on. Loops of the system's own drop messages that
+// have no window; those of this one they hand over, and it passes them on.
+#pragma once
+
+#include <cstdint>
+#include <windows.h>
+
+namespace Platform {
+
+// Gets the number of each of these timers that comes due in a loop that isn't the program's; null
+// for nobody. What it throws is stopped.
+void SetTurnReceiver(void (*receiver)(std::uintptr_t timer));
+
+// The window is made for the first timer and goes with the last one. 0 if the system refuses.
+std::uintptr_t ArmThreadTimer(std::uint32_t milliseconds);
+void DisarmThreadTimer(std::uintptr_t number);
+
+bool IsTurnWindow(HWND window);
+
+} // namespace Platform

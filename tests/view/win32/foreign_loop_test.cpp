@@ -1,0 +1,62 @@
+// What goes on while a loop that isn't ours pumps the thread's messages.
+#include "platform/input/system_timer.h"
+#include "view/process/timer.h"
+#include "view/test_pump.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <functional>
+
+namespace {
+
+using namespace Kesto;
+
+// As a message box or the host runs it.
+void RunLoopOfSystem(const std::function<bool()>& isOver)
+{
+    const DWORD end = GetTickCount() + 10000;
+    MSG message{};
+    while (!isOver() && GetTickCount() < end && GetMessageW(&message, nullptr, 0, 0) > 0)
+        DispatchMessageW(&message);
+}
+
+void Count(void* count, double, double)
+{
+    ++*static_cast<int*>(count);
+}
+
+TEST(ForeignLoop, RunsTimersAndPostedEvents)
+{
+    PumpedProcess process;
+    int fired = 0;
+    bool wasPosted = false;
+    CTimer timer(0.03, Count, &fired);
+    timer.Start();
+    process.PostCall(0, [&wasPosted] { wasPosted = true; });
+    RunLoopOfSystem([&] { return fired >= 3 && wasPosted; });
+    EXPECT_GE(fired, 3);
+    EXPECT_TRUE(wasPosted);
+    timer.Stop();
+    const int before = fired;
+    process.PumpQuiet();
+    EXPECT_EQ(fired, before) << "a stopped one is silent in all loops";
+}
+
+TEST(ForeignLoop, LeavesNoWindowOfItsTimers)
+{
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    for (int i = 0; i < 100; ++i) {
+        SCOPED_TRACE(i);
+        const std::uintptr_t first = Platform::ArmTimer(nullptr, 0, 1000);
+        const std::uintptr_t second = Platform::ArmTimer(nullptr, 0, 1000);
+        EXPECT_NE(first, second);
+        Platform::DisarmTimer(nullptr, first);
+        Platform::DisarmTimer(nullptr, second);
+    }
+    EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), before);
+    WNDCLASSW kind{};
+    EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"Kesto_TurnClass", &kind));
+}
+
+} // namespace
