@@ -247,6 +247,18 @@ TEST_F(Scroller, BarsAndPaneGoTogether)
     EXPECT_EQ(bar.GetFrame(), (Rect{150, 0, 165, 150}));
 }
 
+TEST_F(Scroller, APaneThatWasTakenOutIsOnItsOwn)
+{
+    Make(kScroller_YBar, {200, 300});
+    const std::unique_ptr<CPane> taken = scroller.RemoveChild(pane);
+    ASSERT_EQ(taken.get(), pane);
+    EXPECT_EQ(scroller.GetScrollPane(), nullptr);
+    scroller.GetVerticalBar()->UsePart(kScrollPart_ButtonForward);
+    scroller.Dispose();
+    pane->ScrollTo({0, 50});
+    EXPECT_EQ(pane->GetImageOrigin().y, 50);
+}
+
 TEST_F(Scroller, PixelsStayWholeAtEveryScale)
 {
     Make(kScroller_YBar, {100, 1000});

@@ -157,6 +157,15 @@ void CScroller::InsertChild(std::size_t index, std::unique_ptr<CPane> child)
     Arrange();
 }
 
+// A pane that is handed over may outlive this scroller.
+std::unique_ptr<CPane> CScroller::RemoveChild(CPane* child)
+{
+    std::unique_ptr<CPane> removed = CPane::RemoveChild(child);
+    if (auto* const pane = dynamic_cast<CScrollPane*>(removed.get()))
+        pane->SetListener(nullptr);
+    return removed;
+}
+
 // -------------------------------------------------------------------------------------- Placing
 
 void CScroller::DidResize()

@@ -39,6 +39,7 @@ public:
     CView& Interior(std::int32_t number) override;
 
     void InsertChild(std::size_t index, std::unique_ptr<CPane> child) override;
+    std::unique_ptr<CPane> RemoveChild(CPane* child) override;
     void DidResize() override;
     bool HandleOther(CMessage& message) override;
     bool MouseWheel(const CMouseEvent& event) override;
