@@ -3,8 +3,10 @@
 
 #include "controls/buttons/system_button.h"
 #include "controls/text/static_text.h"
+#include "foundation/base/service.h"
 #include "platform/windows/focus.h"
 #include "platform/windows/window_paint.h"
+#include "view/process/desktop.h"
 
 #include <gtest/gtest.h>
 
@@ -137,6 +139,43 @@ TEST_F(FieldLabels, ButtonsOfTheSystemWorkByMouseAndKeysAndShowWhatThePaneDrew)
                               static_cast<std::size_t>(pixels.right - pixels.left) * 4),
                   0)
             << "row " << y;
+}
+
+// The alert is a window, which the user answers; the dialog goes on afterwards.
+TEST(FieldAlerts, LeaveADialogAsItIs)
+{
+    PumpedProcess process;
+    CWindowPlan plan;
+    plan.features = 0x183;
+    CDialog dialog(plan);
+    dialog.SetModal(true);
+    auto* const field =
+        dialog.AppendChild(std::make_unique<CEditNumber>(Rect{10, 10, 110, 34}, CObjID("field")));
+    dialog.AppendChild(std::make_unique<CEditString>(Rect{10, 40, 110, 64}));
+    field->SetValueAndRange(5, 0, 100);
+    const auto press = [](std::uint32_t key, std::u16string_view text) {
+        Platform::InjectKey(key, true, text);
+        Platform::InjectKey(key, false);
+    };
+    std::string seen;
+    process.PostCall(-1, [&] {
+        field->BecomeBullseye(true);
+        field->SelectAll();
+        field->ReplaceSelection("101");
+        press(kKeyCode_Tab, {});
+        process.PostCall(-1, [&] {
+            seen += CServiceT<CDesktop>::Get()->ModalCount() == 2 ? "alert " : "";
+            press(kKeyCode_Return, u"\r");
+            process.PostCall(-1, [&] {
+                seen += dialog.IsVisible() && field->IsBullseye() ? "dialog " : "";
+                EXPECT_EQ(field->GetValue(), 100);
+                seen += Platform::FocusedWindow() == field->GetFocusWindow() ? "focus " : "";
+                dialog.DoClose();
+            });
+        });
+    });
+    dialog.Run();
+    EXPECT_EQ(seen, "alert dialog focus ");
 }
 
 } // namespace
