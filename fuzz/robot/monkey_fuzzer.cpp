@@ -73,6 +73,8 @@ public:
         event = {};
         if (!fBytes.empty())
             Act(event);
+        else if (fReleased < std::size(kReleases)) // a drag would go on for ever
+            event.message = kReleases[fReleased++];
         else if (FindWindowOf(nullptr) != nullptr)
             event.message = kHostRequestDismiss;
         else
@@ -258,7 +260,10 @@ private:
         }
     }
 
+    static constexpr std::uint32_t kReleases[] = {0x202, 0x205}; // of both buttons
+
     std::span<const unsigned char> fBytes;
+    std::size_t fReleased = 0;
     HostUnits fUnits{};
     int fModal = 0;
     bool fIsOver = false;

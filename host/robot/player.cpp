@@ -134,8 +134,11 @@ void Player::DismissFront()
         fStep = Step::kOver;
         return;
     }
-    if (fDismissed++ == 0)
+    if (fDismissed++ == 0) {
         Put(kHostRequestMessages, nullptr); // what goes on now is no work of the script's
+        if (fIsHeld)
+            PutMouse(kLeftUp, fSpot); // a drag would go on for ever
+    }
     Put(kHostRequestDismiss, windows.front().handle);
 }
 
@@ -166,6 +169,7 @@ void Player::Act(const Action& action)
         PutMouse(kMouseMove, Find(action.view));
         break;
     case Verb::kRelease:
+        fIsHeld = false;
         PutMouse(kLeftUp, fSpot);
         break;
     case Verb::kWheel:
@@ -254,6 +258,7 @@ void Player::Press(const Action& action, const Spot& spot, int count)
         if (action.verb == Verb::kClick)
             PutMouse(down + 1, spot);
     }
+    fIsHeld = action.verb == Verb::kPress;
     fWasPressed = true;
     fSincePress = 0;
 }

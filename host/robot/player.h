@@ -92,7 +92,8 @@ private:
     Step fStep = Step::kLook;
     std::deque<HostInputEvent> fEvents; // that the windows are to get
     std::unique_ptr<Records> fRecords;
-    Spot fSpot; // where the mouse is
+    Spot fSpot;           // where the mouse is
+    bool fIsHeld = false; // the left button, by `press`
     bool fWasPressed = false;
     double fSincePress = 0; // seconds that were waited since
     std::string fShot;      // the file of the photograph that was asked for

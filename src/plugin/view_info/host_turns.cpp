@@ -6,6 +6,7 @@
 #include "plugin/view_info/window_requests.h"
 #include "view/messages/process_event.h"
 #include "view/process/process.h"
+#include "view/process/tracker.h"
 
 #include <memory>
 #include <utility>
@@ -25,12 +26,23 @@ private:
     HostInputEvent fEvent;
 };
 
-// Timers come again and again, and wait for nobody.
+bool IsPending(std::uint32_t first, std::uint32_t last)
+{
+    return Platform::PeekQueue(Platform::Peek::kLeave, {first, last}).has_value();
+}
+
+// Timers come again and again, and wait for nobody. While a tracker runs, what is no input and no
+// paint waits for its end.
 bool IsQuiet(CProcess& process)
 {
+    using namespace Platform::Number;
+    if (process.TopEvent() != nullptr)
+        return false;
+    if (CTracker::Active() != nullptr)
+        return !IsPending(kMouseFirst, kMouseLast) && !IsPending(kKeyFirst, kKeyLast) &&
+               !IsPending(kPaint, kPaint);
     const auto pending = Platform::PeekQueue(Platform::Peek::kLeave);
-    return process.TopEvent() == nullptr &&
-           (!pending || pending->number == Platform::Number::kTimer);
+    return !pending || pending->number == kTimer;
 }
 
 } // namespace
