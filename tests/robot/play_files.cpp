@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
+#include <string_view>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -17,7 +19,10 @@ std::string LayoutOf(const fs::path& script)
     std::string line;
     std::ifstream file(script);
     std::getline(file, line);
-    return line.substr(std::min(line.size(), std::string("# layout: ").size()));
+    constexpr std::string_view kBegin = "# layout: ";
+    if (!line.starts_with(kBegin))
+        throw std::runtime_error(script.string() + " doesn't begin with \"# layout: NAME.vex\"");
+    return line.substr(kBegin.size());
 }
 
 } // namespace

@@ -20,7 +20,9 @@ std::string KeyName(std::uint64_t key)
 {
     static const std::map<std::uint64_t, std::string> names = {
         {0x08, "BackSpace"}, {0x09, "Tab"},   {0x0D, "Return"}, {0x10, "Shift_L"},
-        {0x11, "Control_L"}, {0x12, "Alt_L"}, {0x1B, "Escape"}};
+        {0x11, "Control_L"}, {0x12, "Alt_L"}, {0x1B, "Escape"}, {0x21, "Prior"},
+        {0x22, "Next"},      {0x23, "End"},   {0x24, "Home"},   {0x25, "Left"},
+        {0x26, "Up"},        {0x27, "Right"}, {0x28, "Down"},   {0x2E, "Delete"}};
     const auto found = names.find(key);
     if (found != names.end())
         return found->second;
@@ -56,7 +58,7 @@ void DoFromOutside(const HostInputEvent& event)
 {
     std::string words;
     if (event.message == kHostRequestType)
-        words = "type '" + std::string(reinterpret_cast<const char*>(event.second)) + '\'';
+        words = "type -- '" + std::string(reinterpret_cast<const char*>(event.second)) + '\'';
     else if (event.message == 0x100 || event.message == 0x101)
         words = (event.message == 0x100 ? "keydown " : "keyup ") + KeyName(event.first);
     else
