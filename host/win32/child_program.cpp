@@ -57,6 +57,17 @@ std::wstring Quoted(const std::wstring& word)
     return quoted + L'"';
 }
 
+// Nothing is read from it, and what is written is gone. A program without an output of its own
+// couldn't end in good order.
+OwnedHandle OpenNothing(SECURITY_ATTRIBUTES& inherited)
+{
+    const HANDLE nothing =
+        CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    &inherited, OPEN_EXISTING, 0, nullptr);
+    RequireSystem(nothing != INVALID_HANDLE_VALUE);
+    return OwnedHandle(nothing);
+}
+
 std::string ReadAll(HANDLE from)
 {
     std::string all;
@@ -86,9 +97,12 @@ ChildEnd RunThisProgram(const std::vector<std::string>& arguments)
         from.reset(readEnd);
         const OwnedHandle to(writeEnd);
         SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
+        const OwnedHandle nothing = OpenNothing(inherited);
         STARTUPINFOW start = {};
         start.cb = sizeof start;
         start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdInput = nothing.get();
+        start.hStdOutput = nothing.get();
         start.hStdError = writeEnd;
         PROCESS_INFORMATION made = {};
         RequireSystem(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr,

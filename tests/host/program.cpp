@@ -13,9 +13,11 @@ std::filesystem::path Native(const std::string& path)
     return kIsWindows && path.front() == '/' ? "Z:" + path : path;
 }
 
+// A backslash before the closing mark would take it in.
 std::string Quoted(const std::string& text)
 {
-    return '"' + text + '"';
+    const bool ends = kIsWindows && text.ends_with('\\');
+    return '"' + text + (ends ? "\\\"" : "\"");
 }
 
 std::string TextFile(const std::filesystem::path& path)
