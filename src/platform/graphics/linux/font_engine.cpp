@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <dlfcn.h>
 #include <pango/pangocairo.h>
 
 namespace Platform {
@@ -62,14 +63,23 @@ Description DescriptionOf(const FontSpec& spec)
     return description;
 }
 
-// All engines share one, which is destroyed with the last of them.
+// The library that has this code stays in the process until its end, even when it is closed.
+void KeepLoaded()
+{
+    Dl_info here = {};
+    if (dladdr(reinterpret_cast<void*>(&KeepLoaded), &here) != 0)
+        dlopen(here.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
+// One for all engines, for the life of the process. It has threads of its own, whose end nobody can
+// wait for: freed with the last engine, it would let them run in libraries that are being unloaded.
 std::shared_ptr<PangoFontMap> SharedFontMap()
 {
-    static std::weak_ptr<PangoFontMap> known;
-    auto fonts = known.lock();
-    if (fonts == nullptr)
-        known = fonts = {pango_cairo_font_map_new(), FreeBy<g_object_unref>()};
-    return fonts;
+    static PangoFontMap* const fonts = [] {
+        KeepLoaded();
+        return pango_cairo_font_map_new();
+    }();
+    return {static_cast<PangoFontMap*>(g_object_ref(fonts)), FreeBy<g_object_unref>()};
 }
 
 GObject<PangoContext> MakeContext(PangoFontMap* fonts, const PangoFontDescription* description,
