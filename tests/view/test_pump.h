@@ -4,9 +4,13 @@
 #include "platform/input/message_numbers.h"
 #include "platform/system/machine.h"
 #include "view/process/process.h"
+#include "view/process/timer.h"
+
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
+#include <source_location>
 #include <utility>
 #include <vector>
 
@@ -30,11 +34,24 @@ public:
         return Kesto::CProcess::PreTranslateMessage(message);
     }
 
+    // Fails, at the caller's line, when the condition doesn't come to hold. The timer wakes a pump
+    // that nothing else would wake. The flags are those of GetNextEvent.
     template <class Condition>
-    void PumpUntil(Condition holds)
+    void PumpUntil(Condition holds, std::uint32_t flags = 0,
+                   std::source_location caller = std::source_location::current())
     {
-        while (!holds())
-            GetNextEvent(0);
+        constexpr std::uint32_t kLongest = 20000; // milliseconds
+        Kesto::CTimer wakes(1.0);
+        wakes.Start();
+        const std::uint32_t start = Platform::TickCount();
+        while (!holds()) {
+            if (Platform::TickCount() - start > kLongest) {
+                ADD_FAILURE_AT(caller.file_name(), static_cast<int>(caller.line()))
+                    << "what is waited for here hasn't come to hold in 20 seconds";
+                return;
+            }
+            GetNextEvent(flags);
+        }
     }
     void PumpQuiet()
     {

@@ -27,7 +27,7 @@ struct CallTimer : CTimer {
     void Fire(double, double since) override
     {
         ++fired;
-        elapsed = since;
+        elapsed += since;       // a late firing may have the next one close behind it
         const auto copy = call; // the timer may die in it
         copy();
     }
