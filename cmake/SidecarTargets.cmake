@@ -63,12 +63,13 @@ function(sidecar_tell_version source)
   set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS SIDECAR_VERSION="${PROJECT_VERSION}")
 endfunction()
 
-# sidecar_test(NAME SOURCES file... [LIBRARIES target...] [ARGUMENTS arg...] [THREADS])
+# sidecar_test(NAME SOURCES file... [LIBRARIES target...] [ARGUMENTS arg...] [THREADS] [DESKTOP])
 # A googletest program, one entry of ctest. It is handed the source tree as SIDECAR_SOURCE_DIR. THREADS: it runs several
-# threads, so the preset tsan builds and runs it too.
+# threads, so the preset tsan builds and runs it too. DESKTOP: it opens windows; on Windows such tests run one after the
+# other, since a desktop has but one active window and one mouse.
 add_custom_target(thread_tests)
 function(sidecar_test name)
-  cmake_parse_arguments(test "THREADS" "" "SOURCES;LIBRARIES;ARGUMENTS" ${ARGN})
+  cmake_parse_arguments(test "THREADS;DESKTOP" "" "SOURCES;LIBRARIES;ARGUMENTS" ${ARGN})
   sidecar_program(${name} SOURCES ${test_SOURCES} LIBRARIES ${test_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_options(${name} PRIVATE ${SIDECAR_QUICK_BUILD})
@@ -83,6 +84,9 @@ function(sidecar_test name)
   endforeach()
   add_test(NAME ${name} COMMAND ${name} ${test_ARGUMENTS})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  if(test_DESKTOP AND WIN32)
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK desktop)
+  endif()
   if(test_THREADS)
     set_tests_properties(${name} PROPERTIES LABELS threads)
     add_dependencies(thread_tests ${name})
@@ -91,7 +95,7 @@ endfunction()
 
 # sidecar_fuzzer(NAME SOURCES file... CORPUS folder [LIBRARIES target...])
 # A libFuzzer target. Its ctest entry runs every seed of the folder and then mutates them for SIDECAR_FUZZ_SECONDS.
-set(SIDECAR_FUZZ_SECONDS 20 CACHE STRING "How long each fuzz target mutates its seeds in a test run")
+set(SIDECAR_FUZZ_SECONDS 10 CACHE STRING "How long each fuzz target mutates its seeds in a test run")
 add_custom_target(fuzzers)
 function(sidecar_fuzzer name)
   cmake_parse_arguments(fuzzer "" "CORPUS" "SOURCES;LIBRARIES" ${ARGN})
@@ -104,7 +108,7 @@ function(sidecar_fuzzer name)
   add_test(NAME ${name}
     COMMAND ${name} -max_total_time=${SIDECAR_FUZZ_SECONDS} -timeout=20 -rss_limit_mb=3000 -print_final_stats=1
       ${found} ${CMAKE_CURRENT_SOURCE_DIR}/${fuzzer_CORPUS})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 900)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900 LABELS fuzz)
 endfunction()
 
 # sidecar_bench(NAME SOURCES file... [LIBRARIES target...])

@@ -55,8 +55,8 @@ TEST(Expressions, NestAsDeepAsTheLimit)
          {std::pair{"(", ")"}, std::pair{"-", ""}, std::pair{"max(0,", ")"}}) {
         SCOPED_TRACE(open);
         EXPECT_NO_THROW(scope.EvaluateInteger(Nested(kLimit, open, "1", close).c_str()));
-        EXPECT_EQ(LogicErrorOf(
-                      [&] { scope.EvaluateInteger(Nested(kLimit + 1, open, "1", close).c_str()); }),
+        const std::string tooDeep = Nested(kLimit + 1, open, "1", close);
+        EXPECT_EQ(LogicErrorOf([&] { scope.EvaluateInteger(tooDeep.c_str()); }),
                   "Warning! (nesting < kMaxNesting)");
         EXPECT_EQ(scope.EvaluateInteger("(1)"), 1);
     }

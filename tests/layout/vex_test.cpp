@@ -214,7 +214,7 @@ TEST(Place, NestsTheViewsAsTheyWereBuilt)
     ASSERT_EQ(window["children"].size(), 2U) << "a view of an unknown class is no node";
     EXPECT_EQ(window["children"][0]["id"], "");
     EXPECT_EQ(window["children"][1]["top"], 3);
-    EXPECT_EQ(window["children"][1]["children"], nlohmann::json::array());
+    EXPECT_EQ(window["children"][1]["children"], nlohmann::ordered_json::array());
 }
 
 TEST(Place, PutsAPaneIntoABareWindowAndResizes)
@@ -252,7 +252,7 @@ TEST(Describe, TellsWhatAHostIsTold)
         CBuiltLayout(CSourceText("a.vex", "PDialog(view_id: 'window', width: 90, height: 20) { "
                                           "CStaticText(text: 'Hello', view_disabled: true); }"),
                      {std::nullopt, 2.0}));
-    EXPECT_EQ(window["bounds"], (nlohmann::json{0, 0, 180, 40})) << "pixels";
+    EXPECT_EQ(window["bounds"], (nlohmann::ordered_json{0, 0, 180, 40})) << "pixels";
     EXPECT_EQ(window["class"], "PDialog");
     EXPECT_EQ(window["Nm  "], "window");
     EXPECT_EQ(window["Vsbl"], true);

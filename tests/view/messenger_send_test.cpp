@@ -46,7 +46,8 @@ TEST_F(SendTest, TheClassOfAMessageDecidesWhoHandlesIt)
         EXPECT_FALSE(b->Send(*message));
         EXPECT_EQ(Node::TakeLog(), 'b' + family + " a" + family + " P" + family + ' ');
         const std::unique_ptr<CMessage> clone = message->Clone();
-        EXPECT_TRUE(typeid(*clone) == typeid(*message));
+        const CMessage& copy = *clone;
+        EXPECT_TRUE(typeid(copy) == typeid(*message));
         EXPECT_FALSE(b->SendToParent(*clone));
         EXPECT_EQ(Node::TakeLog(), 'a' + family + " P" + family + ' ');
     }

@@ -171,15 +171,15 @@ TEST_F(AllPairs, OfArithmetic)
                                         {"SubtractWrapping", SubtractWrapping},
                                         {"SubtractFloored", SubtractFloored}}) {
         SCOPED_TRACE(words);
-        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { kernel(out, a, b); });
+        ExpectTwins(8, 256, 256, 1, [&, run = kernel](const CPixView& out) { run(out, a, b); });
     }
     ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) { Invert(out, a); });
     for (const auto& [words, kernel] :
          {std::pair{"ApplyMask", &ApplyMask}, {"ApplyInvertedMask", ApplyInvertedMask}}) {
         SCOPED_TRACE(words);
-        ExpectTwins(8, 256, 256, 1, [&](const CPixView& out) {
+        ExpectTwins(8, 256, 256, 1, [&, run = kernel](const CPixView& out) {
             Copy(out, a);
-            kernel(out, b);
+            run(out, b);
         });
     }
 }
@@ -343,7 +343,7 @@ TEST(Twins, BoxesOfManyShapes)
                  {std::pair{"Dilate", &Dilate}, {"Erode", Erode}, {"BoxRange", BoxRange}}) {
                 SCOPED_TRACE(words);
                 ExpectTwins(8, width, 12, 2,
-                            [&](const CPixView& out) { kernel(out, from, shape); });
+                            [&, run = kernel](const CPixView& out) { run(out, from, shape); });
             }
         }
     }

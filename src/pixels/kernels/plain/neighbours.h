@@ -20,10 +20,10 @@ void EmbossRow(const Value* const near[3], const Value* const far[3], const std:
 inline void SharpenRow(const std::uint8_t* const rows[3], const std::int32_t* table,
                        std::uint8_t* out, std::size_t n)
 {
-    const std::uint8_t* centre = rows[1];
+    const std::uint8_t* const centre = rows[1];
+    const std::uint8_t* const left = centre - 1;
     for (std::size_t i = 0; i < n; ++i) {
-        const std::int32_t edge =
-            centre[i] * 4 - centre[i - 1] - centre[i + 1] - rows[0][i] - rows[2][i];
+        const std::int32_t edge = centre[i] * 4 - left[i] - centre[i + 1] - rows[0][i] - rows[2][i];
         out[i] = Clamped(std::int64_t{centre[i]} + table[edge]);
     }
 }
@@ -41,10 +41,11 @@ inline void Sharpen(Plane<const std::uint8_t> source, Plane<std::uint8_t> out,
 inline void NeighbourMeanRow(const std::uint8_t* const rows[3], std::int32_t weight,
                              std::uint8_t* out, std::size_t n)
 {
-    const std::uint8_t* centre = rows[1];
+    const std::uint8_t* const centre = rows[1];
+    const std::uint8_t* const left = centre - 1;
     for (std::size_t i = 0; i < n; ++i) {
-        const std::int64_t sum = std::int64_t{weight} * centre[i] + centre[i - 1] + centre[i + 1] +
-                                 rows[0][i] + rows[2][i];
+        const std::int64_t sum =
+            std::int64_t{weight} * centre[i] + left[i] + centre[i + 1] + rows[0][i] + rows[2][i];
         out[i] = Clamped(sum / (std::int64_t{weight} + 4));
     }
 }
