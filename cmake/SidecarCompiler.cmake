@@ -35,6 +35,10 @@ if(SIDECAR_TESTS OR SIDECAR_SANITIZE)
   if(NOT SIDECAR_SANITIZE)
     list(APPEND SIDECAR_QUICK_BUILD -U_FORTIFY_SOURCE) # which wants optimised code
   endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # The compiler's cache knows a precompiled header by its bytes.
+    list(APPEND SIDECAR_QUICK_BUILD "SHELL:-Xclang -fno-pch-timestamp")
+  endif()
 endif()
 
 # The module reads files of strangers within another program. tests/module/hardening.cmake reads the built files for this.
