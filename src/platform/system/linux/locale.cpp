@@ -15,8 +15,10 @@ std::string UserLanguageName()
     return LanguageNameFrom({});
 }
 
+namespace {
+
 // Of the user's locale, whichever one the program runs in.
-std::string DecimalPoint()
+std::string PointOfUser()
 {
     const locale_t locale = newlocale(LC_ALL_MASK, "", nullptr);
     if (locale == nullptr)
@@ -24,6 +26,16 @@ std::string DecimalPoint()
     const std::string point = nl_langinfo_l(RADIXCHAR, locale);
     freelocale(locale);
     return point.empty() ? "." : point;
+}
+
+} // namespace
+
+// Read once: a locale that nobody holds is loaded from its files each time, which takes longer than
+// all else in building a dialog, and the environment of a process doesn't change.
+std::string DecimalPoint()
+{
+    static const std::string point = PointOfUser();
+    return point;
 }
 
 } // namespace Platform
