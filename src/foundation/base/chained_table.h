@@ -91,15 +91,16 @@ public:
 
     std::size_t Size() const { return fSize; }
 
-    // The keys of one bucket of kTableBuckets from the head of its chain on. Valid as long as the
-    // table.
-    std::vector<std::string_view> ChainKeys(std::uint32_t bucket) const
+    // Visits keys and values: bucket by bucket, in each from the head of its chain on. Nothing may
+    // be added meanwhile.
+    template <class Visit>
+    void ForEach(Visit visit) const
     {
-        std::vector<std::string_view> keys;
-        const Chain& chain = fBuckets.at(bucket);
-        for (auto slot = chain.rbegin(); slot != chain.rend(); ++slot)
-            keys.push_back(EntryAt(*slot)->Key());
-        return keys;
+        for (const Chain& chain : fBuckets)
+            for (auto slot = chain.rbegin(); slot != chain.rend(); ++slot) {
+                const Entry& entry = *EntryAt(*slot);
+                visit(entry.Key(), entry.value);
+            }
     }
 
 private:

@@ -25,10 +25,10 @@ CViewBuilderBase* FindBuilder(std::string_view name)
 
 void ForEachBuilder(const std::function<void(CViewBuilderBase&)>& visit)
 {
-    for (std::uint32_t bucket = 0; bucket < kTableBuckets; ++bucket)
-        for (std::string_view name : Registry().ChainKeys(bucket))
-            if (CViewBuilderBase* const builder = FindBuilder(name))
-                visit(*builder);
+    Registry().ForEach([&visit](std::string_view, CViewBuilderBase* builder) {
+        if (builder != nullptr)
+            visit(*builder);
+    });
 }
 
 void RegisterBuilder(std::string_view name, CViewBuilderBase& builder)

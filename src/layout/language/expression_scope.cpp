@@ -37,6 +37,12 @@ inline bool IsSameName(std::string_view a, std::string_view b)
     return true;
 }
 
+// One of 512, by bits of the hash that all characters of the name have a part in.
+inline std::uint32_t MaybeBit(std::uint32_t hash)
+{
+    return hash * 0x9E3779B1U >> 23;
+}
+
 } // namespace
 
 void ParseListener::Expected(const char*, const char*) {}
@@ -67,7 +73,7 @@ void CExpressionScope::Clear()
     fHasEntries = false;
     fVariableCount = 0;
     fLayoutKeys = {};
-    fOccupied = {};
+    fMaybeHere = {};
     fFew = nullptr;
     fBuckets.reset();
     fOwnPool.Clear();
@@ -75,7 +81,8 @@ void CExpressionScope::Clear()
 
 inline const VexValue* CExpressionScope::FindHere(const VexName& name, std::size_t bucket) const
 {
-    if ((fOccupied[bucket / 64] >> (bucket % 64) & 1) == 0)
+    const std::uint32_t bit = MaybeBit(name.hash);
+    if ((fMaybeHere[bit / 64] >> (bit % 64) & 1) == 0)
         return nullptr;
     const VexValue* variable = fBuckets ? (*fBuckets)[bucket] : fFew;
     while (variable != nullptr &&
@@ -110,7 +117,8 @@ inline void CExpressionScope::Insert(VexValue& variable)
     VexValue*& chain = fBuckets ? (*fBuckets)[variable.fBucket] : fFew;
     variable.next = chain;
     chain = &variable;
-    fOccupied[variable.fBucket / 64] |= std::uint64_t{1} << (variable.fBucket % 64);
+    const std::uint32_t bit = MaybeBit(variable.nameHash);
+    fMaybeHere[bit / 64] |= std::uint64_t{1} << (bit % 64);
     fHasEntries = true;
     ++fVariableCount;
 }

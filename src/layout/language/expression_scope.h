@@ -222,7 +222,8 @@ private:
     int fNesting;
     int fVariableCount = 0;
     LayoutKeySet fLayoutKeys;
-    std::array<std::uint64_t, 2> fOccupied{}; // a bit for each bucket that isn't empty
+    // A bit for some names each, set when one of them is here: most searches end at it.
+    std::array<std::uint64_t, 8> fMaybeHere{};
     VexValue* fFew = nullptr;
     std::unique_ptr<Buckets> fBuckets; // instead of fFew, in a large scope
     // For a debugger: the last name that an expression couldn't resolve.

@@ -61,15 +61,14 @@ CObjID::CObjID(const char* name, std::uint32_t count, std::uint32_t offset, Fami
 
 std::string CObjID::Name() const
 {
-    const CChainedTable<IDRange>& ranges = Table().ranges;
-    for (std::uint32_t bucket = 0; !IsNone() && bucket < kTableBuckets; ++bucket)
-        for (const std::string_view key : ranges.ChainKeys(bucket)) {
-            const IDRange& range = *ranges.Find(key);
+    std::string name;
+    if (!IsNone())
+        Table().ranges.ForEach([&](std::string_view key, const IDRange& range) {
             const std::uint32_t offset = fValue - range.first;
             if (offset < range.count)
-                return std::string(key) + (offset != 0 ? '+' + std::to_string(offset) : "");
-        }
-    return std::to_string(fValue);
+                name = std::string(key) + (offset != 0 ? '+' + std::to_string(offset) : "");
+        });
+    return name.empty() ? std::to_string(fValue) : name;
 }
 
 } // namespace Kesto
