@@ -15,17 +15,29 @@ constexpr double kAnyWidth = 1e6;
 
 } // namespace
 
+CSystemPort& MeasuringPort(const CView* view, EFontKind font)
+{
+    static CImagePort port;
+    port.SetScaleFactor(view != nullptr ? view->GetScale() : 1.0);
+    port.SetFont(CDrawTools::Get().GetFont(font));
+    return port;
+}
+
+double WidestAtScales(CSystemPort& port, const std::function<double(const CSystemPort&)>& measure)
+{
+    const double scale = port.GetScaleFactor();
+    const double width = measure(port);
+    port.SetScaleFactor(2.0 * scale);
+    const double widest = std::max(width, measure(port));
+    port.SetScaleFactor(scale);
+    return std::ceil(widest);
+}
+
 double MeasureLabel(std::string_view text, EFontKind font, const CView* view)
 {
-    CImagePort port; // draws on nothing, and measures all the same
-    const double scale = view != nullptr ? view->GetScale() : 1.0;
-    double width = 0.0;
-    for (const double each : {scale, 2.0 * scale}) {
-        port.SetScaleFactor(each);
-        port.SetFont(CDrawTools::Get().GetFont(font));
-        width = std::max(width, port.MeasureTextBox(text, kAnyWidth, kText_HideMnemonic).x);
-    }
-    return std::ceil(width);
+    return WidestAtScales(MeasuringPort(view, font), [text](const CSystemPort& port) {
+        return port.MeasureTextBox(text, kAnyWidth, kText_HideMnemonic).x;
+    });
 }
 
 void DrawLabelLine(CSystemPort& port, std::string_view text, const Rect& frame, std::uint32_t flags)

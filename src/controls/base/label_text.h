@@ -1,10 +1,12 @@
-// One line of text in a control: its natural width, and its drawing on the control's base line.
+// Texts in controls: how wide they are before anything is drawn, and a line on the control's base
+// line.
 #pragma once
 
 #include "drawing/tools/font_kinds.h"
 #include "foundation/base/geometry.h"
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace Kesto {
@@ -12,9 +14,15 @@ namespace Kesto {
 class CSystemPort;
 class CView;
 
-// Whole units that a label takes at the scale of the view, or at scale 1 for null, and at twice
-// that: a window may come to another monitor, and hinting makes widths differ. "&" marks the
-// mnemonic and takes no room.
+// A port on nothing, which measures texts in the font as the view's window draws them, or at scale
+// 1 for null. Valid until the next call.
+CSystemPort& MeasuringPort(const CView* view, EFontKind font);
+
+// Whole units that are enough for what `measure` measures, at the port's scale and at twice that:
+// a window may come to another monitor, and hinting makes widths differ.
+double WidestAtScales(CSystemPort& port, const std::function<double(const CSystemPort&)>& measure);
+
+// What a label takes, so measured. "&" marks the mnemonic and takes no room.
 double MeasureLabel(std::string_view text, EFontKind font, const CView* view);
 
 // Draws a label in the port's font and text colour. The base line depends on the frame's height

@@ -1,9 +1,6 @@
 #include "controls/base/natural_size.h"
 
-#include "drawing/ports/image_port.h"
-#include "drawing/tools/draw_tools.h"
-#include "layout/build/layout_owner.h"
-#include "view/tree/view.h"
+#include "layout/build/view_layout_record.h"
 
 namespace Kesto {
 
@@ -13,14 +10,6 @@ void SetNaturalSize(ViewLayoutRecord& record, const Point& size)
         record.width = size.x;
     if (!ViewLayoutRecord::IsGiven(record.height))
         record.height = size.y;
-}
-
-CSystemPort& MeasuringPort(const LayoutOwner& owner, EFontKind font)
-{
-    static CImagePort port; // on nothing: only its fonts are asked
-    port.SetScaleFactor(owner.fCurrentView != nullptr ? owner.fCurrentView->GetScale() : 1.0);
-    port.SetFont(CDrawTools::Get().GetFont(font));
-    return port;
 }
 
 } // namespace Kesto

@@ -1,5 +1,6 @@
 #include "controls/base/placeholder_pane.h"
 
+#include "controls/base/label_text.h"
 #include "controls/base/natural_size.h"
 #include "drawing/ports/system_port.h"
 #include "drawing/tools/draw_tools.h"
@@ -44,9 +45,11 @@ CView* CPaneBuilder<CPlaceholderPane>::AdjustLayout(CView* parent, LayoutOwner& 
 {
     Point size = fSize;
     if (const CText label = ReadLabel(owner); !label.IsEmpty())
-        size.x =
-            std::max(size.x, std::ceil(MeasuringPort(owner, kFont_UI).MeasureText(label.View())) +
-                                 kLabelRoom);
+        size.x = std::max(size.x, WidestAtScales(MeasuringPort(owner.fCurrentView, kFont_UI),
+                                                 [&](const CSystemPort& port) {
+                                                     return port.MeasureText(label.View());
+                                                 }) +
+                                      kLabelRoom);
     SetNaturalSize(owner.fLayoutRecord, size);
     return CPaneBuilder<CPane>::AdjustLayout(parent, owner);
 }

@@ -1,5 +1,6 @@
 #include "controls/fields/field_builders.h"
 
+#include "controls/base/label_text.h"
 #include "controls/base/natural_size.h"
 #include "drawing/ports/system_port.h"
 #include "layout/build/layout_owner.h"
@@ -130,7 +131,8 @@ std::unique_ptr<CPane> MakeField(const PaneParameters& parameters)
 Point CPaneBuilder<CEditString>::NaturalSize(const LayoutOwner& owner) const
 {
     const CPropertyReader reader = owner.Properties();
-    const CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
+    const CSystemPort& port =
+        MeasuringPort(owner.fCurrentView, static_cast<EFontKind>(reader.Integer(kFont)));
     std::int32_t digits = DefaultDigits();
     reader.TryInteger(kDigits.key, digits);
     const double average = port.MeasureText(kAverage) / static_cast<double>(kAverage.size());

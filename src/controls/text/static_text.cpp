@@ -1,5 +1,6 @@
 #include "controls/text/static_text.h"
 
+#include "controls/base/label_text.h"
 #include "controls/base/mnemonic.h"
 #include "controls/base/natural_size.h"
 #include "controls/text/scrub_tracker.h"
@@ -171,18 +172,17 @@ void CStaticText::DrawInContext(const CPaintEvent&)
 CView* CPaneBuilder<CStaticText>::AdjustLayout(CView* parent, LayoutOwner& owner)
 {
     const CPropertyReader reader = owner.Properties();
-    CSystemPort& port = MeasuringPort(owner, static_cast<EFontKind>(reader.Integer(kFont)));
+    CSystemPort& port =
+        MeasuringPort(owner.fCurrentView, static_cast<EFontKind>(reader.Integer(kFont)));
     const bool wraps = (ReadStaticOptions(reader) & kStatic_Wrap) != 0;
     const double width = wraps ? reader.Integer(kWidth) : 0.0;
     const bool marked = !reader.Id(kHotkey).IsNone();
-    Point size = CStaticText::SizeOf(port, reader.Label(kText).View(), width, marked);
-    if (width == 0.0) { // hinting makes a larger scale's widths differ
-        const double scale = port.GetScaleFactor();
-        port.SetScaleFactor(2.0 * scale);
-        size.x = std::max(size.x,
-                          CStaticText::SizeOf(port, reader.Label(kText).View(), width, marked).x);
-        port.SetScaleFactor(scale);
-    }
+    const CText text = reader.Label(kText);
+    Point size = CStaticText::SizeOf(port, text.View(), width, marked);
+    if (width == 0.0)
+        size.x = WidestAtScales(port, [&](const CSystemPort& at) {
+            return CStaticText::SizeOf(at, text.View(), width, marked).x;
+        });
     size.x = std::max({size.x, static_cast<double>(reader.Integer(kWidth)),
                        std::ceil(reader.Integer(kCharacters) * port.MeasureText(kAverage) /
                                  static_cast<double>(kAverage.size()))});
