@@ -24,7 +24,6 @@ CContext::CContext(const Point& size, CObjID id, std::uint32_t options, std::uin
     fContext = this;
     PutState(kState_ParentShown | kState_ParentEnabled, true);
     CView::UpdateMessengerState();
-    FitBitmap();
     if (CView::IsVisible())
         fInvalid = CDeviceRegion(ToDevice(fBounds, GetScaleFactor()));
 }
@@ -34,6 +33,8 @@ CContext::~CContext()
     EndLife();
 }
 
+// Before painting, and not whenever the size changes: a window has several sizes before it is
+// shown, and pixels that nobody draws cost more than all its views.
 void CContext::FitBitmap()
 {
     const PixelRect pixels = ToDevice(fBounds, GetScaleFactor());
@@ -47,16 +48,13 @@ void CContext::SetContextSize(const Point& size)
         return;
     const CViewHold hold(*this);
     MoveEdges({0.0, 0.0, size.x - fBounds.Width(), size.y - fBounds.Height()});
-    if (hold.IsOver())
-        return;
-    FitBitmap();
-    InvalidateAll();
+    if (!hold.IsOver())
+        InvalidateAll();
 }
 
 void CContext::ChangeScale(double scale)
 {
     SetScaleFactor(scale);
-    FitBitmap();
     DoScaleChanged(true);
 }
 
@@ -92,6 +90,7 @@ void CContext::UpdateNow()
     };
     const CViewHold hold(*this);
     const Painting painting(fIsPainting);
+    FitBitmap();
     // Taken first, so that what drawing invalidates is painted the next time.
     CPaintEvent event{std::exchange(fInvalid, {})};
     const PixelPoint size = GetClientPixels();
