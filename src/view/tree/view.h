@@ -32,6 +32,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -431,7 +432,7 @@ public:
     // child, in order.
     virtual void ParentResized(const CEdgeDeltas& delta);
     virtual void Place(const CEdgeDeltas& delta);
-    // Hands each child the way that the image has gone since it was `oldImage`.
+    // Tells each child how far the image's edges have moved since it was `oldImage`.
     void ResizeChildren(const Rect& oldImage);
     // The view's own edges moved in the parent: changes bounds, image and children.
     virtual void BoundsChanged(const CEdgeDeltas& delta);
@@ -571,6 +572,9 @@ private:
 
     static constexpr std::size_t kNoIndex = static_cast<std::size_t>(-1);
 
+    // How the children lie: one after the other along an axis, or otherwise.
+    enum class ERun : std::uint8_t { kUnknown, kDown, kAcross, kNone };
+
     void TearDown();
     Point ParentOffset() const; // from the view's own zero to the parent's
     void ChangeShown(std::uint32_t bit, bool on);
@@ -584,6 +588,8 @@ private:
     bool TakeTab();
     static bool AskToSurrender();
     CView* ChildUnder(const Point& local) const;
+    std::span<CPane* const> ChildrenNear(const Rect& local) const;
+    std::span<CPane* const> ChildrenNear(const CDeviceRegion& area) const;
     bool AsksForFocus();
     void TellParents(void (CView::*hook)(CView&));
     void AddRecord(std::unique_ptr<CGesture> record);
@@ -612,8 +618,9 @@ private:
     std::vector<CPane*> fChildren; // owned
     std::uint32_t fState;
     std::uint32_t fBinding;
-    int fHolds = 0;              // hooks on the stack
-    unsigned fChildrenStamp = 0; // changes with the list
+    int fHolds = 0;                     // hooks on the stack
+    unsigned fChildrenStamp = 0;        // changes with the list
+    mutable ERun fRun = ERun::kUnknown; // until it is asked for, after each change of a frame
     std::unique_ptr<CGesture> fTrackers;
     std::unique_ptr<Platform::Cursor> fActiveCursor; // null: the parent's
     std::unique_ptr<Platform::Cursor> fInactiveCursor;

@@ -180,6 +180,8 @@ void CView::BoundsChanged(const CEdgeDeltas& delta)
 {
     const CViewHold hold(*this);
     const Rect oldImage = fImage;
+    if (CView* const parent = GetParent())
+        parent->fRun = ERun::kUnknown;
     if ((fBinding & kBind_PortCoordinates) != 0) {
         const CView* const parent = GetParent();
         const Point offset = parent != nullptr ? parent->GetPortOffset() : Point{};

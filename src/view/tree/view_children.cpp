@@ -48,6 +48,7 @@ void CView::InsertChild(std::size_t index, std::unique_ptr<CPane> child)
     const std::size_t place = std::min(index, fChildren.size());
     fChildren.insert(fChildren.begin() + static_cast<std::ptrdiff_t>(place), child.get());
     ++fChildrenStamp;
+    fRun = ERun::kUnknown;
     CChildWalk::Inserted(this, place);
     child.release()->AttachToParent(*this);
 }
@@ -61,6 +62,7 @@ std::unique_ptr<CPane> CView::RemoveChild(CPane* child)
     const CViewHold hold(*this);
     fChildren.erase(fChildren.begin() + static_cast<std::ptrdiff_t>(index));
     ++fChildrenStamp;
+    fRun = ERun::kUnknown;
     CChildWalk::Removed(this, index);
     const CViewHold childHold(*child);
     child->DetachFromParent();

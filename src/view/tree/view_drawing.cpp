@@ -137,15 +137,14 @@ CDeviceRegion CView::DrawChildrenBefore(const CPaintEvent& event)
     const unsigned stamp = fChildrenStamp;
     const Point offset = GetPortOffset();
     const double scale = GetScale();
-    for (std::size_t i = 0; i < fChildren.size(); ++i) {
-        CPane& child = *fChildren[i];
-        if (!child.IsVisible() ||
-            !event.fUpdate.Intersects(ToDevice(FrameInPort(child, offset), scale)))
+    for (CPane* const child : ChildrenNear(event.fUpdate)) {
+        if (!child->IsVisible() ||
+            !event.fUpdate.Intersects(ToDevice(FrameInPort(*child, offset), scale)))
             continue;
-        const CPaintEvent part{rest.Take(child.DeviceClip())};
+        const CPaintEvent part{rest.Take(child->DeviceClip())};
         if (part.fUpdate.IsEmpty())
             continue;
-        child.Draw(part);
+        child->Draw(part);
         if (hold.IsOver() || fChildrenStamp != stamp)
             break;
     }
@@ -159,7 +158,7 @@ void CView::DrawChildrenAfter(const CPaintEvent& event)
     const unsigned stamp = fChildrenStamp;
     const Point offset = GetPortOffset();
     std::vector<std::pair<CPane*, CPaintEvent>> parts;
-    for (CPane* const child : fChildren) {
+    for (CPane* const child : ChildrenNear(event.fUpdate)) {
         CPaintEvent part{TakePart(*child, offset, rest)};
         if (!part.fUpdate.IsEmpty())
             parts.emplace_back(child, std::move(part));

@@ -95,7 +95,7 @@ void CView::LeaveMouse()
 
 CView* CView::ChildUnder(const Point& local) const
 {
-    for (CPane* const child : fChildren) {
+    for (CPane* const child : ChildrenNear(Rect{local.x, local.y, local.x, local.y})) {
         if (!child->IsVisible() || child->IsMouseIgnored())
             continue;
         const Point at = child->ParentToLocal(local);

@@ -35,6 +35,56 @@ TEST_F(Tree, TheMouseIsOverTheFirstChildThatTakesIt)
     EXPECT_EQ(root.ChildAtPoint({75, 75}), outer);
 }
 
+// Children in a run are found without a look at each of them, and so are those to be drawn.
+TEST_F(Tree, ManyChildrenAreFoundWhereTheyLie)
+{
+    constexpr int kCount = 40;
+    struct Case {
+        const char* what;
+        int perRow;
+        double width, height; // of a step; a child is a unit smaller
+    };
+    const Case cases[] = {{"down", 1, 30, 7}, {"across", kCount, 9, 30}, {"in a grid", 7, 40, 40}};
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.what);
+        LoggedPane* const parent = Add("p", {5, 5, 395, 295});
+        const auto frameOf = [&](int i) {
+            const Point at{i % row.perRow * row.width, i / row.perRow * row.height};
+            return Rect{at.x, at.y, at.x + row.width - 1, at.y + row.height - 1};
+        };
+        for (int i = 0; i < kCount; ++i)
+            Add("c", frameOf(i), parent);
+        const auto check = [&](const char* when) {
+            SCOPED_TRACE(when);
+            root.UpdateNow();
+            for (double y = 0.5; y < 290; y += 3.1)
+                for (double x = 0.5; x < 390; x += 4.3) {
+                    CView* expected = parent;
+                    for (std::size_t i = parent->CountChildren(); i-- > 0;)
+                        if (const Rect frame = parent->GetChild(i)->GetFrame();
+                            frame.left <= x && x < frame.right && frame.top <= y &&
+                            y < frame.bottom)
+                            expected = parent->GetChild(i);
+                    ASSERT_EQ(parent->ChildAtPoint({x, y}), expected) << x << ", " << y;
+                }
+        };
+        check("as made");
+        parent->GetChild(20)->MoveBy(3, 4);
+        check("one moved over another");
+        parent->GetChild(20)->MoveBy(-3, -4);
+        check("and back");
+        parent->GetChild(3)->SetSize(200, 200);
+        check("one in front of many");
+        parent->GetChild(3)->Dispose();
+        check("and gone");
+        Add("late", frameOf(2), parent);
+        check("one added behind");
+        parent->ScrollBy(7, 6, false, false);
+        check("all scrolled");
+        parent->Dispose();
+    }
+}
+
 TEST_F(Tree, EnteringAndLeavingAreToldOnce)
 {
     LoggedPane* const a = Add("a", {0, 0, 50, 50});
