@@ -31,7 +31,7 @@ ViewRect GlobalBounds(const nlohmann::ordered_json& view);
 // none.
 const nlohmann::ordered_json* FindValue(const nlohmann::ordered_json& view, const std::string& key);
 
-// Whether a value is the one that stands in a script: texts as they are, others as JSON, numbers by
+// Whether a value is the one that a script wants: texts as they are, others as JSON, numbers by
 // their amount.
 bool IsValue(const nlohmann::ordered_json& found, const std::string& wanted);
 

@@ -10,7 +10,7 @@ namespace {
 
 using nlohmann::ordered_json;
 
-// Without a point where there is nothing behind it; NaN and infinities are null.
+// Without a decimal point where no digits follow it; NaN and infinities are null.
 ordered_json NumberOf(double number)
 {
     constexpr double kMostExact = 9007199254740992.0;

@@ -99,7 +99,7 @@ public:
         Refuse('"' + std::string(word) + "\" was found", right);
     }
 
-    // Back to just behind a word, one blank of which divides it from a text.
+    // Back to just after a word; one blank separates it from the text that follows.
     void KeepBlanksAfter(std::string_view word)
     {
         fAt = std::min(static_cast<std::size_t>(word.data() - fLine.data()) + word.size() + 1,
@@ -133,7 +133,7 @@ void ReadView(LineReader& line, Action& action)
     action.view.point = PointOf(action.view.text);
 }
 
-// Where more than modifiers may stand, `more` takes the others; true: it was one.
+// Where other words than modifiers are allowed, `more` takes those; true: it was one.
 template <class More>
 void ReadModifiers(LineReader& line, Action& action, const std::string& what, More more)
 {
@@ -277,7 +277,7 @@ void ReadExpectWindow(LineReader& line, Action& action)
 struct VerbRow {
     std::string_view name;
     Verb verb;
-    void (*read)(LineReader& line, Action& action); // what stands behind the verb
+    void (*read)(LineReader& line, Action& action); // what follows the verb
 };
 
 constexpr VerbRow kVerbs[] = {

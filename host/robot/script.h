@@ -57,7 +57,7 @@ struct ScriptPoint {
 
 // Which view is meant: the one of the id, or the one at the point if there is a point.
 struct ViewName {
-    std::string text; // as it stands in the script
+    std::string text; // as written in the script
     std::optional<ScriptPoint> point;
 };
 

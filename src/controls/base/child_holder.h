@@ -18,7 +18,7 @@ public:
     // Null while there is none; the pane is off the screen, or the system refused.
     Platform::ChildControl* Get() const { return fControl.get(); }
 
-    // The window that the control was in has gone, and it is of no use any more.
+    // The window that the control was in has been destroyed, and the control with it.
     bool IsLost() const { return fControl != nullptr && fControl->Handle() == nullptr; }
     bool IsShown() const { return fIsShown; }
 

@@ -76,7 +76,7 @@ void CCustomButton::SetFont(EFontKind font)
     InvalidateAll();
 }
 
-// Painting may run hooks, so the button may be gone afterwards.
+// Painting may run hooks, which may destroy the button.
 bool CCustomButton::Flash()
 {
     if (!IsVisible() || !IsUsable() || !IsActive() || !MayTakeClick())

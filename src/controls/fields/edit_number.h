@@ -33,7 +33,7 @@ public:
     // `ok` is false, and the value the field's, for a text that is no number.
     virtual double TextToValue(const CText& text, bool& ok) const;
 
-    // What stands in the field, by the client's parser if there is one: the field's value when that
+    // The text as a number, by the client's parser if there is one: the field's value when that
     // is no number, or indeterminate. Clamped by the second one.
     virtual double ReadText() const;
     virtual double ReadAndClamp() const;
@@ -50,8 +50,8 @@ public:
     double GetMinimum() const { return fRules.minimum; }
     double GetMaximum() const { return fRules.maximum; }
 
-    // An indeterminate field shows nothing, and keeps its value behind. It gives the focus up; a
-    // click, a step or typing ends that.
+    // An indeterminate field shows nothing and keeps its value. It gives the focus up; a click, a
+    // step or typing ends that.
     virtual void SetIndeterminate(bool on);
     bool IsIndeterminate() const { return fIndeterminate; }
 
@@ -72,7 +72,7 @@ public:
     double GetMinorIncrement() const { return fMinorIncrement; }
     double GetMajorIncrement() const { return fMajorIncrement; }
 
-    // The tests of the text as it stands.
+    // The tests of the text, committed or not.
     virtual bool IsTextInRange() const;
     virtual bool IsTextValid() const;
 
@@ -92,7 +92,7 @@ public:
     virtual bool ShowInvalidAlert();
 
     // Without `force`, corrects a text that is no number in the range, tells so, and keeps the
-    // focus; with it, corrects alone. A good text is left as it stands.
+    // focus; with it, corrects alone. A good text is left alone.
     bool CanSurrender(bool force) override;
 
     void CheckLiveValue() override;

@@ -49,7 +49,8 @@ bool CEditNumber::ShowInvalidAlert()
                            "value between ^0 and ^1 is required.  Previous value inserted."});
 }
 
-// The alert pumps, so the field may be asked again, or be gone, before it is answered.
+// The alert runs the event pump, so the field may be asked again, or be destroyed, before the
+// alert is answered.
 bool CEditNumber::ShowFieldAlert(const Alert& alert)
 {
     if (HasTextOption(alert.option | kText_AlertIsUp) || !IsForeground() || !IsVisible() ||

@@ -72,7 +72,7 @@ void CEditString::SetText(const CText& text)
     fSent = text;
 }
 
-// The caret stands at the start afterwards, whatever was selected.
+// Afterwards the caret is at the start, whatever was selected.
 void CEditString::PutText(const CText& text)
 {
     fIsEdited = false;

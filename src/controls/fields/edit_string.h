@@ -26,7 +26,7 @@ public:
     // Phases of messages, beside those that all controls know.
     static constexpr std::uint32_t kPhase_Return = 2; // final
     static constexpr std::uint32_t kPhase_Live = 4;   // while it is typed
-    static constexpr std::uint32_t kPhase_Leave = 5;  // final: the focus has gone
+    static constexpr std::uint32_t kPhase_Leave = 5;  // final: the focus is lost
 
     // Units from the field's edge to its text, at the sides.
     static constexpr double kTextMargin = 5.0;
@@ -65,11 +65,11 @@ public:
     };
     void SetGrowLimits(const GrowLimits& limits) { fGrowLimits = limits; }
 
-    // Compares what stands in the field with what was sent last, and sends what is new. Run after
-    // each change and by the timer.
+    // Compares the field's text with what was sent last, and sends what is new. Run after each
+    // change and by the timer.
     virtual void CheckLiveValue();
 
-    // Takes over what stands in the field. False: the focus is to stay.
+    // Takes over the field's text. False: the focus is to stay.
     virtual bool Commit() { return CommitWith(kPhase_Leave, true); }
 
     // Whether a typed character may enter the text.
@@ -108,7 +108,7 @@ protected:
     // The user has changed the text. The base checks the live value.
     virtual void TextWasEdited();
 
-    // Takes over what stands in the field, and sends it with a phase. False: the focus is to stay.
+    // Takes over the field's text and sends it with a phase. False: the focus is to stay.
     virtual bool CommitWith(std::uint32_t phase, bool mayAlert);
 
     // What the user has changed and nobody has committed.

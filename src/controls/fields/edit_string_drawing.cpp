@@ -1,4 +1,4 @@
-// Where the text of a field stands, and how the field looks.
+// Where the text of a field is drawn, and how the field looks.
 #include "controls/base/child_place.h"
 #include "controls/fields/edit_string.h"
 #include "drawing/frames/widget_skin.h"
@@ -74,7 +74,7 @@ double CEditString::BaseLine() const
     return bounds.top + CWidgetSkin::BaseLine(bounds.Height());
 }
 
-// The control's text stands at its top, on the line that the pane would draw it on. The caret has a
+// The control's text is at its top, on the line that the pane would draw it on. The caret has a
 // pixel at the end of the text.
 PixelRect CEditString::GetControlPixels() const
 {

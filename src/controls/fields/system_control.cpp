@@ -30,7 +30,7 @@ PixelRect CSystemControl::GetControlPixels() const
     return ChildPixels(*this, GetBounds());
 }
 
-// A control whose window has gone is made anew for the next one.
+// A control whose window has been destroyed is made anew for the next one.
 void CSystemControl::FitControl()
 {
     if (fHolder.IsLost())

@@ -31,7 +31,8 @@ public:
     void DrawInContext(const CPaintEvent& event) override;
 
 protected:
-    // Makes the control for a window, and takes what it holds before it goes. The base has none.
+    // Makes the control for a window; takes over what it holds before it is destroyed. The base has
+    // none.
     virtual std::unique_ptr<Platform::ChildControl> MakeControl(Platform::NativeWindow)
     {
         return nullptr;

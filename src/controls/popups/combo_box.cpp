@@ -133,7 +133,7 @@ void CComboBox::PrimaryClick(const CMouseEvent& event)
     CMenuPopup::PrimaryClick(event);
 }
 
-// The focus has come to the field or gone from it.
+// The field has got the focus or lost it.
 void CComboBox::UpdateChain()
 {
     InvalidateAll();

@@ -1,7 +1,7 @@
 // CScrollPane, a view whose contents can be larger than it is.
 //
 // The image reaches over the children, unless the layout gives its extent. Wheel and keys scroll
-// it, bars do when it stands in a CScroller, and a child that gets the focus comes into sight.
+// it, bars do when it is in a CScroller, and a child that gets the focus comes into sight.
 #pragma once
 
 #include "layout/build/pane_builder.h"

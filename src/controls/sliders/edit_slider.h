@@ -32,7 +32,7 @@ public:
     double GetValue() const { return fValue; }
     void SetValue(double value); // quietly, within the field's range
 
-    // Where the field stands, and how wide it is.
+    // On which side of the slider the field is, and how wide.
     void SetArrangement(EEditPosition position, double fieldWidth);
     void SetLabel(const CText& label, EFontKind font, double width);
     const CText& GetLabel() const { return fLabel->GetText(); }

@@ -27,7 +27,7 @@ EEditPosition ReadPosition(const LayoutOwner& owner)
     return static_cast<EEditPosition>(owner.Properties().Integer(kPosition));
 }
 
-// What the solver gives it, where labels of several views stand in one column.
+// As wide as the solver makes it where labels of several views form a column.
 double LabelWidth(const LayoutOwner& owner)
 {
     const CPropertyReader reader = owner.Properties();

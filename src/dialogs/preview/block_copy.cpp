@@ -44,7 +44,7 @@ void BlendPixel(uint8_t* to, const uint8_t* from, int32_t samples, uint32_t m, i
         BlendPixel<float>(to, from, samples, m);
 }
 
-// The first place at or behind `at` that a walk from `origin` in steps of `factor` comes to.
+// The first place at or after `at` that a walk from `origin` in steps of `factor` comes to.
 int32_t FirstStep(int32_t at, int32_t origin, int32_t factor)
 {
     return origin + (at - origin + factor - 1) / factor * factor;

@@ -18,7 +18,8 @@ using namespace Project;
 
 namespace {
 
-// A zoom, from one scale to another. It finds the preview anew, which may have gone.
+// A zoom, from one scale to another. It looks for the preview each time, which may have been
+// destroyed.
 class CZoomTask final : public PTask {
 public:
     CZoomTask(CZoomPanel& panel, double from, double to) : fPanel(panel), fFrom(from), fTo(to) {}

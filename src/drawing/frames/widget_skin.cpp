@@ -135,7 +135,7 @@ void PaintTriangle(CSystemPort& port, const Point& middle, double height, const 
     port.FillPolygon(corners, colour);
 }
 
-// A square of whole pixels around a middle, so that what is round stays round wherever it stands.
+// A square of whole pixels around a middle, so that what is round stays round at any position.
 Rect SquareAt(const CSystemPort& port, const Point& middle, double side)
 {
     const double scale = port.GetScaleFactor();

@@ -1,6 +1,6 @@
 // CWidgetSkin, the bodies of controls, drawn from the colours of the theme.
 //
-// Shapes are fills on whole units, so that edges are sharp at every scale. A control stands in a
+// Shapes are fills on whole units, so that edges are sharp at every scale. A control is drawn in a
 // cell: 24 units high for what has a body of 22 and 1 unit of room all round, which focus and
 // default rings use, so that no state changes a size. Texts are drawn by their controls, on the
 // base line that BaseLine gives for the cell.

@@ -2,7 +2,7 @@
 //
 // A display pixmap that is made for the port, or moved to it, announces itself and becomes its
 // drawing surface; SetPixmap does the same by hand. The pixmap isn't owned and withdraws when it
-// goes.
+// is destroyed.
 #pragma once
 
 #include "drawing/ports/system_port.h"

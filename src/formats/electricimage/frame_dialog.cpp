@@ -68,7 +68,7 @@ void PDialogElectricImage::SetValuesFromSettings(bool redraw)
         UpdateNow();
 }
 
-// What stands in the field counts, also when it hasn't been committed yet.
+// The field's text counts, also when it hasn't been committed yet.
 bool PDialogElectricImage::Accept()
 {
     const CEditNumber* const field = FrameField();

@@ -4,7 +4,7 @@
 // Positions in the text are bytes of the UTF-8 that it was made of. Distances are pixels from the
 // line's left end to the right, in whichever direction the text is read; the line itself is laid
 // out from left to right unless its first letter is of a script that runs the other way. Bytes that
-// are no UTF-8 stand as U+FFFD, control characters as spaces; nothing is a line end.
+// are no UTF-8 show as U+FFFD, control characters as spaces; nothing is a line end.
 #pragma once
 
 #include "platform/system/pixel_rect.h"
@@ -17,7 +17,7 @@
 
 namespace Platform {
 
-// What a reader takes for one character: letters with their marks, joined emoji. A caret stands
+// What a reader takes for one character: letters with their marks, joined emoji. A caret is
 // before or after it, never within.
 struct TextCluster {
     std::uint32_t start = 0;  // its first byte; it ends where the next one starts
@@ -65,7 +65,7 @@ public:
     std::size_t Length() const { return fShape.length; }
     std::span<const TextCluster> Clusters() const { return fShape.clusters; }
 
-    // Where a caret before this byte stands; within a cluster it is the cluster's start, from the
+    // Where a caret before this byte is; within a cluster it is the cluster's start, from the
     // text's end on the end of the line.
     float XOf(std::size_t position) const;
 

@@ -2,8 +2,8 @@
 //
 // The order of delivery is the same on every system: posted messages by age, then input by age,
 // then a paint message for a window that wants one, then a timer that is due. Paints and timers are
-// made when they are asked for, so they never pile up. A request to quit is no message here: it
-// stands beside the queue, and only blocking calls tell of it.
+// made when they are asked for, so they never pile up. A request to quit is no message here but a
+// flag of the queue, and only blocking calls tell of it.
 //
 // All calls but PostToQueue are for the thread that owns the queue.
 #pragma once

@@ -14,9 +14,9 @@ std::uint32_t TickCount();
 // Lets that much time pass. Nothing is dispatched meanwhile.
 void Pause(std::uint32_t milliseconds);
 
-// Holds the clock of this process for good: it stands, but for what the program waits, which takes
-// no time from now on (Pause, and the waits of the message queue). Timers come when they would.
-// False where timers go by a clock of the system's alone.
+// Stops the clock of this process for good: it advances only by what the program waits, and waiting
+// takes no time from now on (Pause, and the waits of the message queue). Timers come when they
+// would. False where timers go by a clock of the system's alone.
 bool HoldClock();
 
 } // namespace Platform

@@ -41,7 +41,7 @@ public:
 // Puts the keys of a view and of all below it. What the record's operations throw passes through.
 void DescribeView(const CView& view, CDescriptionRecord& record);
 
-// The same for a window: whose it is and where it stands on the screen, frame and all, before the
+// The same for a window: whose it is and where it is on the screen, frame and all, before the
 // keys of its views.
 void DescribeWindow(const CWindow& window, const CText& owner, CDescriptionRecord& record);
 

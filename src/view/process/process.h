@@ -111,7 +111,7 @@ public:
     virtual void MakeFirstWindows();
     virtual void OnSessionStop();
 
-    // A window of the toolkit has been made while this is the process at work; one has gone. Empty.
+    // A window of the toolkit has been made while this is the process at work, or destroyed. Empty.
     virtual void WindowOpened() {}
     virtual void WindowClosed() {}
 

@@ -39,8 +39,8 @@ std::span<const CPlacementKey> PlacementKeys();
 std::size_t ChooseMonitor(std::span<const Platform::Monitor> monitors, EMonitorChoice choice,
                           std::size_t ownersMonitor);
 
-// The index of the one that it opens on: where the user had it, or the nearest one if that has
-// gone; else the one that it chooses.
+// The index of the one that it opens on: where the user had it, or the nearest one if that no
+// longer exists; else the one that it chooses.
 std::size_t StartMonitor(const CWindowPlacement& placement,
                          std::span<const Platform::Monitor> monitors, std::size_t ownersMonitor);
 

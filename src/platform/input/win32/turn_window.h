@@ -11,7 +11,7 @@ namespace Platform {
 // for nobody. What it throws is stopped.
 void SetTurnReceiver(void (*receiver)(std::uintptr_t timer));
 
-// The window is made for the first timer and goes with the last one. 0 if the system refuses.
+// The window is made for the first timer and destroyed with the last one. 0 if the system refuses.
 std::uintptr_t ArmThreadTimer(std::uint32_t milliseconds);
 void DisarmThreadTimer(std::uintptr_t number);
 
