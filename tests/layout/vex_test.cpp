@@ -230,6 +230,43 @@ TEST(Place, PutsAPaneIntoABareWindowAndResizes)
     EXPECT_EQ(large["children"][0]["top"], 20);
 }
 
+// The widths of texts are the system's fonts'; all else follows from them.
+TEST(Place, LaysTheFrameDialogOut)
+{
+    std::ifstream file(SIDECAR_SOURCE_DIR "/resources/layouts/electricimage.vex");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    for (const Kesto::Point& more : {Kesto::Point{0, 0}, {100, 60}}) {
+        const double natural = Places(text.c_str())["width"];
+        const auto window =
+            Places(text.c_str(), {Kesto::Point{natural + more.x, 80 + more.y}, 1.0});
+        const auto at = [&window](const char* path) {
+            return window.at(nlohmann::ordered_json::json_pointer(path));
+        };
+        const double label = at("/children/0/children/0/children/0")["width"];
+        const double field = at("/children/0/children/0/children/1")["width"];
+        const double row = natural - 132;
+        const std::pair<const char*, std::array<double, 4>> cases[] = {
+            {"", {0, 0, natural + more.x, 80 + more.y}},
+            {"/children/0", {4, 4, row + 8 + more.x, 72 + more.y}},
+            {"/children/0/children/0", {4 + more.x, 4, row, 44}},
+            {"/children/0/children/0/children/0", {8, 14, label, 16}},
+            {"/children/0/children/0/children/1", {row - 8 - field, 10, field, 24}},
+            {"/children/0/children/1", {4, 50, row, 16}},
+            {"/children/1", {row + 12 + more.x, 4, 116, 72 + more.y}},
+            {"/children/1/children/0", {0, 0, 116, 72}},
+            {"/children/1/children/0/children/0", {8, 8, 100, 24}},
+            {"/children/1/children/0/children/1", {8, 40, 100, 24}},
+        };
+        for (const auto& [path, numbers] : cases) {
+            const auto view = at(path);
+            EXPECT_EQ(
+                (std::array<double, 4>{view["left"], view["top"], view["width"], view["height"]}),
+                numbers)
+                << path << " with " << more.x << " more";
+        }
+    }
+}
+
 TEST(Place, SaysWhyATextIsRefused)
 {
     const std::pair<const char*, const char*> cases[] = {

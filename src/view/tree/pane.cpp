@@ -119,7 +119,7 @@ void CPane::DetachFromParent()
 
 void CPane::SetFrameBorder(std::unique_ptr<CBorder> border, bool invalidate)
 {
-    fBorder = std::move(border);
+    SetBorder(std::move(border));
     if (invalidate)
         InvalidateAll();
 }

@@ -31,6 +31,7 @@ public:
 
     // The border lies within the bounds; its edges are 0 without one. What it leaves is the
     // interior; the frame region is the rest.
+    void SetBorder(std::unique_ptr<CBorder> border) { fBorder = std::move(border); }
     void SetFrameBorder(std::unique_ptr<CBorder> border, bool invalidate);
     const CBorder* GetBorder() const { return fBorder.get(); }
     std::int32_t GetBorderType() const; // an EFrameKind or EDividerKind

@@ -307,6 +307,7 @@ public:
     virtual void Invalidate(const CBRVRegion& region, bool now = false);
     virtual void InvalidateAll(bool now = false);     // all of it, whatever covers it
     virtual void InvalidateVisible(bool now = false); // what can be seen of it
+    virtual void InvalidateClip(bool now = false);    // where it draws
     virtual void InvalidateRect(const Rect& inParent, bool now = false);
     virtual void Validate(const Rect& rect);
     virtual void Validate(const CBRVRegion& region);
@@ -347,8 +348,10 @@ public:
     // child does.
     virtual CView* ChildAtPoint(const Point& local);
 
-    // Leads a move down to the view under the mouse, which becomes the mouse view.
+    // Leads a move down to the view under the mouse, which becomes the mouse view. For each step
+    // down MouseMovedChild of the upper view is called, which hands the move on.
     virtual void MouseMoved(const CMouseEvent& event);
+    virtual void MouseMovedChild(CView& child, const CMouseEvent& event);
 
     // Hooks of the mouse view and of those above it. Empty.
     virtual void MouseEnter(const CMouseEvent&) {}

@@ -52,6 +52,11 @@ void CView::InvalidateVisible(bool now)
     Invalidate(GetVisibleLocalRegion(), now);
 }
 
+void CView::InvalidateClip(bool now)
+{
+    Invalidate(GetClipRegion(), now);
+}
+
 void CView::InvalidateRect(const Rect& inParent, bool now)
 {
     Invalidate(ParentToLocal(inParent), now);

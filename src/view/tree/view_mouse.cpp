@@ -116,7 +116,7 @@ CView* CView::ChildAtPoint(const Point& local)
 void CView::MouseMoved(const CMouseEvent& event)
 {
     if (CView* const child = ChildUnder(PortToLocal(event.fPortPoint))) {
-        child->MouseMoved(event);
+        MouseMovedChild(*child, event);
         return;
     }
     const CViewHold hold(*this);
@@ -134,6 +134,11 @@ void CView::MouseMoved(const CMouseEvent& event)
         MouseOver(event);
     if (gMouseView == this)
         AdjustCursor(event);
+}
+
+void CView::MouseMovedChild(CView& child, const CMouseEvent& event)
+{
+    child.MouseMoved(event);
 }
 
 // False: somebody keeps the focus, and the click is over.
