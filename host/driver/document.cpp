@@ -138,6 +138,7 @@ void Block::Lend(const Document& document, const BlockRequest& request, int16_t 
     if (fill >= 0)
         for (size_t at = 0; at < size; at += sample)
             PutSample(fBytes.data() + at, document.Depth(), fill);
+    // Around the picture: the fill that is there already, or the edge repeated.
     const bool repeats = fill == kHostFillEdge;
     const int32_t left = std::clamp(request.rect.left, extent.left, extent.right);
     const int32_t right = std::clamp(request.rect.right, left, extent.right);

@@ -165,6 +165,7 @@ void FilterRun::LendBlocks()
          asked.sourceFill, "source");
     const BlockRequest result =
         RequestOf(asked.resultBlockRect, asked.resultFirstPlane, asked.resultLastPlane);
+    // A source may reach beyond the picture and is filled there; what is written may not.
     if (!result.IsEmpty())
         RequireWithin(result, fPicture.Extent());
     lend(fResultBlock, result, fResult, asked.resultFill, "result");

@@ -89,6 +89,7 @@ ChildEnd RunThisProgram(const std::vector<std::string>& arguments)
     OwnedHandle from;
     OwnedHandle process;
     {
+        // A program that another thread starts meanwhile would inherit the pipe and hold it open.
         const std::lock_guard lock(gStarting);
         SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
         HANDLE readEnd = nullptr;

@@ -104,7 +104,7 @@ void CCustomButton::Clicked(double time, std::uint32_t modifiers)
     const CViewHold hold(*this);
     switch (fKind) {
     case kPushButton:
-        InvalidateAll(true);
+        InvalidateAll(true); // before the command, which may take long
         SendCommandNow(time, modifiers);
         break;
     case kRadioButton:
@@ -232,6 +232,7 @@ bool CCustomButton::HandleKey(CKeyboardMessage& message)
         const bool forward =
             message.fKeyCode == kKeyCode_Right || message.fKeyCode == kKeyCode_Down;
         const bool backward = message.fKeyCode == kKeyCode_Left || message.fKeyCode == kKeyCode_Up;
+        // The radios of a group are one stop of Tab; arrows go from one to the other.
         if (IsRadio() && (forward || backward)) {
             if (CView* const next = NextRadio(*this, forward)) {
                 next->BecomeBullseye(false);

@@ -331,6 +331,7 @@ bool CEditNumber::Scrub(double factor, const CMouseEvent& event, std::uint32_t p
         return true;
     case kPhase_ScrubEnd:
         SendNumber(phase, fValue, fScrubStart, fScrubStart);
+        // A drag is one change, however many values it went through.
         if (!hold.IsOver() && fValue != fScrubStart)
             SendNumber(kPhase_Return, fValue, fScrubStart, fScrubStart);
         return true;

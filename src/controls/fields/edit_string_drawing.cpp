@@ -169,6 +169,7 @@ void CEditString::Grow()
     };
     const Point size = SizeOf(limited(width, fGrowLimits.minWidth, fGrowLimits.maxWidth),
                               limited(lines, fGrowLimits.minLines, fGrowLimits.maxLines));
+    // A field of one line never gets higher.
     SetSize(size.x, HasTextOption(kEdit_MultiLine) ? size.y : GetBounds().Height());
 }
 

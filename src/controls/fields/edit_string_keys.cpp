@@ -125,6 +125,7 @@ CEditString::Use CEditString::UseOf(const CKeyboardMessage& message) const
         return Use::kWindow;
     if (key >= kKeyCode_F1 && key <= kLastFunctionKey)
         return HasTextOption(kEdit_IgnoreFKeys) ? Use::kNobody : Use::kWindow;
+    // With Control and Alt together some layouts type characters.
     constexpr std::uint32_t kBoth = CMessage::kModifier_Control | CMessage::kModifier_Alt;
     if ((message.fModifiers & kBoth) == CMessage::kModifier_Control)
         return EditsWithControl(key) ? Use::kText : Use::kWindow;

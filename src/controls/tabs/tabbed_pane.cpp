@@ -194,6 +194,7 @@ bool CTabbedPane::UseKey(const CKeyboardMessage& message)
     const std::uint32_t key = message.fKeyCode;
     const bool shift = (message.fModifiers & CMessage::kModifier_Shift) != 0;
     const bool control = (message.fModifiers & CMessage::kModifier_Control) != 0;
+    // With Control from anywhere within; arrows only while the tabs have the focus.
     if (control && (key == kKeyCode_Tab || key == kKeyCode_PageUp || key == kKeyCode_PageDown))
         Choose(NextPage(fFront, key == kKeyCode_Tab ? !shift : key == kKeyCode_PageDown));
     else if (!IsBullseye() || !IsPlainKeyDown(message))

@@ -58,6 +58,7 @@ void FillRounded(const CPixelSurface& surface, const CDeviceRegion& clip,
     const auto corners = CornersOf(frame, std::max(mask.width, ring ? hole.width + inset : 0),
                                    std::max(mask.height, ring ? hole.height + inset : 0));
 
+    // All but the corners is filled without a look at how much of a pixel is covered.
     CDeviceRegion straight(frame);
     straight.Subtract(hidden).Intersect(clip);
     if (ring)

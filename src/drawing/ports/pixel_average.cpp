@@ -102,6 +102,8 @@ void CPixelAverage::Run(CPixelRows& rows, const CAverageAxis& across, const CAve
 
 void CPixelAverage::SumRows(CPixelRows& rows, const CPixelShare& share)
 {
+    // Only the first and the last row have weights; those between are added as integers, which is
+    // quicker.
     const std::size_t count = fSums.size() / kChannels;
     const __m128 firstWeight = _mm_set1_ps(share.firstWeight);
     float* const sums = fSums.data();

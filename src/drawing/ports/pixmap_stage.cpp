@@ -175,6 +175,7 @@ CPreparedPixels CPixmapStage::Prepare(CPixmap& pixmap, const PixelRect& source,
     const auto* const contiguous = dynamic_cast<const CBasicPixmap*>(&pixmap);
     if (contiguous != nullptr && contiguous->GetBaseAddress() == nullptr)
         return {};
+    // Pixels that are as the port has them are drawn from where they are.
     if (alpha == EAlphaUse::kIgnored && contiguous != nullptr && planes == 1 &&
         pixmap.GetPixelBits() == 32) {
         const CPixelSurface surface{contiguous->GetBaseAddress(), contiguous->GetRowBytes(),

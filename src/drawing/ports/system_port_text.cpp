@@ -134,6 +134,7 @@ void CSystemPort::DrawTextBox(std::string_view text, const Rect& frame, std::uin
         if ((flags & kText_Ellipsis) != 0 && line->Width() > width)
             line = Shortened(DeviceFont(),
                              std::string_view(plain).substr(rows[i].first, line->Length()), width);
+        // Of a line that is too wide the beginning shows, or at the right its end.
         const std::int32_t room = width - line->Width();
         std::int32_t left = pixels.left;
         if ((flags & kText_Right) != 0)

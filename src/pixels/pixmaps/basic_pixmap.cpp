@@ -137,6 +137,7 @@ void CBasicPixmap::GetView(CPixView& view, std::int32_t x, std::int32_t y, std::
         view.Reset();
         return;
     }
+    // Pixels of less than a byte may begin within one.
     const std::int64_t bits = std::int64_t{fPixelBits} * x;
     const std::int64_t aligned = bits & ~std::int64_t{7};
     const std::int64_t byteOffset = std::int64_t{fRowBytes} * y + aligned / 8;

@@ -249,6 +249,7 @@ void CarryOut(const HostInputEvent& event)
     default:
         break;
     }
+    // From here on somebody must be there to take it; what finds nobody is dropped.
     if (event.message == kHostRequestType)
         Type(RecordOf<char>(event));
     if (PutKey(event))

@@ -176,7 +176,7 @@ void CExecutable::Start()
     const bool wasStarted = HasRunFlag(kStarted);
     SetRunFlag(kStarted, true);
     SetRunFlag(kDone, false);
-    if (wasStarted)
+    if (wasStarted) // then a start only takes back that it is done
         return;
     const CMessengerWatch watch(this);
     try {

@@ -189,6 +189,7 @@ bool CContext::DispatchMouse(const CMouseEvent& event)
         at->MouseDown(event);
         return true;
     }
+    // A release belongs to the view that was pressed, wherever the mouse is now.
     CView* const pressed = LastMouseDownView();
     (pressed != nullptr && pressed->GetContext() == this ? pressed : at)->MouseUp(event);
     return true;

@@ -59,6 +59,7 @@ void CView::ChangeEnabled(std::uint32_t bit, bool on)
     const bool is = IsUsable();
     if (is == was)
         return;
+    // Both hooks run while the view may have the focus.
     if (is) {
         UpdateMessengerState();
         if (!hold.IsOver())

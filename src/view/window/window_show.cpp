@@ -31,6 +31,7 @@ void CWindow::Show()
         return;
     }
     const CViewHold hold(*this);
+    // It counts once, however often it is shown.
     if (IsModal() && !HasWindowState(kWindow_HoldsModal)) {
         PutWindowState(kWindow_HoldsModal, true);
         CServiceT<CDesktop>::Get(true)->BeginModal();

@@ -61,30 +61,18 @@ TEST(Costs, NothingIsAllocatedForIconsKnownLinesAndShapes)
     const CDualPicture picture = PictureOf(24);
     CMemoryPixmap icon = IconOf(24);
     const std::string line = "A known line of text";
+    const Rect place{2, 2, 20, 60};
+    const Rect source{0, 0, 24, 24};
+    const Point corner{3, 15};
     const struct {
         const char* what;
         std::function<void(CSystemPort&)> draw;
     } rows[] = {
-        {"icon",
-         [&](auto& port) {
-             port.DrawIcon(picture, {2, 2, 40, 40});
-         }},
-        {"stretched picture",
-         [&](auto& port) {
-             port.DrawPicture(picture, Rect{2, 2, 20, 60});
-         }},
-        {"pixmap",
-         [&](auto& port) {
-             port.DrawPixmapBlended(icon, {0, 0, 24, 24}, {5, 5, 15, 15});
-         }},
-        {"line",
-         [&](auto& port) {
-             port.DrawTextLine(line, {3, 15});
-         }},
-        {"rectangle",
-         [&](auto& port) {
-             port.Paint(Rect{3, 3, 30, 30}, kBlack);
-         }},
+        {"icon", [&](auto& port) { port.DrawIcon(picture, place); }},
+        {"stretched picture", [&](auto& port) { port.DrawPicture(picture, place); }},
+        {"pixmap", [&](auto& port) { port.DrawPixmapBlended(icon, source, place); }},
+        {"line", [&](auto& port) { port.DrawTextLine(line, corner); }},
+        {"rectangle", [&](auto& port) { port.Paint(place, kBlack); }},
     };
     for (const double scale : {1.0, 1.25, 1.5, 2.0})
         for (const auto& row : rows) {

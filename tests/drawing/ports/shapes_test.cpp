@@ -46,41 +46,45 @@ TEST(Shapes, StrokesLieWithinAndAreAPixelWideAtLeast)
         const char* what;
         double scale;
         double width;
-        std::function<void(TestImage&, const CPen&)> frame;
+        Rect rect; // empty: the region
         const char* sketch;
     } rows[] = {
-        {"rectangle", 1, 2,
-         [](auto& i, auto& p) {
-             i.Frame(Rect{1, 1, 7, 6}, p);
-         },
+        {"rectangle",
+         1,
+         2,
+         {1, 1, 7, 6},
          "........\n.######.\n.######.\n.##..##.\n.######.\n.######.\n........\n........\n"},
-        {"thinner than a pixel", 1, 0.1,
-         [](auto& i, auto& p) {
-             i.Frame(Rect{1, 1, 7, 4}, p);
-         },
+        {"thinner than a pixel",
+         1,
+         0.1,
+         {1, 1, 7, 4},
          "........\n.######.\n.#....#.\n.######.\n........\n........\n........\n........\n"},
-        {"no number for a width", 1, std::nan(""),
-         [](auto& i, auto& p) {
-             i.Frame(Rect{1, 1, 4, 4}, p);
-         },
+        {"no number for a width",
+         1,
+         std::nan(""),
+         {1, 1, 4, 4},
          "........\n.###....\n.#.#....\n.###....\n........\n........\n........\n........\n"},
-        {"wider than the shape", 1, 9,
-         [](auto& i, auto& p) {
-             i.Frame(Rect{1, 1, 7, 3}, p);
-         },
+        {"wider than the shape",
+         1,
+         9,
+         {1, 1, 7, 3},
          "........\n.######.\n.######.\n........\n........\n........\n........\n........\n"},
-        {"region", 1, 1, [&](auto& i, auto& p) { i.Frame(corner, p); },
+        {"region",
+         1,
+         1,
+         {},
          "........\n.#######\n.#.....#\n.#.#####\n.#.#....\n.#.#....\n.#.#....\n.###....\n"},
-        {"at scale 2", 2, 1,
-         [](auto& i, auto& p) {
-             i.Frame(Rect{0, 0, 4, 3}, p);
-         },
+        {"at scale 2",
+         2,
+         1,
+         {0, 0, 4, 3},
          "########\n########\n##....##\n##....##\n########\n########\n........\n........\n"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         TestImage image(8, 8, row.scale);
-        row.frame(image, CPen{kBlack, row.width});
+        const CPen pen{kBlack, row.width};
+        row.rect.IsEmpty() ? image.Frame(corner, pen) : image.Frame(row.rect, pen);
         EXPECT_EQ(image.Sketch(), row.sketch);
     }
 }

@@ -67,12 +67,13 @@ TEST(Arithmetic, WrapsOrHolds)
     const CPicture second = PictureOf({{100, 20}});
     const CPixView a = first.View();
     const CPixView b = second.View();
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddWrapping(out, a, b); }), (Rows{{44, 30}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { AddCapped(out, a, b); }), (Rows{{255, 30}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractWrapping(out, a, b); }),
-              (Rows{{100, 246}}));
-    EXPECT_EQ(Made(2, 1, [&](const CPixView& out) { SubtractFloored(out, a, b); }),
-              (Rows{{100, 0}}));
+    const auto made = [&](auto kernel) {
+        return Made(2, 1, [&](const CPixView& out) { kernel(out, a, b); });
+    };
+    EXPECT_EQ(made(AddWrapping), (Rows{{44, 30}}));
+    EXPECT_EQ(made(AddCapped), (Rows{{255, 30}}));
+    EXPECT_EQ(made(SubtractWrapping), (Rows{{100, 246}}));
+    EXPECT_EQ(made(SubtractFloored), (Rows{{100, 0}}));
     std::array<std::int32_t, 256> table{};
     table[100] = 1000;
     table[20] = -3;
@@ -123,21 +124,12 @@ TEST(Boxes, MeansOf32BitPixels)
 TEST(Boxes, ExtremesAndTheirDifference)
 {
     const CPicture source = PictureOf({{5, 9, 1}, {4, 2, 8}});
-    EXPECT_EQ(Made(2, 1,
-                   [&](const CPixView& out) {
-                       Dilate(out, source.View(), {2, 2});
-                   }),
-              (Rows{{9, 9}}));
-    EXPECT_EQ(Made(2, 1,
-                   [&](const CPixView& out) {
-                       Erode(out, source.View(), {2, 2});
-                   }),
-              (Rows{{2, 1}}));
-    EXPECT_EQ(Made(2, 1,
-                   [&](const CPixView& out) {
-                       BoxRange(out, source.View(), {2, 2});
-                   }),
-              (Rows{{7, 8}}));
+    const auto made = [&](auto kernel) {
+        return Made(2, 1, [&](const CPixView& out) { kernel(out, source.View(), BoxShape{2, 2}); });
+    };
+    EXPECT_EQ(made(Dilate), (Rows{{9, 9}}));
+    EXPECT_EQ(made(Erode), (Rows{{2, 1}}));
+    EXPECT_EQ(made(BoxRange), (Rows{{7, 8}}));
 }
 
 TEST(Boxes, RankIsTheLowestBinWithThatManyAtOrBelow)

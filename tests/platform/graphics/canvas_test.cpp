@@ -43,90 +43,48 @@ TEST(Canvas, CoversAsMuchAsTheShapeHas)
         double area;
         double tolerance;
     };
+    const auto filled = [](const Path& path, FillRule rule = FillRule::kNonZero) {
+        return [path, rule](Canvas& canvas) { canvas.Fill(path, kBlack, rule); };
+    };
+    const auto stroked = [](const Path& path, double width) {
+        return [path, width](Canvas& canvas) { canvas.Stroke(path, width, kBlack); };
+    };
+    const auto shape = [](auto add, auto... numbers) {
+        Path path;
+        (path.*add)(numbers...);
+        return path;
+    };
+    using Platform::PathRect;
+    const auto rectangle = [&](const PathRect& rect) { return shape(&Path::AddRectangle, rect); };
+    const auto oval = [&](const PathRect& rect) { return shape(&Path::AddOval, rect); };
+    const auto rounded = [&](const PathRect& rect, double radius) {
+        return shape(&Path::AddRoundedRectangle, rect, radius, radius);
+    };
+    Path two = rectangle({0, 0, 40, 40});
+    two.AddRectangle({20, 20, 60, 50});
     const Row rows[] = {
-        {"a rectangle of fractions",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddRectangle({2.25, 3.5, 10.75, 9.125});
-             canvas.Fill(path, kBlack);
-         },
-         8.5 * 5.625, 0.1},
-        {"a triangle drawn anticlockwise",
-         [](Canvas& canvas) {
-             canvas.Fill(Lines({{5, 5}, {5, 45}, {65, 5}}, true), kBlack);
-         },
-         60 * 40 / 2.0, 0.5},
-        {"an open figure, filled as if closed",
-         [](Canvas& canvas) {
-             canvas.Fill(Lines({{5, 5}, {45, 5}, {45, 25}}, false), kBlack);
-         },
-         40 * 20 / 2.0, 0.5},
-        {"an oval",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddOval({10, 10, 70, 40});
-             canvas.Fill(path, kBlack);
-         },
-         kPi * 30 * 15, 3},
-        {"a rounded rectangle",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddRoundedRectangle({10, 10, 70, 40}, 8, 8);
-             canvas.Fill(path, kBlack);
-         },
-         60 * 30 - (4 - kPi) * 64, 1},
-        {"radii larger than the rectangle make an oval",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddRoundedRectangle({10, 10, 30, 30}, 500, 500);
-             canvas.Fill(path, kBlack);
-         },
+        {"a rectangle of fractions", filled(rectangle({2.25, 3.5, 10.75, 9.125})), 8.5 * 5.625,
+         0.1},
+        {"a triangle drawn anticlockwise", filled(Lines({{5, 5}, {5, 45}, {65, 5}}, true)), 1200,
+         0.5},
+        {"an open figure, filled as if closed", filled(Lines({{5, 5}, {45, 5}, {45, 25}}, false)),
+         400, 0.5},
+        {"an oval", filled(oval({10, 10, 70, 40})), kPi * 30 * 15, 3},
+        {"a rounded rectangle", filled(rounded({10, 10, 70, 40}, 8)), 60 * 30 - (4 - kPi) * 64, 1},
+        {"radii larger than the rectangle make an oval", filled(rounded({10, 10, 30, 30}, 500)),
          kPi * 100, 1},
-        {"two figures over each other count once by the non-zero rule",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddRectangle({0, 0, 40, 40});
-             path.AddRectangle({20, 20, 60, 50});
-             canvas.Fill(path, kBlack, FillRule::kNonZero);
-         },
+        {"two figures over each other count once by the non-zero rule", filled(two),
          1600 + 1200 - 400, 0.01},
-        {"and not at all by the even-odd rule",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddRectangle({0, 0, 40, 40});
-             path.AddRectangle({20, 20, 60, 50});
-             canvas.Fill(path, kBlack, FillRule::kEvenOdd);
-         },
+        {"and not at all by the even-odd rule", filled(two, FillRule::kEvenOdd),
          1600 + 1200 - 2 * 400, 0.01},
-        {"a stroke has flat ends",
-         [](Canvas& canvas) {
-             canvas.Stroke(Lines({{10, 10}, {40, 50}}, false), 4, kBlack);
-         },
-         50 * 4, 1},
-        {"a closed stroke has mitred corners",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddRectangle({20, 20, 60, 40});
-             canvas.Stroke(path, 4, kBlack);
-         },
+        {"a stroke has flat ends", stroked(Lines({{10, 10}, {40, 50}}, false), 4), 50 * 4, 1},
+        {"a closed stroke has mitred corners", stroked(rectangle({20, 20, 60, 40}), 4),
          44 * 24 - 36 * 16, 0.01},
         {"a stroke that turns back is not drawn twice",
-         [](Canvas& canvas) {
-             canvas.Stroke(Lines({{10, 30}, {50, 30}, {20, 30}}, false), 6, kBlack);
-         },
-         40 * 6, 0.01},
-        {"the ring of an oval",
-         [](Canvas& canvas) {
-             Path path;
-             path.AddOval({10, 10, 50, 50});
-             canvas.Stroke(path, 6, kBlack);
-         },
-         kPi * (23 * 23 - 17 * 17), 4},
+         stroked(Lines({{10, 30}, {50, 30}, {20, 30}}, false), 6), 40 * 6, 0.01},
+        {"the ring of an oval", stroked(oval({10, 10, 50, 50}), 6), kPi * (23 * 23 - 17 * 17), 4},
         {"corners too sharp for a mitre stay near",
-         [](Canvas& canvas) {
-             canvas.Stroke(Lines({{10, 20}, {60, 21}, {10, 22}}, false), 4, kBlack);
-         },
-         50 * 5, 10},
+         stroked(Lines({{10, 20}, {60, 21}, {10, 22}}, false), 4), 50 * 5, 10},
     };
     for (const Row& row : rows) {
         Sheet sheet(80, 60);
@@ -258,26 +216,25 @@ TEST(Canvas, SurvivesHostileNumbers)
         canvas.SetClip({&inner, 1});
         Path path;
         path.Close();
-        for (int step = 0; step < 6; ++step)
-            switch (random() % 6) {
-            case 0:
+        const std::function<void()> steps[] = {
+            [&] {
                 path.MoveTo({any(), any()});
-                break;
-            case 1:
+            },
+            [&] {
                 path.LineTo({any(), any()});
-                break;
-            case 2:
+            },
+            [&] {
                 path.CurveTo({any(), any()}, {any(), any()}, {any(), any()});
-                break;
-            case 3:
-                path.Close();
-                break;
-            case 4:
+            },
+            [&] { path.Close(); },
+            [&] {
                 path.AddOval({any(), any(), any(), any()});
-                break;
-            default:
+            },
+            [&] {
                 path.AddRoundedRectangle({any(), any(), any(), any()}, any(), any());
-            }
+            }};
+        for (int step = 0; step < 6; ++step)
+            steps[random() % std::size(steps)]();
         canvas.Fill(path, kBlack, round % 2 != 0 ? FillRule::kEvenOdd : FillRule::kNonZero);
         canvas.Stroke(path, any(), kBlack);
         for (std::int32_t i = 0; i < 32; ++i)

@@ -29,51 +29,20 @@ TEST_F(Scrolled, ThePositionStaysInTheImage)
         const char* told; // empty: nothing moved
         Point position;
     };
+    const auto to = [view](Point position) { return [=] { view->ScrollTo(position); }; };
+    const auto by = [view](double dx) { return [=] { view->ScrollBy(dx, 0, true, false); }; };
+    const auto show = [view](Rect rect) { return [=] { view->RevealRect(rect); }; };
+    const auto centre = [view](Rect rect) { return [=] { view->CenterRectInView(rect); }; };
     const Case cases[] = {
-        {"to a place",
-         [&] {
-             view->ScrollTo({50, 60});
-         },
-         "v:at50,60",
-         {50, 60}},
-        {"too far",
-         [&] {
-             view->ScrollTo({999, 999});
-         },
-         "v:at200,300",
-         {200, 300}},
-        {"too far back",
-         [&] {
-             view->ScrollTo({-5, 10});
-         },
-         "v:at0,10",
-         {0, 10}},
-        {"less than anything", [&] { view->ScrollBy(0.00000001, 0, true, false); }, "", {0, 10}},
-        {"not a number", [&] { view->ScrollBy(NAN, 0, true, false); }, "", {0, 10}},
-        {"to show a rectangle",
-         [&] {
-             view->RevealRect({150, 0, 160, 10});
-         },
-         "v:at60,0",
-         {60, 0}},
-        {"that shows",
-         [&] {
-             view->RevealRect({60, 0, 160, 100});
-         },
-         "",
-         {60, 0}},
-        {"that is larger than the view",
-         [&] {
-             view->RevealRect({70, 0, 290, 10});
-         },
-         "v:at70,0",
-         {70, 0}},
-        {"to centre one",
-         [&] {
-             view->CenterRectInView({190, 190, 210, 210});
-         },
-         "v:at150,150",
-         {150, 150}},
+        {"to a place", to({50, 60}), "v:at50,60", {50, 60}},
+        {"too far", to({999, 999}), "v:at200,300", {200, 300}},
+        {"too far back", to({-5, 10}), "v:at0,10", {0, 10}},
+        {"less than anything", by(0.00000001), "", {0, 10}},
+        {"not a number", by(NAN), "", {0, 10}},
+        {"to show a rectangle", show({150, 0, 160, 10}), "v:at60,0", {60, 0}},
+        {"that shows", show({60, 0, 160, 100}), "", {60, 0}},
+        {"that is larger than the view", show({70, 0, 290, 10}), "v:at70,0", {70, 0}},
+        {"to centre one", centre({190, 190, 210, 210}), "v:at150,150", {150, 150}},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.what);

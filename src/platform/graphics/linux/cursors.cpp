@@ -84,6 +84,7 @@ xcb_cursor_t MakeOfPixels(xcb_connection_t* display, xcb_screen_t* screen,
     const xcb_cursor_t cursor = xcb_generate_id(display);
     xcb_render_create_cursor(display, cursor, picture, static_cast<std::uint16_t>(hotSpot.x),
                              static_cast<std::uint16_t>(hotSpot.y));
+    // The cursor keeps what it needs of them.
     xcb_render_free_picture(display, picture);
     xcb_free_gc(display, tools);
     xcb_free_pixmap(display, pixmap);

@@ -185,6 +185,7 @@ void EditField::DeleteByKey(bool forward, bool byWord)
 
 void EditField::HandleCharacter(std::uint32_t unit)
 {
+    // What is typed with Control comes as a control character.
     switch (unit) {
     case kControlA:
         fModel.Select(0, fModel.Text().size());

@@ -281,6 +281,7 @@ void ShowSystemWindow(NativeWindow window, ShowCommand command)
         SetExtent(*found, Extent::kMinimized);
     else if (command != ShowCommand::kShow && command != ShowCommand::kShowInactive)
         SetExtent(*found, Extent::kNormal);
+    // The messages of the change may have destroyed it.
     if (command != ShowCommand::kHide && LinuxWindow::From(window) != nullptr) {
         if (!found->fShown)
             AppearWindow(*found, activate);

@@ -106,6 +106,7 @@ LRESULT SystemChild::HandleOwn(UINT number, WPARAM first, LPARAM second)
 
 bool TellChild(UINT number, WPARAM first, LPARAM second, LRESULT& answer)
 {
+    // The system tells the parent of what its controls do and ask.
     switch (number) {
     case WM_COMMAND:
         if (SystemChild* const child = ChildOf(reinterpret_cast<HWND>(second))) {

@@ -50,6 +50,7 @@ NativeWindow MakeSystemWindow(const WindowPlan& plan, WindowProcedure& procedure
     const DpiScope awareness((plan.features & WindowFeature::kResolutionIndependent) != 0);
     WindowStyle style = StyleOf(plan.kind, plan.features);
     HWND parent = ParentOf(plan);
+    // Without a frame around it a document of a frame is a plain one.
     if (plan.kind == WindowKind::kMDIDocument && parent == nullptr)
         style = StyleOf(WindowKind::kDocument, plan.features);
     RECT rect{plan.content.left, plan.content.top, plan.content.right, plan.content.bottom};

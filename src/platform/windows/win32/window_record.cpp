@@ -115,6 +115,7 @@ std::intptr_t DefaultAnswer(const WindowMessage& message)
             return MA_NOACTIVATE;
         break;
     case Number::kScaleChanged: {
+        // What the system suggests keeps the size in units.
         const auto& rect = *reinterpret_cast<const RECT*>(message.second);
         SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
                      rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
