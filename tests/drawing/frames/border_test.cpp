@@ -1,4 +1,7 @@
+// What frames and bodies of controls look like, and what they leave.
 #include "drawing/frames/border.h"
+#include "drawing/frames/widget_skin.h"
+#include "drawing/ports/test_image.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +34,21 @@ TEST(Border, TakesFromEachSideWhatItsKindSays)
         EXPECT_EQ(FrameEdges(row.kind), row.edges) << row.kind;
     EXPECT_EQ(CBorder(kFrameEtched).GetInterior({10, 10, 20, 13}), Rect{}) << "nothing is left";
     EXPECT_EQ(CBorder(kDividerLeft).GetInterior({10, 10, 20, 13}), (Rect{11, 10, 20, 13}));
+}
+
+TEST(Tabs, AreRoundAtTheTopAloneAndTheFrontOneJoinsItsPage)
+{
+    for (const bool front : {false, true}) {
+        SCOPED_TRACE(front ? "the front one" : "another");
+        TestImage image(30, 24);
+        CWidgetSkin::DrawTab(image, {0, 0, 30, 20}, EButtonState::kNormal, front);
+        const std::int32_t top = front ? 0 : 3;
+        EXPECT_EQ(image.Inked(), (PixelRect{0, top, 30, front ? 21 : 20}));
+        EXPECT_NE(image.At(0, top), image.At(0, 12)) << "a corner";
+        for (std::int32_t y = 12; y < image.Inked().bottom; ++y)
+            for (const std::int32_t x : {0, 1, 15, 29})
+                EXPECT_EQ(image.At(x, y), image.At(x, 12)) << x << ", " << y;
+    }
 }
 
 } // namespace

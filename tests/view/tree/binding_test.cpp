@@ -48,6 +48,20 @@ TEST_F(Tree, AttachingAppliesTheBindingOnce)
     EXPECT_EQ(right->GetFrame(), (Rect{10, 10, 20, 20}));
 }
 
+TEST_F(Tree, EachChangeOfEdgesIsToldOnce)
+{
+    struct Sized : CPane {
+        using CPane::CPane;
+        void DidResize() override { ++told; }
+        int told = 0;
+    };
+    const Sized* const view = root.AppendChild(
+        std::make_unique<Sized>(Rect{10, 10, 20, 20}, CObjID{}, 0U, kBind_Sizeable));
+    EXPECT_EQ(view->told, 1) << "when it is attached";
+    root.SetContextSize({500, 400});
+    EXPECT_EQ(view->told, 2);
+}
+
 // What holds for every binding, over random trees and sizes.
 class Bindings : public Tree {
 public:

@@ -139,7 +139,7 @@ private:
         Kesto::CMouseEvent event = At(x, y);
         event.fID = id;
         event.fButton = button;
-        root.DispatchMouse(event);
+        EXPECT_TRUE(root.DispatchMouse(event));
     }
 };
 
