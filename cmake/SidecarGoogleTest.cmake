@@ -5,7 +5,7 @@ add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM
 
 # The headers that every test includes, parsed once for all of them. A program, as tests are, since it must have their
 # flags; it is never linked into anything.
-add_executable(sidecar_test_headers EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/test_headers.cpp)
+add_executable(sidecar_test_headers EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/headers_only.cpp)
 target_link_libraries(sidecar_test_headers PRIVATE sidecar_warnings GTest::gmock)
 target_compile_options(sidecar_test_headers PRIVATE ${SIDECAR_QUICK_BUILD})
 target_precompile_headers(sidecar_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)

@@ -19,6 +19,15 @@ set(SIDECAR_HOUSE
 set(SIDECAR_LAYERS ${SIDECAR_HOUSE})
 list(TRANSFORM SIDECAR_LAYERS REPLACE ":.*" "")
 
+# The standard headers that most sources include, parsed once for all layers: a third less to compile. Not as a rule, since
+# the compiler's cache then serves no other tree, and a source that forgets an include of its own isn't found.
+if(SIDECAR_PRECOMPILE)
+  add_library(sidecar_layer_headers STATIC EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/headers_only.cpp)
+  target_link_libraries(sidecar_layer_headers PRIVATE sidecar_warnings)
+  target_precompile_headers(sidecar_layer_headers PRIVATE <algorithm> <array> <cmath> <cstdint> <cstring> <functional>
+    <limits> <map> <memory> <optional> <span> <string> <string_view> <utility> <vector>)
+endif()
+
 # sidecar_layer(NAME [GENERATED file...] [EXCEPT file...] [LIBRARIES target...])
 # Makes sidecar_NAME of every source in the folder and its folders, linked with all lower layers that exist. Of the
 # folders linux/ and win32/ only the one of the system that is built for counts.
@@ -36,6 +45,9 @@ function(sidecar_layer name)
   add_library(sidecar_${name} STATIC ${sources} ${layer_GENERATED})
   target_include_directories(sidecar_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
   target_link_libraries(sidecar_${name} PRIVATE sidecar_warnings)
+  if(SIDECAR_PRECOMPILE AND NOT name STREQUAL "platform") # whose libraries bring options of their own
+    target_precompile_headers(sidecar_${name} REUSE_FROM sidecar_layer_headers)
+  endif()
   foreach(lower IN LISTS SIDECAR_LAYERS)
     if(lower STREQUAL name)
       break()
@@ -83,7 +95,7 @@ function(sidecar_test name)
     endif()
   endforeach()
   add_test(NAME ${name} COMMAND ${name} ${test_ARGUMENTS})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
   if(test_DESKTOP AND WIN32)
     set_tests_properties(${name} PROPERTIES RESOURCE_LOCK desktop)
   endif()

@@ -1,0 +1,2 @@
+// A target needs a source to have a precompiled header.
+int main() {}

@@ -1,2 +1,0 @@
-// The target needs a source to have a precompiled header.
-int main() {}
