@@ -23,6 +23,8 @@ public:
         SetID(kScrollerPart_SizeBox);
         SetBinding(kBind_Fixed);
     }
+    // All of the square: nothing of the window's contents is in its other half.
+    CBRVRegion GetClipRegion() const override { return CPane::GetClipRegion(); }
     void DrawInContext(const CPaintEvent&) override
     {
         GetPort()->Paint(GetBounds(), ToolColour(kColour_Track));

@@ -7,6 +7,7 @@
 #include "controls/scrolling/scroll_bar.h"
 #include "controls/scrolling/scroll_pane.h"
 #include "layout/build/interiors.h"
+#include "layout/build/property_reader.h"
 #include "layout/vocabulary/slider_options.h"
 
 #include <array>
@@ -73,8 +74,13 @@ public:
     void AppendRows(std::vector<PropertyRows>& rows) const override;
 
 protected:
+    // Where the layout doesn't give them.
+    virtual std::uint32_t DefaultAttributes() const { return kScroller_AllControls; }
     std::unique_ptr<CPane> MakePane(const PaneParameters& parameters) const override;
     void ReadKeys(CPane& pane, LayoutOwner& owner) const override;
+
+private:
+    std::uint32_t ReadAttributes(const CPropertyReader& reader) const;
 };
 
 } // namespace Kesto

@@ -39,17 +39,6 @@ constexpr PropertyRow kGapRight{VexName("scroller_gap_right"), 0, "right of the 
 constexpr PropertyRow kGapBottom{VexName("scroller_gap_bottom"), 0, "below the bar at the right"};
 constexpr PropertyRow kRows[] = {kAttributes, kGapLeft, kGapTop, kGapRight, kGapBottom};
 
-std::uint32_t ReadAttributes(const CPropertyReader& reader)
-{
-    auto attributes = static_cast<std::uint32_t>(reader.Integer(kAttributes));
-    for (const AttributeRow& row : kAttributeRows) {
-        bool flag = false;
-        if (reader.TryFlag(row.row.key, flag))
-            attributes = flag ? attributes | row.bit : attributes & ~row.bit;
-    }
-    return attributes;
-}
-
 void SetIfNotGiven(double& number, double value)
 {
     if (!ViewLayoutRecord::IsGiven(number))
@@ -57,6 +46,19 @@ void SetIfNotGiven(double& number, double value)
 }
 
 } // namespace
+
+std::uint32_t CPaneBuilder<CScroller>::ReadAttributes(const CPropertyReader& reader) const
+{
+    std::uint32_t attributes = DefaultAttributes();
+    if (std::int32_t given = 0; reader.TryInteger(kAttributes.key, given))
+        attributes = static_cast<std::uint32_t>(given);
+    for (const AttributeRow& row : kAttributeRows) {
+        bool flag = false;
+        if (reader.TryFlag(row.row.key, flag))
+            attributes = flag ? attributes | row.bit : attributes & ~row.bit;
+    }
+    return attributes;
+}
 
 CView* CPaneBuilder<CScroller>::AdjustLayout(CView* parent, LayoutOwner& owner)
 {

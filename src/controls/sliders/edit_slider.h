@@ -42,6 +42,9 @@ public:
 
     bool HandleValue(CValueMessage& message) override;
     void DidResize() override;
+    // Who goes to the whole gets to its field.
+    CMessenger* DefaultBullseye() override { return fField; }
+    void SelectContents() override { fField->SelectContents(); }
 
 private:
     void Arrange();

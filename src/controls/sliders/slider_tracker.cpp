@@ -16,8 +16,13 @@ void CSliderTracker::Begin(const CMouseEvent& event)
         MoveTo(event);
 }
 
+// The mouse is told of again while it rests. Whoever rounds the values would have the same one
+// changed each time.
 void CSliderTracker::MoveTo(const CMouseEvent& event)
 {
+    if (fLast == event.fPortPoint)
+        return;
+    fLast = event.fPortPoint;
     const Point place = fSlider.PortToLocal(event.fPortPoint);
     const double before = fSlider.GetValue();
     const double value = fSlider.ValueAt({place.x - fGrip.x, place.y - fGrip.y});

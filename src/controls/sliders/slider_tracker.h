@@ -5,6 +5,8 @@
 #include "controls/sliders/custom_slider.h"
 #include "view/tree/view_tracker.h"
 
+#include <optional>
+
 namespace Kesto {
 
 class CSliderTracker : public CNonPollingTracker {
@@ -20,7 +22,8 @@ private:
     CCustomSlider& fSlider; // the view of the tracker
     double fStartValue;
     Point fGrip;
-    bool fHasMoved = false; // a passing value has been sent
+    std::optional<Point> fLast; // where the mouse was last
+    bool fHasMoved = false;     // a passing value has been sent
 };
 
 } // namespace Kesto
