@@ -3,6 +3,7 @@
 #include "controls/base/label_text.h"
 #include "controls/base/natural_size.h"
 #include "drawing/frames/widget_skin.h"
+#include "drawing/ports/device_font.h"
 #include "drawing/ports/system_port.h"
 #include "drawing/tools/draw_tools.h"
 #include "layout/build/layout_owner.h"
@@ -24,6 +25,22 @@ constexpr PropertyRow kText{VexName("text"), 0, "its items, one a line; - is a l
 constexpr PropertyRow kItem{VexName("item_id"), 0, "the item chosen at first, counted from 0"};
 constexpr PropertyRow kFont{VexName("control_font"), kFont_UIMedium, "of its text"};
 constexpr PropertyRow kRows[] = {kText, kItem, kFont};
+
+// Of the menu that opens, as of a field, where the system doesn't draw it.
+Platform::MenuLook MenuLookOf(EFontKind font, double scale)
+{
+    const auto pixels = [scale](double units) { return std::max(ToDevice(units, scale), 1); };
+    return {.ground = ToolColour(kColour_Field),
+            .edge = ToolColour(kColour_Border),
+            .text = ToolColour(kColour_FieldText),
+            .dimText = ToolColour(kColour_FieldTextDisabled),
+            .lit = ToolColour(kColour_Sel),
+            .litText = ToolColour(kColour_SelText),
+            .font = DeviceFontSpec(CDrawTools::Get().GetFont(font), 1.0, scale),
+            .padding = pixels(4.0),
+            .markWidth = pixels(20.0),
+            .separatorHeight = pixels(7.0)};
+}
 
 bool IsLetter(std::uint32_t code)
 {
@@ -144,7 +161,8 @@ void CMenuPopup::OpenMenu()
                         .rows = {}});
     const PixelRect screen = GetGlobalRect();
     SetPressed(true);
-    const int row = Platform::RunPopupMenu(window, {screen.left, screen.bottom}, rows);
+    const int row = Platform::RunPopupMenu(window, {screen.left, screen.bottom}, rows,
+                                           MenuLookOf(fFont, GetScale()));
     if (hold.IsOver())
         return;
     SetPressed(false);

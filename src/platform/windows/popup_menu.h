@@ -1,9 +1,12 @@
 // A menu that pops up at a point and stays until something is chosen.
 #pragma once
 
+#include "platform/graphics/colour.h"
+#include "platform/graphics/fonts.h"
 #include "platform/system/native_window.h"
 #include "platform/system/pixel_rect.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -19,8 +22,24 @@ struct MenuRow {
     std::vector<MenuRow> rows; // of a submenu
 };
 
+// How a menu looks where we draw it ourselves; Windows draws its own.
+struct MenuLook {
+    Colour ground;
+    Colour edge;
+    Colour text;
+    Colour dimText; // of rows that can't be chosen
+    Colour lit;     // the ground of the row under the mouse
+    Colour litText;
+    FontSpec font;
+    // Pixels.
+    std::int32_t padding;         // above, below and beside texts
+    std::int32_t markWidth;       // before each text, for the check mark
+    std::int32_t separatorHeight; // with what is free around the line
+};
+
 // Shows the menu with its top left corner at a point of the screen, or where there is room near it,
 // and pumps the thread's messages meanwhile. Returns the id of the row that was chosen, 0 for none.
-int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows);
+int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows,
+                 const MenuLook& look);
 
 } // namespace Platform

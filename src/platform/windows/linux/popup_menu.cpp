@@ -23,16 +23,6 @@ namespace {
 
 using namespace Number;
 
-constexpr Colour kText{35, 40, 43, 255};
-constexpr Colour kDimText{151, 157, 161, 255};
-constexpr Colour kGround{249, 249, 249, 255};
-constexpr Colour kEdge{130, 134, 138, 255};
-constexpr Colour kLit{18, 128, 143, 255};
-constexpr Colour kLitText{255, 255, 255, 255};
-constexpr std::int32_t kPadding = 4;
-constexpr std::int32_t kMarkWidth = 20; // before each text, for the check mark
-constexpr std::int32_t kSeparatorHeight = 7;
-
 enum KeyNumber : std::uintptr_t {
     kReturnKey = 0x0D,
     kEscapeKey = 0x1B,
@@ -54,10 +44,11 @@ void FillRect(const Bitmap& bitmap, const PixelRect& rect, Colour colour)
 // One level of the menu, with the submenu that is open on it.
 class Level final : public WindowProcedure {
 public:
-    Level(NativeWindow owner, PixelPoint corner, std::span<const MenuRow> rows)
-        : fOwner(owner), fRows(rows)
+    // Rows and look outlive it.
+    Level(NativeWindow owner, PixelPoint corner, std::span<const MenuRow> rows,
+          const MenuLook& look)
+        : fOwner(owner), fRows(rows), fLook(look), fFont(look.font)
     {
-        fRowHeight = fFont.Metrics().height + 2 * kPadding;
         const PixelPoint size = Measure();
         const std::vector<Monitor> monitors = ListMonitors();
         const PixelRect& area =
@@ -110,14 +101,14 @@ public:
 private:
     std::int32_t HeightOf(const MenuRow& row) const
     {
-        return row.separator ? kSeparatorHeight : fRowHeight;
+        return row.separator ? fLook.separatorHeight : fFont.Metrics().height + 2 * fLook.padding;
     }
 
     PixelPoint Measure() const
     {
         PixelPoint size{2, 2};
         for (const MenuRow& row : fRows) {
-            size.x = std::max(size.x, fFont.WidthOf(row.text) + 2 * kMarkWidth + 2);
+            size.x = std::max(size.x, fFont.WidthOf(row.text) + 2 * fLook.markWidth + 2);
             size.y += HeightOf(row);
         }
         return size;
@@ -193,8 +184,8 @@ private:
         std::int32_t top = content.top;
         for (std::size_t i = 0; i < *fLit; ++i)
             top += HeightOf(fRows[i]);
-        fSub =
-            std::make_unique<Level>(fOwner, PixelPoint{content.right - 1, top}, fRows[*fLit].rows);
+        fSub = std::make_unique<Level>(fOwner, PixelPoint{content.right - 1, top},
+                                       fRows[*fLit].rows, fLook);
     }
 
     void Choose()
@@ -213,8 +204,8 @@ private:
         if (!bitmap.Make(std::max(all.right, 1), std::max(all.bottom, 1), 32, false))
             return;
         bitmap.BeginWriting();
-        FillRect(bitmap, all, kEdge);
-        FillRect(bitmap, {1, 1, all.right - 1, all.bottom - 1}, kGround);
+        FillRect(bitmap, all, fLook.edge);
+        FillRect(bitmap, {1, 1, all.right - 1, all.bottom - 1}, fLook.ground);
         std::int32_t top = 1;
         for (std::size_t i = 0; i < fRows.size(); ++i) {
             DrawRow(bitmap, i, {1, top, all.right - 1, top + HeightOf(fRows[i])});
@@ -229,28 +220,30 @@ private:
         const MenuRow& row = fRows[number];
         if (row.separator) {
             const std::int32_t middle = (rect.top + rect.bottom) / 2;
-            FillRect(bitmap, {rect.left + kPadding, middle, rect.right - kPadding, middle + 1},
-                     kDimText);
+            FillRect(bitmap,
+                     {rect.left + fLook.padding, middle, rect.right - fLook.padding, middle + 1},
+                     fLook.dimText);
             return;
         }
         const bool lit = fLit == number;
         if (lit)
-            FillRect(bitmap, rect, kLit);
-        const Colour colour = lit ? kLitText : row.enabled ? kText : kDimText;
-        const std::int32_t base = rect.top + kPadding + fFont.Metrics().ascent;
+            FillRect(bitmap, rect, fLook.lit);
+        const Colour colour = lit ? fLook.litText : row.enabled ? fLook.text : fLook.dimText;
+        const std::int32_t base = rect.top + fLook.padding + fFont.Metrics().ascent;
         Canvas canvas(bitmap);
-        canvas.DrawTextLine(*fFont.Line(row.text), {rect.left + kMarkWidth, base}, colour);
+        canvas.DrawTextLine(*fFont.Line(row.text), {rect.left + fLook.markWidth, base}, colour);
         if (row.checked)
-            canvas.DrawTextLine(*fFont.Line("\xE2\x9C\x93"), {rect.left + kPadding, base}, colour);
+            canvas.DrawTextLine(*fFont.Line("\xE2\x9C\x93"), {rect.left + fLook.padding, base},
+                                colour);
         if (!row.rows.empty())
             canvas.DrawTextLine(*fFont.Line("\xE2\x96\xB8"),
-                                {rect.right - kMarkWidth + kPadding, base}, colour);
+                                {rect.right - fLook.markWidth + fLook.padding, base}, colour);
     }
 
     NativeWindow fOwner;
     std::span<const MenuRow> fRows;
+    const MenuLook& fLook;
     Font fFont;
-    std::int32_t fRowHeight = 0;
     NativeWindow fHandle = nullptr;
     std::optional<std::size_t> fLit;
     std::optional<int> fChosen;
@@ -265,9 +258,10 @@ bool IsPress(std::uint32_t number)
 } // namespace
 
 // A press outside leaves the menu and does nothing else; keys are the menu's alone.
-int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows)
+int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows,
+                 const MenuLook& look)
 {
-    Level level(TopWindowOf(window), corner, rows);
+    Level level(TopWindowOf(window), corner, rows, look);
     while (level.IsAlive() && !level.Chosen()) {
         const std::optional<QueuedMessage> message = AwaitMessage();
         if (!message)

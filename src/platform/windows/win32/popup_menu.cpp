@@ -28,7 +28,8 @@ HMENU MakeMenu(std::span<const MenuRow> rows)
 
 } // namespace
 
-int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows)
+int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows,
+                 const MenuLook&)
 {
     const ForeignLoop loop;
     const HMENU menu = MakeMenu(rows);
