@@ -13,6 +13,7 @@
 #include "controls/text/static_image.h"
 #include "controls/text/static_text.h"
 #include "controls/text/static_view.h"
+#include "layout/build/builder_registry.h"
 #include "layout/build/window_builder.h"
 
 #include <vector>
@@ -31,6 +32,8 @@ std::unique_ptr<CViewBuilderBase> Make(std::string_view name)
 
 // A class without a builder yet; its size is about that of the control.
 constexpr std::nullptr_t kToCome = nullptr;
+// One that is built above this layer, by dialogs/preview.
+constexpr std::nullptr_t kAbove = nullptr;
 
 constexpr RegisteredClass kClasses[] = {
     {"CWindow", kWindow, Make<CWindowBuilder<CWindow>>, {}},
@@ -75,7 +78,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CPushButton", kPane, Make<CPaneBuilder<CPushButton>>, {}},
     {"CRadioButton", kPane, Make<CPaneBuilder<CRadioButton>>, {}},
     {"CRadioPopup", kPane, kToCome, {100, 24}},
-    {"CScalePane", kPane, kToCome, {64, 64}},
+    {"CScalePane", kPane, kAbove, {64, 64}},
     {"CScrollBar", kPane, Make<CPaneBuilder<CScrollBar>>, {}},
     {"CScrollPane", kPane, Make<CPaneBuilder<CScrollPane>>, {}},
     {"CScroller", kPane, Make<CPaneBuilder<CScroller>>, {}},
@@ -98,24 +101,29 @@ constexpr RegisteredClass kClasses[] = {
     {"CToolGrid", kPane, kToCome, {64, 64}},
     {"CVerticalSizeBar", kPane, kToCome, {15, 15}},
     {"CWellPopup", kPane, kToCome, {100, 24}},
-    {"CZoomPane", kPane, kToCome, {64, 64}},
-    {"CZoomPanel", kPane, kToCome, {160, 24}},
+    {"CZoomPane", kPane, kAbove, {64, 64}},
+    {"CZoomPanel", kPane, kAbove, {128, 24}},
     {"CZoomProgressCombo", kPane, kToCome, {160, 24}},
     {"PEditSlider", kPane, Make<CPaneBuilder<Project::PEditSlider>>, {}},
-    {"PPreviewPane", kPane, kToCome, {200, 200}},
-    {"PPreviewScroller", kPane, kToCome, {200, 200}},
+    {"PPreviewPane", kPane, kAbove, {72, 72}},
+    {"PPreviewScroller", kPane, kAbove, {200, 200}},
     {"PStaticView", kPane, Make<CPaneBuilder<Project::PStaticView>>, {}},
 };
 
 std::unique_ptr<CViewBuilderBase> BuilderOf(const RegisteredClass& registered)
 {
-    if (registered.IsToCome())
+    if (registered.makeBuilder == nullptr)
         return std::make_unique<CPaneBuilder<CPlaceholderPane>>(registered.name,
                                                                 registered.placeholderSize);
     return registered.makeBuilder(registered.name);
 }
 
 } // namespace
+
+bool RegisteredClass::IsToCome() const
+{
+    return dynamic_cast<const CPaneBuilder<CPlaceholderPane>*>(FindBuilder(name)) != nullptr;
+}
 
 std::span<const RegisteredClass> RegisteredClasses()
 {

@@ -15,11 +15,13 @@ namespace Kesto {
 struct RegisteredClass {
     std::string_view name;
     VexClassKind kind;
-    // Null for a class that is still to come: a placeholder of the size takes its place.
+    // Null for a class that a layer above has, or that is still to come: a placeholder of the size
+    // takes its place.
     std::unique_ptr<CViewBuilderBase> (*makeBuilder)(std::string_view name);
     Point placeholderSize;
 
-    bool IsToCome() const { return makeBuilder == nullptr; }
+    // Whether a placeholder takes its place now; only once classes are registered.
+    bool IsToCome() const;
 };
 
 std::span<const RegisteredClass> RegisteredClasses();

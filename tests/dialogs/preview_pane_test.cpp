@@ -3,6 +3,7 @@
 #include "dialogs/plugin_dialog/dialog_ids.h"
 #include "dialogs/preview/preview_classes.h"
 #include "dialogs/preview/preview_pane.h"
+#include "dialogs/preview/preview_picture.h"
 #include "dialogs/preview/preview_scroller.h"
 #include "dialogs/preview/zoom_panel.h"
 #include "dialogs/preview_host.h"
@@ -270,6 +271,40 @@ TEST_F(Preview, WhileAPreviewRunsItShowsTheTarget)
     EXPECT_EQ(rect, (PixelRect{0, 0, 10, 10}));
 }
 
+TEST(PreviewPicture, SamplesOfAllDepthsAreShownOverWhite)
+{
+    const struct {
+        const char* what;
+        int32_t depth, planes;
+        std::vector<int32_t> samples; // 0 to 255
+        int32_t alpha;                // -1: none
+        uint32_t shown;               // 0xAARRGGBB
+    } rows[] = {
+        {"colours", 8, 3, {10, 20, 30}, -1, 0xFF0A141E},
+        {"grey", 8, 1, {200}, -1, 0xFFC8C8C8},
+        {"a fourth plane isn't shown", 8, 4, {10, 20, 30, 99}, -1, 0xFF0A141E},
+        {"nothing of it", 8, 3, {10, 20, 30}, 0, 0xFFFFFFFF},
+        {"all of it", 8, 3, {10, 20, 30}, 255, 0xFF0A141E},
+        {"a part", 8, 3, {0, 100, 255}, 51, 0xFFCCE0FF},
+        {"16 bits", 16, 3, {10, 20, 30}, -1, 0xFF0A141E},
+        {"a part of 16 bits", 16, 1, {0}, 51, 0xFFCCCCCC},
+        {"real numbers", 32, 3, {10, 20, 30}, 255, 0xFF0A141E},
+        {"real numbers beyond white and black", 32, 3, {300, -20, 30}, -1, 0xFFFF001E},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        uint8_t samples[16] = {}, alpha[4] = {};
+        for (size_t i = 0; i < row.samples.size(); ++i)
+            PreviewHost::Put(samples + static_cast<ptrdiff_t>(i) * row.depth / 8, row.depth,
+                             row.samples[i]);
+        PreviewHost::Put(alpha, row.depth, row.alpha);
+        uint32_t shown = 0;
+        ShowRow(reinterpret_cast<uint8_t*>(&shown),
+                {samples, row.alpha >= 0 ? alpha : nullptr, 1, row.planes, row.depth});
+        EXPECT_EQ(shown, row.shown) << std::hex << shown;
+    }
+}
+
 class LargePreview : public Preview {
 protected:
     LargePreview() : Preview(30000, 30000) {}
@@ -290,10 +325,13 @@ TEST_F(LargePreview, AsksForTheCornerThatIsSeen)
 
 TEST_F(Preview, ThePanelStepsThroughTheZoomsAndUndoesThem)
 {
-    auto& zoom = panel.Add<CZoomPanel>("Project/Dialog/ZoomPanel", {10, 100, 114, 124});
+    auto& zoom = panel.Add<CZoomPanel>("Project/Dialog/ZoomPanel", {10, 100, 142, 124});
     PTaskStack tasks;
     zoom.SetTaskStack(tasks);
-    panel.Click(100, 110);
+    const auto menu = [&] {
+        return dynamic_cast<CMenuPopup*>(zoom.FindChild(kDialog_ZoomMenu, true));
+    };
+    panel.Click(130, 110);
     EXPECT_EQ(pane.GetScale(), 2.0);
     panel.Click(20, 110);
     panel.Click(20, 110);
@@ -302,8 +340,15 @@ TEST_F(Preview, ThePanelStepsThroughTheZoomsAndUndoesThem)
     tasks.Undo();
     EXPECT_EQ(pane.GetScale(), 2.0);
     pane.SetScale(16.0);
-    panel.Click(100, 110);
+    panel.Click(130, 110);
     EXPECT_EQ(pane.GetScale(), 16.0);
+    menu()->Choose(3);
+    EXPECT_EQ(pane.GetScale(), 1.0 / 3.0);
+    EXPECT_EQ(menu()->GetShownText().View(), "33%");
+    tasks.Undo();
+    EXPECT_EQ(pane.GetScale(), 16.0);
+    pane.SetScale(5.0);
+    EXPECT_EQ(menu()->GetShownText().View(), "500%") << "none of the menu's";
     EXPECT_EQ(panel.Take(), "") << "nobody above hears of it";
 }
 
@@ -320,6 +365,7 @@ TEST(PreviewClasses, AreMadeByLayouts)
     auto* const scroller =
         dynamic_cast<PPreviewScroller*>(window->FindChild(kDialog_PreviewScroller, true));
     ASSERT_NE(scroller, nullptr);
+    EXPECT_EQ(scroller->GetAttributes(), PPreviewScroller::kAttributes) << "no size box";
     EXPECT_EQ(scroller->GetScrollPane(),
               dynamic_cast<PPreviewPane*>(window->FindChild(kDialog_PreviewPane, true)));
     EXPECT_NE(dynamic_cast<CZoomPanel*>(window->FindChild(kDialog_ZoomPanel, true)), nullptr);

@@ -1,6 +1,6 @@
 #include "vex/built_layout.h"
 
-#include "controls/registered_classes.h"
+#include "dialogs/preview/preview_classes.h"
 #include "foundation/errors/exceptions.h"
 #include "vex/check.h"
 
@@ -61,7 +61,7 @@ std::string WordsFor(const CSourceText& source, const char* parserWords)
 CBuiltLayout::CBuiltLayout(const CSourceText& source, const BuildOptions& options)
     : fBare(Kesto::CWindowPlan{})
 {
-    Kesto::RegisterViewClasses();
+    Project::RegisterPreviewClasses();
     try {
         fBare.ChangeScale(options.scale);
         const Kesto::Point natural = NaturalSize(source, fBare);

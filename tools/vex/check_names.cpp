@@ -5,6 +5,7 @@
 #include "vex/values.h"
 
 #include "controls/registered_classes.h"
+#include "dialogs/preview/preview_classes.h"
 #include "layout/build/builder_registry.h"
 #include "layout/language/layout_keys.h"
 
@@ -53,7 +54,6 @@ struct NamesOfText {
 
 bool ReadsKey(const Kesto::RegisteredClass& registered, std::string_view key)
 {
-    Kesto::RegisterViewClasses();
     std::vector<Kesto::PropertyRows> tables;
     Kesto::FindBuilder(registered.name)->AppendRows(tables);
     return std::ranges::any_of(tables, [key](Kesto::PropertyRows rows) {
@@ -320,6 +320,7 @@ private:
 void CheckNames(const CSourceText& source, const LayoutReading& reading,
                 std::vector<Diagnostic>& found)
 {
+    Project::RegisterPreviewClasses();
     CNameChecker(source, found, reading.error.empty()).CheckText(reading.nodes);
 }
 

@@ -1,6 +1,7 @@
 #include "vex/keys.h"
 
 #include "controls/registered_classes.h"
+#include "dialogs/preview/preview_classes.h"
 #include "layout/build/builder_registry.h"
 #include "vex/values.h"
 
@@ -38,7 +39,7 @@ std::string KindOf(const PropertyRow& row)
 
 std::vector<PropertyRows> TablesOf(const Kesto::RegisteredClass& registered)
 {
-    Kesto::RegisterViewClasses();
+    Project::RegisterPreviewClasses();
     std::vector<PropertyRows> tables;
     Kesto::FindBuilder(registered.name)->AppendRows(tables);
     return tables;

@@ -12,6 +12,7 @@ namespace Project {
 inline const Kesto::CObjID kDialog_PreviewScroller{"Project/Dialog/PreviewScroller"};
 inline const Kesto::CObjID kDialog_PreviewPane{"Project/Dialog/PreviewPane"};
 inline const Kesto::CObjID kDialog_ZoomPanel{"Project/Dialog/ZoomPanel"};
+inline const Kesto::CObjID kDialog_ZoomMenu{"Project/Dialog/ZoomMenu"};
 inline const Kesto::CObjID kDialog_OKButton{"Project/Dialog/OKButton"};
 inline const Kesto::CObjID kDialog_CancelButton{"Project/Dialog/CancelButton"};
 inline const Kesto::CObjID kDialog_Setting1{"Project/Dialog/Setting1"};

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <vector>
 
 namespace Project {
 namespace {
@@ -22,26 +21,62 @@ float Blend(float in, float old, uint32_t m)
     return old + (in - old) * static_cast<float>(m) / 255;
 }
 
+// `in` over `old`, which either of may be `out`.
 template <class Sample>
-void BlendPixel(uint8_t* to, const uint8_t* from, int32_t samples, uint32_t m)
+void BlendPixel(uint8_t* out, const uint8_t* in, const uint8_t* old, int32_t samples, uint32_t m)
 {
-    for (int32_t i = 0; i < samples; ++i, to += sizeof(Sample), from += sizeof(Sample)) {
-        Sample in{}, old{};
-        std::memcpy(&in, from, sizeof in);
-        std::memcpy(&old, to, sizeof old);
-        const Sample out = Blend(in, old, m);
-        std::memcpy(to, &out, sizeof out);
+    for (ptrdiff_t i = 0; i < samples * ptrdiff_t{sizeof(Sample)}; i += sizeof(Sample)) {
+        Sample over{}, under{};
+        std::memcpy(&over, in + i, sizeof over);
+        std::memcpy(&under, old + i, sizeof under);
+        const Sample blended = Blend(over, under, m);
+        std::memcpy(out + i, &blended, sizeof blended);
     }
 }
 
-void BlendPixel(uint8_t* to, const uint8_t* from, int32_t samples, uint32_t m, int32_t depth)
+// Calls `run` with a value of the type that samples of the depth have.
+template <class Run>
+void WithSample(int32_t depth, Run run)
 {
     if (depth == 8)
-        BlendPixel<uint8_t>(to, from, samples, m);
+        run(uint8_t{});
     else if (depth == 16)
-        BlendPixel<uint16_t>(to, from, samples, m);
+        run(uint16_t{});
     else
-        BlendPixel<float>(to, from, samples, m);
+        run(float{});
+}
+
+// A walk over the pixels of a row; each is written so many times.
+struct PixelWalk {
+    const uint8_t* from;
+    size_t fromStep;
+    uint8_t* to;
+    size_t toStep;
+    size_t count;
+    int32_t times;
+};
+
+template <class Pixel>
+void ForEachPixel(PixelWalk walk, Pixel pixel)
+{
+    for (size_t i = 0; i < walk.count; ++i, walk.from += walk.fromStep)
+        for (int32_t n = 0; n < walk.times; ++n, walk.to += walk.toStep)
+            pixel(walk.to, walk.from, i);
+}
+
+// Pixels of the usual sizes have copies of a size that the compiler knows.
+template <size_t... kSizes>
+void CopyPixels(const PixelWalk& walk, size_t bytes)
+{
+    const bool isUsual =
+        ((bytes == kSizes && (ForEachPixel(walk, [](uint8_t* to, const uint8_t* from,
+                                                    size_t) { std::memcpy(to, from, kSizes); }),
+                              true)) ||
+         ...);
+    if (!isUsual)
+        ForEachPixel(walk, [bytes](uint8_t* to, const uint8_t* from, size_t) {
+            std::memcpy(to, from, bytes);
+        });
 }
 
 // The first place at or after `at` that a walk from `origin` in steps of `factor` comes to.
@@ -104,22 +139,31 @@ private:
     // One row of the buffer; the bytes that it has grown by.
     size_t Across(uint8_t* to, int32_t y) const
     {
-        uint8_t* const begin = to;
-        const int32_t step = fBuffer.factors.source;
-        for (int32_t x = FirstStep(fPart.left, fBuffer.rect.left, step); x < fPart.right; x += step)
-            for (int32_t n = 0; n < fBuffer.factors.dest; ++n, to += fBuffer.pixelStep)
-                Pixel(to, x, y);
-        return static_cast<size_t>(to - begin);
+        const PreviewFactors& factors = fBuffer.factors;
+        const int32_t first = FirstStep(fPart.left, fBuffer.rect.left, factors.source);
+        const auto step = static_cast<size_t>(factors.source);
+        const PixelWalk walk{
+            PixelOf(fBlock, first, y),
+            step * fBlock.pixelStep,
+            to,
+            fBuffer.pixelStep,
+            static_cast<size_t>((fPart.right - first + factors.source - 1) / factors.source),
+            factors.dest};
+        if (fMask == nullptr)
+            CopyPixels<1, 2, 3, 4, 6, 8, 12, 16>(walk, static_cast<size_t>(fBuffer.samples) *
+                                                           fSampleBytes);
+        else
+            BlendPixels(walk, PixelOf(*fMask, first, y), step * fMask->pixelStep);
+        return walk.count * static_cast<size_t>(factors.dest) * fBuffer.pixelStep;
     }
 
-    void Pixel(uint8_t* to, int32_t x, int32_t y) const
+    void BlendPixels(const PixelWalk& walk, const uint8_t* mask, size_t maskStep) const
     {
-        const uint8_t* const from = PixelOf(fBlock, x, y);
-        if (fMask == nullptr) {
-            std::memcpy(to, from, static_cast<size_t>(fBuffer.samples) * fSampleBytes);
-            return;
-        }
-        BlendPixel(to, from, fBuffer.samples, *PixelOf(*fMask, x, y), fBuffer.depth);
+        WithSample(fBuffer.depth, [&](auto sample) {
+            ForEachPixel(walk, [&](uint8_t* to, const uint8_t* from, size_t i) {
+                BlendPixel<decltype(sample)>(to, from, to, fBuffer.samples, mask[i * maskStep]);
+            });
+        });
     }
 
     const BlockSamples& fBlock;
@@ -157,12 +201,10 @@ void BlendOver(uint8_t* pixels, const uint8_t* old, const uint8_t* mask, size_t 
                int32_t samples, int32_t depth)
 {
     const size_t step = static_cast<size_t>(samples) * static_cast<size_t>(depth) / 8;
-    std::vector<uint8_t> under(step);
-    for (size_t i = 0; i < count; ++i, pixels += step, old += step) {
-        std::memcpy(under.data(), old, step);
-        BlendPixel(under.data(), pixels, samples, mask[i], depth);
-        std::memcpy(pixels, under.data(), step);
-    }
+    WithSample(depth, [&](auto sample) {
+        for (size_t i = 0; i < count; ++i, pixels += step, old += step)
+            BlendPixel<decltype(sample)>(pixels, pixels, old, samples, mask[i]);
+    });
 }
 
 } // namespace Project

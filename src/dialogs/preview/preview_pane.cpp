@@ -20,7 +20,6 @@ using namespace Kesto;
 
 namespace {
 
-constexpr double kTurn = 1.0 / 60.0; // seconds
 constexpr char kDialPicture[] = "Dial.png";
 
 // As on creation: a frame without a size becomes the first one.
@@ -34,14 +33,6 @@ Rect FirstFrame(const Rect& frame)
 
 } // namespace
 
-PPreviewPane::CTurns::CTurns(PPreviewPane& pane) : CIdler(kTurn), fPane(pane) {}
-
-void PPreviewPane::CTurns::Idle()
-{
-    if (fPane.IsVisible())
-        fPane.Idle();
-}
-
 PPreviewPane::PPreviewPane(const Rect& frame, CObjID id, std::uint32_t options,
                            std::uint32_t binding)
     : CMessenger(nullptr, id), CZoomPane(FirstFrame(frame), id, options, binding)
@@ -52,7 +43,6 @@ PPreviewPane::PPreviewPane(const Rect& frame, CObjID id, std::uint32_t options,
 
 PPreviewPane::~PPreviewPane()
 {
-    turns.StopIdling();
     gSourceScale = 1;
     gPreviewRunning = false;
 }
@@ -68,7 +58,7 @@ void PPreviewPane::StartPreview()
     if (gFilterRecord == nullptr)
         return;
     showsPreview = true;
-    turns.StartIdling();
+    SetClient(GetClient() | kClient_Idle);
     SetPictureSize(gFilterRecord->documentWidth, gFilterRecord->documentHeight);
     Changed(true);
 }

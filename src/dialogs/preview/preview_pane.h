@@ -18,7 +18,6 @@
 #include "images/pictures/dual_picture.h"
 #include "pixels/pixmaps/display_pixmap.h"
 #include "plugin/suites/host_suites.h"
-#include "view/process/idler.h"
 
 #include <optional>
 
@@ -124,16 +123,6 @@ protected:
     virtual bool AskProgress();
 
 private:
-    // Has the pane's turns come while it is started.
-    class CTurns final : public Kesto::CIdler {
-    public:
-        explicit CTurns(PPreviewPane& pane);
-        void Idle() override;
-
-    private:
-        PPreviewPane& fPane;
-    };
-
     void Changed(bool source);
     void LayOut();
     bool PrepareBuffers();
@@ -143,7 +132,6 @@ private:
     void DrawMemoryMessage();
     void TellScale();
 
-    CTurns turns{*this};
     PPreviewFilter* filter = nullptr;
     PPreviewListener* listener = nullptr;
     Kesto::CDualPicture dial;                  // the corner handle

@@ -1,6 +1,7 @@
 // How a preview is brought up to date: fetch, filter, picture.
 #include "dialogs/preview/preview_globals.h"
 #include "dialogs/preview/preview_pane.h"
+#include "dialogs/preview/preview_picture.h"
 
 #include "pixels/pixmaps/display_view.h"
 #include "platform/system/machine.h"
@@ -9,7 +10,6 @@
 #include "view/tree/view_hold.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace Project {
 
@@ -23,26 +23,6 @@ size_t BytesOf(const DocumentSize& size, int32_t samples, int32_t depth)
 {
     return static_cast<size_t>(size.width) * static_cast<size_t>(size.height) *
            static_cast<size_t>(samples) * static_cast<size_t>(depth / 8);
-}
-
-// A sample as 0 to 255; 16 bits are 0 to 32768.
-uint8_t ShownSample(const uint8_t* from, int32_t depth)
-{
-    if (depth == 8)
-        return *from;
-    if (depth == 16) {
-        uint16_t wide = 0;
-        std::memcpy(&wide, from, sizeof wide);
-        return static_cast<uint8_t>((std::min<uint32_t>(wide, 0x8000) * 255 + 0x4000) >> 15);
-    }
-    float real = 0;
-    std::memcpy(&real, from, sizeof real);
-    return static_cast<uint8_t>((real > 0 ? std::min(real, 1.0F) : 0.0F) * 255 + 0.5F);
-}
-
-uint8_t OverWhite(uint32_t sample, uint32_t alpha)
-{
-    return static_cast<uint8_t>((sample * alpha + 255 * (255 - alpha) + 127) / 255);
 }
 
 } // namespace
@@ -202,21 +182,12 @@ void PPreviewPane::MakePicture()
     else
         picture->SetSize(size.width, size.height);
     const CBitmapAccess access(picture->GetBitmap(), true);
-    const size_t sample = static_cast<size_t>(depth) / 8;
-    const size_t green = planes < 3 ? 0 : sample;
-    const size_t blue = planes < 3 ? 0 : 2 * sample;
+    const ptrdiff_t sample = depth / 8;
     const uint8_t* alphas = transparencyBuffer.Bytes();
-    for (int32_t y = 0; y < size.height; ++y) {
-        uint8_t* to = picture->GetBaseAddress() + y * picture->GetBitmap().RowBytes();
-        for (int32_t x = 0; x < size.width; ++x, to += 4) {
-            const uint32_t alpha = alphas != nullptr ? ShownSample(alphas, depth) : 255;
-            to[0] = OverWhite(ShownSample(from + blue, depth), alpha);
-            to[1] = OverWhite(ShownSample(from + green, depth), alpha);
-            to[2] = OverWhite(ShownSample(from, depth), alpha);
-            to[3] = 255;
-            from += static_cast<size_t>(planes) * sample;
-            alphas += alphas != nullptr ? sample : 0;
-        }
+    for (int32_t y = 0; y < size.height; ++y, from += size.width * planes * sample) {
+        ShowRow(picture->GetBaseAddress() + y * picture->GetBitmap().RowBytes(),
+                {from, alphas, size.width, planes, depth});
+        alphas += alphas != nullptr ? size.width * sample : 0;
     }
 }
 

@@ -8,7 +8,7 @@ PPreviewScroller::PPreviewScroller(const Rect& frame, CObjID id, std::uint32_t o
                                    std::uint32_t binding)
     : CMessenger(nullptr, id), CScroller(frame, id, options, binding)
 {
-    SetAttributes(kScroller_XBar | kScroller_YBar | kScroller_WellFrame);
+    SetAttributes(kAttributes);
 }
 
 } // namespace Project

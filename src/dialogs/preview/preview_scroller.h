@@ -8,6 +8,9 @@ namespace Project {
 
 class PPreviewScroller : public Kesto::CScroller {
 public:
+    static constexpr std::uint32_t kAttributes =
+        Kesto::kScroller_XBar | Kesto::kScroller_YBar | Kesto::kScroller_WellFrame;
+
     explicit PPreviewScroller(const Kesto::Rect& frame = {}, Kesto::CObjID id = {},
                               std::uint32_t options = Kesto::kView_NoOptions,
                               std::uint32_t binding = Kesto::kBind_Fixed);
@@ -21,5 +24,9 @@ public:
     using CPaneBuilder<CScroller>::CPaneBuilder;
 
 protected:
+    std::uint32_t DefaultAttributes() const override
+    {
+        return Project::PPreviewScroller::kAttributes;
+    }
     std::unique_ptr<CPane> MakePane(const PaneParameters& parameters) const override;
 };

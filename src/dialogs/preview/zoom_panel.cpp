@@ -10,6 +10,8 @@
 #include "view/messages/message.h"
 #include "view/tree/context.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace Kesto {
@@ -46,6 +48,16 @@ private:
     double fTo;
 };
 
+constexpr double kGap = 4.0; // between the parts
+
+CText PercentOf(double scale)
+{
+    CText percent("$$$/Kesto/ZoomPanel/ZoomStr=^0%");
+    Localize(percent);
+    ReplaceArgument(percent, 0, std::to_string(RoundHalfAway(scale * 100.0)));
+    return percent;
+}
+
 CButton* AddButton(CZoomPanel& panel, CObjID id, const char* label)
 {
     auto button = std::make_unique<CButton>(Rect{}, id);
@@ -55,25 +67,43 @@ CButton* AddButton(CZoomPanel& panel, CObjID id, const char* label)
 
 } // namespace
 
+// Shows the preview's scale, also when that is none of its items.
+class CZoomPanel::CZoomMenu final : public CMenuPopup {
+public:
+    CZoomMenu() : CMessenger(nullptr, kDialog_ZoomMenu), CMenuPopup({}, kDialog_ZoomMenu)
+    {
+        std::vector<SPopupItem> items;
+        for (const double scale : kZoomScales)
+            items.push_back({.label = PercentOf(scale)});
+        SetItems(std::move(items));
+    }
+
+    void ShowScale(double scale)
+    {
+        const auto* const found = std::ranges::find(kZoomScales, scale);
+        fShown = PercentOf(scale);
+        SetChosen(found != kZoomScales.end()
+                      ? static_cast<unsigned>(std::distance(kZoomScales.begin(), found))
+                      : kNoItem);
+    }
+    CText GetShownText() const override { return fShown; }
+
+private:
+    CText fShown;
+};
+
 CZoomPanel::CZoomPanel(const Rect& frame, CObjID id, std::uint32_t options, std::uint32_t binding)
     : CMessenger(nullptr, id), CPane(frame, id, options, binding),
       fOut(AddButton(*this, kCommand_ZoomOut, "\u2212")),
-      fText(AppendChild(std::make_unique<CStaticText>())),
-      fIn(AddButton(*this, kCommand_ZoomIn, "+"))
+      fMenu(AppendChild(std::make_unique<CZoomMenu>())), fIn(AddButton(*this, kCommand_ZoomIn, "+"))
 {
-    StaticTextStyle style;
-    style.alignX = kAlign_Center;
-    fText->SetStyle(style);
     ShowScale(1.0);
     Arrange();
 }
 
 void CZoomPanel::ShowScale(double scale)
 {
-    CText percent("$$$/Kesto/ZoomPanel/ZoomStr=^0%");
-    Localize(percent);
-    ReplaceArgument(percent, 0, std::to_string(RoundHalfAway(scale * 100.0)));
-    fText->SetText(percent);
+    fMenu->ShowScale(scale);
     fOut->SetEnabled(scale > kLeastPreviewScale);
     fIn->SetEnabled(scale < kMostPreviewScale);
 }
@@ -90,7 +120,7 @@ void CZoomPanel::Arrange()
     const Rect& all = GetBounds();
     const double side = all.Height();
     fOut->SetFrame({all.left, all.top, all.left + side, all.bottom});
-    fText->SetFrame({all.left + side, all.top, all.right - side, all.bottom});
+    fMenu->SetFrame({all.left + side + kGap, all.top, all.right - side - kGap, all.bottom});
     fIn->SetFrame({all.right - side, all.top, all.right, all.bottom});
 }
 
@@ -98,18 +128,27 @@ bool CZoomPanel::HandleCommand(CCommandMessage& message)
 {
     if (message.fID != kCommand_ZoomIn && message.fID != kCommand_ZoomOut)
         return CPane::HandleCommand(message);
-    Step(message.fID == kCommand_ZoomIn);
+    if (const PPreview* const preview = CZoomTask::FindPreview(*this))
+        ZoomTo(message.fID == kCommand_ZoomIn ? NextScale(preview->GetScale())
+                                              : PreviousScale(preview->GetScale()));
     return true;
 }
 
-void CZoomPanel::Step(bool in)
+bool CZoomPanel::HandleValue(CValueMessage& message)
+{
+    const auto* const item = dynamic_cast<const CValMsg<unsigned>*>(&message);
+    if (message.fSource != fMenu || item == nullptr || item->fValue >= kZoomScales.size())
+        return CPane::HandleValue(message);
+    ZoomTo(kZoomScales[item->fValue]);
+    return true;
+}
+
+void CZoomPanel::ZoomTo(double scale)
 {
     const PPreview* const preview = CZoomTask::FindPreview(*this);
     if (preview == nullptr)
         return;
-    const double from = preview->GetScale();
-    const double to = in ? NextScale(from) : PreviousScale(from);
-    auto task = std::make_unique<CZoomTask>(*this, from, to);
+    auto task = std::make_unique<CZoomTask>(*this, preview->GetScale(), scale);
     if (fTaskStack != nullptr)
         fTaskStack->Do(std::move(task));
     else

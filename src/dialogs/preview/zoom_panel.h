@@ -1,10 +1,10 @@
-// CZoomPanel, the row under a preview that zooms it: out, the scale in percent, in.
+// CZoomPanel, the row under a preview that zooms it: out, a menu of the scales, in.
 //
 // Each zoom of the panel is a task of the dialog, so that it can be undone.
 #pragma once
 
 #include "controls/buttons/button.h"
-#include "controls/text/static_text.h"
+#include "controls/popups/menu_popup.h"
 #include "dialogs/plugin_dialog/preview_parts.h"
 #include "layout/build/pane_builder.h"
 
@@ -12,7 +12,7 @@ namespace Kesto {
 
 class CZoomPanel : public CPane, public Project::PZoomSteps {
 public:
-    static constexpr Point kNaturalSize{104.0, 24.0};
+    static constexpr Point kNaturalSize{132.0, 24.0};
 
     explicit CZoomPanel(const Rect& frame = {}, CObjID id = {},
                         std::uint32_t options = kView_NoOptions,
@@ -20,20 +20,23 @@ public:
 
     void SetTaskStack(CTaskStack& stack) override { fTaskStack = &stack; }
 
-    // Shows a scale of the preview, in percent.
+    // Shows a scale of the preview, in percent; it need not be one of the menu's.
     void ShowScale(double scale);
 
     void DidResize() override;
     bool HandleCommand(CCommandMessage& message) override;
+    bool HandleValue(CValueMessage& message) override;
 
 private:
-    void Step(bool in);
+    class CZoomMenu;
+
+    void ZoomTo(double scale);
     void Arrange();
 
     CTaskStack* fTaskStack = nullptr;
-    CButton* fOut;      // a child
-    CStaticText* fText; // a child
-    CButton* fIn;       // a child
+    CButton* fOut;    // a child
+    CZoomMenu* fMenu; // a child
+    CButton* fIn;     // a child
 };
 
 template <>

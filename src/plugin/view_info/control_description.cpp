@@ -2,6 +2,10 @@
 
 #include "controls/buttons/button.h"
 #include "controls/fields/edit_number.h"
+#include "controls/popups/menu_popup.h"
+#include "controls/scrolling/scroll_bar.h"
+#include "controls/sliders/edit_slider.h"
+#include "controls/sliders/progress_bar.h"
 #include "platform/windows/clipboard.h"
 #include "plugin/view_info/view_description.h"
 #include "view/window/alert_window.h"
@@ -90,6 +94,40 @@ void DescribeNumber(const CEditNumber& field, CDescriptionRecord& record)
     record.PutFlag("valueInRange", field.IsTextValid() && field.IsTextInRange());
 }
 
+// Anything that shows where a value stands between two ends.
+template <class Control>
+void DescribeRange(const Control& control, const char* type, CDescriptionRecord& record)
+{
+    record.PutText("Type", type);
+    record.PutNumber("floatValue", control.GetValue());
+    record.PutNumber("floatMinimum", control.GetRange().first);
+    record.PutNumber("floatMaximum", control.GetRange().last);
+}
+
+void DescribePopup(const CMenuPopup& popup, CDescriptionRecord& record)
+{
+    const unsigned chosen = popup.GetChosen();
+    record.PutText("Type", "popup");
+    record.PutText("string", popup.GetShownText());
+    record.PutInteger("integerValue",
+                      chosen != CMenuPopup::kNoItem ? static_cast<std::int32_t>(chosen) : -1);
+}
+
+void DescribeValue(const CView& view, CDescriptionRecord& record)
+{
+    if (const auto* const slider = dynamic_cast<const CCustomSlider*>(&view))
+        DescribeRange(*slider, "slider", record);
+    else if (const auto* const bar = dynamic_cast<const CScrollBar*>(&view))
+        DescribeRange(*bar, "scrollBar", record);
+    else if (const auto* const progress = dynamic_cast<const CProgressBar*>(&view))
+        DescribeRange(*progress, "progress", record);
+    else if (const auto* const both = dynamic_cast<const CEditSlider*>(&view)) {
+        record.PutText("Type", "editSlider");
+        record.PutNumber("floatValue", both->GetValue());
+    } else if (const auto* const popup = dynamic_cast<const CMenuPopup*>(&view))
+        DescribePopup(*popup, record);
+}
+
 } // namespace
 
 void DescribeControl(const CView& view, CDescriptionRecord& record)
@@ -100,6 +138,8 @@ void DescribeControl(const CView& view, CDescriptionRecord& record)
         DescribeNumber(*number, record);
     else if (const auto* const text = dynamic_cast<const CEditString*>(&view))
         DescribeText(*text, record);
+    else
+        DescribeValue(view, record);
     if (const auto* const alert = dynamic_cast<const CMessageAlert*>(&view)) {
         record.PutText("Type", "alert");
         record.PutText("string", alert->CopyText());

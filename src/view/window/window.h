@@ -13,6 +13,7 @@
 #include "platform/windows/system_window.h"
 #include "view/process/desktop.h"
 #include "view/process/executable.h"
+#include "view/process/idler.h"
 #include "view/tree/context.h"
 #include "view/window/window_options.h"
 #include "view/window/window_placement.h"
@@ -140,8 +141,12 @@ public:
 
     virtual void AddKeyPane(CPane& pane);
     virtual void RemoveKeyPane(CPane& pane);
+    // Its turns come from the pump, at most kIdleTurns a second.
+    static constexpr double kIdleTurns = 60.0;
     virtual void AddIdlePane(CPane& pane);
     virtual void RemoveIdlePane(CPane& pane);
+    void AddClient(CPane& pane, std::uint32_t client) override;
+    void RemoveClient(CPane& pane) override;
     // Offers a key to the panes that have registered. True: one has taken it.
     virtual bool KeyToPanes(CKeyboardMessage& message);
     void AddButton(CWindowButton& button);
@@ -247,6 +252,16 @@ private:
     void ForgetSystemWindow();
     void AddToClients(CPane& pane, std::uint32_t bit, bool on);
 
+    // Has the idle panes' turns come while there are any.
+    class CPaneTurns final : public CIdler {
+    public:
+        explicit CPaneTurns(CWindow& window) : CIdler(1.0 / kIdleTurns), fWindow(window) {}
+        void Idle() override { fWindow.RunIdlePanes(); }
+
+    private:
+        CWindow& fWindow;
+    };
+
     struct CMessageRow {
         std::uint32_t number;
         std::intptr_t (CWindow::*handler)(const Platform::WindowMessage& message);
@@ -268,6 +283,7 @@ private:
     std::optional<Platform::ShowCommand> fShowCommand;
     std::vector<CWindowButton*> fButtons; // not owned
     CWindowTips fTips{*this};
+    CPaneTurns fPaneTurns{*this};
     std::uint32_t fDroppedKey = 0; // whose press has been used up
     std::uint32_t fLastKey = 0;    // the code that characters come from
     bool fWasOpened = false;

@@ -86,6 +86,20 @@ void CWindow::RemoveIdlePane(CPane& pane)
     AddToClients(pane, CPane::kClient_Idle, false);
 }
 
+void CWindow::AddClient(CPane& pane, std::uint32_t client)
+{
+    CContext::AddClient(pane, client);
+    if ((client & CPane::kClient_Idle) != 0)
+        fPaneTurns.StartIdling();
+}
+
+void CWindow::RemoveClient(CPane& pane)
+{
+    CContext::RemoveClient(pane);
+    if (GetClients(CPane::kClient_Idle).empty())
+        fPaneTurns.StopIdling();
+}
+
 void CWindow::AddButton(CWindowButton& button)
 {
     fButtons.push_back(&button);
