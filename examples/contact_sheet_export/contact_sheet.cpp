@@ -1,6 +1,8 @@
 // An export plug-in: a sheet of equal small prints of the document, on white paper, written as PPM,
 // or as PGM when the document is grey.
-#include "foundation/settings/plugin_settings.h"
+#include "sheet_dialog.h"
+#include "sheet_settings.h"
+
 #include "plugin/export/export.h"
 #include "plugin/export/export_dispatch.h"
 #include "plugin/frame/host_settings.h"
@@ -18,13 +20,6 @@ namespace {
 
 constexpr Kesto::ProjectIndex kProject{1};
 constexpr char kPaper = '\xFF';
-
-struct Settings {
-    int32_t columns = 3; // prints side by side
-    int32_t rows = 3;
-    int32_t size = 160; // pixels of a print's longer side
-    int32_t gap = 16;   // pixels around each print
-};
 
 // A sample of 0 to 1.
 float Load(const uint8_t* from, int32_t bits)
@@ -45,7 +40,9 @@ class Export final : public Project::PExport {
 public:
     void DoPluginMain(int16_t selector, HostExportRecord*, intptr_t*, int16_t* result) override
     {
-        if (selector == kExportStart)
+        if (selector == kExportParameters)
+            *result = AskUser();
+        else if (selector == kExportStart)
             *result = RunExportTask();
     }
 
@@ -53,6 +50,16 @@ public:
     {
         keyPath = "Software^LSidecar Examples^LContact Sheet";
         fileName = "Contact Sheet Prefs.lgp";
+    }
+
+    std::unique_ptr<Project::PSettings> CreateSettings() override
+    {
+        return std::make_unique<Settings>();
+    }
+
+    std::unique_ptr<Kesto::CPluginDialog> GetDialog() override
+    {
+        return LoadSheetDialog(SheetSettings());
     }
 
     void ExportDocument() override
@@ -71,14 +78,23 @@ public:
     }
 
 private:
+    Settings& SheetSettings() { return dynamic_cast<Settings&>(*GetPrefsBag().project); }
+
+    // A host that doesn't look after windows of plug-ins has nobody to ask.
+    int16_t AskUser()
+    {
+        if (HostSuites().Find(kHostUIHooksSuiteName, kHostUIHooksSuiteVersion4) == nullptr)
+            return kHostNoError;
+        return RunDialog() ? kHostNoError : kHostUserCanceled;
+    }
+
+    // What the user left, with what the host sets in place of it.
     Settings ReadSettings()
     {
-        Settings settings;
+        Settings settings = SheetSettings();
         const Kesto::CHostSettings host(HostSuites());
-        host.Read("columns", settings.columns, 1, 50);
-        host.Read("rows", settings.rows, 1, 50);
-        host.Read("size", settings.size, 8, 2000);
-        host.Read("gap", settings.gap, 0, 500);
+        for (const Field& field : kFields)
+            host.Read(field.name, settings.*field.number, field.least, field.most);
         return settings;
     }
 

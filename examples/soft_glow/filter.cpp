@@ -29,17 +29,12 @@ void Filter::DoPluginMain(int16_t selector, HostFilterRecord*, intptr_t*, int16_
         *result = RunFilterTask();
 }
 
-// Cancelled, the settings are what they were.
 int16_t Filter::AskUser()
 {
-    const Settings before = GlowSettings();
     const Project::PreviewSession preview(GetFilterRecord());
     const bool accepted = RunDialog();
     fDialog = nullptr;
-    if (accepted)
-        return kHostNoError;
-    GlowSettings() = before;
-    return kHostUserCanceled;
+    return accepted ? kHostNoError : kHostUserCanceled;
 }
 
 void Filter::GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName)

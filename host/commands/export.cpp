@@ -1,5 +1,6 @@
 #include "commands/commands.h"
 
+#include "commands/document_dialog.h"
 #include "driver/export_run.h"
 #include "failure.h"
 #include "pictures/picture_files.h"
@@ -11,35 +12,51 @@
 namespace Host {
 namespace {
 
-int RunExport(const DocumentOptions& options, CommonOptions& common)
+struct ExportOptions : DocumentOptions {
+    DialogOptions dialog;
+};
+
+int ExportPicture(const ExportOptions& options, CommonOptions& common, DialogUser* user)
 {
     common.operation.memoryLimit = ParseSize(common.memoryLimit);
     ServedSettings::Pairs settings = ServedSettings::Parse(options.settings);
+    const bool isSilent = IsSilent(settings, user);
     const PluginModule module(common.Module(), PluginKind::kExport);
     const std::unique_ptr<PictureSource> source = OpenPicture(PathOf(options.picture));
     RequirePicture(module.Properties(), source->Info());
 
     const Document document(*source, static_cast<SampleDepth>(options.depth));
     const std::filesystem::path output = PathOf(options.output);
-    ExportRun(module, common.operation, std::move(settings), document, options.picture).Run(output);
+    ExportRun run(module, common.operation, std::move(settings), document, options.picture);
+    if (!isSilent)
+        if (const std::optional<int> status = Ask([&run] { run.AskUser(); }, options.dialog, user))
+            return *status;
+    run.Run(output);
     std::printf("%s: %llu bytes\n", options.output.c_str(),
                 static_cast<unsigned long long>(std::filesystem::file_size(output)));
     return 0;
+}
+
+int RunExport(const ExportOptions& options, CommonOptions& common)
+{
+    return RunWithUser(options.dialog,
+                       [&](DialogUser* user) { return ExportPicture(options, common, user); });
 }
 
 } // namespace
 
 Command AddExport(CLI::App& subcommand, CommonOptions& common)
 {
-    auto options = std::make_shared<DocumentOptions>();
+    auto options = std::make_shared<ExportOptions>();
     AddDocumentOptions(subcommand, *options, common);
     subcommand.add_option("-o,--output", options->output, "The file that the module is to write")
         ->required()
         ->type_name("FILE");
+    AddDialogOptions(subcommand, options->dialog);
     subcommand.footer(
-        "The module is run without its dialog and decides what FILE holds. FILE changes only when "
-        "all went\n"
-        "well.\n\n"
+        "At a terminal with a display the module shows its dialog; with --set, or without a "
+        "display, it is\n"
+        "run without. It decides what FILE holds, which changes only when all went well.\n\n"
         "Examples:\n"
         "  lumohost export harbour.png --module contact_sheet_export.so -o sheet.ppm\n"
         "  lumohost export harbour.png --module contact_sheet_export.so --set columns=4 --set "

@@ -1,10 +1,8 @@
 #include "commands/commands.h"
 
-#include "commands/dialog_options.h"
-#include "console.h"
+#include "commands/document_dialog.h"
 #include "driver/filter_run.h"
 #include "failure.h"
-#include "messages.h"
 #include "pictures/picture_files.h"
 
 #include <cstdio>
@@ -19,8 +17,6 @@ struct FilterOptions : DocumentOptions {
     std::string mask;
     DialogOptions dialog;
 };
-
-constexpr int kMisused = 2;
 
 Document ReadMask(const std::string& name, const PictureInfo& picture)
 {
@@ -37,48 +33,11 @@ Document ReadMask(const std::string& name, const PictureInfo& picture)
     return Document(*source, SampleDepth::k8);
 }
 
-// What the robot met; nothing when there is none, or when it played to the end.
-std::optional<PlayOutcome> TroubleOf(DialogUser* user)
-{
-    if (user == nullptr)
-        return std::nullopt;
-    const PlayOutcome& outcome = user->Finish();
-    return outcome.status == PlayOutcome::kPlayed ? std::nullopt : std::optional(outcome);
-}
-
-[[noreturn]] void ThrowForDialog(const Failure& failure)
-{
-    if (failure.Code() == kHostUserCanceled && !Interrupted())
-        throw Failure("the dialog was cancelled: " + ResultLine(kHostUserCanceled),
-                      "Nothing was written.");
-    throw failure;
-}
-
-// Has the user, or the robot in his place, set the filter. The exit status when that is the end.
-std::optional<int> Ask(FilterRun& run, const DialogOptions& options, DialogUser* user)
-{
-    std::optional<Failure> failure;
-    try {
-        run.AskUser();
-    } catch (const Failure& caught) {
-        failure = caught;
-    }
-    if (const std::optional<PlayOutcome> trouble = TroubleOf(user)) {
-        std::fprintf(stderr, "lumohost: %s\n", trouble->words.c_str());
-        return trouble->status;
-    }
-    if (failure && options.OnlyLooks() && failure->Code() == kHostUserCanceled)
-        return 0;
-    if (failure)
-        ThrowForDialog(*failure);
-    return std::nullopt;
-}
-
 int FilterPicture(const FilterOptions& options, CommonOptions& common, DialogUser* user)
 {
     common.operation.memoryLimit = ParseSize(common.memoryLimit);
     ServedSettings::Pairs settings = ServedSettings::Parse(options.settings);
-    const bool isSilent = !settings.empty() || (user == nullptr && !IsPersonThere());
+    const bool isSilent = IsSilent(settings, user);
     const std::unique_ptr<PictureSink> sink = CreatePicture(PathOf(options.output), {});
     const PluginModule module(common.Module(), PluginKind::kFilter);
     const std::unique_ptr<PictureSource> source = OpenPicture(PathOf(options.picture));
@@ -92,7 +51,7 @@ int FilterPicture(const FilterOptions& options, CommonOptions& common, DialogUse
     FilterRun run(module, common.operation, std::move(settings), picture, mask ? &*mask : nullptr,
                   options.picture);
     if (!isSilent)
-        if (const std::optional<int> status = Ask(run, options.dialog, user))
+        if (const std::optional<int> status = Ask([&run] { run.AskUser(); }, options.dialog, user))
             return *status;
     run.Run().WriteTo(*sink);
     sink->Finish();
@@ -102,16 +61,8 @@ int FilterPicture(const FilterOptions& options, CommonOptions& common, DialogUse
 
 int RunFilter(const FilterOptions& options, CommonOptions& common)
 {
-    std::optional<DialogUser> user;
-    try {
-        UseLook(options.dialog);
-        if (options.dialog.WantsRobot())
-            user.emplace(ScriptOf(options.dialog), options.dialog.messages);
-    } catch (const ScriptError& error) {
-        std::fprintf(stderr, "lumohost: %s\n", error.what());
-        return kMisused;
-    }
-    return FilterPicture(options, common, user ? &*user : nullptr);
+    return RunWithUser(options.dialog,
+                       [&](DialogUser* user) { return FilterPicture(options, common, user); });
 }
 
 } // namespace

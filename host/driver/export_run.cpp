@@ -33,6 +33,16 @@ void ExportRun::BuildRecord()
     fRecord.basicSuite = BasicSuite();
 }
 
+void ExportRun::AskUser()
+try {
+    Require(kExportParameters, "export parameters", &fRecord);
+    fBlock.Drop();
+} catch (const Failure& failure) {
+    if (failure.Code() != kHostFailed)
+        throw;
+    throw Failure(failure.what(), failure.Advice(), kHostUserCanceled);
+}
+
 void ExportRun::Run(const std::filesystem::path& output)
 {
     PendingFile file(output);
@@ -42,7 +52,6 @@ void ExportRun::Run(const std::filesystem::path& output)
     }
     const std::string path = TextOf(file.Temporary());
     fRecord.outputPath = path.c_str();
-    Require(kExportParameters, "export parameters", &fRecord);
     SetMemoryHeadRoom(fRecord.memoryBudget);
     Require(kExportPrepare, "export prepare", &fRecord);
     try {

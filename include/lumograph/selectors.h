@@ -51,7 +51,9 @@
  * An export, by the fields of HostExportRecord.
  *
  *   about             on its own; the record is a HostAboutRecord
- *   parameters        the check. in: memoryBudget; out: memoryBudget
+ *   parameters        the check, in which the module may ask the user; left out for a silent run,
+ *                     which takes the settings of the last one. in: the document and memoryBudget;
+ *                     out: memoryBudget
  *   prepare           in: the document and outputPath
  *   start             the export itself; the module asks for blocks with fetchBlock
  *   finish            ends the run */

@@ -106,6 +106,36 @@ TEST_F(FilterTest, AnExportWritesItsSheet)
     }
 }
 
+// The export's dialog: what is set there is in the sheet and in the next silent one; cancelled, it
+// changes nothing.
+TEST_F(FilterTest, AnExportAsksInItsDialog)
+{
+    MadePicture picture(PictureMode::kRgb, 40, 20, 3, Texture);
+    WritePicture(picture, fFolder / "p.ppm");
+    const auto run = [&](const std::string& script, int status) {
+        std::vector<std::string> arguments = {"export",      Path("p.ppm"), "--module",
+                                              CONTACT_SHEET, "-o",          Path("sheet.ppm")};
+        if (!script.empty())
+            arguments.insert(arguments.end(),
+                             {"--play", Argument(fFolder.Put("script.txt", script))});
+        return RunLumohost(arguments, status).messages;
+    };
+    const auto columns = [&] {
+        return (OpenPicture(fFolder / "sheet.ppm")->Info().width - 16) / 56;
+    };
+    run("focus ContactSheet/Columns\ntype 5\nkey Tab\nclick Project/Dialog/OKButton\n", 0);
+    EXPECT_EQ(columns(), 5);
+    run("", 0);
+    EXPECT_EQ(columns(), 5) << "a silent run takes the last";
+    const std::string messages =
+        run("focus ContactSheet/Columns\ntype 7\nkey Tab\nclick Project/Dialog/CancelButton\n", 1);
+    EXPECT_NE(messages.find("(-128)"), std::string::npos) << messages;
+    run("focus ContactSheet/Columns\nexpect ContactSheet/Columns floatValue 5\n"
+        "click Project/Dialog/OKButton\n",
+        0);
+    EXPECT_EQ(columns(), 5);
+}
+
 class GlowDialog : public FilterTest {
 protected:
     GlowDialog()
@@ -126,8 +156,8 @@ protected:
 
 TEST_F(GlowDialog, SetsTheFilterAsTheCommandLineDoes)
 {
-    Play("focus SoftGlow/Radius\ntype 30\nkey Tab\n"
-         "focus SoftGlow/Amount\ntype 80\nkey Tab\n"
+    Play("focus SoftGlow/Radius\ntype 12\nkey Tab\nfocus SoftGlow/Radius\ntype 30\nkey Tab\n"
+         "focus SoftGlow/Amount\ntype 80\nkey Tab\nexpect SoftGlow/Amount floatValue 80\n"
          "click SoftGlow/Mode1\nwait 1\n"
          "click Project/Dialog/OKButton\n");
     const Bytes played = AllPixels(*OpenPicture(fFolder / "filtered.pam"));
@@ -142,8 +172,12 @@ TEST_F(GlowDialog, ChangesAreUndoneAndZoomsAreSeenInTheTitle)
     Play("focus SoftGlow/Radius\ntype 30\nkey Tab\n"
          "focus SoftGlow/Radius\ntype 40\nkey Tab\n"
          "click SoftGlow/Undo\nwait 1\n"
-         "expect SoftGlow/Radius string 30\n"
+         "expect SoftGlow/Radius floatValue 30\n"
          "expect-window Soft Glow 100%\n"
+         "press kesto/editSlider/slider\nmove 350,42\nwait 1\nmove 420,42\nwait 1\nrelease\n"
+         "expect SoftGlow/Radius floatValue 55\n"
+         "click SoftGlow/Undo\nwait 1\n"
+         "expect SoftGlow/Radius floatValue 30\n"
          "click Project/Command/ZoomIn\nwait 1\n"
          "expect-window Soft Glow 200%\n"
          "click Project/Dialog/PreviewPane left control alt\n"

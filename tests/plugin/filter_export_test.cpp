@@ -61,6 +61,7 @@ public:
     void DoAbout() override { gProbe.served.push_back(0); }
     void GetSettingsLocation(Kesto::CText&, Kesto::CText&) override {}
     void ExportDocument() override {}
+    std::unique_ptr<Kesto::CPluginDialog> GetDialog() override { return nullptr; }
 
 private:
     Life fLife;

@@ -1,11 +1,32 @@
 #include "plugin/export/export.h"
 
+#include "plugin/frame/document_work.h"
 #include "plugin/frame/lent_block.h"
 #include "plugin/frame/lumograph_error.h"
-
-#include <new>
+#include "plugin/frame/run_dialog.h"
 
 namespace Project {
+namespace {
+
+// Ends the requests of a run with its scope.
+class CRequestScope {
+public:
+    explicit CRequestScope(Kesto::CLumographExport& object) : fExport(object) {}
+    ~CRequestScope()
+    {
+        if (HostExportRecord* const record = fExport.GetExportRecord()) {
+            record->blockRect = {};
+            record->firstPlane = record->lastPlane = 0;
+        }
+    }
+    CRequestScope(const CRequestScope&) = delete;
+    CRequestScope& operator=(const CRequestScope&) = delete;
+
+private:
+    Kesto::CLumographExport& fExport;
+};
+
+} // namespace
 
 bool PExport::Forward(int16_t selector)
 {
@@ -17,31 +38,27 @@ bool PExport::Forward(int16_t selector)
 int16_t PExport::RunExportTask()
 {
     const Kesto::CProcessScope process(*this);
-    int16_t code = kHostNoError;
-    try {
-        ExportDocument();
-    } catch (const Kesto::CLumographError& error) {
-        code = error.Code();
-    } catch (const std::bad_alloc&) {
-        code = kHostMemoryFull;
-    }
-    if (HostExportRecord* const record = GetExportRecord()) {
-        record->blockRect = {};
-        record->firstPlane = record->lastPlane = 0;
-    }
-    return code;
+    const CRequestScope requests(*this);
+    return Kesto::CodeOfWork([this] { ExportDocument(); });
+}
+
+bool PExport::RunDialog()
+{
+    const Kesto::CProcessScope process(*this);
+    const CRequestScope requests(*this);
+    const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
+    return Kesto::RunPluginDialog(dialog.get(), fPrefs);
 }
 
 void PExport::FetchBlock(const HostRect16& rect)
 {
     HostExportRecord* const record = GetExportRecord();
-    if (record == nullptr || record->fetchBlock == nullptr)
+    if (record == nullptr)
         throw Kesto::CLumographError(kHostBadParameter);
     record->blockRect = rect;
     record->firstPlane = 0;
     record->lastPlane = static_cast<int16_t>(record->planeCount - 1);
-    if (const int16_t code = record->fetchBlock(); code != kHostNoError)
-        throw Kesto::CLumographError(code);
+    Kesto::FetchFromHost(record->fetchBlock);
     const Kesto::CLentBlock block{record->block,      record->blockStride, rect,
                                   record->firstPlane, record->lastPlane,   record->depth};
     if (!block.IsWhole())
@@ -50,13 +67,8 @@ void PExport::FetchBlock(const HostRect16& rect)
 
 void PExport::ReportProgress(int32_t done, int32_t total)
 {
-    const HostExportRecord* const record = GetExportRecord();
-    if (record == nullptr)
-        return;
-    if (record->progressReport != nullptr)
-        record->progressReport(done, total);
-    if (record->abortCheck != nullptr && record->abortCheck() != 0)
-        throw Kesto::CLumographError(kHostUserCanceled);
+    if (const HostExportRecord* const record = GetExportRecord())
+        Kesto::ReportToHost(record->progressReport, record->abortCheck, done, total);
 }
 
 } // namespace Project

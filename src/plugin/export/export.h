@@ -6,6 +6,9 @@
 #include "plugin/export/lumograph_export.h"
 
 #include "foundation/settings/settings_record.h"
+#include "plugin/frame/plugin_dialog.h"
+
+#include <memory>
 
 namespace Project {
 
@@ -35,6 +38,12 @@ public:
     // Returns 0, the code that the work failed with, or -108 when memory ran out; other failures
     // pass through, for the handler to report.
     virtual int16_t RunExportTask();
+
+    // Builds the dialog of the export, for RunDialog. Null: there is none.
+    virtual std::unique_ptr<Kesto::CPluginDialog> GetDialog() = 0;
+
+    // As a filter's.
+    bool RunDialog();
 
     // The settings of the export, as those of a filter.
     Kesto::PluginSettings& GetPrefsBag() { return fPrefs.Get(); }

@@ -1,11 +1,10 @@
 #include "plugin/filter/filter.h"
 
 #include "foundation/base/geometry.h"
+#include "plugin/frame/document_work.h"
 #include "plugin/frame/lent_block.h"
 #include "plugin/frame/lumograph_error.h"
 #include "plugin/frame/run_dialog.h"
-
-#include <new>
 
 namespace Project {
 namespace {
@@ -44,14 +43,7 @@ int16_t PFilter::RunFilterTask()
 {
     const Kesto::CProcessScope process(*this);
     const CRequestScope requests(*this);
-    try {
-        FilterDocument();
-        return kHostNoError;
-    } catch (const Kesto::CLumographError& error) {
-        return error.Code();
-    } catch (const std::bad_alloc&) {
-        return kHostMemoryFull;
-    }
+    return Kesto::CodeOfWork([this] { FilterDocument(); });
 }
 
 bool PFilter::RunDialog()
@@ -65,10 +57,9 @@ bool PFilter::RunDialog()
 void PFilter::FetchBlocks()
 {
     const HostFilterRecord* const record = GetFilterRecord();
-    if (record == nullptr || record->fetchBlocks == nullptr)
+    if (record == nullptr)
         throw Kesto::CLumographError(kHostBadParameter);
-    if (const int16_t code = record->fetchBlocks(); code != kHostNoError)
-        throw Kesto::CLumographError(code);
+    Kesto::FetchFromHost(record->fetchBlocks);
     const Kesto::CLentBlock lent[] = {
         {record->sourceBlock, record->sourceStride, record->sourceBlockRect,
          record->sourceFirstPlane, record->sourceLastPlane, record->depth},
@@ -82,13 +73,8 @@ void PFilter::FetchBlocks()
 
 void PFilter::ReportProgress(int32_t done, int32_t total)
 {
-    const HostFilterRecord* const record = GetFilterRecord();
-    if (record == nullptr)
-        return;
-    if (record->progressReport != nullptr)
-        record->progressReport(done, total);
-    if (record->abortCheck != nullptr && record->abortCheck() != 0)
-        throw Kesto::CLumographError(kHostUserCanceled);
+    if (const HostFilterRecord* const record = GetFilterRecord())
+        Kesto::ReportToHost(record->progressReport, record->abortCheck, done, total);
 }
 
 } // namespace Project

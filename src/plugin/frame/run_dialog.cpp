@@ -3,6 +3,7 @@
 #include "foundation/alerts/reporter.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace Kesto {
 
@@ -13,7 +14,10 @@ bool RunPluginDialog(CPluginDialog* dialog, CSettingsRecord& settings)
         throw std::logic_error("Warning! (dialog != nullptr)");
     dialog->TakeState(prefs);
     dialog->UseModalStyle();
+    std::unique_ptr<Project::PSettings> before = prefs.project->Clone();
     const bool accepted = dialog->RunModal();
+    if (!accepted)
+        prefs.project = std::move(before);
     dialog->StoreState(prefs);
     Reported([&] { settings.Save(); });
     return accepted;
