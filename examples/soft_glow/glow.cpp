@@ -1,9 +1,9 @@
 #include "glow.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace SoftGlow {
@@ -26,7 +26,7 @@ float Load(const uint8_t* from)
 {
     Sample sample{};
     std::memcpy(&sample, from, sizeof sample);
-    return static_cast<float>(sample) / kWhite<Sample>;
+    return static_cast<float>(sample) * (1 / kWhite<Sample>);
 }
 
 template <class Sample>
@@ -40,37 +40,93 @@ void Store(uint8_t* to, float value)
     std::memcpy(to, &sample, sizeof sample);
 }
 
-// Averages each row's samples with their neighbours, as far as there are any, and lays the rows
-// down as columns: done twice it is back in place.
-void AverageRows(const std::vector<float>& from, std::vector<float>& to, int32_t width,
-                 int32_t height, int32_t reach)
+// A plane of light, row by row.
+struct Plane {
+    Plane(int32_t columns, int32_t rows)
+        : width(columns), height(rows),
+          samples(static_cast<size_t>(columns) * static_cast<size_t>(rows))
+    {
+    }
+    float* Row(int32_t y) { return samples.data() + ptrdiff_t{y} * width; }
+    const float* Row(int32_t y) const { return samples.data() + ptrdiff_t{y} * width; }
+
+    int32_t width;
+    int32_t height;
+    std::vector<float> samples;
+};
+
+// Averages each column's samples with their neighbours, as far as there are any. The sums of all
+// columns go down together, row by row.
+template <class Sum>
+void AverageColumns(const Plane& from, Plane& to, int32_t reach)
 {
-    for (int32_t y = 0; y < height; ++y) {
-        const float* const row = from.data() + static_cast<size_t>(y) * static_cast<size_t>(width);
-        double sum = 0;
-        int32_t first = 0;
-        int32_t end = 0;
-        for (int32_t x = 0; x < width; ++x) {
-            while (end < std::min(width, x + reach + 1))
-                sum += row[end++];
-            while (first < x - reach)
-                sum -= row[first++];
-            to[static_cast<size_t>(x) * static_cast<size_t>(height) + static_cast<size_t>(y)] =
-                static_cast<float>(sum / (end - first));
+    to.width = from.width;
+    to.height = from.height;
+    const auto count = static_cast<size_t>(from.width);
+    const std::vector<float> none(count);
+    std::vector<Sum> columns(count);
+    Sum* const sums = columns.data();
+    for (int32_t y = 0; y < std::min(reach, from.height); ++y) {
+        const float* const row = from.Row(y);
+        for (size_t x = 0; x < count; ++x)
+            sums[x] += row[x];
+    }
+    for (int32_t y = 0; y < from.height; ++y) {
+        const int32_t rows = std::min(y + reach + 1, from.height) - std::max(y - reach, 0);
+        const Sum part = Sum{1} / static_cast<Sum>(rows);
+        const float* const entering = y + reach < from.height ? from.Row(y + reach) : none.data();
+        const float* const leaving = y >= reach ? from.Row(y - reach) : none.data();
+        float* const row = to.Row(y);
+        for (size_t x = 0; x < count; ++x) {
+            const Sum sum = sums[x] + entering[x];
+            row[x] = static_cast<float>(sum * part);
+            sums[x] = sum - leaving[x];
         }
     }
 }
 
-float Blend(int32_t mode, float base, float light)
+// Rows become columns, a square at a time, so that both sides stay in the cache.
+void Turn(const Plane& from, Plane& to)
 {
-    switch (mode) {
-    case kLighten:
-        return std::max(base, light);
-    case kSoftLight:
-        return (1 - 2 * light) * base * base + 2 * light * base;
-    default:
-        return 1 - (1 - base) * (1 - light);
+    constexpr int32_t kSquare = 16;
+    to.width = from.height;
+    to.height = from.width;
+    for (int32_t top = 0; top < from.height; top += kSquare)
+        for (int32_t left = 0; left < from.width; left += kSquare)
+            for (int32_t x = left; x < std::min(left + kSquare, from.width); ++x) {
+                float* const row = to.Row(x);
+                for (int32_t y = top; y < std::min(top + kSquare, from.height); ++y)
+                    row[y] = from.Row(y)[x];
+            }
+}
+
+// What is bright without limit must leave nothing behind in a sum that it has left.
+template <class Sample>
+using SumOf = std::conditional_t<std::is_same_v<Sample, float>, double, float>;
+
+// Blurs `light`; `spare` has room for as much.
+template <class Sum>
+void Blur(Plane& light, Plane& spare, int32_t reach)
+{
+    for (int direction = 0; direction < 2; ++direction) {
+        for (int n = 0; n < kAverages; ++n) {
+            AverageColumns<Sum>(light, spare, reach);
+            std::swap(light, spare);
+        }
+        Turn(light, spare);
+        std::swap(light, spare);
     }
+}
+
+template <int32_t kMode>
+float Blend(float base, float light)
+{
+    if constexpr (kMode == kLighten)
+        return std::max(base, light);
+    else if constexpr (kMode == kSoftLight)
+        return (1 - 2 * light) * base * base + 2 * light * base;
+    else
+        return 1 - (1 - base) * (1 - light);
 }
 
 template <class Sample>
@@ -79,25 +135,29 @@ public:
     Glower(const Settings& settings, int32_t planes, const Pixels<const uint8_t>& from,
            int32_t left, int32_t top, const Pixels<uint8_t>& to)
         : fSettings(settings), fStep(static_cast<size_t>(planes) * sizeof(Sample)), fFrom(from),
-          fLeft(left), fTop(top), fTo(to)
+          fLeft(left), fTop(top), fTo(to), fLight(from.width, from.height), fSpare(fLight)
     {
-        fLight.resize(static_cast<size_t>(from.width) * static_cast<size_t>(from.height));
-        fTurned.resize(fLight.size());
     }
 
-    void Plane(int32_t plane, bool glows)
+    void LightUp(int32_t plane)
     {
-        if (glows)
-            Blur(plane);
-        const float amount = glows ? static_cast<float>(fSettings.amount) / 100 : 0;
+        LoadLight(plane);
+        Blur<SumOf<Sample>>(fLight, fSpare, AverageReach(fSettings));
+        if (fSettings.mode == kLighten)
+            BlendRows<kLighten>(plane);
+        else if (fSettings.mode == kSoftLight)
+            BlendRows<kSoftLight>(plane);
+        else
+            BlendRows<kScreen>(plane);
+    }
+
+    void Copy(int32_t plane)
+    {
         for (int32_t y = 0; y < fTo.height; ++y) {
-            const size_t row = static_cast<size_t>(fTop + y) * static_cast<size_t>(fFrom.width);
-            for (int32_t x = 0; x < fTo.width; ++x) {
-                const float base = Load<Sample>(From(fLeft + x, fTop + y, plane));
-                const float light = fLight[row + static_cast<size_t>(fLeft + x)];
-                const float glow = glows ? Blend(fSettings.mode, base, light) : base;
-                Store<Sample>(To(x, y, plane), base + (glow - base) * amount);
-            }
+            const uint8_t* from = From(fLeft, fTop + y, plane);
+            uint8_t* to = To(y, plane);
+            for (int32_t x = 0; x < fTo.width; ++x, from += fStep, to += fStep)
+                std::memcpy(to, from, sizeof(Sample));
         }
     }
 
@@ -107,33 +167,44 @@ private:
         return fFrom.bytes + y * fFrom.stride + static_cast<size_t>(x) * fStep +
                static_cast<size_t>(plane) * sizeof(Sample);
     }
-    uint8_t* To(int32_t x, int32_t y, int32_t plane) const
+    uint8_t* To(int32_t y, int32_t plane) const
     {
-        return fTo.bytes + y * fTo.stride + static_cast<size_t>(x) * fStep +
-               static_cast<size_t>(plane) * sizeof(Sample);
+        return fTo.bytes + y * fTo.stride + static_cast<size_t>(plane) * sizeof(Sample);
     }
 
-    void Blur(int32_t plane)
+    void LoadLight(int32_t plane)
     {
-        size_t i = 0;
-        for (int32_t y = 0; y < fFrom.height; ++y)
-            for (int32_t x = 0; x < fFrom.width; ++x)
-                fLight[i++] = Load<Sample>(From(x, y, plane));
-        const int32_t reach = AverageReach(fSettings);
-        for (int n = 0; n < kAverages; ++n) {
-            AverageRows(fLight, fTurned, fFrom.width, fFrom.height, reach);
-            AverageRows(fTurned, fLight, fFrom.height, fFrom.width, reach);
+        for (int32_t y = 0; y < fFrom.height; ++y) {
+            const uint8_t* from = From(0, y, plane);
+            float* const row = fLight.Row(y);
+            for (int32_t x = 0; x < fFrom.width; ++x, from += fStep)
+                row[x] = Load<Sample>(from);
+        }
+    }
+
+    template <int32_t kMode>
+    void BlendRows(int32_t plane)
+    {
+        const float amount = static_cast<float>(fSettings.amount) / 100;
+        for (int32_t y = 0; y < fTo.height; ++y) {
+            const uint8_t* from = From(fLeft, fTop + y, plane);
+            uint8_t* to = To(y, plane);
+            const float* const light = fLight.Row(fTop + y) + fLeft;
+            for (int32_t x = 0; x < fTo.width; ++x, from += fStep, to += fStep) {
+                const float base = Load<Sample>(from);
+                Store<Sample>(to, base + (Blend<kMode>(base, light[x]) - base) * amount);
+            }
         }
     }
 
     const Settings& fSettings;
-    size_t fStep;
+    size_t fStep; // bytes from pixel to pixel
     const Pixels<const uint8_t>& fFrom;
     int32_t fLeft;
     int32_t fTop;
     const Pixels<uint8_t>& fTo;
-    std::vector<float> fLight;
-    std::vector<float> fTurned;
+    Plane fLight;
+    Plane fSpare;
 };
 
 } // namespace
@@ -148,7 +219,7 @@ void Glow(const Settings& settings, int32_t bits, int32_t planes, int32_t colour
 {
     const auto run = [&](auto glower) {
         for (int32_t plane = 0; plane < planes; ++plane)
-            glower.Plane(plane, plane < colours);
+            plane < colours ? glower.LightUp(plane) : glower.Copy(plane);
     };
     if (bits == 8)
         run(Glower<uint8_t>(settings, planes, from, left, top, to));

@@ -3,7 +3,7 @@
 #include "glow.h"
 
 #include "controls/buttons/custom_button.h"
-#include "controls/fields/edit_number.h"
+#include "controls/sliders/edit_slider.h"
 #include "dialogs/plugin_dialog/dialog_builder.h"
 #include "dialogs/plugin_dialog/dialog_ids.h"
 #include "dialogs/preview/preview_classes.h"
@@ -48,9 +48,9 @@ void Dialog::CreateViews()
 void Dialog::SetValuesFromSettings(bool)
 {
     const Settings& settings = fFilter.GlowSettings();
-    if (auto* const radius = dynamic_cast<CEditNumber*>(FindChild(kRadius, true)))
+    if (auto* const radius = dynamic_cast<CEditSlider*>(FindChild(kRadius, true)))
         radius->SetValue(settings.radius);
-    if (auto* const amount = dynamic_cast<CEditNumber*>(FindChild(kAmount, true)))
+    if (auto* const amount = dynamic_cast<CEditSlider*>(FindChild(kAmount, true)))
         amount->SetValue(settings.amount);
     for (int32_t mode = 0; mode < std::ssize(kModes); ++mode)
         if (auto* const button = dynamic_cast<CCustomButton*>(FindChild(kModes[mode], true)))

@@ -32,7 +32,7 @@ NAMED = re.compile(r"SCOPED_TRACE|<<")
 INCLUDE = re.compile(r'^\s*#\s*include "([^"]+)"')
 # Where the includes of tests, fuzz targets and benchmarks begin.
 TEST_FOLDERS = ("tests", "fuzz", "benchmarks")
-INCLUDE_ROOTS = ("tests", "benchmarks", "src", "include", "host", "tools")
+INCLUDE_ROOTS = ("tests", "benchmarks", "examples", "src", "include", "host", "tools")
 LOOP = re.compile(r"^( *)for \(")
 
 
