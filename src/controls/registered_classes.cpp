@@ -53,7 +53,7 @@ constexpr RegisteredClass kClasses[] = {
     {"CCheckButton", kPane, Make<CPaneBuilder<CCheckButton>>, {}},
     {"CComboBox", kPane, Make<CPaneBuilder<CComboBox>>, {}},
     {"CCustomButton", kPane, Make<CPaneBuilder<CCustomButton>>, {}},
-    {"CCustomScrollbar", kPane, kToCome, {15, 60}},
+    {"CCustomScrollbar", kPane, Make<CPaneBuilder<CScrollBar>>, {}}, // all of ours are drawn
     {"CCustomSlider", kPane, Make<CPaneBuilder<CCustomSlider>>, {}},
     {"CEditNumber", kPane, Make<CPaneBuilder<CEditNumber>>, {}},
     {"CEditPopupSlider", kPane, kToCome, {120, 20}},
