@@ -26,6 +26,8 @@ public:
     bool FilterPreview(const PreviewPixels& source, const PreviewPixels& result) override
     {
         ++runs;
+        if (fails)
+            fails();
         for (ptrdiff_t i = 0; i < source.stride * source.height; ++i)
             result.bytes[i] = static_cast<uint8_t>(~source.bytes[i]);
         return true;
@@ -34,6 +36,7 @@ public:
 
     int runs = 0;
     int32_t reach = 0;
+    std::function<void()> fails; // throws
 };
 
 class Preview : public testing::Test, public PPreviewListener {
@@ -185,6 +188,45 @@ TEST_F(Preview, AFailedRunWaitsForAChange)
     host.failAt = host.fetches;
     host.code = kHostUserCanceled;
     EXPECT_EQ(pane.FetchPreview(), -1);
+}
+
+TEST_F(Preview, ARecordThatNoDocumentHasIsNeitherFetchedNorShown)
+{
+    using Change = void (*)(HostFilterRecord&);
+    const std::pair<const char*, Change> rows[] = {
+        {"a depth", [](HostFilterRecord& record) { record.depth = 24; }},
+        {"no planes", [](HostFilterRecord& record) { record.inputColorPlanes = 0; }},
+        {"too many planes", [](HostFilterRecord& record) { record.inputColorPlanes = 30000; }},
+    };
+    const HostFilterRecord good = host.record;
+    for (const auto& [what, change] : rows) {
+        SCOPED_TRACE(what);
+        pane.SetScale(1.0);
+        Settle();
+        change(host.record);
+        pane.SetScale(2.0);
+        EXPECT_EQ(Settle(), 0);
+        EXPECT_TRUE(pane.sourceFailed);
+        EXPECT_NE(Shown(10, 10), Inverted(0, 0)) << "buffers of another shape";
+        host.record = good;
+    }
+}
+
+TEST_F(Preview, AFilterThatFailsRunsAgainAtTheNextChange)
+{
+    inverter.fails = [] { throw std::bad_alloc(); };
+    Settle();
+    EXPECT_TRUE(pane.noMemory);
+    EXPECT_EQ(inverter.runs, 1);
+    inverter.fails = [] { throw std::runtime_error("the filter's own"); };
+    pane.SettingsChanged();
+    EXPECT_THROW(pane.Idle(), std::runtime_error);
+    EXPECT_EQ(Settle(), 0);
+    EXPECT_EQ(inverter.runs, 2) << "not the same again";
+    inverter.fails = nullptr;
+    pane.SettingsChanged();
+    Settle();
+    EXPECT_EQ(Shown(10, 10), Inverted(0, 0));
 }
 
 TEST_F(Preview, ClicksZoomDragOrGoToTheListener)

@@ -126,6 +126,7 @@ private:
     void Changed(bool source);
     void LayOut();
     bool PrepareBuffers();
+    void FreeBuffers();
     void RunFilter();
     void MakePicture();
     const PreviewBuffer& ShownBuffer() const;

@@ -10,6 +10,7 @@
 #include "view/tree/view_hold.h"
 
 #include <algorithm>
+#include <new>
 
 namespace Project {
 
@@ -24,6 +25,18 @@ size_t BytesOf(const DocumentSize& size, int32_t samples, int32_t depth)
     return static_cast<size_t>(size.width) * static_cast<size_t>(size.height) *
            static_cast<size_t>(samples) * static_cast<size_t>(depth / 8);
 }
+
+// Says that a run goes on, however it ends.
+class RunScope {
+public:
+    explicit RunScope(bool& running) : fRunning(running) { fRunning = true; }
+    ~RunScope() { fRunning = false; }
+    RunScope(const RunScope&) = delete;
+    RunScope& operator=(const RunScope&) = delete;
+
+private:
+    bool& fRunning;
+};
 
 } // namespace
 
@@ -63,11 +76,17 @@ bool PPreviewPane::PrepareBuffers()
         keep(transparencyBuffer, record.inputTransparency > 0 && !planesOnly, plane) &&
         keep(layerMaskBuffer, record.inputLayerMask > 0 && !planesOnly, plane))
         return true;
+    FreeBuffers();
+    noMemory = true;
+    return false;
+}
+
+void PPreviewPane::FreeBuffers()
+{
     for (PreviewBuffer* const buffer :
          {&sourceBuffer, &resultBuffer, &transparencyBuffer, &layerMaskBuffer, &maskBuffer})
         buffer->Free();
-    noMemory = true;
-    return false;
+    hasResult = false;
 }
 
 int PPreviewPane::FetchPreview()
@@ -81,6 +100,7 @@ int PPreviewPane::FetchPreview()
     planes = record->inputColorPlanes;
     depth = record->depth;
     if (!isDepth || planes < 1 || planes > kMostColours) {
+        FreeBuffers(); // what they hold has another shape
         sourceFailed = true;
         return 0;
     }
@@ -121,7 +141,11 @@ void PPreviewPane::RunFilter()
                          GetImageScale()};
     PreviewPixels result = source;
     result.bytes = resultBuffer.Bytes();
-    hasResult = filter->FilterPreview(source, result);
+    try {
+        hasResult = filter->FilterPreview(source, result);
+    } catch (const std::bad_alloc&) {
+        noMemory = true;
+    }
     if (hasResult && maskBuffer.Bytes() != nullptr)
         BlendOver(result.bytes, source.bytes, maskBuffer.Bytes(),
                   static_cast<size_t>(size.width) * static_cast<size_t>(size.height), planes,
@@ -138,7 +162,7 @@ void PPreviewPane::Idle()
     if (!sourceDirty && (draggingPreview || !resultDirty))
         return;
     const CViewHold hold(*this);
-    isRunning = true;
+    const RunScope run(isRunning);
     if (sourceDirty) {
         const DocumentSize document{gFilterRecord->documentWidth, gFilterRecord->documentHeight};
         const int32_t reach = filter != nullptr ? std::max(filter->PreviewReach(), 0) : 0;
@@ -151,7 +175,6 @@ void PPreviewPane::Idle()
     }
     if (!hold.IsOver() && !sourceDirty && !draggingPreview)
         RunFilter();
-    isRunning = false;
     if (!hold.IsOver())
         ShowResult();
 }
