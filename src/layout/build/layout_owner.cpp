@@ -44,7 +44,7 @@ public:
     {
         fIsDone = true;
         if (fOwner.fWindow && fOwner.fWindow->IsAutoDelete() && fOwner.fWindow->Super() != nullptr)
-            fOwner.fWindow.release();
+            static_cast<void>(fOwner.fWindow.release());
     }
 
 private:

@@ -4,7 +4,6 @@
 #include "layout/placement/view_proxy.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace Kesto {
 
