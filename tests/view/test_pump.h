@@ -10,7 +10,6 @@
 
 #include <functional>
 #include <memory>
-#include <source_location>
 #include <utility>
 #include <vector>
 
@@ -37,8 +36,8 @@ public:
     // Fails, at the caller's line, when the condition doesn't come to hold. The timer wakes a pump
     // that nothing else would wake. The flags are those of GetNextEvent.
     template <class Condition>
-    void PumpUntil(Condition holds, std::uint32_t flags = 0,
-                   std::source_location caller = std::source_location::current())
+    void PumpUntil(Condition holds, std::uint32_t flags = 0, const char* file = __builtin_FILE(),
+                   int line = __builtin_LINE())
     {
         constexpr std::uint32_t kLongest = 20000; // milliseconds
         Kesto::CTimer wakes(1.0);
@@ -46,7 +45,7 @@ public:
         const std::uint32_t start = Platform::TickCount();
         while (!holds()) {
             if (Platform::TickCount() - start > kLongest) {
-                ADD_FAILURE_AT(caller.file_name(), static_cast<int>(caller.line()))
+                ADD_FAILURE_AT(file, line)
                     << "what is waited for here hasn't come to hold in 20 seconds";
                 return;
             }
