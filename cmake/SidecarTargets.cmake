@@ -95,7 +95,9 @@ function(sidecar_test name)
     endif()
   endforeach()
   add_test(NAME ${name} COMMAND ${name} ${test_ARGUMENTS})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  # What a test has stored for the user it doesn't find in the user's own folder. Under Wine the prefix sees to that.
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300
+    ENVIRONMENT XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}_user_data)
   if(test_DESKTOP AND WIN32)
     set_tests_properties(${name} PROPERTIES RESOURCE_LOCK desktop)
   endif()
@@ -120,7 +122,8 @@ function(sidecar_fuzzer name)
   add_test(NAME ${name}
     COMMAND ${name} -max_total_time=${SIDECAR_FUZZ_SECONDS} -timeout=20 -rss_limit_mb=3000 -print_final_stats=1
       ${found} ${CMAKE_CURRENT_SOURCE_DIR}/${fuzzer_CORPUS})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 900 LABELS fuzz)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900 LABELS fuzz
+    ENVIRONMENT XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}_user_data)
 endfunction()
 
 # sidecar_bench(NAME SOURCES file... [LIBRARIES target...])

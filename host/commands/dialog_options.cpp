@@ -44,10 +44,16 @@ void AddDialogOptions(CLI::App& subcommand, DialogOptions& options)
         ->type_name("N")
         ->check(CLI::Range(0.5, 8.0))
         ->group(kGroup);
+    subcommand
+        .add_flag("--keep-settings", options.keepSettings,
+                  "The robot begins with what the user has the module keep, and changes it; else "
+                  "it begins with the defaults and leaves no trace")
+        ->group(kGroup);
 }
 
-void UseLook(const DialogOptions& options)
+void UseOptions(const DialogOptions& options, bool isForRobot)
 {
+    SetHostProperty(kPropertySettingsOff, isForRobot && !options.keepSettings ? 1 : 0);
     if (options.theme)
         SetHostProperty(kPropertyUiBrightness, *options.theme);
     if (options.scale)

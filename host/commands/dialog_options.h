@@ -20,6 +20,7 @@ struct DialogOptions {
     std::string messages;   // a file for what climbs to its window
     std::optional<int> theme;
     std::optional<double> scale;
+    bool keepSettings = false; // a robot finds the user's settings, and stores its own
 
     // Whether a robot uses the dialog.
     bool WantsRobot() const { return !script.empty() || describe || !photograph.empty(); }
@@ -27,11 +28,12 @@ struct DialogOptions {
     bool OnlyLooks() const { return script.empty() && WantsRobot(); }
 };
 
-// --play, --describe, --photograph, --messages, --theme, --scale.
+// --play, --describe, --photograph, --messages, --theme, --scale, --keep-settings.
 void AddDialogOptions(CLI::App& subcommand, DialogOptions& options);
 
-// Has the module's windows look as the options say.
-void UseLook(const DialogOptions& options);
+// Has the module's windows look as the options say. For a robot the module's stored settings are
+// shut off, unless the options keep them.
+void UseOptions(const DialogOptions& options, bool isForRobot);
 
 // What a robot is to do by the options. Throws ScriptError.
 Script ScriptOf(const DialogOptions& options);

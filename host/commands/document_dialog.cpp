@@ -34,7 +34,7 @@ int RunWithUser(const DialogOptions& options, const std::function<int(DialogUser
 {
     std::optional<DialogUser> user;
     try {
-        UseLook(options);
+        UseOptions(options, options.WantsRobot());
         if (options.WantsRobot())
             user.emplace(ScriptOf(options), options.messages);
     } catch (const ScriptError& error) {

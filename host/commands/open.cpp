@@ -47,7 +47,7 @@ int RunOpen(const OpenOptions& options, CommonOptions& common)
         throw Failure("a script is played on one dialog", "Open one frame of one file with it.");
     if (isMany && options.all)
         throw Failure("--all opens the frames of one file", "Open the files one by one with it.");
-    UseLook(options.dialog);
+    UseOptions(options.dialog, options.dialog.WantsRobot() || options.frame || options.all);
     return isMany        ? OpenMany(options, common)
            : options.all ? OpenAll(options, common)
                          : OpenOne(options, common);

@@ -46,6 +46,8 @@ std::vector<std::string> ArgumentsFor(const OpenOptions& options, const CommonOp
         add("--module", common.modulePath);
     if (options.frame)
         add("--frame", std::to_string(*options.frame));
+    if (options.dialog.keepSettings)
+        arguments.emplace_back("--keep-settings");
     arguments.emplace_back("--");
     arguments.push_back(file);
     return arguments;

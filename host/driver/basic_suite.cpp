@@ -23,7 +23,7 @@ struct Property {
 std::array gProperties = {
     Property{kPropertyUiBrightness, 1}, Property{kPropertyHighContrast, 0},
     Property{kPropertyLargeTabs, 0},    Property{kPropertyUiScale, 100},
-    Property{kPropertyHighDpi, 1},
+    Property{kPropertyHighDpi, 1},      Property{kPropertySettingsOff, 0},
 };
 
 Property* FindProperty(uint32_t key)

@@ -106,6 +106,8 @@ LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
 #define kPropertyHighDpi LUMOGRAPH_KEY('H', 'D', 'P', 'I')
 /* Not 0: a filter is to take its memory from the host's buffers. */
 #define kPropertyUseHostBuffers LUMOGRAPH_KEY('z', 'S', 'c', 'W')
+/* Not 0: a module neither reads nor stores what it keeps for the user from one run to the next. */
+#define kPropertySettingsOff LUMOGRAPH_KEY('S', 'T', 'O', 'F')
 
 /* Colours between spaces. A preview asks for it and does without. */
 #define kHostColorSpaceSuiteName "Lumograph ColorSpace Suite for Plug-ins"

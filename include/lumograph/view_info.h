@@ -90,7 +90,7 @@ typedef struct HostUIHooksSuite4 {
     /* The host's turn. While a window of it is up, a module calls this on its own thread whenever
      * no event waits, at least 20 times a second, and handles the event when the answer is not 0,
      * before it asks again. Within a turn the host may call the view-info callback. Null: the host
-     * takes no turns. */
+     * takes no turns; without a display a module's dialogs then end as cancelled, unseen. */
     uint8_t (*TakeTurn)(HostInputEvent* event);
 } HostUIHooksSuite4;
 

@@ -4,16 +4,16 @@
 #include "controls/fields/edit_number.h"
 #include "controls/text/static_text.h"
 #include "formats/dialog_person.h"
+#include "formats/stored_settings.h"
 #include "foundation/settings/plugin_settings.h"
 #include "foundation/settings/settings_file.h"
 #include "foundation/streams/memory_container.h"
 #include "platform/graphics/monitors.h"
+#include "platform/windows/system_window.h"
 #include "support/ei_file.h"
 #include "support/module_test.h"
-#include "view/process/process.h"
 
 #include <filesystem>
-#include <fstream>
 
 namespace Testing {
 namespace {
@@ -52,37 +52,9 @@ Bytes Frames(int count, std::optional<uint32_t> told = {})
 
 const Outcome kCancelled{kHostUserCanceled, kFormatReadStart};
 
-// The store that the module keeps the dialog's window in.
-class Store {
-public:
-    Store()
-    {
-        CProcess process;
-        CFileSpec folder;
-        process.GetSettingsFolder(folder);
-        fFile = std::filesystem::path(folder.Path().CStr()) / "Electric Image Format Prefs.lgp";
-        Remove();
-    }
-    ~Store() { Remove(); }
-    Store(const Store&) = delete;
-    Store& operator=(const Store&) = delete;
-
-    const std::filesystem::path& File() const { return fFile; }
-    void Remove() const { std::filesystem::remove_all(fFile); }
-    void Write(const std::string& bytes) const { std::ofstream(fFile, std::ios::binary) << bytes; }
-    std::string Read() const
-    {
-        std::ifstream file(fFile, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-private:
-    std::filesystem::path fFile;
-};
-
 class FrameDialog : public ModuleTest {
 protected:
-    Store store;
+    StoredSettings store{"Electric Image Format Prefs.lgp"};
 };
 
 TEST_F(FrameDialog, ShowsHowManyFramesThereAreAndOffersTheFirst)
@@ -271,11 +243,43 @@ TEST_F(FrameDialog, AStoreThatCantBeWrittenIsToldAndTheChoiceHolds)
     EXPECT_FALSE(alerts.texts.empty());
 }
 
-TEST_F(FrameDialog, WithoutSuitesOfTheHostItWorksAllTheSame)
+// A host that takes no turns leaves the dialog to who is at the display. Where there is none it
+// ends as cancelled, or it would wait for ever.
+TEST_F(FrameDialog, WithoutTurnsOfTheHostSomebodyMustBeAtADisplay)
 {
-    host.record.basicSuite = nullptr;
+    const HostBasicSuite bare{nullptr, nullptr};
+    const struct {
+        const char* words;
+        const HostBasicSuite* suite;
+        std::optional<Fault> fault;
+    } rows[] = {
+        {"no basic suite", nullptr, {}},
+        {"one without suites", &bare, {}},
+        {"the suite of hooks is missing", host.record.basicSuite, Fault{Kind::kAcquire, 1}},
+        {"the hook is refused", host.record.basicSuite, Fault{Kind::kRegister}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.words);
+        ScriptableHost each;
+        if (row.suite != host.record.basicSuite)
+            each.record.basicSuite = row.suite;
+        each.fault = row.fault;
+        if (each.fault)
+            each.fault->lasting = true;
+        const DialogPerson person(DialogPerson::PressReturn);
+        EXPECT_EQ(each.Open(Frames(2)), Platform::HasDisplay() ? Outcome{} : kCancelled);
+        EXPECT_EQ(person.windows, Platform::HasDisplay() ? 1 : 0);
+        ExpectClean(each, 0, each.OpenFiles());
+    }
+}
+
+TEST_F(FrameDialog, LeavesNoTraceForAHostThatShutsTheSettingsOff)
+{
+    store.Write("kept");
+    host.properties[kPropertySettingsOff] = 1;
     const DialogPerson person(DialogPerson::PressReturn);
     EXPECT_EQ(host.Open(Frames(2)), Outcome{});
+    EXPECT_EQ(store.Read(), "kept");
 }
 
 } // namespace

@@ -159,12 +159,15 @@ TEST_F(GlowDialog, SetsTheFilterAsTheCommandLineDoes)
     Play("focus SoftGlow/Radius\ntype 12\nkey Tab\nfocus SoftGlow/Radius\ntype 30\nkey Tab\n"
          "focus SoftGlow/Amount\ntype 80\nkey Tab\nexpect SoftGlow/Amount floatValue 80\n"
          "click SoftGlow/Mode1\nwait 1\n"
-         "click Project/Dialog/OKButton\n");
+         "click Project/Dialog/OKButton\n",
+         0, {"--keep-settings"});
     const Bytes played = AllPixels(*OpenPicture(fFolder / "filtered.pam"));
     const Bytes set = AllPixels(*Filtered(
         Path("p.ppm"), {"--set", "radius=30", "--set", "amount=80", "--set", "mode=lighten"}));
     EXPECT_EQ(played, set);
-    EXPECT_EQ(played, AllPixels(*Filtered(Path("p.ppm"), {}))) << "a silent run takes the last";
+    Play("focus SoftGlow/Radius\ntype 5\nkey Tab\nclick Project/Dialog/OKButton\n");
+    EXPECT_EQ(played, AllPixels(*Filtered(Path("p.ppm"), {})))
+        << "a silent run takes the last that were kept";
 }
 
 TEST_F(GlowDialog, ChangesAreUndoneAndZoomsAreSeenInTheTitle)

@@ -19,6 +19,7 @@ inline void ExpectClean(ScriptableHost& host, size_t buffers = 0, size_t files =
     EXPECT_EQ(host.Unload(), 0);
     EXPECT_EQ(host.Misuse(), "");
     EXPECT_EQ(host.SuitesHeld(), 0);
+    EXPECT_EQ(host.HooksHeld(), 0);
     EXPECT_EQ(host.Buffers(), buffers);
     EXPECT_EQ(host.LockedBuffers(), locked);
     EXPECT_EQ(host.OpenFiles(), files);

@@ -87,17 +87,40 @@ struct HostCallbacks {
     static int32_t AcquireSuite(const char* name, int32_t version, const void** suite)
     {
         static constexpr HostPropertySuite kProperties = {GetProperty};
-        Host().Note(Kind::kAcquire, version, 0);
-        const bool isFirst = version == 1; // each of these two has that version
-        if (isFirst && std::strcmp(name, kHostPropertySuiteName) == 0)
-            *suite = &kProperties;
-        else if (isFirst && std::strcmp(name, kHostBufferSuiteName) == 0)
-            *suite = &Host().buffers;
-        else
+        static constexpr HostUIHooksSuite4 kHooks = {
+            kHostUIHooksTableVersion, 3, {}, RegisterHook, UnregisterHook, TakeTurn};
+        const struct {
+            const char* name;
+            int32_t version;
+            const void* table;
+        } rows[] = {
+            {kHostPropertySuiteName, kHostPropertySuiteVersion, &kProperties},
+            {kHostBufferSuiteName, kHostBufferSuiteNameVersion, &Host().buffers},
+            {kHostUIHooksSuiteName, kHostUIHooksSuiteVersion4, &kHooks},
+        };
+        const auto* const row = std::ranges::find_if(rows, [&](const auto& one) {
+            return one.version == version && std::strcmp(one.name, name) == 0;
+        });
+        if (Host().Fails(Kind::kAcquire, version) || row == std::end(rows))
             return kHostBadParameter;
+        *suite = row->table;
         ++Host().fSuitesHeld;
         return kHostNoError;
     }
+    static int32_t RegisterHook(HostViewInfoCallback, int32_t, int32_t, int32_t project)
+    {
+        if (Host().Fails(Kind::kRegister, project))
+            return Host().fault->code;
+        ++Host().fHooksHeld;
+        return kHostNoError;
+    }
+    static int32_t UnregisterHook(HostViewInfoCallback, int32_t, int32_t, int32_t)
+    {
+        if (--Host().fHooksHeld < 0)
+            Host().Blame("a hook taken back that is not registered");
+        return kHostNoError;
+    }
+    static uint8_t TakeTurn(HostInputEvent*) { return 0; } // a person is there, in the tests' own
     static int32_t ReleaseSuite(const char*, int32_t version)
     {
         Host().Note(Kind::kRelease, version, 0);
@@ -107,9 +130,9 @@ struct HostCallbacks {
     }
     static int32_t GetProperty(uint32_t signature, uint32_t key, int32_t, intptr_t* value, void**)
     {
-        Host().Note(Kind::kProperty, key, 0);
         const auto found = Host().properties.find(key);
-        if (signature != kLumographSignature || found == Host().properties.end())
+        if (Host().Fails(Kind::kProperty, key) || signature != kLumographSignature ||
+            found == Host().properties.end())
             return kHostBadParameter;
         if (value != nullptr)
             *value = found->second;
@@ -129,7 +152,7 @@ ScriptableHost::ScriptableHost()
       handles{kHostHandleSuiteVersion,     kHostHandleSuiteCount,        {},
               HostCallbacks::HandleNew,    HostCallbacks::HandleDispose, HostCallbacks::HandleLock,
               HostCallbacks::HandleUnlock, HostCallbacks::HandleSize},
-      fPrevious(gCurrent), fCounts(static_cast<size_t>(Kind::kProperty) + 1)
+      fPrevious(gCurrent), fCounts(static_cast<size_t>(Kind::kRegister) + 1)
 {
     static constexpr HostSuiteTable kSuites = {HostCallbacks::AcquireSuite,
                                                HostCallbacks::ReleaseSuite};
@@ -256,7 +279,7 @@ void ScriptableHost::Note(Kind kind, int64_t a, int64_t b)
 bool ScriptableHost::Fails(Kind kind, int64_t a, int64_t b)
 {
     Note(kind, a, b);
-    if (!fault || (fault->kind && *fault->kind != kind))
+    if (!fault || (fault->kind ? *fault->kind != kind : kind > kLastThatCanFail))
         return false;
     const int number = fSeen++;
     const bool fails = number == fault->at || (fault->lasting && number > fault->at);

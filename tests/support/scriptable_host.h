@@ -30,7 +30,7 @@ enum class Kind {
     kLock,
     kHandleNew,
     kHandleLock,
-    kExchange, // can fail
+    kExchange, // the last that can fail unless it is named
     kSpace,
     kUnlock,
     kFree,
@@ -40,13 +40,14 @@ enum class Kind {
     kProgress,
     kAcquire,
     kRelease,
-    kProperty
+    kProperty,
+    kRegister
 };
 inline constexpr Kind kLastThatCanFail = Kind::kExchange;
 
 // One call of the module to the host. `a` and `b` are, by kind: the wanted and the delivered bytes
 // (read), the bytes (write, allocate, new), mode and offset (seek), top and bottom row (exchange),
-// current and total (progress), the key (property).
+// current and total (progress), the version (acquire), the key (property), the project (register).
 struct HostCall {
     Kind kind;
     int64_t a = 0;
@@ -115,6 +116,7 @@ public:
     size_t LockedBuffers() const;
     size_t Handles() const { return fHandles.size(); }
     int SuitesHeld() const { return fSuitesHeld; }
+    int HooksHeld() const { return fHooksHeld; }
     int64_t RowsExchanged() const { return fRowsExchanged; }
     const std::string& Misuse() const { return fMisuse; }
 
@@ -167,6 +169,7 @@ private:
     int16_t fMode = kHostOpenToRead; // of the file opened last: which way rows travel
     // Of all hosts together: a module keeps its suites from one to the next.
     static inline int fSuitesHeld = 0;
+    int fHooksHeld = 0;
     std::string fMisuse;
 };
 

@@ -110,7 +110,11 @@ void PDialog::StoreState(PluginSettings& settings)
 bool PDialog::RunModal()
 {
     fAccepted = false;
-    Run();
+    CProcess* const process = CProcess::Current();
+    if (process == nullptr || process->HasUser())
+        Run();
+    else
+        process->NoteDialogEnd(DialogEnd::kCancelled);
     return fAccepted;
 }
 

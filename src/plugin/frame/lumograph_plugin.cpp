@@ -185,6 +185,25 @@ const CHostSuites& CLumographPlugin::HostSuites()
     return fSuites;
 }
 
+bool CLumographPlugin::AreSettingsOff()
+{
+    return CHostProperties(HostSuites()).Read(kPropertySettingsOff).value_or(0) != 0;
+}
+
+bool CLumographPlugin::ReadSettingsData(const CText& keyPath, const CText& valueName,
+                                        const CText& fileName, CContainer& out, bool useRegistry)
+{
+    return !AreSettingsOff() &&
+           CProcess::ReadSettingsData(keyPath, valueName, fileName, out, useRegistry);
+}
+
+bool CLumographPlugin::WriteSettingsData(const CText& keyPath, const CText& valueName,
+                                         const CText& fileName, CContainer& in, bool useRegistry)
+{
+    return !AreSettingsOff() &&
+           CProcess::WriteSettingsData(keyPath, valueName, fileName, in, useRegistry);
+}
+
 void CLumographPlugin::PrepareMemory()
 {
     OpenTileStore(std::clamp(GetHostMemory() / 2, kLeastTileMemory, kMostTileMemory));

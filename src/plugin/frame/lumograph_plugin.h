@@ -79,6 +79,15 @@ public:
     // so that a host can change its mind while a window is up.
     void UseHostLook() const;
 
+    // There is a display, or the host takes turns. (view_info/view_info_hook.cpp)
+    bool HasUser() override;
+
+    // Nothing is stored, and nothing read back, while the host shuts the settings off.
+    bool ReadSettingsData(const CText& keyPath, const CText& valueName, const CText& fileName,
+                          CContainer& out, bool useRegistry) override;
+    bool WriteSettingsData(const CText& keyPath, const CText& valueName, const CText& fileName,
+                           CContainer& in, bool useRegistry) override;
+
     // The families of its windows' class names begin with the prefix.
     virtual const char* WindowClassPrefix() const { return "LGPlugin_"; }
     CText WindowClassName(uint32_t kind) override;
@@ -115,6 +124,8 @@ protected:
     void OpenTileStore(uint64_t limit);
 
 private:
+    bool AreSettingsOff();
+
     CHostSuites fSuites;
     const HostUIHooksSuite4* fHooks = nullptr; // where the view-info hook is registered
     std::unique_ptr<CIdler> fTurns;            // of the host, while it is

@@ -17,7 +17,8 @@ public:
     // Has the window take the modal style.
     virtual void UseModalStyle() {}
 
-    // Shows the window and waits for the user. True: accepted; false: cancelled, or closed.
+    // Shows the window and waits for the user. True: accepted; false: cancelled, closed, or,
+    // unseen, where nobody could ever answer it.
     virtual bool RunModal() = 0;
 
     // Leaves the state of the window in the settings, for the next run.

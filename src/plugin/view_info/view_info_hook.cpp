@@ -2,6 +2,7 @@
 
 #include "drawing/tools/draw_tools.h"
 #include "foundation/base/service.h"
+#include "platform/windows/system_window.h"
 #include "plugin/frame/lumograph_plugin.h"
 #include "plugin/view_info/host_description.h"
 #include "plugin/view_info/host_turns.h"
@@ -44,6 +45,14 @@ try {
     return Describe(window, *plugin, *descriptorOut, eventKey) ? 1 : 0;
 } catch (...) {
     return 0; // the host sees no description
+}
+
+bool CLumographPlugin::HasUser()
+{
+    if (Platform::HasDisplay())
+        return true;
+    RegisterViewInfoHook(); // before there is a window: the host may refuse
+    return fTurns != nullptr;
 }
 
 void CLumographPlugin::RegisterViewInfoHook()

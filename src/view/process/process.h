@@ -115,6 +115,10 @@ public:
     virtual void WindowOpened() {}
     virtual void WindowClosed() {}
 
+    // Whether anybody can answer what a window asks: a person at a display, or the host in its
+    // turns. Alerts have their default answer where nobody is. The base takes it that there is.
+    virtual bool HasUser() { return true; }
+
     // How the dialog that ran last has ended; kNone while it runs, and when it was ended by
     // somebody else than the user.
     void NoteDialogEnd(DialogEnd end) { fDialogEnd = end; }

@@ -269,7 +269,7 @@ std::string CMessageAlert::CopyText() const
 AlertButton CAlertShower::Show(const AlertBox& box)
 {
     CProcess* const process = CProcess::Current();
-    if (process == nullptr)
+    if (process == nullptr || !process->HasUser())
         return CAlertHook::Show(box);
     CMessageAlert alert(process, box);
     return alert.Ask();
