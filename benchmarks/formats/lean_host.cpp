@@ -7,8 +7,6 @@
 #include <memory>
 #include <unordered_map>
 
-extern "C" void EntryElectricImage(int16_t selector, void* record, intptr_t* data, int16_t* result);
-
 namespace Bench {
 namespace {
 

@@ -42,3 +42,5 @@ struct LeanHost {
 };
 
 } // namespace Bench
+
+extern "C" void EntryElectricImage(int16_t selector, void* record, intptr_t* data, int16_t* result);

@@ -46,6 +46,8 @@ int32_t GetProperty(uint32_t signature, uint32_t key, int32_t index, intptr_t* v
 
 constexpr HostPropertySuite kPropertySuite = {GetProperty};
 
+constexpr HostBareSuite kBareSuite = {kHostBareTableVersion, 0, {}};
+
 struct Suite {
     std::string_view name;
     int32_t version;
@@ -62,6 +64,10 @@ std::array gSuites = {
     Suite{kHostDescriptorSuiteName, kHostDescriptorSuiteVersion, DescriptorSuite()},
     Suite{kHostListSuiteName, kHostListSuiteVersion, ListSuite()},
     Suite{kHostStringIdSuiteName, kHostStringIdSuiteVersion, StringIdSuite()},
+    Suite{kHostHelpSuiteName, kHostHelpSuiteVersion1, &kBareSuite},
+    Suite{kHostHelpSuiteName, kHostHelpSuiteVersion2, &kBareSuite},
+    Suite{kHostUtilitiesSuiteName, kHostUtilitiesSuiteVersion, &kBareSuite},
+    Suite{kHostPaletteSuiteName, kHostPaletteSuiteVersion, &kBareSuite},
 };
 
 // Null for a suite that isn't there.

@@ -113,6 +113,28 @@ LUMOGRAPH_OFFSET(HostPropertySuite, GetProperty, 0x00);
 #define kHostColorSpaceSuiteName "Lumograph ColorSpace Suite for Plug-ins"
 enum { kHostColorSpaceSuiteVersion = 1 };
 
+/* Suites that the protocol names and asks nothing of yet: a table without functions. */
+#define kHostHelpSuiteName "Lumograph Help Suite for Plug-ins"
+#define kHostUtilitiesSuiteName "Lumograph Utilities Suite for Plug-ins"
+#define kHostPaletteSuiteName "Lumograph Palette Suite"
+enum {
+    kHostHelpSuiteVersion1 = 1,
+    kHostHelpSuiteVersion2 = 2,
+    kHostUtilitiesSuiteVersion = 1,
+    kHostPaletteSuiteVersion = 1
+};
+
+typedef struct HostBareSuite {
+    int16_t version; /* kHostBareTableVersion */
+    int16_t count;   /* 0; functions that are added count here */
+    uint8_t reserved[4];
+} HostBareSuite;
+
+enum { kHostBareTableVersion = 1 };
+
+LUMOGRAPH_OFFSET(HostBareSuite, count, 0x02);
+LUMOGRAPH_ASSERT(sizeof(HostBareSuite) == 0x08, "HostBareSuite has 0x08 bytes");
+
 /* Settings that the user of a host wants for a run without a dialog, as texts by name. A filter or
  * an export reads those that it has at its start. A host refuses the run when it holds a setting
  * that the module never asked for. */

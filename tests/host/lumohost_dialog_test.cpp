@@ -74,6 +74,8 @@ TEST_F(Dialogs, AreDescribedAndPhotographed)
     const auto json = nlohmann::json::parse(run.output);
     EXPECT_EQ(json["filter"], "ElectricImage");
     EXPECT_EQ(json["Nm  "], "ElectricImage");
+    EXPECT_EQ(json["class"], "PDialog");
+    EXPECT_EQ(json["subViews"].back()["class"], "CFramePane");
     EXPECT_THAT(run.output, HasSubstr("This file contains 5 frames."));
     EXPECT_FALSE(IsThere("none.png"));
     const PictureInfo picture = OpenPicture(fFolder / "dialog.png")->Info();

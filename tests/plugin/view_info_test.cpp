@@ -15,10 +15,63 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <map>
+#include <string_view>
+
 using namespace Kesto;
 using Json = nlohmann::ordered_json;
 
 namespace {
+
+// Calls of the host's suites, of which one fails.
+int gCalls = 0;
+int gFailing = -1;
+
+template <auto GetSuite, auto Function>
+struct Failing;
+template <class Suite, const Suite* (*GetSuite)(), class... Arguments,
+          int32_t (*Suite::*Function)(Arguments...)>
+struct Failing<GetSuite, Function> {
+    static int32_t Call(Arguments... arguments)
+    {
+        return gCalls++ == gFailing ? int32_t{kHostMemoryFull}
+                                    : (GetSuite()->*Function)(arguments...);
+    }
+};
+
+int32_t AcquireFailing(const char* name, int32_t version, const void** suite)
+{
+    using D = HostDescriptorSuite;
+    using L = HostListSuite;
+    constexpr auto kD = Host::DescriptorSuite;
+    constexpr auto kL = Host::ListSuite;
+    static const D descriptors = {kHostDescriptorTableVersion,
+                                  8,
+                                  {},
+                                  Failing<kD, &D::Make>::Call,
+                                  kD()->Free,
+                                  Failing<kD, &D::PutInteger>::Call,
+                                  Failing<kD, &D::PutFloat>::Call,
+                                  Failing<kD, &D::PutBoolean>::Call,
+                                  Failing<kD, &D::PutString>::Call,
+                                  Failing<kD, &D::PutObject>::Call,
+                                  Failing<kD, &D::PutList>::Call};
+    static const L lists = {kHostListTableVersion,       3,          {},
+                            Failing<kL, &L::Make>::Call, kL()->Free, Failing<kL, &L::Append>::Call};
+    static const HostStringIdSuite names = {
+        kHostStringIdTableVersion,
+        1,
+        {},
+        Failing<Host::StringIdSuite, &HostStringIdSuite::KeyOf>::Call};
+    const std::map<std::string_view, const void*> failing = {
+        {kHostDescriptorSuiteName, &descriptors},
+        {kHostListSuiteName, &lists},
+        {kHostStringIdSuiteName, &names}};
+    const int32_t code = Host::BasicSuite()->suites->AcquireSuite(name, version, suite);
+    if (const auto found = failing.find(name); code == kHostNoError && found != failing.end())
+        *suite = found->second;
+    return code;
+}
 
 struct Plugin : CLumographPlugin {
     Plugin() { projectIndex = ProjectIndex{77}; }
@@ -133,6 +186,27 @@ TEST_F(ViewInfo, IsRefusedForWhatIsntThere)
     fWindow->Stop();
     HostDescriptor out = nullptr;
     EXPECT_FALSE(Ask(gone, 77, "getViewInfo", out)) << "a window that has been closed";
+}
+
+TEST_F(ViewInfo, EveryCallOfTheHostMayFailAndNothingIsLeft)
+{
+    static const HostSuiteTable table{AcquireFailing, Host::BasicSuite()->suites->ReleaseSuite};
+    static const HostBasicSuite failing{nullptr, &table};
+    fPlugin->fBasic = &failing;
+    Open();
+    bool isDescribed = false;
+    for (gFailing = 0; !isDescribed; ++gFailing) {
+        SCOPED_TRACE(gFailing);
+        gCalls = 0;
+        HostDescriptor out = nullptr;
+        isDescribed = Ask(nullptr, 77, "getViewInfo", out);
+        EXPECT_EQ(isDescribed, gCalls <= gFailing);
+        EXPECT_EQ(out != nullptr, isDescribed);
+        Host::DescriptorSuite()->Free(out);
+        EXPECT_EQ(Host::LooseDescriptors(), 0U);
+    }
+    EXPECT_GT(gFailing, 20);
+    gFailing = -1;
 }
 
 TEST_F(ViewInfo, WithoutSuitesNothingIsRegisteredOrDescribed)

@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace Project {
 namespace {
@@ -49,13 +50,18 @@ std::unique_ptr<PDialog> LoadDialog(std::string_view layout, const DialogMaker& 
 {
     RegisterDialogClasses();
     const MakerScope scope(make);
+    PDialog::ClassNames names;
     Kesto::LayoutOwner owner;
+    owner.fViewListener = [&names](std::string_view className, Kesto::CView& view) {
+        names[&view] = className;
+    };
     Kesto::LoadLayoutResource(owner, layout);
     std::unique_ptr<Kesto::CWindow> window = owner.TakeWindow();
     std::unique_ptr<PDialog> dialog(dynamic_cast<PDialog*>(window.get()));
     if (dialog == nullptr)
         throw std::runtime_error("the layout " + std::string(layout) + " has no dialog");
     window.release();
+    dialog->SetClassNames(std::move(names));
     return dialog;
 }
 

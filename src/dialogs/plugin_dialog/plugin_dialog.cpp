@@ -107,6 +107,12 @@ void PDialog::StoreState(PluginSettings& settings)
     settings.window = WindowStateOf(GetPlacement());
 }
 
+std::string_view PDialog::ClassNameOf(const CView& view) const
+{
+    const auto found = fClassNames.find(&view);
+    return found != fClassNames.end() ? std::string_view(found->second) : std::string_view();
+}
+
 bool PDialog::RunModal()
 {
     fAccepted = false;

@@ -16,6 +16,10 @@
 #include "view/window/window_kinds.h"
 
 #include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace Project {
 
@@ -72,6 +76,11 @@ public:
     bool RunModal() override;
     void StoreState(Kesto::PluginSettings& settings) override;
 
+    // What its layout calls the classes of its views, which LoadDialog tells it.
+    using ClassNames = std::map<const Kesto::CView*, std::string>;
+    void SetClassNames(ClassNames names) { fClassNames = std::move(names); }
+    std::string_view ClassNameOf(const Kesto::CView& view) const override;
+
     void SetValuesFromSettings(bool) override {}
     Kesto::CMessenger* FocusOfControl(Kesto::CObjID control) override;
     Kesto::CMessenger* PreviewMessenger() override;
@@ -104,6 +113,7 @@ private:
     PTaskStack fTaskStack;
     CModifierIdler fModifierIdler{*this};
     Kesto::Rect fPreviewFrame;
+    ClassNames fClassNames;
     bool fAccepted = false;
     bool fAltDown = false;     // as of the last poll
     bool fControlDown = false; // without Alt

@@ -58,7 +58,7 @@ std::uint32_t CPieceArena::Allocate(std::size_t size)
         if (fBlocks.size() == kMaximumBlocks)
             throw std::bad_alloc();
         const std::size_t room = std::max(kBlockSize, rounded);
-        fBlocks.emplace_back(new std::byte[room]);
+        fBlocks.push_back(std::make_unique_for_overwrite<std::byte[]>(room));
         fRoom = room;
         fUsed = 0;
     }

@@ -34,15 +34,18 @@ CViewProxy::CViewProxy(CViewProxy* parent, StringPool& pool)
     fParentOffscreen = parent->fParentOffscreen;
 }
 
-// Takes the tree apart from its leaves: every proxy dies without children.
+// Takes the tree apart from its leaves: every proxy dies without children. It takes no memory: a
+// text may be refused because there is none.
 CViewProxy::~CViewProxy()
 {
-    ViewProxyList rest = std::move(fChildren);
-    while (!rest.empty()) {
-        const std::unique_ptr<CViewProxy> last = std::move(rest.back());
-        rest.pop_back();
-        std::ranges::move(last->fChildren, std::back_inserter(rest));
-        last->fChildren.clear();
+    CViewProxy* at = this;
+    while (at != this || !at->fChildren.empty()) {
+        if (!at->fChildren.empty()) {
+            at = at->fChildren.back().get();
+        } else {
+            at = at->fParent;
+            at->fChildren.pop_back();
+        }
     }
 }
 

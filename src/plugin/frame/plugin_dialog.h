@@ -2,8 +2,11 @@
 // implement it.
 #pragma once
 
+#include <string_view>
+
 namespace Kesto {
 
+class CView;
 struct PluginSettings;
 
 // The operations are the steps of a run, in their order. One that fails throws, and the run ends.
@@ -23,6 +26,9 @@ public:
 
     // Leaves the state of the window in the settings, for the next run.
     virtual void StoreState(PluginSettings&) {}
+
+    // The name that the layout has for a view's class, for descriptions; "" if it has none.
+    virtual std::string_view ClassNameOf(const CView&) const { return {}; }
 };
 
 } // namespace Kesto

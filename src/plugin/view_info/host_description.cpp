@@ -1,7 +1,8 @@
 #include "plugin/view_info/host_description.h"
 
 #include "plugin/frame/lumograph_error.h"
-#include "view/tree/view.h"
+#include "plugin/frame/plugin_dialog.h"
+#include "view/tree/context.h"
 
 #include <string>
 #include <utility>
@@ -141,6 +142,11 @@ void CHostRecord::PutRecords(std::string_view key,
 
 void CHostRecord::BeginView(const CView& view)
 {
+    const auto* const dialog = dynamic_cast<const CPluginDialog*>(view.GetContext());
+    const std::string_view className =
+        dialog != nullptr ? dialog->ClassNameOf(view) : std::string_view();
+    if (!className.empty())
+        PutText("class", CText(className));
     if (!view.GetID().IsNone())
         PutText("id", CText(view.GetID().Name()));
 }

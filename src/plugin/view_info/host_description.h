@@ -50,7 +50,8 @@ public:
     // A list of objects of the type `null`.
     void PutRecords(std::string_view key,
                     std::vector<std::unique_ptr<CDescriptionRecord>> records) override;
-    // For the host's tools: the id's text under "id".
+    // For the host's tools: the id's text under "id", and what the layout of a plug-in's dialog
+    // calls the view's class under "class".
     void BeginView(const CView& view) override;
 
 private:

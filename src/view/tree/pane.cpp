@@ -1,5 +1,6 @@
 #include "view/tree/pane.h"
 
+#include "foundation/errors/first_failure.h"
 #include "view/tree/context.h"
 #include "view/tree/view_hold.h"
 
@@ -98,23 +99,25 @@ void CPane::DetachFromParent()
     if (parent == nullptr)
         return;
     const CViewHold hold(*this);
-    LeavePath();
-    LeaveMouse();
+    CFirstFailure failure;
+    failure.Try([this] { LeavePath(); });
+    failure.Try([this] { LeaveMouse(); });
     if (fParent != parent)
-        return; // a hook has moved it
+        return failure.Throw(); // a hook has moved it
     const bool wasVisible = IsVisible();
     if (wasVisible && !parent->IsDisposed())
-        InvalidateAll();
+        failure.Try([this] { InvalidateAll(); });
     DropParentState();
     fParent = nullptr;
     SetParentMessenger(nullptr);
-    UpdateContext(nullptr);
+    failure.Try([this] { UpdateContext(nullptr); });
     if (fParent == nullptr && wasVisible)
-        DidHide();
+        failure.Try([this] { DidHide(); });
     if (fParent == nullptr && !IsDisposed()) {
-        UpdateMessengerState();
-        TellChildren();
+        failure.Try([this] { UpdateMessengerState(); });
+        failure.Try([this] { TellChildren(); });
     }
+    failure.Throw();
 }
 
 void CPane::SetFrameBorder(std::unique_ptr<CBorder> border, bool invalidate)

@@ -1,4 +1,5 @@
 // Putting children in and taking them out.
+#include "foundation/errors/first_failure.h"
 #include "view/tree/pane.h"
 #include "view/tree/view_depth.h"
 #include "view/tree/view_hold.h"
@@ -65,9 +66,12 @@ std::unique_ptr<CPane> CView::RemoveChild(CPane* child)
     fRun = ERun::kUnknown;
     CChildWalk::Removed(this, index);
     const CViewHold childHold(*child);
-    child->DetachFromParent();
+    CFirstFailure failure;
+    failure.Try([child] { child->DetachFromParent(); });
     // One that was disposed of, now or before, is deleted with the last of its holds.
-    return std::unique_ptr<CPane>(childHold.IsOver() ? nullptr : child);
+    std::unique_ptr<CPane> removed(childHold.IsOver() ? nullptr : child);
+    failure.Throw();
+    return removed;
 }
 
 } // namespace Kesto

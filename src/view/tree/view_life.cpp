@@ -1,4 +1,5 @@
 // Construction, disposal, and the search for children.
+#include "foundation/errors/first_failure.h"
 #include "view/messages/message_ids.h"
 #include "view/messages/messenger_watch.h"
 #include "view/messages/process_link.h"
@@ -76,37 +77,48 @@ void CView::EndLife()
     if (IsDisposed())
         return;
     PutState(kState_Disposed, true);
-    TearDown();
+    try {
+        TearDown();
+    } catch (...) { // a destructor has nobody to tell
+    }
 }
 
+// Whatever a hook throws, the steps behind it are done: half disposed of, the view would be deleted
+// while others still know it.
 void CView::TearDown()
 {
-    LeavePath();
-    LeaveMouse();
-    DisposeContents();
+    CFirstFailure failure;
+    failure.Try([this] { LeavePath(); });
+    failure.Try([this] { LeaveMouse(); });
+    failure.Try([this] { DisposeContents(); });
     CView* const parent = GetParent();
     // A climb that is at this view goes on above it, and nothing posted finds it any more.
     CMessengerWatch::Forget(this);
     if (CProcessLink* const process = CProcessLink::Current())
         process->ForgetMessenger(this);
-    if (parent == nullptr)
-        return;
-    const CViewHold hold(*parent);
-    parent->RemoveChild(static_cast<CPane*>(this));
-    CCommandMessage message(this, kMessage_DisposePane);
-    parent->SendCommand(message);
+    if (parent != nullptr) {
+        const CViewHold hold(*parent);
+        failure.Try([&] { parent->RemoveChild(static_cast<CPane*>(this)); });
+        failure.Try([&] {
+            CCommandMessage message(this, kMessage_DisposePane);
+            parent->SendCommand(message);
+        });
+    }
+    failure.Throw();
 }
 
 void CView::DisposeContents()
 {
     const CViewHold hold(*this);
+    CFirstFailure failure;
     while (!fChildren.empty()) {
         CPane* const last = fChildren.back();
-        last->Dispose();
+        failure.Try([last] { last->Dispose(); });
         // One whose disposal is under way further up the stack goes on with that.
         if (!fChildren.empty() && fChildren.back() == last)
-            RemoveChild(last);
+            failure.Try([this, last] { RemoveChild(last); });
     }
+    failure.Throw();
 }
 
 CPane* CView::GetChild(std::size_t index) const
