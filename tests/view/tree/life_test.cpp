@@ -4,6 +4,7 @@
 #include "view/tree/view_hold.h"
 
 #include <set>
+#include <stdexcept>
 
 using namespace Kesto;
 
@@ -164,6 +165,31 @@ TEST_F(Tree, AnyHookMayEndAnyView)
             EXPECT_TRUE(done);
             EXPECT_EQ(root.CountChildren(), 0U);
         }
+}
+
+TEST_F(Tree, HooksMayThrowWhileTheirViewGoes)
+{
+    int thrown = 0;
+    bool throws = false;
+    Wired::Call silence = [](Wired&, const std::string&) {};
+    Wired::Call call = [&](Wired&, const std::string& hook) {
+        if (!throws)
+            return;
+        ++thrown;
+        throw std::runtime_error(hook);
+    };
+    const auto make = [](Wired::Call& what) {
+        return std::make_unique<Wired>(Rect{0, 0, 50, 50}, kView_TabStop, kBind_Fixed, what);
+    };
+    CPane* const outer = root.AppendChild(make(silence));
+    CPane* const view = outer->AppendChild(make(call));
+    view->AppendChild(make(silence));
+    root.Activate();
+    view->BecomeBullseye(true);
+    throws = true;
+    EXPECT_THROW(outer->Dispose(), std::runtime_error);
+    EXPECT_GT(thrown, 0);
+    EXPECT_EQ(root.CountChildren(), 0U);
 }
 
 // Eats the notices that panes send when they go.
