@@ -116,8 +116,8 @@ TEST_F(FilterTest, AnExportAsksInItsDialog)
         std::vector<std::string> arguments = {"export",      Path("p.ppm"), "--module",
                                               CONTACT_SHEET, "-o",          Path("sheet.ppm")};
         if (!script.empty())
-            arguments.insert(arguments.end(),
-                             {"--play", Argument(fFolder.Put("script.txt", script))});
+            arguments.insert(arguments.end(), {"--keep-settings", "--play",
+                                               Argument(fFolder.Put("script.txt", script))});
         return RunLumohost(arguments, status).messages;
     };
     const auto columns = [&] {
