@@ -38,8 +38,8 @@ typedef struct HostUnits {
 } HostUnits;
 
 typedef struct HostWindow {
-    void* window;      /* the system's handle */
-    const char* title; /* UTF-8 */
+    void* window;      /* the system's handle; null for a tool tip, which comes after all windows */
+    const char* title; /* UTF-8; a tool tip's text */
     double scale;      /* pixels of a unit */
 } HostWindow;
 

@@ -49,6 +49,12 @@ public:
     std::string sent;
 };
 
+struct FieldProcess : PumpedProcess {
+    Kesto::CText GetAlertTitle() override { return alertTitle; }
+
+    Kesto::CText alertTitle;
+};
+
 class FieldStage {
 public:
     FieldStage() : window(Plan()) {}
@@ -110,7 +116,7 @@ public:
         return sent;
     }
 
-    PumpedProcess process;
+    FieldProcess process;
     AlertCapture alerts;
     FieldWindow window;
     Kesto::CEditNumber* field = nullptr;

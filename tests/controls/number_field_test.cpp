@@ -344,6 +344,10 @@ TEST(NumberField, SaysNothingWhereNobodyCouldSeeWhatItIsAbout)
     EXPECT_EQ(stage.alerts.boxes.size(), 1U);
     EXPECT_EQ(stage.alerts.boxes[0].title, "Out of Range");
     EXPECT_EQ(stage.alerts.boxes[0].icon, AlertIcon::kWarning);
+    stage.process.alertTitle = "Sidecar";
+    field.SetText("(");
+    EXPECT_FALSE(field.CanSurrender(false));
+    EXPECT_EQ(stage.alerts.boxes.at(1).title, "Sidecar") << "the process's own";
 }
 
 TEST(EditString, TakesNoMoreThanItMayAndSendsWhatChanged)
@@ -355,8 +359,8 @@ TEST(EditString, TakesNoMoreThanItMayAndSendsWhatChanged)
     field.SetMaxChars(4);
     field.BecomeBullseye(true);
     stage.Sent();
-    stage.Type(U"\u00E4b\u20ACde");
-    EXPECT_EQ(field.GetText(), "\u00E4b\u20ACd");
+    stage.Type(U"\u00E4b\U0001F600de\U0001F601");
+    EXPECT_EQ(field.GetText(), "\u00E4b\U0001F600d");
     EXPECT_EQ(stage.Sent(), "text/4 text/4 text/4 text/4");
     stage.Press(kKeyCode_Return);
     stage.Press(kKeyCode_Return);
@@ -364,7 +368,7 @@ TEST(EditString, TakesNoMoreThanItMayAndSendsWhatChanged)
     field.SetTextOptions(kEdit_ReadOnly);
     stage.Type(U"x");
     stage.Press(kKeyCode_Backspace);
-    EXPECT_EQ(field.GetText(), "\u00E4b\u20ACd");
+    EXPECT_EQ(field.GetText(), "\u00E4b\U0001F600d");
 }
 
 } // namespace

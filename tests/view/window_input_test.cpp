@@ -154,6 +154,38 @@ TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
     }
 }
 
+// A window that takes no input shows no cursor of its views.
+TEST(WindowMouse, TheCursorIsThatOfTheViewBelowIt)
+{
+    struct Watched : CDocumentWindow {
+        using CDocumentWindow::CDocumentWindow;
+        void ShowPortCursor(const Platform::Cursor* cursor) override
+        {
+            shown += cursor != nullptr ? 'v' : 'w';
+            CDocumentWindow::ShowPortCursor(cursor);
+        }
+        std::string shown;
+    };
+    PumpedProcess process;
+    Watched window(PlanOf());
+    auto* const view = window.AppendChild(std::make_unique<Field>());
+    view->SetCursor(Platform::Cursor(Platform::CursorShape::kText), true);
+    window.Start();
+    process.PumpQuiet();
+    const PixelRect content = window.GetWindowBounds();
+    const auto moveTo = [&](std::int32_t x, std::int32_t y) {
+        window.shown.clear();
+        Platform::InjectMove({content.left + x, content.top + y});
+        process.PumpQuiet();
+        return window.shown.empty() ? ' ' : window.shown.back();
+    };
+    moveTo(150, 80);
+    EXPECT_EQ(moveTo(30, 20), 'v');
+    EXPECT_EQ(moveTo(150, 80), 'w');
+    Platform::EnableSystemWindow(window.NativeHandle(), false);
+    EXPECT_EQ(moveTo(30, 20), ' ');
+}
+
 TEST(WindowHandlers, ReportWhatTheyThrowAndGoOnUnlessTheUserStopped)
 {
     struct Thrower : CDialog {

@@ -47,12 +47,14 @@ struct Field : CPane {
     void DrawInContext(const CPaintEvent&) override
     {
         ++draws;
+        textWidth = GetPort()->MeasureText("as wide as this");
         GetPort()->Erase(GetBounds());
     }
 
     bool surrenders = true;
     int asked = 0;
     int draws = 0;
+    double textWidth = 0.0;
     std::string typed;
 };
 
@@ -333,11 +335,12 @@ TEST_F(WindowTest, AnExceptionOutOfTheLoopGivesBackWhatWasTaken)
     EXPECT_EQ(dialog.NativeHandle(), nullptr);
 }
 
-// A window whose start fails at each of its steps.
-struct Failing : Dialog {
-    enum class At { kNativeWindow, kViews, kPrepared, kShown };
+enum class At { kNativeWindow, kViews, kPrepared, kShown };
 
-    Failing(const CWindowPlan& plan, At at) : Dialog(plan), failsAt(at) {}
+// A window whose start fails at one of its steps.
+template <class Kind>
+struct Failing : Kind {
+    Failing(const CWindowPlan& plan, At at) : Kind(plan), failsAt(at) {}
     void CreateViews() override { FailAt(At::kViews); }
     void DidPrepare() override { FailAt(At::kPrepared); }
     void AfterShow() override { FailAt(At::kShown); }
@@ -352,18 +355,17 @@ struct Failing : Dialog {
 
 // No system has windows of a class with such a name.
 struct ProcessWithoutWindows : PumpedProcess {
-    CText ModalClassName() override { return std::string(300, 'x').c_str(); }
+    CText ModalClassName() override { return DefaultClassName(); }
+    CText DefaultClassName() override { return std::string(300, 'x').c_str(); }
 };
 
-TEST_F(WindowTest, AStartThatFailsGivesBackWhatItTook)
+template <class Kind>
+void FailEachStart(CWindow& owner, bool isModal)
 {
-    using At = Failing::At;
     const std::pair<const char*, At> steps[] = {{"the native window", At::kNativeWindow},
                                                 {"the views", At::kViews},
                                                 {"the last of the preparations", At::kPrepared},
                                                 {"what follows the showing", At::kShown}};
-    Dialog owner;
-    owner.Start();
     const std::size_t windows = Platform::ThreadWindows().size();
     for (const auto& [what, at] : steps)
         for (const bool runs : {false, true}) {
@@ -371,19 +373,31 @@ TEST_F(WindowTest, AStartThatFailsGivesBackWhatItTook)
             std::optional<ProcessWithoutWindows> refuses;
             if (at == At::kNativeWindow)
                 refuses.emplace();
-            Failing dialog(Plan(0x183, &owner), at);
-            dialog.SetModal(true);
-            const auto start = [&] { runs ? void(dialog.Run()) : dialog.Start(); };
+            Failing<Kind> window(Plan(0x183, isModal ? &owner : nullptr), at);
+            window.SetModal(isModal);
+            const auto start = [&] { runs ? void(window.Run()) : window.Start(); };
             if (at == At::kNativeWindow)
                 EXPECT_THROW(start(), CSystemError);
             else
                 EXPECT_THROW(start(), CError);
-            EXPECT_EQ(dialog.NativeHandle(), nullptr);
-            EXPECT_FALSE(dialog.IsStarted());
-            EXPECT_EQ(Desktop().ModalCount(), 0U);
+            EXPECT_EQ(window.NativeHandle(), nullptr);
+            EXPECT_FALSE(window.IsStarted());
+            EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
             EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
             EXPECT_EQ(Platform::ThreadWindows().size(), windows);
         }
+}
+
+TEST_F(WindowTest, AStartThatFailsGivesBackWhatItTook)
+{
+    Dialog owner;
+    owner.Start();
+    {
+        SCOPED_TRACE("a modal dialog");
+        FailEachStart<Dialog>(owner, true);
+    }
+    SCOPED_TRACE("a frame of documents");
+    FailEachStart<CMDIFrame>(owner, false);
 }
 
 TEST_F(WindowTest, AProcessThatComesAndGoesBelowADialogHandsBack)
@@ -411,7 +425,11 @@ TEST_F(WindowTest, AProcessThatComesAndGoesBelowADialogHandsBack)
 TEST_F(WindowTest, FollowsAChangeOfScaleWhileOpen)
 {
     Dialog dialog;
+    Field* const still = dialog.AppendChild(std::make_unique<Field>(Rect{10, 40, 110, 60}));
+    still->SetNoScaleUIForFont(true);
     dialog.Start();
+    process.PumpQuiet();
+    EXPECT_EQ(still->textWidth, dialog.field->textWidth);
     const double before = dialog.GetScaleFactor();
     SetUiScale(2.0);
     Platform::PostToQueue(dialog.NativeHandle(), Number::kDisplayChange);
@@ -422,6 +440,7 @@ TEST_F(WindowTest, FollowsAChangeOfScaleWhileOpen)
     EXPECT_EQ(content.right - content.left, ToDevice(200.0, before * 2.0));
     EXPECT_EQ(dialog.GetClientPixels().x, content.right - content.left);
     EXPECT_EQ(dialog.field->GetFrame(), (Rect{10, 10, 110, 30}));
+    EXPECT_NEAR(still->textWidth, dialog.field->textWidth / 2, 3.0) << "pixels are as they were";
     Platform::Bitmap picture;
     EXPECT_TRUE(Platform::PhotographWindow(dialog.NativeHandle(), picture));
     SetUiScale(0.0);

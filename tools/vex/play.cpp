@@ -43,6 +43,19 @@ private:
     std::optional<Host::MessageFile> fFile;
 };
 
+class CPlayProcess : public Kesto::CProcess {
+public:
+    explicit CPlayProcess(const PlayOptions& options) : fOptions(options) {}
+
+    bool HandleCommand(Kesto::CCommandMessage& command) override
+    {
+        return fOptions.commands ? fOptions.commands(command) : CProcess::HandleCommand(command);
+    }
+
+private:
+    const PlayOptions& fOptions;
+};
+
 } // namespace
 
 Host::PlayOutcome Play(const CSourceText& source, Host::Script script, const PlayOptions& options)
@@ -50,7 +63,7 @@ Host::PlayOutcome Play(const CSourceText& source, Host::Script script, const Pla
     LeaveTheWorld();
     Kesto::CDrawTools::Get().SetTheme(options.theme);
     Kesto::SetUiScale(options.build.scale / Platform::ScaleOf(nullptr));
-    Kesto::CProcess process;
+    CPlayProcess process(options);
     const CMessageLogging logging(options.messages);
     const CBuiltLayout layout(source, options.build);
     Host::OwnWindows stage(ClassNamesOf(layout), kProductName);

@@ -4,8 +4,10 @@
 #include "plugin/view_info/host_turns.h"
 #include "robot/player.h"
 #include "vex/built_layout.h"
+#include "view/messages/message.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace Vex {
@@ -15,6 +17,8 @@ struct PlayOptions {
     std::int32_t theme = 0;
     std::string messages; // the file for them, or empty
     Kesto::CHostHands hands;
+    // Gets the commands that no window has eaten; true if it has. May be empty.
+    std::function<bool(Kesto::CCommandMessage& command)> commands = {};
 };
 
 // Plays to the script's end or its first failure. Throws std::runtime_error when the layout is

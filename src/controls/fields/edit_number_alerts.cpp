@@ -3,6 +3,7 @@
 #include "foundation/alerts/alert.h"
 #include "foundation/localization/localize.h"
 #include "foundation/localization/marks.h"
+#include "view/process/process.h"
 #include "view/tree/view_hold.h"
 
 namespace Kesto {
@@ -51,6 +52,7 @@ bool CEditNumber::ShowInvalidAlert()
 
 // The alert runs the event pump, so the field may be asked again, or be destroyed, before the
 // alert is answered.
+// The title is the process's, if it has one.
 bool CEditNumber::ShowFieldAlert(const Alert& alert)
 {
     if (HasTextOption(alert.option | kText_AlertIsUp) || !IsForeground() || !IsVisible() ||
@@ -60,10 +62,12 @@ bool CEditNumber::ShowFieldAlert(const Alert& alert)
     Localize(message);
     ReplaceArgument(message, 0, ValueToText(fRules.minimum));
     ReplaceArgument(message, 1, ValueToText(fRules.maximum));
+    CProcess* const process = CProcess::Current();
+    const CText title = process != nullptr ? process->GetAlertTitle() : CText();
     const CViewHold hold(*this);
     const CAlertIsUp isUp(*this);
     ShowAlert(AlertButtons::kOK, AlertIcon::kWarning, AlertModality::kTask, message, {},
-              alert.title);
+              title.IsEmpty() ? CText(alert.title) : title);
     return true;
 }
 

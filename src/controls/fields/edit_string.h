@@ -141,6 +141,7 @@ private:
     void Grow();
     void DrawText(CSystemPort& port) const;
     std::string ShownText() const;
+    Platform::FontSpec DeviceFont() const;
 
     CText fText; // while there is no control; and the selection
     Platform::TextRange fSelection;

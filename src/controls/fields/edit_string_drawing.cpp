@@ -5,6 +5,7 @@
 #include "drawing/ports/device_font.h"
 #include "drawing/ports/system_port.h"
 #include "drawing/tools/draw_tools.h"
+#include "view/process/ui_scale.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,12 +21,13 @@ constexpr double kSignRoom = 18.0;
 constexpr double kWidthStep = 4.0;
 constexpr std::string_view kDot = "\u25CF"; // of a password
 
-Platform::FontSpec SpecOf(EFontKind font, double scale)
-{
-    return DeviceFontSpec(CDrawTools::Get().GetFont(font), 1.0, scale);
-}
-
 } // namespace
+
+Platform::FontSpec CEditString::DeviceFont() const
+{
+    return DeviceFontSpec(CDrawTools::Get().GetFont(fFont), FontScale(!NoScaleUIForFont()),
+                          GetScale());
+}
 
 Point CEditString::SizeOf(double textWidth, std::int32_t lines)
 {
@@ -43,7 +45,7 @@ Platform::TextSide CEditString::Side() const
 Platform::EditLook CEditString::Look() const
 {
     const auto colour = [](EColourRole role) { return ToolColour(role); };
-    return {.font = SpecOf(fFont, GetScale()),
+    return {.font = DeviceFont(),
             .text = colour(kColour_FieldText),
             .ground = colour(HasTextOption(kEdit_ReadOnly) ? kColour_FieldDisabled : kColour_Field),
             .selectedText = colour(kColour_SelText),
@@ -79,7 +81,7 @@ double CEditString::BaseLine() const
 PixelRect CEditString::GetControlPixels() const
 {
     const Rect text = TextRect();
-    const Platform::FontMetrics& font = Platform::Font(SpecOf(fFont, GetScale())).Metrics();
+    const Platform::FontMetrics& font = Platform::Font(DeviceFont()).Metrics();
     const double baseLine = LocalToPort(Point{0.0, BaseLine()}).y;
     PixelRect pixels = ChildPixels(*this, text);
     pixels.right += 1;
@@ -126,7 +128,8 @@ void CEditString::DrawInContext(const CPaintEvent& event)
     DrawText(*port);
 }
 
-// What the control covers is drawn all the same: pictures of the pane have it.
+// What the control covers is drawn all the same: pictures of the pane have it. The rows of several
+// lines stand as close as the control's, which are as high as the font.
 void CEditString::DrawText(CSystemPort& port) const
 {
     const Rect frame = TextRect();
@@ -136,7 +139,9 @@ void CEditString::DrawText(CSystemPort& port) const
     port.SetFont(CDrawTools::Get().GetFont(fFont));
     port.SetTextColour(ToolColour(IsUsable() ? kColour_FieldText : kColour_FieldTextDisabled));
     if (HasTextOption(kEdit_MultiLine)) {
-        port.DrawTextBox(text, frame, kText_Left | kText_Top | kText_Wrap);
+        const Platform::Font font(DeviceFont());
+        port.DrawTextBox(text, frame, kText_Left | kText_Top | kText_Wrap,
+                         font.Metrics().height / GetScale());
     } else {
         const double room = std::max(frame.Width() - port.MeasureText(text), 0.0);
         const double shift = Side() == Platform::TextSide::kMiddle  ? std::floor(room / 2)
@@ -152,7 +157,7 @@ void CEditString::Grow()
     if (!HasTextOption(kEdit_AutoGrow))
         return;
     const double scale = GetScale();
-    const Platform::Font font(SpecOf(fFont, scale));
+    const Platform::Font font(DeviceFont());
     const std::string text = ShownText();
     double width = 0.0;
     std::int32_t lines = 0;

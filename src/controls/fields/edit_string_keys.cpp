@@ -24,6 +24,12 @@ bool IsControlCharacter(std::uint32_t character)
     return character < ' ' || character == kDelete;
 }
 
+// Characters beyond the first plane come as two units of UTF-16.
+bool IsSecondHalf(std::uint32_t unit)
+{
+    return (unit & 0xFFFFFC00) == 0xDC00;
+}
+
 bool IsVertical(std::uint32_t key)
 {
     return key == kKeyCode_Up || key == kKeyCode_Down || key == kKeyCode_PageUp ||
@@ -138,6 +144,8 @@ bool CEditString::FilterKey(const CKeyboardMessage& message) const
         return true;
     if (HasTextOption(kEdit_ReadOnly))
         return false;
+    if (IsSecondHalf(message.fChar))
+        return true; // of a character that was let in
     const Platform::TextRange selection = GetSelection();
     return fMaxChars == 0 || selection.from != selection.to || GetText().CharCount() < fMaxChars;
 }

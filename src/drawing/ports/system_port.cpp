@@ -142,6 +142,8 @@ void CSystemPort::SetFont(const CFont& font)
 
 void CSystemPort::SetFontScale(double scale)
 {
+    if (UsableScale(scale) == fState.fontScale)
+        return;
     fState.fontScale = UsableScale(scale);
     fDeviceFont.reset();
 }

@@ -171,8 +171,9 @@ public:
     Point MeasureTextBox(std::string_view text, double width, std::uint32_t flags) const;
     // One line, its base line beginning at the place.
     void DrawTextLine(std::string_view text, const Point& baseLine);
-    // In a frame, and clipped to it, by ETextFlags.
-    void DrawTextBox(std::string_view text, const Rect& frame, std::uint32_t flags);
+    // In a frame, and clipped to it, by ETextFlags. A line height of 0 is the font's.
+    void DrawTextBox(std::string_view text, const Rect& frame, std::uint32_t flags,
+                     double lineHeight = 0.0);
 
     // --- Pictures: the density that fits the scale, in units; see picture_choice.h.
 

@@ -109,7 +109,8 @@ void CSystemPort::DrawTextLine(std::string_view text, const Point& baseLine)
                    {-kFarthestPixel, -kFarthestPixel, kFarthestPixel, kFarthestPixel});
 }
 
-void CSystemPort::DrawTextBox(std::string_view text, const Rect& frame, std::uint32_t flags)
+void CSystemPort::DrawTextBox(std::string_view text, const Rect& frame, std::uint32_t flags,
+                              double lineHeight)
 {
     if (frame.IsEmpty() || !IsInClip(frame))
         return;
@@ -121,7 +122,9 @@ void CSystemPort::DrawTextBox(std::string_view text, const Rect& frame, std::uin
     const std::int32_t width = pixels.right - pixels.left;
     const auto rows = BreakRows(DeviceFont(), plain, width, (flags & kText_Wrap) != 0);
 
-    const SFontMetrics metrics = GetFontMetrics();
+    SFontMetrics metrics = GetFontMetrics();
+    if (lineHeight > 0.0)
+        metrics.lineHeight = lineHeight;
     const double height = static_cast<double>(rows.size()) * metrics.lineHeight;
     double top = frame.top;
     if ((flags & kText_Bottom) != 0)

@@ -2,6 +2,7 @@
 
 #include "drawing/tools/draw_tools.h"
 #include "foundation/base/service.h"
+#include "foundation/localization/localize.h"
 #include "lumograph/window_requests.h"
 #include "platform/input/injection.h"
 #include "platform/input/message_numbers.h"
@@ -110,6 +111,14 @@ void ListWindows(const HostWindowList& list)
         const HostWindow entry{window.NativeHandle(), window.GetTitle().CStr(),
                                window.GetScaleFactor()};
         list.Add(list.context, &entry);
+        return false;
+    });
+    VisitWindows([&list](CWindow& window) {
+        CText text = window.Tips().Text();
+        Localize(text);
+        const HostWindow entry{nullptr, text.CStr(), window.GetScaleFactor()};
+        if (window.Tips().IsShown())
+            list.Add(list.context, &entry);
         return false;
     });
 }

@@ -164,6 +164,11 @@ CText CProcess::GetProductName()
     return {};
 }
 
+CText CProcess::GetAlertTitle()
+{
+    return {};
+}
+
 CText CProcess::GetUIFont()
 {
     return {};

@@ -92,7 +92,8 @@ public:
 
     // Names and places. The base knows the module's; a name that it has no answer for is empty.
     virtual CText GetProductName();
-    virtual CText GetUIFont(); // empty: the system's
+    virtual CText GetUIFont();     // empty: the system's
+    virtual CText GetAlertTitle(); // of what fields say; empty: what it is about
     virtual CFileSpec GetResourceFolder();
     virtual CFileSpec GetPreferencesFolder(); // made where it is missing; throws CSystemError
     virtual CText WindowClassName(std::uint32_t kind);

@@ -29,4 +29,9 @@ double GetUiScale()
     return gScale;
 }
 
+double FontScale(bool followsUiScale)
+{
+    return followsUiScale ? 1.0 : 1.0 / GetUiScale();
+}
+
 } // namespace Kesto

@@ -16,4 +16,7 @@ UiScaleMode GetUiScaleMode();
 void SetUiScale(double scale);
 double GetUiScale();
 
+// What a font is scaled by on top of all that, so that one that doesn't follow it stays as it is.
+double FontScale(bool followsUiScale);
+
 } // namespace Kesto

@@ -1,4 +1,5 @@
 // The view's place in the port, its cursor and its tip.
+#include "view/process/ui_scale.h"
 #include "view/tree/context.h"
 #include "view/tree/pane.h"
 #include "view/tree/view_hold.h"
@@ -38,6 +39,7 @@ void CView::SetPortOrigin()
     target.port->SetWindowOrigin(
         {offset.x - target.corner.x / scale, offset.y - target.corner.y / scale});
     target.port->ResetTools();
+    target.port->SetFontScale(FontScale(!NoScaleUIForFont()));
 }
 
 void CView::AddClip()

@@ -181,6 +181,7 @@ public:
     double GetDoubleClickTime() const override;
     void ShowPortCursor(const Platform::Cursor* cursor) override;
     void ShowTipOf(CPane* pane) override;
+    const CWindowTips& Tips() const { return fTips; }
     void SetTracker(CViewTracker* tracker) override;
 
     Platform::NativeWindow NativeHandle() const override { return fWindow; }

@@ -21,7 +21,9 @@ constexpr std::uint32_t kReturn = 0x0D;
 constexpr std::uint32_t kEscape = 0x1B;
 constexpr std::uint32_t kF4 = 0x73;
 
-// The window whose own path is about to get the focus; the paths of others stay as they are.
+// The window whose own path is about to get the focus, while those above it are told: the paths of
+// other windows stay as they are. Its own views are asked before or after that, since they may open
+// windows of their own then.
 CWindow* gEntering = nullptr;
 
 class CEntering {
@@ -256,14 +258,25 @@ void CWindow::TakeFocusBack()
 
 bool CWindow::BecomeBullseye(bool force)
 {
+    const CViewHold hold(*this);
+    CMessenger* const below = TargetMessenger();
+    if (CanBullseye() && !IsBullseye() && below != nullptr && !below->ResignTarget(force))
+        return false;
+    if (hold.IsOver())
+        return false;
     const CEntering entering(*this);
     return CContext::BecomeBullseye(force);
 }
 
 bool CWindow::TargetChild(CMessenger* child, bool force)
 {
-    const CEntering entering(*this);
-    return CContext::TargetChild(child, force);
+    const CViewHold hold(*this);
+    if (CMessenger* const up = CanTarget() ? ParentMessenger() : nullptr) {
+        const CEntering entering(*this);
+        if (!up->TargetChild(this, force))
+            return false;
+    }
+    return !hold.IsOver() && CContext::TargetChild(child, force);
 }
 
 bool CWindow::ResignTarget(bool force)

@@ -25,6 +25,8 @@ public:
     void OpenFor(CPane& pane);
 
     bool IsShown() const { return fTip.IsShown(); }
+    // What the tip says, or would say.
+    const CText& Text() const { return fText; }
 
 private:
     static constexpr double kDelay = 0.5; // seconds of rest before a tip opens

@@ -217,6 +217,31 @@ TEST(EditControl, LimitsAndReadOnly)
     EXPECT_EQ(field.Look(), "[abcxy]");
 }
 
+TEST(EditControl, LimitsCountCharactersOfWhateverLength)
+{
+    const std::string two = "\U0001F600\U0001F601";
+    Field field;
+    field.edit->SetLimit(3);
+    const auto type = [&] {
+        for (const char32_t character : U"\U0001F600\U0001F601x\U0001F602")
+            if (character != 0)
+                InjectCharacter(character);
+        WindowTest::Pump();
+    };
+    type();
+    EXPECT_EQ(field.Look(), two + "x|");
+    field.edit->Select({0, 2});
+    type();
+    EXPECT_EQ(field.Look(), two + "|x") << "a selection makes room";
+    SetClipboardText("\U0001F603" + two + two);
+    field.edit->Select({1, 3});
+    field.Play("^V");
+    EXPECT_EQ(field.edit->Text(), "\U0001F600\U0001F603\U0001F600");
+    field.edit->Select({0, 3});
+    field.edit->ReplaceSelection("a" + two + two);
+    EXPECT_EQ(field.edit->Text(), "a" + two);
+}
+
 TEST(EditControl, IsPaintedWhenItsWindowComesIntoSight)
 {
     Field field;

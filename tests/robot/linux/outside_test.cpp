@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr double kPatience = 0.05; // seconds for an event to come through the display
+constexpr double kPatience = 0.1; // seconds for an event to come through the display
 
 std::string KeyName(std::uint64_t key)
 {

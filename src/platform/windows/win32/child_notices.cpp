@@ -98,6 +98,7 @@ LRESULT SystemChild::HandleOwn(UINT number, WPARAM first, LPARAM second)
         ShowCuesOf(GetAncestor(child, GA_ROOT));
     if (IsKeptFromSystem(number, first))
         return 0;
+    BeforeSystem(number, first);
     const LRESULT answer = DefSubclassProc(child, number, first, second);
     if ((number == WM_SETFOCUS || number == WM_KILLFOCUS) && ChildOf(child) == this)
         fHandler.ChildFocused(number == WM_SETFOCUS);

@@ -28,6 +28,8 @@ public:
     // are to be set. The last answers with the brush of its ground, null for the system's.
     virtual void Notice(WORD code) = 0;
     virtual void Draw(const DRAWITEMSTRUCT&) {}
+    // The system's part of the control is about to hear a message.
+    virtual void BeforeSystem(UINT, WPARAM) {}
     virtual HBRUSH Colours(HDC) { return nullptr; }
 
 private:

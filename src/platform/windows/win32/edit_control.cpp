@@ -1,6 +1,7 @@
 #include "platform/windows/edit_control.h"
 
 #include "platform/system/win32/wide.h"
+#include "platform/windows/clipboard.h"
 #include "platform/windows/win32/child_notices.h"
 #include "platform/windows/win32/edit_text.h"
 
@@ -89,26 +90,20 @@ public:
 
     TextRange Selection() const override
     {
-        DWORD from = 0;
-        DWORD to = 0;
-        SendMessageW(Child(), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
-                     reinterpret_cast<LPARAM>(&to));
+        const auto [from, to] = SelectedRange();
         const std::wstring text = FieldText();
         return {CharacterOfUnit(text, from), CharacterOfUnit(text, to)};
     }
 
     void ReplaceSelection(std::string_view text) override
     {
-        const std::wstring units = ToFieldText(text);
+        std::wstring units = ToFieldText(text);
+        units.resize(std::min(units.size(), RoomFor(units)));
         SendMessageW(Child(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(units.c_str()));
         ThrowStopped();
     }
 
-    void SetLimit(std::size_t characters) override
-    {
-        SendMessageW(Child(), EM_SETLIMITTEXT,
-                     characters != 0 ? std::min<std::size_t>(characters, kNoLimit) : kNoLimit, 0);
-    }
+    void SetLimit(std::size_t characters) override { fLimit = characters; }
 
     void SetReadOnly(bool readOnly) override
     {
@@ -166,9 +161,10 @@ private:
         bool fBefore;
     };
 
+    // Half a character is no change yet.
     void Notice(WORD code) override
     {
-        if (code != EN_CHANGE || fIsQuiet)
+        if (code != EN_CHANGE || fIsQuiet || EndsInHalf(FieldText(), SelectedRange().first))
             return;
         fUndone = false;
         fHandler.TextChanged();
@@ -179,6 +175,45 @@ private:
         SetTextColor(device, ToSystem(fLook.text));
         SetBkColor(device, ToSystem(fLook.ground));
         return fGround;
+    }
+
+    // The system's limit counts units: before a text comes it is set to what that may fill.
+    void BeforeSystem(UINT number, WPARAM first) override
+    {
+        const bool pastes = number == WM_PASTE || (number == WM_KEYDOWN && first == VK_INSERT);
+        if (fLimit == 0 || (!pastes && number != WM_CHAR))
+            return;
+        const std::wstring comes = pastes ? ToFieldText(ClipboardText().value_or(""))
+                                          : std::wstring(1, static_cast<wchar_t>(first));
+        SendMessageW(Child(), EM_SETLIMITTEXT,
+                     FieldText().size() - SelectedUnits() + RoomFor(comes), 0);
+    }
+
+    // What there is room for, in units, in the selection's place.
+    std::size_t RoomFor(std::wstring_view comes) const
+    {
+        if (fLimit == 0)
+            return comes.size();
+        const std::wstring text = FieldText();
+        const auto [from, to] = SelectedRange();
+        return RoomBetween(std::wstring_view(text).substr(0, from),
+                           std::wstring_view(text).substr(std::min<std::size_t>(to, text.size())),
+                           comes, fLimit);
+    }
+
+    std::size_t SelectedUnits() const
+    {
+        const auto [from, to] = SelectedRange();
+        return to - from;
+    }
+
+    std::pair<DWORD, DWORD> SelectedRange() const
+    {
+        DWORD from = 0;
+        DWORD to = 0;
+        SendMessageW(Child(), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
+                     reinterpret_cast<LPARAM>(&to));
+        return {from, to};
     }
 
     void Send(UINT number)
@@ -209,6 +244,7 @@ private:
     HFONT fFont = nullptr;
     HBRUSH fGround = nullptr;
     std::string fKept;
+    std::size_t fLimit = 0;
     bool fIsQuiet = false;
     bool fUndone = false;
 };

@@ -52,4 +52,22 @@ std::size_t CharacterOfUnit(std::wstring_view text, std::size_t unit)
     return character;
 }
 
+bool EndsInHalf(std::wstring_view text, std::size_t unit)
+{
+    return unit > 0 && unit <= text.size() && (text[unit - 1] & 0xFC00) == 0xD800;
+}
+
+std::size_t RoomBetween(std::wstring_view before, std::wstring_view after, std::wstring_view comes,
+                        std::size_t most)
+{
+    const bool joins =
+        EndsInHalf(before, before.size()) && !comes.empty() && (comes.front() & 0xFC00) == 0xDC00;
+    std::size_t room = joins ? 1 : 0;
+    std::size_t characters =
+        CharacterOfUnit(before, before.size()) + CharacterOfUnit(after, after.size());
+    for (; characters < most && room < comes.size(); ++characters)
+        room += UnitsAt(comes, room);
+    return room;
+}
+
 } // namespace Platform

@@ -39,7 +39,7 @@ std::vector<PixelRect> UpdateRects(HWND window)
     return rects;
 }
 
-// Controls draw themselves on any device that they are handed.
+// Controls draw themselves on any device that they are handed, and leave their clip in it.
 void PhotographChildren(HWND window, const Bitmap& picture)
 {
     const MemoryDevice device(picture);
@@ -50,8 +50,10 @@ void PhotographChildren(HWND window, const Bitmap& picture)
         RECT rect{};
         GetWindowRect(child, &rect);
         MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&rect), 2);
+        const int before = SaveDC(device.Get());
         SetViewportOrgEx(device.Get(), rect.left, rect.top, nullptr);
         SendMessageW(child, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(device.Get()), PRF_CLIENT);
+        RestoreDC(device.Get(), before);
     }
 }
 
