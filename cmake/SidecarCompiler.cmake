@@ -47,10 +47,11 @@ if(NOT SIDECAR_SANITIZE)
 endif()
 if(WIN32)
   # The protector and the checked functions lie in a library of their own, which the first of these links.
-  add_link_options(-fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+  set(SIDECAR_SAFE_LINKING -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 else()
-  add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
+  set(SIDECAR_SAFE_LINKING -Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
+add_link_options(${SIDECAR_SAFE_LINKING})
 
 if(SIDECAR_SANITIZE)
   add_compile_options(-fsanitize=${SIDECAR_SANITIZE} -fno-omit-frame-pointer)

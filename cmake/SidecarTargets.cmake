@@ -43,8 +43,10 @@ function(sidecar_layer name)
     list(REMOVE_ITEM sources ${layer_EXCEPT})
   endif()
   add_library(sidecar_${name} STATIC ${sources} ${layer_GENERATED})
-  target_include_directories(sidecar_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/include)
-  target_link_libraries(sidecar_${name} PRIVATE sidecar_warnings)
+  add_library(Sidecar::${name} ALIAS sidecar_${name}) # as whoever has the installed kit names it
+  target_include_directories(sidecar_${name} PUBLIC
+    $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/src> $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include>)
+  target_link_libraries(sidecar_${name} PRIVATE $<BUILD_INTERFACE:sidecar_warnings>)
   if(SIDECAR_PRECOMPILE AND NOT name STREQUAL "platform") # whose libraries bring options of their own
     target_precompile_headers(sidecar_${name} REUSE_FROM sidecar_layer_headers)
   endif()

@@ -6,6 +6,12 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+# In an installed kit this file lies in share/sidecar/, and what the kit has is for Windows too.
+cmake_path(GET CMAKE_CURRENT_LIST_DIR PARENT_PATH kit)
+cmake_path(GET kit PARENT_PATH kit)
+if(EXISTS ${kit}/lib/cmake/Sidecar)
+  list(APPEND CMAKE_FIND_ROOT_PATH ${kit})
+endif()
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

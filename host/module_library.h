@@ -25,8 +25,8 @@ public:
     // The bytes of a resource, valid while the library is loaded; empty when there is none.
     std::span<const std::byte> ResourceBytes(const char* type, const char* name) const;
 
-    // The name under which the system keeps the product's module, such as "sidecar.so", in the
-    // program's own folder.
+    // The product's module, under the name that the system keeps it by, such as "sidecar.so": in
+    // the program's own folder, or where an installation has it.
     static std::filesystem::path DefaultPath();
 
 private:

@@ -55,7 +55,7 @@ private:
 
 std::unique_ptr<CPluginDialog> LoadSheetDialog(Settings& settings)
 {
-    return Project::LoadDialog("CONTACTSHEET.VEX", [&](const CWindowPlan& plan) {
+    return Project::LoadDialog("CONTACT_SHEET.VEX", [&](const CWindowPlan& plan) {
         return std::make_unique<Dialog>(plan, settings);
     });
 }

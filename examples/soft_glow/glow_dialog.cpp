@@ -132,7 +132,7 @@ std::unique_ptr<Dialog> LoadGlowDialog(Filter& filter)
 {
     Project::RegisterPreviewClasses();
     std::unique_ptr<Project::PDialog> made =
-        Project::LoadDialog("SOFTGLOW.VEX", [&](const CWindowPlan& plan) {
+        Project::LoadDialog("SOFT_GLOW.VEX", [&](const CWindowPlan& plan) {
             return std::make_unique<Dialog>(plan, filter);
         });
     return std::unique_ptr<Dialog>(static_cast<Dialog*>(made.release()));

@@ -6,7 +6,7 @@
 
 #include "driver/plugin_module.h"
 #include "driver/row_exchange.h"
-#include "file_service/file_service_control.h"
+#include "lumograph/file_service_control.h"
 #include "lumograph/lumograph.h"
 #include "progress.h"
 

@@ -9,7 +9,8 @@ namespace Host {
 
 class PluginModule {
 public:
-    // Loads the module and reads its property list; nothing in it is called yet. Throws Failure.
+    // Loads the module and reads its property list; nothing in it is called yet. Throws Failure,
+    // also for a module that was made with a kit of another major version.
     explicit PluginModule(const std::filesystem::path& path, PluginKind kind = PluginKind::kFormat);
 
     const PropertyList& Properties() const { return fProperties; }

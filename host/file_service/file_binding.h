@@ -1,9 +1,9 @@
 // Which record belongs to which path, and the files that were opened for it.
 #pragma once
 
-#include "file_service/file_service_control.h"
 #include "files/buffered_file.h"
 #include "files/pending_file.h"
+#include "lumograph/file_service_control.h"
 
 #include <filesystem>
 #include <memory>

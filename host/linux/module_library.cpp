@@ -37,7 +37,9 @@ std::span<const std::byte> ModuleLibrary::ResourceBytes(const char* type, const 
 std::filesystem::path ModuleLibrary::DefaultPath()
 {
     std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "sidecar.so";
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    const auto installed = folder.parent_path() / "lib/sidecar/sidecar.so";
+    return std::filesystem::exists(installed, error) ? installed : folder / "sidecar.so";
 }
 
 } // namespace Host

@@ -21,6 +21,11 @@ typedef const void* (*HostModuleResource)(const char* type, const char* name, si
 #define kHostPropertyListType "JSON"
 #define kHostPropertyListName "JSON_TAGL"
 
+/* A module that was made with Sidecar's kit has this resource: the kit's version as a text,
+ * "26.0.0". A host of another major version may refuse the module. */
+#define kHostKitVersionType "TEXT"
+#define kHostKitVersionName "KIT_VERSION"
+
 LUMOGRAPH_END
 
 #endif

@@ -1,5 +1,5 @@
 // The host's file service through its exported functions, as a module and the host use them.
-#include "file_service/file_service_control.h"
+#include "lumograph/file_service_control.h"
 #include "lumograph/results.h"
 #include "support/temporary_folder.h"
 

@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
 """Renders the drawings of resources/icons with rsvg-convert and packs them as the icon store.
 
-Usage: pack_icons.py TABLE OUT_FOLDER KEPT_FOLDER
+Usage: pack_icons.py [--base STORE_FOLDER] [--styles FOLDER] TABLE... OUT_FOLDER KEPT_FOLDER
 
 Writes IconResources.idx, IconsLowRes.dat and IconsHighRes.dat; src/images/icon_index.h describes their bytes. What was
-rendered once stays in KEPT_FOLDER under a name made of its content, so that only what has changed is rendered again.
+rendered once stays in KEPT_FOLDER under a name made of its content, so that only what has changed is rendered again. The
+styles lie beside the first table if they aren't named. With a base, its icons come first; one of the same name in a table
+takes the place of that in the base.
 """
 
+import argparse
 import concurrent.futures
 import dataclasses
 import hashlib
@@ -24,6 +27,9 @@ RESOLUTIONS, SLOT_COUNT = 4, 8
 HEADER = b"Lumograph Icon Resource Index 1.0\n"
 DATA_FILES = ("IconsLowRes.dat", "IconsHighRes.dat", "IconsXLowRes.dat", "IconsXHighRes.dat")
 DATA_MARK = b"fdrk"
+# Bytes of a data file's name and of an icon's record in the index: its name, its four sizes and hot spots, its places.
+DATA_NAME_SIZE, NAME_SIZE = 128, 48
+RECORD_SIZE = NAME_SIZE + 4 * 4 * RESOLUTIONS + 2 * 4 * RESOLUTIONS * SLOT_COUNT
 PLAIN_CHUNKS = (b"IHDR", b"PLTE", b"tRNS", b"IDAT", b"IEND")
 
 # A turn as a matrix over a picture of w by h, and whether it exchanges the two.
@@ -147,12 +153,24 @@ def render(icon, style, density, kept):
     return path
 
 
-def pack(icons, pictures):
+def read_base(folder, replaced):
+    """The records of a store's icons but the replaced ones, and its data files."""
+    if folder is None:
+        return bytearray(), {density: bytearray(DATA_MARK) for density in DENSITIES}
+    records = (folder / "IconResources.idx").read_bytes()[len(HEADER) + len(DATA_FILES) * DATA_NAME_SIZE:]
+    each = (records[place:place + RECORD_SIZE] for place in range(0, len(records), RECORD_SIZE))
+    kept = b"".join(record for record in each if record[:NAME_SIZE].rstrip(b"\0").decode() not in replaced)
+    return bytearray(kept), {density: bytearray((folder / name).read_bytes())
+                             for density, name in zip(DENSITIES, DATA_FILES)}
+
+
+def pack(icons, pictures, base):
     """The index and the two data files, of {(name, density, state): PNG bytes}."""
-    data = {density: bytearray(DATA_MARK) for density in DENSITIES}
+    records, data = read_base(base, {icon.name for icon in icons})
     index = bytearray(HEADER)
     for name in DATA_FILES:
-        index += name.encode().ljust(127, b"\0") + b"\n"
+        index += name.encode().ljust(DATA_NAME_SIZE - 1, b"\0") + b"\n"
+    index += records
     for icon in icons:
         places = [[0] * SLOT_COUNT for _ in range(RESOLUTIONS)]
         sizes = [[0] * SLOT_COUNT for _ in range(RESOLUTIONS)]
@@ -162,7 +180,7 @@ def pack(icons, pictures):
                 places[resolution][SLOTS[state]] = len(data[density])
                 sizes[resolution][SLOTS[state]] = len(png)
                 data[density] += png
-        index += icon.name.encode().ljust(48, b"\0")
+        index += icon.name.encode().ljust(NAME_SIZE, b"\0")
         for value in (icon.width, icon.height, *icon.hot):
             index += struct.pack("<4I", *(value * density for density in DENSITIES), 0, 0)
         for table in (places, sizes):
@@ -170,17 +188,18 @@ def pack(icons, pictures):
     return index, data
 
 
-def main(table, out, kept):
+def main(options):
+    out, kept = options.out, options.kept
     out.mkdir(parents=True, exist_ok=True)
     kept.mkdir(parents=True, exist_ok=True)
-    icons = read_table(table)
-    styles = read_styles(table.parent / "styles")
+    icons = [icon for table in options.tables for icon in read_table(table)]
+    styles = read_styles(options.styles or options.tables[0].parent / "styles")
     wanted = [(icon, density, state) for icon in icons for density in DENSITIES for state in icon.states]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         paths = list(pool.map(lambda one: render(one[0], styles[one[2]], one[1], kept), wanted))
     pictures = {(icon.name, density, state): path.read_bytes()
                 for (icon, density, state), path in zip(wanted, paths)}
-    index, data = pack(icons, pictures)
+    index, data = pack(icons, pictures, options.base)
     for density, name in zip(DENSITIES, DATA_FILES):
         (out / name).write_bytes(data[density])
     (out / "IconResources.idx").write_bytes(index)
@@ -188,10 +207,18 @@ def main(table, out, kept):
         stale.unlink(missing_ok=True)
 
 
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--base", type=pathlib.Path)
+    parser.add_argument("--styles", type=pathlib.Path)
+    parser.add_argument("tables", type=pathlib.Path, nargs="+")
+    parser.add_argument("out", type=pathlib.Path)
+    parser.add_argument("kept", type=pathlib.Path)
+    return parser.parse_args()
+
+
 if __name__ == "__main__":
-    if len(sys.argv) != 4:
-        sys.exit(__doc__)
     try:
-        main(*map(pathlib.Path, sys.argv[1:]))
+        main(arguments())
     except Mistake as mistake:
         sys.exit(f"pack_icons: {mistake}")

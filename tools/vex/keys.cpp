@@ -5,6 +5,7 @@
 #include "layout/build/builder_registry.h"
 #include "vex/values.h"
 
+#include <algorithm>
 #include <iomanip>
 #include <ostream>
 #include <span>
@@ -99,6 +100,27 @@ bool PrintKeys(std::ostream& out, std::string_view className)
             out << std::left << std::setw(28) << row.key.text << std::setw(18) << KindOf(row)
                 << std::setw(8) << row.fallback << row.purpose << '\n';
     return true;
+}
+
+void PrintClassTables(std::ostream& out, const Kesto::RegisteredClass& registered)
+{
+    const bool isPane = registered.kind == Kesto::VexClassKind::kPane;
+    const auto shared = TablesOf(
+        *FindWord(Kesto::RegisteredClasses(), std::string_view(isPane ? "CPane" : "CWindow")));
+    const std::vector<PropertyRows> tables = TablesOf(registered);
+    if (tables.size() > shared.size())
+        PrintMarkdown(out, "Its own keys", std::span(tables).subspan(shared.size()));
+    PrintMarkdown(out, isPane ? "Keys of every pane" : "Keys of every window",
+                  std::span(shared).subspan(1));
+    PrintMarkdown(out, "Keys of every view", std::span(shared).first(1));
+}
+
+bool HasKey(const Kesto::RegisteredClass& registered, std::string_view key)
+{
+    return std::ranges::any_of(TablesOf(registered), [key](PropertyRows rows) {
+        return std::ranges::any_of(rows,
+                                   [key](const PropertyRow& row) { return row.key.text == key; });
+    });
 }
 
 // The tables that all classes share come first and once; then each class with those of its own.

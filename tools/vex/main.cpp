@@ -1,10 +1,12 @@
 // vex: checks, formats, places and shows layout texts.
 #include "vex/author_window.h"
 #include "vex/check.h"
+#include "vex/class_pages.h"
 #include "vex/describe.h"
 #include "vex/dump.h"
 #include "vex/format.h"
 #include "vex/keys.h"
+#include "vex/new_plugin.h"
 #include "vex/place.h"
 #include "vex/play.h"
 #include "vex/show.h"
@@ -82,6 +84,7 @@ struct Options {
     bool describe = false;
     std::string script;
     std::string messages;
+    std::string pages;
 };
 
 template <class Json>
@@ -271,6 +274,10 @@ int Watch(const Options& options)
 // Of the class that is named, or of all.
 int Keys(const Options& options)
 {
+    if (!options.pages.empty()) {
+        Vex::WriteClassPages(options.pages);
+        return kExit_Well;
+    }
     if (options.files.empty()) {
         Vex::PrintAllKeys(std::cout);
         return kExit_Well;
@@ -278,6 +285,14 @@ int Keys(const Options& options)
     if (Vex::PrintKeys(std::cout, options.files.front()))
         return kExit_Well;
     throw std::runtime_error("no class has the name " + options.files.front());
+}
+
+int New(const Options& options)
+{
+    const std::filesystem::path here;
+    for (const auto& file : Vex::MakePlugin(options.files.front(), SIDECAR_VERSION, here))
+        std::cout << file.generic_string() << '\n';
+    return kExit_Well;
 }
 
 // A command with its options. They are stored in `options`, which outlives the command line.
@@ -392,7 +407,19 @@ Command AddKeys(CLI::App& app, Options& options)
     keys->footer("Without a class: those of all, as Markdown. Exit status: 0 done, 2 there is no "
                  "such class.");
     keys->add_option("CLASS", options.files, "For example CStaticText")->expected(0, 1);
+    keys->add_option("--pages", options.pages,
+                     "The folder for a page of each class, with a picture, instead");
     return {keys, Keys};
+}
+
+Command AddNew(CLI::App& app, Options& options)
+{
+    CLI::App* const make = app.add_subcommand("new", "Make a folder to start a filter from");
+    make->footer("It has a number to set and a dialog with a live preview, and is built with the "
+                 "installed kit. Exit\n"
+                 "status: 0 done, 2 the name is none, or the folder is there.");
+    make->add_option("NAME", options.files, "For example Relief")->required()->expected(1);
+    return {make, New};
 }
 
 int Run(CLI::App& app, std::span<const Command> commands, const Options& options)
@@ -417,7 +444,7 @@ int main(int argc, char** argv)
     const Command commands[] = {AddCheck(app, options), AddFormat(app, options),
                                 AddDump(app, options),  AddPlace(app, options),
                                 AddShow(app, options),  AddWatch(app, options),
-                                AddKeys(app, options)};
+                                AddKeys(app, options),  AddNew(app, options)};
     try {
         app.parse(argc, argv);
         return Run(app, commands, options);

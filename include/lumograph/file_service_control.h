@@ -7,7 +7,7 @@
 #ifndef LUMOGRAPH_FILE_SERVICE_CONTROL_H
 #define LUMOGRAPH_FILE_SERVICE_CONTROL_H
 
-#include "lumograph/file_service.h"
+#include "file_service.h"
 
 LUMOGRAPH_BEGIN
 

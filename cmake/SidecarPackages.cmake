@@ -1,0 +1,36 @@
+# The packages: `cpack --config build/PRESET/CPackConfig.cmake -B FOLDER`. On Linux sidecar and sidecar-dev for Debian, for
+# Windows two archives of the same contents.
+set(CPACK_PACKAGE_NAME sidecar)
+set(CPACK_PACKAGE_VENDOR "The authors of Sidecar")
+set(CPACK_PACKAGE_CONTACT "The authors of Sidecar <authors@sidecar.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_DESCRIPTION_FILE ${CMAKE_SOURCE_DIR}/packaging/README.md)
+set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_STRIP_FILES ON)
+
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+  set(CPACK_ARCHIVE_RUNTIME_FILE_NAME sidecar-${PROJECT_VERSION}-win64)
+  set(CPACK_ARCHIVE_DEVELOPMENT_FILE_NAME sidecar-dev-${PROJECT_VERSION}-win64)
+else()
+  set(CPACK_GENERATOR DEB)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+  set(CPACK_DEB_COMPONENT_INSTALL ON)
+  set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+  set(CPACK_DEBIAN_COMPRESSION_TYPE zstd)
+  set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME sidecar)
+  set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION graphics)
+  set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/bin)
+  set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS fonts-dejavu-core)
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME sidecar-dev)
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+  # What the static libraries are linked with.
+  string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "sidecar (= ${PROJECT_VERSION})" cmake pkg-config zlib1g-dev
+    libxcb1-dev libxcb-randr0-dev libxcb-render0-dev libxcb-cursor-dev libxcb-xkb-dev libxkbcommon-dev
+    libxkbcommon-x11-dev libcairo2-dev libpango1.0-dev)
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS "g++, ninja-build")
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "python3, librsvg2-bin") # for a plug-in's own icons
+endif()
+include(CPack)
