@@ -162,7 +162,7 @@ void Block::Lend(const Document& document, const BlockRequest& request, int16_t 
 void Block::TakeInto(Document& document, const Document& before, const Document* mask) const
 {
     const size_t sample = document.SampleBytes();
-    const size_t planes = static_cast<size_t>(fRequest.lastPlane - fRequest.firstPlane + 1);
+    const size_t planes = static_cast<size_t>(fRequest.lastPlane - fRequest.firstPlane) + 1;
     const size_t step = static_cast<size_t>(document.Info().planes) * sample;
     const size_t at = static_cast<size_t>(fRequest.rect.left) * step +
                       static_cast<size_t>(fRequest.firstPlane) * sample;
