@@ -6,10 +6,10 @@
 #include "view/process/process.h"
 #include "view/process/timer.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <memory>
+#include <stdexcept>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -33,8 +33,8 @@ public:
         return Kesto::CProcess::PreTranslateMessage(message);
     }
 
-    // Fails, at the caller's line, when the condition doesn't come to hold. The timer wakes a pump
-    // that nothing else would wake. The flags are those of GetNextEvent.
+    // Throws, with the caller's line, when the condition doesn't come to hold. The timer wakes a
+    // pump that nothing else would wake. The flags are those of GetNextEvent.
     template <class Condition>
     void PumpUntil(Condition holds, std::uint32_t flags = 0, const char* file = __builtin_FILE(),
                    int line = __builtin_LINE())
@@ -44,11 +44,9 @@ public:
         wakes.Start();
         const std::uint32_t start = Platform::TickCount();
         while (!holds()) {
-            if (Platform::TickCount() - start > kLongest) {
-                ADD_FAILURE_AT(file, line)
-                    << "what is waited for here hasn't come to hold in 20 seconds";
-                return;
-            }
+            if (Platform::TickCount() - start > kLongest)
+                throw std::runtime_error(std::string(file) + ':' + std::to_string(line) +
+                                         ": what is waited for hasn't come in 20 seconds");
             GetNextEvent(flags);
         }
     }
