@@ -1,5 +1,5 @@
-// Reads any bytes as a string file. What it brings must be found again, each key in the chain of
-// its bucket.
+// Reads any bytes as a string file. What it brings must be found again; keys are visited bucket by
+// bucket.
 #include "foundation/localization/string_file.h"
 
 #include <cstdlib>
@@ -9,13 +9,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Kesto::CStringTable table;
     Kesto::ParseStringFile(table, std::as_bytes(std::span(data, size)), true);
     std::size_t keys = 0;
-    for (std::uint32_t bucket = 0; bucket < Kesto::kTableBuckets; ++bucket)
-        for (const std::string_view key : table.ChainKeys(bucket)) {
-            ++keys;
-            if (key.size() < 2 || Kesto::PlaceOf(key).bucket != bucket ||
-                table.Find(key) == nullptr)
-                std::abort();
-        }
+    std::uint32_t last = 0;
+    table.ForEach([&](std::string_view key, const Kesto::CText& text) {
+        const std::uint32_t bucket = Kesto::PlaceOf(key).bucket;
+        if (key.size() < 2 || bucket < last || table.Find(key) != &text)
+            std::abort();
+        last = bucket;
+        ++keys;
+    });
     if (keys != table.Size())
         std::abort();
     // A second reading changes nothing but values, and none without `replace`.

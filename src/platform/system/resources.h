@@ -22,7 +22,9 @@ std::optional<std::span<const std::byte>> FindModuleResource(std::string_view ty
 inline std::optional<std::span<const std::byte>> FindModuleResource(std::string_view type,
                                                                     std::uint16_t number)
 {
-    return FindModuleResource(type, "#" + std::to_string(number));
+    std::string name = "#";
+    name += std::to_string(number);
+    return FindModuleResource(type, name);
 }
 
 // The names of all resources of a type, in an order that is the same at every call; numbers as
