@@ -38,8 +38,8 @@ TEST(Mnemonics, AreTheLettersAfterTheirMarkSmallOrCapital)
                           {"&\u0450", 0x430, false}};
     for (const auto& [label, typed, matches] : cases) {
         SCOPED_TRACE(label);
-        const auto isFor = [&](CObjID kind, bool repeated) {
-            return IsMnemonicOf(label, CKeyboardMessage(nullptr, kind, 0, typed, 1, repeated));
+        const auto isFor = [text = label, key = typed](CObjID kind, bool repeated) {
+            return IsMnemonicOf(text, CKeyboardMessage(nullptr, kind, 0, key, 1, repeated));
         };
         EXPECT_EQ(isFor(kMessage_SysKeyChar, false), matches);
         EXPECT_FALSE(isFor(kMessage_SysKeyChar, true) || isFor(kMessage_KeyChar, false));
