@@ -41,7 +41,9 @@ CViewProxy::~CViewProxy()
     CViewProxy* at = this;
     while (at != this || !at->fChildren.empty()) {
         if (!at->fChildren.empty()) {
-            at = at->fChildren.back().get();
+            CViewProxy* const child = at->fChildren.back().get();
+            child->fParent = at; // it may have been made without one
+            at = child;
         } else {
             at = at->fParent;
             at->fChildren.pop_back();
