@@ -41,6 +41,12 @@ if(SIDECAR_TESTS OR SIDECAR_SANITIZE)
   endif()
 endif()
 
+# Libraries that are installed name their sources as the tree does, not by the folder that it lay in. A build that is there
+# to be debugged keeps the whole names.
+if(NOT SIDECAR_SANITIZE)
+  add_compile_options(-ffile-prefix-map=${CMAKE_BINARY_DIR}/=build/ -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
+endif()
+
 # The module reads files of strangers within another program. tests/module/hardening.cmake reads the built files for this.
 if(NOT SIDECAR_SANITIZE)
   add_compile_options(-fstack-protector-strong -fcf-protection=full $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
