@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Hands a header to Doxygen: plain_comments.py HEADER
+"""Writes headers as Doxygen reads them: plain_comments.py OUT_FOLDER ROOT... -- HEADER...
 
-The headers' comments are plain ones. Those before a declaration and those at the end of its line become comments that
+Each is written to its path from the root that it lies in. The headers' comments are plain ones. Those before a declaration and those at the end of its line become comments that
 Doxygen reads; the first of a file is about the file. Nothing in them is markup: text that is indented stays as it is laid out.
 """
 import pathlib
@@ -77,8 +77,18 @@ def c(text):
     return re.sub(r"^([^\n]*?)/\*(.*?)\*/", comment, text, flags=re.MULTILINE | re.DOTALL)
 
 
+def write(out, roots, header):
+    text = header.read_text(encoding="utf-8")
+    path = next(header.relative_to(root) for root in roots if header.is_relative_to(root))
+    (out / path).parent.mkdir(parents=True, exist_ok=True)
+    plain_text = c(text) if "/*" in text.split("\n", 1)[0] else "\n".join(cpp(HASHES.sub("", text).split("\n")))
+    (out / path).write_text(plain_text, encoding="utf-8")
+
+
 if __name__ == "__main__":
-    if len(sys.argv) != 2:
+    if "--" not in sys.argv:
         sys.exit(__doc__)
-    header = pathlib.Path(sys.argv[1]).read_text(encoding="utf-8")
-    print(c(header) if "/*" in header.split("\n", 1)[0] else "\n".join(cpp(HASHES.sub("", header).split("\n"))))
+    middle = sys.argv.index("--")
+    out_folder, *root_folders = map(pathlib.Path, sys.argv[1:middle])
+    for name in sys.argv[middle + 1:]:
+        write(out_folder, root_folders, pathlib.Path(name))

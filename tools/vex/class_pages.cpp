@@ -1,6 +1,7 @@
 #include "vex/class_pages.h"
 
 #include "controls/registered_classes.h"
+#include "dialogs/preview/preview_classes.h"
 #include "vex/keys.h"
 #include "vex/show.h"
 
@@ -12,63 +13,68 @@
 namespace Vex {
 namespace {
 
-// What a picture of a class shows of the keys that it has.
-constexpr struct {
-    std::string_view key;
-    std::string_view value;
-} kSamples[] = {{"button_label", "'Label'"},  {"label", "'Label'"},    {"number_value", "40"},
-                {"slider_value", "40"},       {"text", "'Some text'"}, {"title", "'Title'"},
-                {"window_title", "'A title'"}};
+namespace fs = std::filesystem;
 
-constexpr double kLeastSide = 12; // of a view that can be seen
-
-std::string SampleOf(const Kesto::RegisteredClass& registered, bool hasSize)
+CSourceText SampleOf(const Kesto::RegisteredClass& registered, const fs::path& samples)
 {
-    std::string properties = hasSize ? "width: 160, height: 60" : "";
-    for (const auto& sample : kSamples)
-        if (HasKey(registered, sample.key))
-            properties += (properties.empty() ? "" : ", ") + std::string(sample.key) + ": " +
-                          std::string(sample.value);
-    return std::string(registered.name) + "(" + properties + ");\n";
+    const std::string name(registered.name);
+    if (registered.IsToCome())
+        return {name, "PDialog(margin: 12) {\n    " + name + "();\n}\n"};
+    return CSourceText::Load(samples / (name + ".vex"));
 }
 
-CBuiltLayout Build(const std::string& text)
+// As a block that Markdown leaves as it is.
+void PrintIndented(std::ostream& out, const std::string& text)
 {
-    return {CSourceText("sample", text), {}};
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        out << "    " << line << '\n';
+    out << '\n';
 }
 
-// The text that the picture is of; a view that would be too small to be seen has a size.
-std::string DrawSample(const Kesto::RegisteredClass& registered, const std::filesystem::path& file)
+void PrintPage(std::ostream& out, const Kesto::RegisteredClass& registered,
+               const std::string& sample)
 {
-    std::string sample = SampleOf(registered, false);
-    const CBuiltLayout natural = Build(sample);
-    const Kesto::Rect frame = natural.Outermost().view->GetFrame();
-    if (frame.Width() < kLeastSide || frame.Height() < kLeastSide)
-        sample = SampleOf(registered, true);
-    const bool isWindow = registered.kind == Kesto::VexClassKind::kWindow;
-    WritePicture(Build(isWindow ? sample : "CDialog(margin: 12) {\n" + sample + "}\n"), file,
-                 false);
-    return sample;
+    out << "# " << registered.name << " {#layout_" << registered.name << "}\n\n![]("
+        << registered.name << ".png)\n\n";
+    if (registered.IsToCome())
+        out << "Still to come; a box of about its size stands for it.\n\n";
+    PrintIndented(out, sample);
+    PrintClassTables(out, registered);
+}
+
+void Write(const fs::path& file, const std::string& text)
+{
+    if (!(std::ofstream(file, std::ios::binary) << text).flush())
+        throw std::runtime_error(file.string() + ": the file can't be written");
+}
+
+// The page that leads to all others.
+std::string Contents()
+{
+    std::ostringstream page;
+    page << "# Classes of layouts {#layout_classes}\n\nWhat a layout can name:\n\n";
+    for (const Kesto::RegisteredClass& registered : Kesto::RegisteredClasses())
+        page << "- \\subpage layout_" << registered.name
+             << (registered.IsToCome() ? " (still to come)" : "") << '\n';
+    return page.str();
 }
 
 } // namespace
 
-void WriteClassPages(const std::filesystem::path& folder)
+void WriteClassPages(const fs::path& folder, const fs::path& samples)
 {
-    std::filesystem::create_directories(folder);
+    Project::RegisterPreviewClasses();
+    fs::create_directories(folder);
     for (const Kesto::RegisteredClass& registered : Kesto::RegisteredClasses()) {
-        const std::string name(registered.name);
-        const std::string sample = DrawSample(registered, folder / (name + ".png"));
+        const CSourceText sample = SampleOf(registered, samples);
+        const fs::path file = folder / std::string(registered.name);
+        WritePicture({sample, {}}, fs::path(file).concat(".png"), false);
         std::ostringstream page;
-        page << "# " << name << " {#layout_" << name << "}\n\n![](" << name << ".png)\n\n    "
-             << sample << '\n';
-        if (registered.IsToCome())
-            page << "Still to come; a box of about its size stands for it.\n\n";
-        PrintClassTables(page, registered);
-        const std::filesystem::path file = folder / (name + ".md");
-        if (!(std::ofstream(file, std::ios::binary) << page.str()).flush())
-            throw std::runtime_error(file.string() + ": the file can't be written");
+        PrintPage(page, registered, sample.Text());
+        Write(fs::path(file).concat(".md"), page.str());
     }
+    Write(folder / "classes.md", Contents());
 }
 
 } // namespace Vex

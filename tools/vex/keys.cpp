@@ -115,14 +115,6 @@ void PrintClassTables(std::ostream& out, const Kesto::RegisteredClass& registere
     PrintMarkdown(out, "Keys of every view", std::span(shared).first(1));
 }
 
-bool HasKey(const Kesto::RegisteredClass& registered, std::string_view key)
-{
-    return std::ranges::any_of(TablesOf(registered), [key](PropertyRows rows) {
-        return std::ranges::any_of(rows,
-                                   [key](const PropertyRow& row) { return row.key.text == key; });
-    });
-}
-
 // The tables that all classes share come first and once; then each class with those of its own.
 void PrintAllKeys(std::ostream& out)
 {

@@ -15,8 +15,6 @@ bool PrintKeys(std::ostream& out, std::string_view className);
 // The tables of one class as Markdown, its own first.
 void PrintClassTables(std::ostream& out, const Kesto::RegisteredClass& registered);
 
-bool HasKey(const Kesto::RegisteredClass& registered, std::string_view key);
-
 // All classes as Markdown, for docs/layout.md.
 void PrintAllKeys(std::ostream& out);
 

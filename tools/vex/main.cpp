@@ -85,6 +85,7 @@ struct Options {
     std::string script;
     std::string messages;
     std::string pages;
+    std::string samples;
 };
 
 template <class Json>
@@ -275,7 +276,7 @@ int Watch(const Options& options)
 int Keys(const Options& options)
 {
     if (!options.pages.empty()) {
-        Vex::WriteClassPages(options.pages);
+        Vex::WriteClassPages(options.pages, options.samples);
         return kExit_Well;
     }
     if (options.files.empty()) {
@@ -407,8 +408,13 @@ Command AddKeys(CLI::App& app, Options& options)
     keys->footer("Without a class: those of all, as Markdown. Exit status: 0 done, 2 there is no "
                  "such class.");
     keys->add_option("CLASS", options.files, "For example CStaticText")->expected(0, 1);
-    keys->add_option("--pages", options.pages,
-                     "The folder for a page of each class, with a picture, instead");
+    CLI::Option* const pages = keys->add_option(
+        "--pages", options.pages, "The folder for a page of each class, with a picture, instead");
+    CLI::Option* const samples =
+        keys->add_option("--samples", options.samples,
+                         "The folder with CLASS.vex for each class, whose picture is taken");
+    pages->needs(samples);
+    samples->needs(pages);
     return {keys, Keys};
 }
 
