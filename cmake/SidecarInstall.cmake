@@ -38,6 +38,9 @@ install(FILES ${CMAKE_SOURCE_DIR}/packaging/README.md ${CMAKE_SOURCE_DIR}/CHANGE
 # The layers that plug-ins are built on, without the module's own.
 set(layers ${SIDECAR_LAYERS})
 list(REMOVE_ITEM layers formats module)
+if(NOT WIN32)
+  list(APPEND layers late_functions) # which the platform is linked with
+endif()
 foreach(layer IN LISTS layers)
   set_target_properties(sidecar_${layer} PROPERTIES EXPORT_NAME ${layer})
   install(TARGETS sidecar_${layer} EXPORT SidecarTargets ARCHIVE DESTINATION lib/sidecar COMPONENT development)

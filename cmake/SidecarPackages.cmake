@@ -23,13 +23,14 @@ else()
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION graphics)
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/bin)
-  set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS fonts-dejavu-core)
+  # Beside those that are linked, the libraries that the module loads when it first draws or opens a window.
+  string(JOIN ", " CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS fonts-dejavu-core
+    libcairo2 libpango-1.0-0 libpangocairo-1.0-0 libglib2.0-0 libxcb1 libxcb-randr0 libxcb-render0 libxcb-cursor0 libxcb-xkb1
+    libxkbcommon0 libxkbcommon-x11-0)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME sidecar-dev)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
   # What the static libraries are linked with.
-  string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "sidecar (= ${PROJECT_VERSION})" cmake pkg-config zlib1g-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-render0-dev libxcb-cursor-dev libxcb-xkb-dev libxkbcommon-dev
-    libxkbcommon-x11-dev libcairo2-dev libpango1.0-dev)
+  string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "sidecar (= ${PROJECT_VERSION})" cmake zlib1g-dev)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS "g++, ninja-build")
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "python3, librsvg2-bin") # for a plug-in's own icons
 endif()

@@ -80,7 +80,8 @@ function(sidecar_module target)
     sidecar_export(${target} ${ARGN})
   else()
     sidecar_export(${target} ${ARGN} ModuleResource)
-    target_link_options(${target} PRIVATE -Wl,--undefined=ModuleResource)
+    # Tables of virtual functions are many addresses for the loader to set; packed, they are set in a quarter less time.
+    target_link_options(${target} PRIVATE -Wl,--undefined=ModuleResource -Wl,-z,pack-relative-relocs)
     if(SIDECAR_SANITIZE)
       # The libraries below keep memory in their globals for the life of the process. Unloaded with the module, they would
       # leave it to the leak checker as lost.

@@ -47,7 +47,7 @@ xcb_cursor_t LoadShape(xcb_connection_t* display, xcb_screen_t* screen, const Sh
 // The display's picture format of 32 bits with alpha, or 0.
 xcb_render_pictformat_t AlphaFormat(xcb_connection_t* display)
 {
-    if (xcb_get_extension_data(display, &xcb_render_id)->present == 0)
+    if (!HasExtension(display, "RENDER"))
         return 0;
     const Reply<xcb_render_query_pict_formats_reply_t> formats(xcb_render_query_pict_formats_reply(
         display, xcb_render_query_pict_formats(display), nullptr));

@@ -101,7 +101,7 @@ Monitor MonitorFrom(const xcb_randr_monitor_info_t& info)
 // With the primary one first; none where the display doesn't know of monitors.
 std::vector<Monitor> SeparateMonitors(xcb_connection_t* display, xcb_window_t root)
 {
-    if (xcb_get_extension_data(display, &xcb_randr_id)->present == 0)
+    if (!HasExtension(display, "RANDR"))
         return {};
     const Reply<xcb_randr_query_version_reply_t> version(
         xcb_randr_query_version_reply(display, xcb_randr_query_version(display, 1, 5), nullptr));

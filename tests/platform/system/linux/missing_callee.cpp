@@ -1,0 +1,6 @@
+#include "platform/system/linux/callee.h"
+
+int Unreachable()
+{
+    return 0;
+}
