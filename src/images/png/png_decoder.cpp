@@ -3,15 +3,15 @@
 #include "foundation/errors/exceptions.h"
 #include "foundation/streams/container.h"
 #include "foundation/streams/memory_container.h"
+#include "images/png/image_data.h"
+#include "images/png/row_writer.h"
 #include "images/png/unfilter.h"
 #include "pixels/pixmaps/memory_pixmap.h"
-
-#include <zlib.h>
 
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <utility>
+#include <optional>
 
 namespace Kesto {
 
@@ -22,6 +22,11 @@ constexpr std::uint32_t kHeaderLength = 13; // bytes
 constexpr std::size_t kChunkGrowth = 0x1000;
 constexpr std::int32_t kRowAlignment = 4;
 
+// Rows that are worked on together, where a row isn't longer: they and their pixels of the planes
+// stay in the cache of one processor. Not fewer than are undone at once.
+constexpr std::int32_t kBandBytes = 128 << 10;
+constexpr std::int32_t kLeastBandRows = 32;
+
 // No deflated byte gives more than this many. Up to the modest size a header is believed whatever
 // data follows, and what is missing is 0.
 constexpr std::int32_t kMostExpansion = 1032;
@@ -30,11 +35,6 @@ constexpr std::int32_t kModestSize = 64 << 20;
 [[noreturn]] void ThrowInvalidHeader()
 {
     throw CError("$$$/Kesto/PNGDecoder/Error/InvalidHeader=The PNG header data is not valid.");
-}
-
-[[noreturn]] void ThrowMemoryError()
-{
-    throw CError("$$$/Kesto/CPNGDecoder/Error/MemoryError=PNG Decoder Memory Error.");
 }
 
 } // namespace
@@ -106,17 +106,6 @@ void CPNGDecoder::ReadChunks(CContainer& stream)
     while (type != MakeTag("IEND") && DispatchChunk(chunk, type, length));
 }
 
-void CPNGDecoder::InflateTo(std::span<std::uint8_t> data) const
-{
-    uLongf inflated = static_cast<uLongf>(data.size());
-    if (!std::in_range<uLong>(fImageBytes) ||
-        uncompress(data.data(), &inflated, reinterpret_cast<const Bytef*>(fImageData.Data()),
-                   static_cast<uLong>(fImageBytes)) != Z_OK)
-        ThrowMemoryError();
-    // Short data doesn't reach the last rows, where this memory may hold another picture's.
-    std::ranges::fill(data.subspan(std::min<std::size_t>(inflated, data.size())), std::uint8_t{0});
-}
-
 std::unique_ptr<CMemoryPixmap> CPNGDecoder::DecodeStream(CContainer& stream)
 {
     Reset();
@@ -124,32 +113,16 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::DecodeStream(CContainer& stream)
     ReadSignature(stream);
     ReadHeader(stream);
     ReadChunks(stream);
-    if (fImageBytes == 0)
-        ThrowMemoryError(); // as zlib would have it, but before memory is taken for nothing
+    PNGImageData data({fImageData.Data(), fImageBytes}, static_cast<std::size_t>(fTotalSize));
     if (fTotalSize > kModestSize &&
         static_cast<std::size_t>(fTotalSize / kMostExpansion) > fImageBytes)
         ThrowInvalidHeader();
 
-    CMemoryBlock block;
-    block.SetSize(static_cast<std::size_t>(fTotalSize));
-    const std::span<std::uint8_t> data{reinterpret_cast<std::uint8_t*>(block.Data()),
-                                       block.GetSize()};
-    InflateTo(data);
-    fImageData.Free();
-    fImageBytes = 0;
-    Unfilter(data);
+    std::unique_ptr<CMemoryPixmap> pixmap = MakePixmap();
+    DecodePasses(data, pixmap.get());
     if (fBitDepth != 8)
         throw CError(
             "$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.");
-
-    std::unique_ptr<CMemoryPixmap> pixmap;
-    if (PlaneCount() != 0) {
-        pixmap =
-            std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kRowAlignment, 0);
-        if (IsInterlaced() && fColorType == PNGColor::kRGBA)
-            pixmap->Erase(); // packed passes don't reach every pixel
-        TransferTo(*pixmap, data);
-    }
     Reset();
     return pixmap;
 }
@@ -160,13 +133,53 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::Decode(CContainer& stream)
     return DecodeStream(stream);
 }
 
-void CPNGDecoder::Unfilter(std::span<std::uint8_t> data) const
+// Null for a file without a pixmap.
+std::unique_ptr<CMemoryPixmap> CPNGDecoder::MakePixmap() const
 {
+    if (fBitDepth != 8 || PlaneCount() == 0)
+        return nullptr;
+    auto pixmap =
+        std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kRowAlignment, 0);
+    if (IsInterlaced() && fColorType == PNGColor::kRGBA)
+        pixmap->Erase(); // packed passes don't reach every pixel
+    return pixmap;
+}
+
+// Without a pixmap the data is only read, and fails as any other.
+void CPNGDecoder::DecodePasses(PNGImageData& data, CMemoryPixmap* pixmap) const
+{
+    std::optional<PNGRowWriter> writer;
+    if (pixmap != nullptr)
+        writer.emplace(*pixmap, Samples(), fColorType, HasFilterBytes());
     for (const PNGPass& pass : Passes())
-        if (pass.size != 0) {
-            UnfilterRows(data.data(), pass.rowBytes, pass.height, (PixelBits() + 7) / 8);
-            data = data.subspan(static_cast<std::size_t>(pass.size));
-        }
+        if (pass.size != 0)
+            DecodePass(data, pass, writer ? &*writer : nullptr);
+    data.End();
+}
+
+// In bands of rows, each inflated, recovered and put into the planes before the next.
+void CPNGDecoder::DecodePass(PNGImageData& data, const PNGPass& pass,
+                             const PNGRowWriter* writer) const
+{
+    const auto rowBytes = static_cast<std::size_t>(pass.rowBytes);
+    const std::int32_t bandRows =
+        std::min(pass.height, std::max(kBandBytes / pass.rowBytes, kLeastBandRows) - 1);
+    // The last row of the band before comes first, as a row that is stored as it is.
+    CMemoryBlock block;
+    block.SetSize((static_cast<std::size_t>(bandRows) + 1) * rowBytes);
+    auto* const above = reinterpret_cast<std::uint8_t*>(block.Data());
+    std::fill_n(above, rowBytes, std::uint8_t{0});
+    for (std::int32_t y = 0; y < pass.height; y += bandRows) {
+        const std::int32_t rows = std::min(bandRows, pass.height - y);
+        const std::span band{above + rowBytes, static_cast<std::size_t>(rows) * rowBytes};
+        data.Read(band);
+        if (writer == nullptr)
+            continue;
+        UnfilterRows(above, pass.rowBytes, rows + 1, (PixelBits() + 7) / 8);
+        writer->Put(pass, y, rows, band.data());
+        std::copy_n(band.last(rowBytes).data(), rowBytes, above);
+        above[0] = 0;
+    }
 }
 
 } // namespace Kesto

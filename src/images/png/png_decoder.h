@@ -28,6 +28,8 @@ class CBasicPixmap;
 class CContainer;
 class CMemoryContainer;
 class CMemoryPixmap;
+class PNGImageData;
+class PNGRowWriter;
 struct SampleFormat;
 
 class CPNGDecoder : public CPNGFormat {
@@ -92,8 +94,9 @@ public:
 
 private:
     SampleFormat Samples() const;
-    void InflateTo(std::span<std::uint8_t> data) const;
-    void Unfilter(std::span<std::uint8_t> data) const;
+    std::unique_ptr<CMemoryPixmap> MakePixmap() const;
+    void DecodePasses(PNGImageData& data, CMemoryPixmap* pixmap) const;
+    void DecodePass(PNGImageData& data, const PNGPass& pass, const PNGRowWriter* writer) const;
 
     CMemoryBlock
         fImageData; // payloads of the image data chunks, joined; more room than fImageBytes

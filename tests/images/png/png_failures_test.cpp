@@ -49,6 +49,8 @@ TEST(PNGFailures, HaveTheirMessages)
                 good = File(grey, Deflated({0, 1, 2}));
     Bytes lying = good;
     lying[33] = 0xFF; // the length of the chunk after the header
+    Bytes wrongSum = Deflated({0, 1, 2});
+    wrongSum.back() ^= 1;
     struct {
         const char* defect;
         Bytes file;
@@ -80,6 +82,9 @@ TEST(PNGFailures, HaveTheirMessages)
          File(Header(0x10000, 0x8000, 1, 0), Joined({Deflated({0}), Bytes(270000)})), kDepthText},
         {"image data that isn't deflated", File(grey, {1, 2, 3, 4, 5, 6, 7}), kMemoryText},
         {"image data that is cut", File(grey, Cut(Deflated({0, 1, 2}), 9)), kMemoryText},
+        {"image data with a wrong checksum", File(grey, wrongSum), kMemoryText},
+        {"bytes after the image data", File(grey, Joined({Deflated({0, 1, 2}), {9, 9}})),
+         "no error"},
         {"image data for more rows", File(grey, Deflated(Bytes(6))), kMemoryText},
         {"a depth of 0", File(Header(2, 1, 0, 0), Deflated({0})), kDepthText},
         {"a depth of 1", File(Header(2, 1, 1, 0), Deflated({0, 1})), kDepthText},
