@@ -91,6 +91,29 @@ void CheckBothWays(LeanHost& host, Bytes& pixels)
         Die("the picture does not come back");
 }
 
+// What runs on a host, for a race.
+std::function<void()> OnHost(LeanHost& host, void (*run)(LeanHost&))
+{
+    return [&host, run] {
+        host.MakeCurrent();
+        run(host);
+    };
+}
+
+void RaceWithoutCopies(const std::string& name, LeanHost& saver, LeanHost& plainSaver,
+                       double encodePlain)
+{
+    saver.sparing = plainSaver.sparing = true;
+    Race race("encode, " + name + ", without the host's copies of rows and file");
+    race.Enter("the module", OnHost(saver, [](LeanHost& host) { host.Save(kSide, kSide); }));
+    race.Enter("plain encoder, same host",
+               OnHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
+               encodePlain);
+    race.Enter("rows passed on unseen",
+               OnHost(plainSaver, [](LeanHost& host) { BareSave(host, kSide, kSide); }));
+    race.Run(kRounds);
+}
+
 void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, double decodePlain,
                  double encodePlain)
 {
@@ -109,22 +132,16 @@ void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, doubl
     opener.file = saved.file;
     opener.fileSize = saved.fileSize;
     saver.picture = plainSaver.picture = pixels.data();
-    const auto onHost = [](LeanHost& host, auto run) {
-        return [&host, run] {
-            host.MakeCurrent();
-            run(host);
-        };
-    };
     Bytes copy(pixels.size());
     const std::string size = std::to_string(kSide) + "x" + std::to_string(kSide);
 
     Race decode("decode, " + name + ", packed to " + Percent(saved.fileSize, pixels.size()) +
                 " of its pixels");
-    decode.Enter("the module", onHost(opener, [](LeanHost& host) { host.Open(); }));
+    decode.Enter("the module", OnHost(opener, [](LeanHost& host) { host.Open(); }));
     decode.Enter(
         "memcpy of the pixels", [&] { std::memcpy(copy.data(), pixels.data(), copy.size()); },
         decodeCopy);
-    decode.Enter("plain decoder, same host", onHost(opener, PlainOpen), decodePlain);
+    decode.Enter("plain decoder, same host", OnHost(opener, PlainOpen), decodePlain);
     decode.Enter("OpenImageIO, run-length TGA, in memory", [&] { ReadTga(tga, copy); });
     decode.Enter(
         "ImageMagick, run-length TGA, whole process",
@@ -132,12 +149,14 @@ void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, doubl
     decode.Run(kRounds);
 
     Race encode("encode, " + name);
-    encode.Enter("the module", onHost(saver, [](LeanHost& host) { host.Save(kSide, kSide); }));
+    encode.Enter("the module", OnHost(saver, [](LeanHost& host) { host.Save(kSide, kSide); }));
     encode.Enter("memcpy of the pixels",
                  [&] { std::memcpy(copy.data(), pixels.data(), copy.size()); });
     encode.Enter("plain encoder, same host",
-                 onHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
+                 OnHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
                  encodePlain);
+    encode.Enter("rows passed on unseen, same host",
+                 OnHost(plainSaver, [](LeanHost& host) { BareSave(host, kSide, kSide); }));
     encode.Enter("OpenImageIO, run-length TGA, in memory", [&] { WriteTga(out, pixels); });
     encode.Enter(
         "ImageMagick, run-length TGA, whole process",
@@ -146,14 +165,7 @@ void RacePicture(const std::string& name, Bytes pixels, double decodeCopy, doubl
         },
         0, kSlow);
     encode.Run(kRounds);
-
-    saver.sparing = plainSaver.sparing = true;
-    Race alone("encode, " + name + ", without the host's copies of rows and file");
-    alone.Enter("the module", onHost(saver, [](LeanHost& host) { host.Save(kSide, kSide); }));
-    alone.Enter("plain encoder, same host",
-                onHost(plainSaver, [](LeanHost& host) { PlainSave(host, kSide, kSide); }),
-                encodePlain);
-    alone.Run(kRounds);
+    RaceWithoutCopies(name, saver, plainSaver, encodePlain);
 }
 
 void ShowMemory()

@@ -63,6 +63,39 @@ void EncodeRow(HostFile file, const uint8_t* row, int bytes)
     }
 }
 
+// Full packets of pixels as they are, whatever the pixels.
+void PutRow(HostFile file, const uint8_t* row, int bytes)
+{
+    for (int position = 0; position < bytes;) {
+        const int length = std::min(128, (bytes - position) / kUnit);
+        const auto control = static_cast<uint8_t>(length + 0x7F);
+        FastWrite(file, 1, &control);
+        FastWrite(file, length * kUnit, row + position);
+        position += length * kUnit;
+    }
+}
+
+void SaveRows(LeanHost& host, int width, int height, void (*put)(HostFile, const uint8_t*, int))
+{
+    HostFormatRecord& record = host.record;
+    record.columnCount = static_cast<int16_t>(width);
+    record.rowCount = static_cast<int16_t>(height);
+    const HostFile file = FastOpen(&record, kHostOpenToWrite);
+    const uint8_t head[kDataStart] = {};
+    FastWrite(file, kDataStart, head);
+    HostBuffer buffer = nullptr;
+    record.bufferSuite->Allocate(8 * width, &buffer);
+    record.rowsAddress = record.bufferSuite->Lock(buffer, 0);
+    for (int row = 0; row < height; ++row) {
+        record.exchangeRect = {static_cast<int16_t>(row), 0, static_cast<int16_t>(row + 1),
+                               record.columnCount};
+        record.exchangeRows();
+        put(file, static_cast<const uint8_t*>(record.rowsAddress), width * kUnit);
+    }
+    record.bufferSuite->Free(buffer);
+    FastClose(file);
+}
+
 } // namespace
 
 void PlainOpen(LeanHost& host)
@@ -93,23 +126,12 @@ void PlainOpen(LeanHost& host)
 
 void PlainSave(LeanHost& host, int width, int height)
 {
-    HostFormatRecord& record = host.record;
-    record.columnCount = static_cast<int16_t>(width);
-    record.rowCount = static_cast<int16_t>(height);
-    const HostFile file = FastOpen(&record, kHostOpenToWrite);
-    const uint8_t head[kDataStart] = {};
-    FastWrite(file, kDataStart, head);
-    HostBuffer buffer = nullptr;
-    record.bufferSuite->Allocate(8 * width, &buffer);
-    record.rowsAddress = record.bufferSuite->Lock(buffer, 0);
-    for (int row = 0; row < height; ++row) {
-        record.exchangeRect = {static_cast<int16_t>(row), 0, static_cast<int16_t>(row + 1),
-                               record.columnCount};
-        record.exchangeRows();
-        EncodeRow(file, static_cast<const uint8_t*>(record.rowsAddress), width * kUnit);
-    }
-    record.bufferSuite->Free(buffer);
-    FastClose(file);
+    SaveRows(host, width, height, EncodeRow);
+}
+
+void BareSave(LeanHost& host, int width, int height)
+{
+    SaveRows(host, width, height, PutRow);
 }
 
 } // namespace Bench
