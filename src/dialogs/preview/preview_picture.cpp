@@ -1,5 +1,7 @@
 #include "dialogs/preview/preview_picture.h"
 
+#include "pixels/kernels/kernel_table.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -58,7 +60,11 @@ void Show(uint8_t* to, const ShownRow& row)
 
 void ShowRow(uint8_t* to, const ShownRow& row)
 {
-    if (row.depth == 8)
+    if (row.depth == 8 && row.planes == 3 && row.alphas == nullptr)
+        Kesto::Kernels::ActiveKernels().widenRGB(row.samples,
+                                                 static_cast<uint32_t*>(static_cast<void*>(to)),
+                                                 static_cast<size_t>(row.width));
+    else if (row.depth == 8)
         Show<uint8_t>(to, row);
     else if (row.depth == 16)
         Show<uint16_t>(to, row);

@@ -67,6 +67,9 @@ struct KernelTable {
     void (*mergePremultiplied)(const MergedRows& source, std::uint32_t* out, std::size_t n);
     void (*splitPlanes)(const std::uint32_t* source, const SplitRows& out, std::size_t n);
 
+    // Pixels of a red, a green and a blue byte each to opaque 32-bit pixels, blue lowest.
+    void (*widenRGB)(const std::uint8_t* source, std::uint32_t* out, std::size_t n);
+
     // Premultiplied pixels over those in `out`, which they do not overlap: with the blend table's T
     // each byte becomes s + T[255 - alpha][out], capped at 255.
     void (*layOver)(const std::uint32_t* source, std::uint32_t* out, std::size_t n);

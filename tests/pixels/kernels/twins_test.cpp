@@ -55,6 +55,14 @@ void LayOver(const CPixView& out, const CPixView& above)
         ActiveKernels().layOver(from.Row(y), to.Row(y), static_cast<std::size_t>(out.width));
 }
 
+// The rows of `source` as pixels of three bytes each.
+void WidenRGB(const CPixView& out, const CPixView& source)
+{
+    for (std::int32_t y = 0; y < out.height; ++y)
+        ActiveKernels().widenRGB(RowOf<std::uint8_t>(source, 0, y), RowOf<std::uint32_t>(out, 0, y),
+                                 static_cast<std::size_t>(out.width));
+}
+
 // The bytes 0 to 255 in each row, or column.
 CPicture AllBytes(bool down)
 {
@@ -134,6 +142,8 @@ void ExpectPixelTwins(std::int32_t width, std::int32_t height)
                     [&](const CPixView& out) { SplitPlanes(out, merged.View(), order); });
     }
     ExpectTwins(32, width, height, 1, [&](const CPixView& out) { LayOver(out, merged.View()); });
+    const CPicture packed(8, 3 * width, height, 1, 6);
+    ExpectTwins(32, width, height, 1, [&](const CPixView& out) { WidenRGB(out, packed.View()); });
     expectTwins("Mosaic(out, a, {9, 4}, true)", [&](const CPixView& out) {
         Mosaic(out, a, {9, 4}, true);
     });

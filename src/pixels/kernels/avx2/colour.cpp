@@ -1,38 +1,11 @@
 // Noise, eight pixels at once with a generator each, and hue to RGB.
+#include "pixels/kernels/avx2/generator.h"
 #include "pixels/kernels/avx2/tables.h"
 #include "pixels/kernels/avx2/vectors.h"
 
 namespace Kesto::Kernels::Avx2 {
 
 namespace {
-
-// The generator, moved on by `steps`: seed * fFactor + fTerm.
-struct Jump {
-    static constexpr Jump By(std::uint32_t steps)
-    {
-        Jump jump{1, 0};
-        for (std::uint32_t i = 0; i < steps; ++i)
-            jump = {jump.fFactor * 1103515245u, jump.fTerm * 1103515245u + 12345u};
-        return jump;
-    }
-    std::uint32_t operator()(std::uint32_t seed) const { return seed * fFactor + fTerm; }
-
-    std::uint32_t fFactor;
-    std::uint32_t fTerm;
-};
-
-constexpr std::uint32_t kSamples = 12; // for each pixel
-constexpr std::uint32_t kMean = 0x2FFFA;
-
-struct Jumps {
-    Jump fTo[kSamples];
-};
-constexpr Jumps kJumps = [] {
-    Jumps jumps{};
-    for (std::uint32_t i = 0; i < kSamples; ++i)
-        jumps.fTo[i] = Jump::By(i + 1);
-    return jumps;
-}();
 
 __m256i Spread(std::uint32_t value)
 {
@@ -42,8 +15,8 @@ __m256i Spread(std::uint32_t value)
 // The sum of the twelve samples after each of eight seeds, less its mean.
 __m256i NoiseSums(__m256i seeds)
 {
-    __m256i sums = Spread(0u - kMean);
-    for (const Jump& jump : kJumps.fTo) {
+    __m256i sums = Spread(0u - kNoiseMean);
+    for (const Jump& jump : kSampleJumps.fTo) {
         const __m256i state =
             _mm256_add_epi32(_mm256_mullo_epi32(seeds, Spread(jump.fFactor)), Spread(jump.fTerm));
         sums = _mm256_add_epi32(sums, _mm256_srli_epi32(_mm256_slli_epi32(state, 1), 17));
@@ -64,11 +37,10 @@ __m256i Scaled(__m256i sums, __m256i amount)
 
 void Noise(const Byte* source, Byte* out, std::size_t n, std::int32_t amount, std::uint32_t& seed)
 {
-    // Beyond this amount products leave 32 bits.
-    if (amount > 10922 || amount < -10922 || Entangled(out, source, n))
+    if (amount > kMostNoise || amount < -kMostNoise || Entangled(out, source, n))
         return PlainKernels().noise(source, out, n, amount, seed);
-    constexpr Jump kPixel = Jump::By(kSamples);
-    constexpr Jump kEightPixels = Jump::By(8 * kSamples);
+    constexpr Jump kPixel = Jump::By(kNoiseSamples);
+    constexpr Jump kEightPixels = Jump::By(8 * kNoiseSamples);
     std::uint32_t state = seed;
     alignas(kVector) std::uint32_t lanes[8];
     for (std::uint32_t& lane : lanes) {

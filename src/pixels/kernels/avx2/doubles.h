@@ -11,17 +11,6 @@ namespace {
 // A double that holds a whole number below 2^52 in its low bits.
 constexpr double kBias = 4503599627370496.0;
 
-inline __m128i Load128(const void* from)
-{
-    return _mm_loadu_si128(static_cast<const __m128i*>(from));
-}
-
-// Two pieces of 16 bytes.
-inline __m256i LoadHalves(const void* low, const void* high)
-{
-    return _mm256_inserti128_si256(_mm256_castsi128_si256(Load128(low)), Load128(high), 1);
-}
-
 // Whole numbers below 2^52 as doubles.
 inline __m256d Doubles(__m256i wide)
 {

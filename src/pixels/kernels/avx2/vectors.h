@@ -25,6 +25,17 @@ inline void Store(void* to, __m256i value)
     _mm256_storeu_si256(static_cast<__m256i*>(to), value);
 }
 
+inline __m128i Load128(const void* from)
+{
+    return _mm_loadu_si128(static_cast<const __m128i*>(from));
+}
+
+// Two pieces of 16 bytes.
+inline __m256i LoadHalves(const void* low, const void* high)
+{
+    return _mm256_inserti128_si256(_mm256_castsi128_si256(Load128(low)), Load128(high), 1);
+}
+
 // Sixteen bytes as 16-bit numbers.
 inline __m256i Load16(const Byte* from)
 {

@@ -1,9 +1,8 @@
-// Table maps, 64 pixels at a time. The other kernels of this level are those of AVX2: they run at
-// the limit of the memory or of the multiplier, which wider vectors don't move.
+// Table maps, 64 pixels at a time.
 #include "pixels/kernels/avx2/vectors.h"
-#include "pixels/kernels/kernel_table.h"
+#include "pixels/kernels/avx512/tables.h"
 
-namespace Kesto::Kernels {
+namespace Kesto::Kernels::Avx512 {
 namespace {
 
 constexpr std::size_t kWide = 64; // bytes
@@ -70,24 +69,9 @@ void MapTable(const Byte* source, const Byte* table, Byte* out, std::size_t n)
 
 } // namespace
 
-const KernelTable& Avx512Kernels()
+void AddMapping(KernelTable& table, Stores stores)
 {
-    static const KernelTable table = [] {
-        KernelTable wide = Avx2Kernels();
-        wide.mapTable = MapTable<false>;
-        return wide;
-    }();
-    return table;
+    table.mapTable = stores == Stores::kStreamed ? MapTable<true> : MapTable<false>;
 }
 
-const KernelTable& Avx512StreamingKernels()
-{
-    static const KernelTable table = [] {
-        KernelTable wide = Avx2StreamingKernels();
-        wide.mapTable = MapTable<true>;
-        return wide;
-    }();
-    return table;
-}
-
-} // namespace Kesto::Kernels
+} // namespace Kesto::Kernels::Avx512

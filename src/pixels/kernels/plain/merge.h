@@ -56,6 +56,13 @@ inline void Split(const std::uint32_t* source, const SplitRows& out, std::size_t
                 row[i] = static_cast<std::uint8_t>(source[i] >> 8 * byte);
 }
 
+inline void WidenRGB(const std::uint8_t* source, std::uint32_t* out, std::size_t n)
+{
+    for (std::size_t i = 0; i < n; ++i, source += 3)
+        out[i] =
+            0xFF000000 | std::uint32_t{source[0]} << 16 | std::uint32_t{source[1]} << 8 | source[2];
+}
+
 inline void LayOver(const std::uint32_t* source, std::uint32_t* out, std::size_t n)
 {
     const CBlendTable& table = *CBlendTable::Get();

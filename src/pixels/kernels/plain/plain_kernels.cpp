@@ -39,6 +39,7 @@ const KernelTable& PlainKernels()
         .mergePlanes = Merge,
         .mergePremultiplied = Plain::MergePremultiplied,
         .splitPlanes = Split,
+        .widenRGB = WidenRGB,
         .layOver = Plain::LayOver,
         .embossRow = EmbossRow<std::int16_t>,
         .neighbourMeanRow = NeighbourMeanRow,
