@@ -5,7 +5,7 @@
 #   SOURCES file...
 #   PROPERTIES file          the property list, JSON
 #   [LAYOUTS file...]        layout texts, found by their file names
-#   [STRINGS file...]        string files
+#   [STRINGS file...]        translations, lines of "$$$/Key=text" in UTF-8 or UTF-16
 #   [ICONS file...]          lists of icons, whose drawings lie beside them; they join the toolkit's own
 #   [DESCRIPTION text] [VERSION number])
 #
@@ -24,6 +24,30 @@ function(sidecar_resource_rows out type)
     cmake_path(ABSOLUTE_PATH file)
     list(APPEND rows "${type} ${name} ${file}")
   endforeach()
+  set(${out} "${rows}" PARENT_SCOPE)
+endfunction()
+
+# The rows of string files. Modules carry UTF-16; files in UTF-8 are turned into that.
+function(sidecar_string_rows out name)
+  set(files "")
+  foreach(file IN LISTS ARGN)
+    cmake_path(ABSOLUTE_PATH file)
+    file(READ ${file} mark LIMIT 2 HEX)
+    if(NOT mark MATCHES "^(fffe|feff)$")
+      find_program(ICONV iconv REQUIRED)
+      cmake_path(GET file FILENAME leaf)
+      set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}_strings)
+      file(MAKE_DIRECTORY ${folder})
+      add_custom_command(
+        OUTPUT ${folder}/${leaf}
+        COMMAND ${ICONV} -f UTF-8 -t UTF-16 -o ${folder}/${leaf} ${file}
+        DEPENDS ${file}
+        VERBATIM)
+      set(file ${folder}/${leaf})
+    endif()
+    list(APPEND files ${file})
+  endforeach()
+  sidecar_resource_rows(rows TSTR ${files})
   set(${out} "${rows}" PARENT_SCOPE)
 endfunction()
 
@@ -118,7 +142,7 @@ function(sidecar_add_plugin name)
   cmake_path(ABSOLUTE_PATH plugin_PROPERTIES)
   set(rows "JSON JSON_TAGL ${plugin_PROPERTIES}" "TEXT KIT_VERSION ${version_file}")
   sidecar_resource_rows(layouts VEXF ${plugin_LAYOUTS})
-  sidecar_resource_rows(strings TSTR ${plugin_STRINGS})
+  sidecar_string_rows(strings ${name} ${plugin_STRINGS})
   list(APPEND rows ${layouts} ${strings})
   if(plugin_LAYOUTS OR plugin_ICONS)
     sidecar_icon_rows(icons ${name} ${plugin_ICONS})

@@ -1,19 +1,17 @@
 #include "contact_sheet/contact_sheet.h"
 
+#include "drawing/ports/pixel_surface.h"
+#include "drawing/tools/draw_tools.h"
+#include "failure.h"
+#include "pictures/bitmap_file.h"
 #include "pixels/kernels/blend_table.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Kesto;
 
 namespace {
-
-using Surface = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
-
-Surface MakeSurface(cairo_format_t format, std::int32_t width, std::int32_t height)
-{
-    return {cairo_image_surface_create(format, width, height), cairo_surface_destroy};
-}
 
 // One pixel as a surface keeps it, its colours multiplied by its alpha.
 std::uint32_t Premultiplied(const CPixView& picture, std::ptrdiff_t offset)
@@ -30,62 +28,64 @@ std::uint32_t Premultiplied(const CPixView& picture, std::ptrdiff_t offset)
     return pixel;
 }
 
-void SetColour(cairo_t* context, std::uint32_t colour)
+Colour ColourOf(std::uint32_t number)
 {
-    const auto part = [&](int shift) { return (colour >> shift & 0xFF) / 255.0; };
-    cairo_set_source_rgb(context, part(16), part(8), part(0));
+    const auto part = [&](int shift) { return static_cast<std::uint8_t>(number >> shift); };
+    return {part(16), part(8), part(0)};
 }
 
 } // namespace
 
 ContactSheet::ContactSheet(std::int32_t width, std::int32_t height, std::uint32_t colour)
-    : fSurface(MakeSurface(CAIRO_FORMAT_RGB24, width, height)),
-      fContext(cairo_create(fSurface.get()), cairo_destroy)
+    : fImage(width, height)
 {
-    cairo_set_font_size(fContext.get(), kLabelHeight);
+    fImage.SetFont(CDrawTools::Get().GetFont(kFont_UIMedium));
     Fill({0, 0, width, height}, colour);
 }
 
 void ContactSheet::Fill(const PixelRect& rect, std::uint32_t colour)
 {
-    SetColour(fContext.get(), colour);
-    cairo_rectangle(fContext.get(), rect.left, rect.top, rect.right - rect.left,
-                    rect.bottom - rect.top);
-    cairo_fill(fContext.get());
+    fImage.Paint(Rect{static_cast<double>(rect.left), static_cast<double>(rect.top),
+                      static_cast<double>(rect.right), static_cast<double>(rect.bottom)},
+                 ColourOf(colour));
 }
 
 void ContactSheet::Draw(const CPixView& picture, std::int32_t x, std::int32_t y)
 {
     if (picture.pixelBits != 8 || picture.planeCount < 1 || picture.planeCount > 4)
         return;
-    const Surface surface = MakeSurface(CAIRO_FORMAT_ARGB32, picture.width, picture.height);
-    auto* row = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface.get()));
-    for (std::int32_t line = 0; line < picture.height; ++line) {
+    const CImage source(picture.width, picture.height);
+    const CPixelSurface pixels = SurfaceOf(*source.GetSurface());
+    for (std::int32_t line = 0; line < picture.height; ++line)
         for (std::int32_t i = 0; i < picture.width; ++i)
-            row[i] = Premultiplied(picture, std::ptrdiff_t{line} * picture.rowBytes + i);
-        row += cairo_image_surface_get_stride(surface.get()) / 4;
-    }
-    cairo_surface_mark_dirty(surface.get());
-    cairo_set_source_surface(fContext.get(), surface.get(), x, y);
-    cairo_paint(fContext.get());
+            *pixels.At(i, line) =
+                Premultiplied(picture, std::ptrdiff_t{line} * picture.rowBytes + i);
+    const CPixelSurface sheet = SurfaceOf(*fImage.GetSurface());
+    const std::int32_t right = std::min(picture.width, sheet.size.x - x);
+    const std::int32_t bottom = std::min(picture.height, sheet.size.y - y);
+    if (right > 0 && bottom > 0)
+        BlendPixels(pixels, {0, 0, right, bottom}, sheet, {x, y});
 }
 
 void ContactSheet::Label(const std::string& text, std::int32_t x, std::int32_t y,
                          std::uint32_t colour)
 {
-    SetColour(fContext.get(), colour);
-    cairo_move_to(fContext.get(), x, y);
-    cairo_show_text(fContext.get(), text.c_str());
+    fImage.SetTextColour(ColourOf(colour));
+    fImage.DrawTextLine(text, {static_cast<double>(x), static_cast<double>(y)});
 }
 
 std::int32_t ContactSheet::LabelWidth(const std::string& text) const
 {
-    cairo_text_extents_t extents;
-    cairo_text_extents(fContext.get(), text.c_str(), &extents);
-    return static_cast<std::int32_t>(std::ceil(extents.x_advance));
+    return static_cast<std::int32_t>(std::ceil(fImage.MeasureText(text)));
 }
 
 bool ContactSheet::Write(const std::string& path) const
 {
-    return cairo_surface_write_to_png(fSurface.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+    const CPixelSurface pixels = SurfaceOf(*fImage.GetSurface());
+    try {
+        Host::WriteBitmap(path, {pixels.size.x, pixels.size.y, pixels.bits, pixels.rowBytes});
+    } catch (const Host::Failure&) {
+        return false;
+    }
+    return true;
 }
