@@ -29,8 +29,26 @@ install(TARGETS lumograph_plugin_service EXPORT SidecarTargets
   ARCHIVE DESTINATION lib/sidecar COMPONENT development)
 set_target_properties(lumograph_plugin_service PROPERTIES EXPORT_NAME file_service)
 install(FILES ${CMAKE_SOURCE_DIR}/samples/harbour.img DESTINATION ${shared_data}/samples COMPONENT runtime)
-install(FILES ${CMAKE_SOURCE_DIR}/packaging/README.md ${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_SOURCE_DIR}/docs/lumohost.md
-  DESTINATION ${doc} COMPONENT runtime)
+install(FILES ${CMAKE_SOURCE_DIR}/packaging/README.md ${CMAKE_SOURCE_DIR}/CHANGELOG.md DESTINATION ${doc} COMPONENT runtime)
+
+# Pages of docs/, whose links to other folders of the tree lead to where these are installed.
+function(install_pages component)
+  foreach(page IN LISTS ARGN)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/${page})
+    file(READ ${CMAKE_SOURCE_DIR}/docs/${page} text)
+    string(REPLACE "](../include/" "](../../../include/" text "${text}")
+    string(REPLACE "](../../examples/" "](../../../sidecar/examples/" text "${text}")
+    file(WRITE ${CMAKE_BINARY_DIR}/installed_docs/${page} "${text}")
+    cmake_path(GET page PARENT_PATH folder)
+    install(FILES ${CMAKE_BINARY_DIR}/installed_docs/${page} DESTINATION ${doc}/${folder} COMPONENT ${component})
+  endforeach()
+endfunction()
+install_pages(runtime lumohost.md)
+file(GLOB toolkit_pages CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/docs ${CMAKE_SOURCE_DIR}/docs/kesto/*.md)
+install_pages(development layout.md write-a-plugin.md write-a-host.md robot.md ${toolkit_pages})
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/layout DESTINATION ${doc} COMPONENT development)
+install(FILES ${CMAKE_SOURCE_DIR}/docs/soft-glow.png ${CMAKE_SOURCE_DIR}/docs/drawing.png
+  DESTINATION ${doc} COMPONENT development)
 
 # The layers that plug-ins are built on, without the module's own.
 set(layers ${SIDECAR_LAYERS})
@@ -87,5 +105,3 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/resources/icons/styles DESTINATION ${share
 install(PROGRAMS ${CMAKE_SOURCE_DIR}/tools/icons/pack_icons.py DESTINATION ${shared_data} COMPONENT development)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples/soft_glow ${CMAKE_SOURCE_DIR}/examples/contact_sheet_export
   ${CMAKE_SOURCE_DIR}/examples/layouts DESTINATION ${shared_data}/examples COMPONENT development)
-install(FILES ${CMAKE_SOURCE_DIR}/docs/layout.md ${CMAKE_SOURCE_DIR}/docs/write-a-plugin.md
-  ${CMAKE_SOURCE_DIR}/docs/write-a-host.md ${CMAKE_SOURCE_DIR}/docs/robot.md DESTINATION ${doc} COMPONENT development)

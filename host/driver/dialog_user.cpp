@@ -2,7 +2,6 @@
 
 #include "suites/descriptors.h"
 #include "suites/string_ids.h"
-#include "suites/ui_hooks.h"
 
 #include <sstream>
 #include <utility>
@@ -61,7 +60,8 @@ nlohmann::ordered_json ModuleWindows::Describe(void* window)
 }
 
 DialogUser::DialogUser(Script script, const std::string& messages)
-    : fPlayer(std::move(script), fStage)
+    : fPlayer(std::move(script), fStage),
+      fTurn([this](HostInputEvent& event) { return TakeTurn(event); })
 {
     // Without a display scripts take no time. The key that closed the dialog before this one was
     // never seen to go up.
@@ -71,12 +71,6 @@ DialogUser::DialogUser(Script script, const std::string& messages)
         fOpening.push_back(
             EventOf(kHostRequestMessages, 0, reinterpret_cast<intptr_t>(&fMessages->Log())));
     }
-    SetTurn([this](HostInputEvent& event) { return TakeTurn(event); });
-}
-
-DialogUser::~DialogUser()
-{
-    SetTurn({});
 }
 
 bool DialogUser::TakeTurn(HostInputEvent& event)

@@ -3,6 +3,7 @@
 
 #include "robot/message_file.h"
 #include "robot/player.h"
+#include "suites/ui_hooks.h"
 
 #include <deque>
 #include <optional>
@@ -22,9 +23,6 @@ public:
     // Takes the host's turns from now on until it ends. `messages` is the file for the messages
     // that climb to windows, or empty. Throws what can't be written.
     DialogUser(Script script, const std::string& messages);
-    ~DialogUser();
-    DialogUser(const DialogUser&) = delete;
-    DialogUser& operator=(const DialogUser&) = delete;
 
     // Whether any window has come up.
     bool WasAsked() const { return fWasAsked; }
@@ -48,6 +46,7 @@ private:
     bool fWasAsked = false;
     bool fEndsAtAlerts = false;
     std::string fAlertText;
+    HostTurn fTurn;
 };
 
 } // namespace Host

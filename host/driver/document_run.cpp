@@ -17,18 +17,21 @@ DocumentRun* DocumentRun::gCurrent = nullptr;
 
 DocumentRun::DocumentRun(const PluginModule& module, const OperationOptions& options,
                          ServedSettings::Pairs settings, const char* title, std::string what)
-    : fSettings(std::move(settings)), fModule(module), fOptions(options), fWhat(std::move(what)),
-      fProgress(title)
+    : fSettings(std::move(settings)), fOuter(std::exchange(gCurrent, this)), fModule(module),
+      fOptions(options), fWhat(std::move(what)), fProgress(title)
 {
+    if (fOuter != nullptr)
+        return;
     SetMemoryLimit(options.memoryLimit);
     SetMemoryHeadRoom(0);
     ResetBuffers();
-    gCurrent = this;
 }
 
 DocumentRun::~DocumentRun()
 {
-    gCurrent = nullptr;
+    gCurrent = fOuter;
+    if (fOuter != nullptr)
+        return;
     ResetBuffers();
     ReleaseHandles();
 }
@@ -82,6 +85,8 @@ int32_t DocumentRun::Budget() const
 
 void DocumentRun::ReportBooks() const
 {
+    if (fOuter != nullptr)
+        return; // whose memory can't be told from this one's
     const MemoryBook& memory = Memory();
     if (memory.buffers > 0)
         std::fprintf(stderr, "lumohost: the module left behind: %d buffers of %lld bytes\n",

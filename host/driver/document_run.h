@@ -1,7 +1,9 @@
 // DocumentRun, what a run of a filter and one of an export share: the calls of the module, its
 // questions, and its settings.
 //
-// Callbacks of the protocol are plain functions without a context, so one run is at work at a time.
+// Callbacks of the protocol are plain functions without a context, so they serve the newest run:
+// one may begin and end while another one's module has a dialog up. Memory is that of the
+// outermost.
 #pragma once
 
 #include "driver/document.h"
@@ -49,7 +51,8 @@ protected:
         return Keep(kHostFailed);
     }
 
-    // Tells on the error stream what the module left behind; with --verbose the memory too.
+    // Tells on the error stream what the module left behind; with --verbose the memory too. Of an
+    // outermost run only.
     void ReportBooks() const;
 
     // The memory that the record tells of, in bytes.
@@ -73,6 +76,7 @@ private:
 
     static DocumentRun* gCurrent;
 
+    DocumentRun* const fOuter;
     const PluginModule& fModule;
     OperationOptions fOptions;
     std::string fWhat;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace Host {
 namespace {
@@ -61,14 +62,14 @@ const HostSettingsSuite* SettingsSuite()
     return &kSuite;
 }
 
-ServedSettings::ServedSettings(Pairs settings) : fSettings(std::move(settings))
+ServedSettings::ServedSettings(Pairs settings)
+    : fSettings(std::move(settings)), fOuter(std::exchange(gServed, this))
 {
-    gServed = this;
 }
 
 ServedSettings::~ServedSettings()
 {
-    gServed = nullptr;
+    gServed = fOuter;
 }
 
 void ServedSettings::RequireAccepted() const

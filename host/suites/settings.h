@@ -11,7 +11,7 @@ namespace Host {
 
 const HostSettingsSuite* SettingsSuite();
 
-// Names and texts, for as long as the object lives; one at a time.
+// Names and texts, for as long as the object lives. The newest object serves.
 class ServedSettings {
 public:
     using Pairs = std::vector<std::pair<std::string, std::string>>;
@@ -35,6 +35,7 @@ private:
     friend struct SettingsCalls;
 
     Pairs fSettings;
+    ServedSettings* fOuter;
     std::vector<std::string> fAsked; // each name once
     std::string fRefused;            // empty: none
     std::string fWanted;

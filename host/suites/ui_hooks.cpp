@@ -10,7 +10,7 @@ namespace Host {
 namespace {
 
 std::vector<ViewInfoHook> gHooks;
-std::function<bool(HostInputEvent&)> gTurn;
+HostTurn* gTurn = nullptr; // the newest
 
 bool IsViewInfo(HostViewInfoCallback callback, int32_t hook, int32_t version)
 {
@@ -38,19 +38,25 @@ int32_t Unregister(HostViewInfoCallback callback, int32_t hook, int32_t version,
     return kHostNoError;
 }
 
-uint8_t TakeTurn(HostInputEvent* event)
-{
-    return event != nullptr && gTurn && gTurn(*event) ? 1 : 0;
-}
-
-constexpr HostUIHooksSuite4 kUIHooksSuite = {
-    kHostUIHooksTableVersion, 3, {}, Register, Unregister, TakeTurn};
-
 } // namespace
+
+struct TurnCalls {
+    static bool TakeIn(const HostTurn* turn, HostInputEvent& event)
+    {
+        return turn != nullptr && turn->fTake(event);
+    }
+
+    static uint8_t TakeTurn(HostInputEvent* event)
+    {
+        return event != nullptr && TakeIn(gTurn, *event) ? 1 : 0;
+    }
+};
 
 const HostUIHooksSuite4* UIHooksSuite()
 {
-    return &kUIHooksSuite;
+    static constexpr HostUIHooksSuite4 kSuite = {
+        kHostUIHooksTableVersion, 3, {}, Register, Unregister, TurnCalls::TakeTurn};
+    return &kSuite;
 }
 
 const std::vector<ViewInfoHook>& ViewInfoHooks()
@@ -58,9 +64,16 @@ const std::vector<ViewInfoHook>& ViewInfoHooks()
     return gHooks;
 }
 
-void SetTurn(std::function<bool(HostInputEvent&)> turn)
+HostTurn::HostTurn(Take take) : fTake(std::move(take)), fOuter(std::exchange(gTurn, this)) {}
+
+HostTurn::~HostTurn()
 {
-    gTurn = std::move(turn);
+    gTurn = fOuter;
+}
+
+bool HostTurn::TakeOuter(HostInputEvent& event) const
+{
+    return TurnCalls::TakeIn(fOuter, event);
 }
 
 } // namespace Host

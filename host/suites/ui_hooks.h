@@ -19,8 +19,26 @@ struct ViewInfoHook {
 // Those that are registered now, the newest last.
 const std::vector<ViewInfoHook>& ViewInfoHooks();
 
-// What the host does in a turn, until another is set; true: it filled in an event. Without one a
-// turn does nothing. It must not throw.
-void SetTurn(std::function<bool(HostInputEvent& event)> turn);
+// What the host does in its turns while this lives, which ends before those that were there
+// earlier: in one of theirs, another module's dialog may come up. Without any a turn does nothing.
+class HostTurn {
+public:
+    // True: it filled in an event. It must not throw.
+    using Take = std::function<bool(HostInputEvent& event)>;
+
+    explicit HostTurn(Take take);
+    ~HostTurn();
+    HostTurn(const HostTurn&) = delete;
+    HostTurn& operator=(const HostTurn&) = delete;
+
+    // What was done in turns before this one.
+    bool TakeOuter(HostInputEvent& event) const;
+
+private:
+    friend struct TurnCalls;
+
+    Take fTake;
+    HostTurn* fOuter;
+};
 
 } // namespace Host

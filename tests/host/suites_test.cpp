@@ -111,10 +111,14 @@ TEST(Hooks, AreRegisteredAsTheProtocolSaysAndTakenBack)
     EXPECT_TRUE(ViewInfoHooks().empty());
     HostInputEvent event{};
     EXPECT_EQ(suite.TakeTurn(&event), 0);
-    SetTurn([](HostInputEvent& given) { return given.message = 7, true; });
+    const HostTurn first([](HostInputEvent& given) { return given.message = 7, true; });
+    {
+        const HostTurn second([](HostInputEvent&) { return false; });
+        EXPECT_EQ(suite.TakeTurn(&event), 0);
+        EXPECT_TRUE(second.TakeOuter(event));
+    }
     EXPECT_EQ(suite.TakeTurn(&event), 1);
     EXPECT_EQ(event.message, 7U);
-    SetTurn({});
 }
 
 } // namespace

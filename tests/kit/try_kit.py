@@ -7,13 +7,16 @@ and removes the packages again. Stops at the first thing that isn't as it should
 import argparse
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
 import time
 import zipfile
 
+PROGRAMS = ["icons", "lumohost", "vex"]
 PAGES = ("write-a-plugin.md", "write-a-host.md")
+ICON_COLOUR = bytes.fromhex("f2a900")  # of the drawing that a page adds to its plug-in
 EXAMPLES = {"soft_glow": ("filter", "glow.png"), "contact_sheet_export": ("export", "sheet.ppm")}
 
 
@@ -106,12 +109,25 @@ class Kit:
                     raise Fault(f"{file} names {content[place:place + 120]}")
 
     def programs_run(self):
-        for name in sorted(tool.name for tool in (self.work / "tools").iterdir()):
+        found = sorted(tool.name for tool in (self.work / "tools").iterdir())
+        if found != PROGRAMS:
+            raise Fault(f"the packages have the programs {found} instead of {PROGRAMS}")
+        for name in PROGRAMS:
             told = self.tool(name, "--version")
             if self.options.version not in told:
                 raise Fault(f"{name} --version tells {told} instead of {self.options.version}")
+            told = self.tool(name, "--help")
+            if "Usage: " + name not in told:
+                raise Fault(f"{name} --help tells {told}")
         self.tool("lumohost", "open", self.prefix / "share/sidecar/samples/harbour.img", "-o", self.picture)
-        self.tool("vex", "check", *(self.prefix / "share/sidecar/examples/layouts").glob("*.vex"))
+        self.tool("vex", "check", *(self.prefix / "share/sidecar/examples/layouts").rglob("*.vex"))
+        self.tool("icons", self.work / "icons.ppm")
+
+    def links_of_pages_lead_somewhere(self):
+        for page in (self.prefix / "share/doc/sidecar").rglob("*.md"):
+            for link in re.findall(r"\]\(([^)#:]+)\)", page.read_text()):
+                if not (page.parent / link).exists():
+                    raise Fault(f"{page} leads to {link}, which isn't there")
 
     def headers_compile_without_the_sources(self):
         include = self.prefix / "include"
@@ -158,6 +174,14 @@ class Kit:
             (folder / "script.sh").write_text(script)
             self.run("sh", folder / "script.sh", folder=folder)
 
+    def a_plugins_own_icon_is_shown(self):
+        module = next((self.work / "write-a-plugin/Relief/build/bin").glob("relief.*"))
+        photograph = self.work / "relief.ppm"
+        self.tool("lumohost", "filter", self.picture, "--module", module, "--photograph", photograph,
+                  "-o", self.work / "relief.png")
+        if 4 * ICON_COLOUR not in photograph.read_bytes():
+            raise Fault(f"{module} shows no pixels of its icon")
+
     def nothing_stays_behind(self):
         if self.windows:
             return
@@ -168,8 +192,9 @@ class Kit:
 
 
 STEPS = (Kit.pack, Kit.unpack, Kit.files_name_no_folder_of_this_build, Kit.programs_run,
-         Kit.headers_compile_without_the_sources, Kit.examples_build_and_run, Kit.a_kit_of_another_major_version_is_refused,
-         Kit.pages_do_what_they_say, Kit.nothing_stays_behind)
+         Kit.links_of_pages_lead_somewhere, Kit.headers_compile_without_the_sources, Kit.examples_build_and_run,
+         Kit.a_kit_of_another_major_version_is_refused, Kit.pages_do_what_they_say, Kit.a_plugins_own_icon_is_shown,
+         Kit.nothing_stays_behind)
 
 
 def main():

@@ -227,11 +227,10 @@ TEST_F(ViewInfo, TheHostsTurnsCarryItsEventsToTheWindow)
 {
     Open();
     int turns = 0;
-    Host::SetTurn([&](HostInputEvent& event) {
+    const Host::HostTurn turn([&](HostInputEvent& event) {
         event = {fWindow->GetSystemWindow(), 0x0010 /* close */, 0, 0, 0};
         return ++turns == 1;
     });
     EXPECT_EQ(fWindow->Run(), 0);
     EXPECT_GE(turns, 1);
-    Host::SetTurn({});
 }

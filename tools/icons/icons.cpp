@@ -191,7 +191,7 @@ int main(int argc, char** argv)
         "each state at single and double density. With it: what controls show of all pictures, "
         "normal, pressed and\n"
         "inactive, at both densities on the windows of the four themes.\n"
-        "To add a picture, see resources/icons/icons.list.");
+        "A plug-in has pictures of its own by ICONS of sidecar_add_plugin.");
     app.set_version_flag("--version", "icons " SIDECAR_VERSION);
     std::string path;
     app.add_option("OUT.png", path, "The contact sheet to write");
