@@ -39,7 +39,8 @@ std::vector<uint8_t> Silent(const PluginModule& module, const Document& picture,
 Script GlowScript(const std::string& radius)
 {
     return ReadScript("focus SoftGlow/Radius\ntype " + radius +
-                          "\nexpect SoftGlow/Radius Fcs true\n"
+                          "\nkey Tab\nexpect SoftGlow/Radius floatValue " + radius +
+                          "\n"
                           "click Project/Dialog/OKButton\nexpect-window closed\n",
                       "script");
 }
@@ -57,13 +58,16 @@ std::vector<uint8_t> WithDialog(const PluginModule& module, const Document& pict
 void UseContactSheet(const PluginModule& module, const Document& picture)
 {
     DialogUser user(ReadScript("expect-window Contact Sheet\nfocus ContactSheet/Columns\ntype 7\n"
-                               "expect ContactSheet/Columns string 7\n"
+                               "key Tab\nexpect ContactSheet/Columns floatValue 7\n"
                                "click Project/Dialog/OKButton\nexpect-window closed\n",
                                "script"),
                     "");
     ExportRun run(module, {}, {}, picture, "sheet");
     run.AskUser();
     EXPECT_EQ(user.Finish().status, PlayOutcome::kPlayed) << user.Finish().words;
+    const fs::path sheet = fs::path(SOFT_GLOW).replace_filename("two_plugins_sheet.ppm");
+    run.Run(sheet);
+    EXPECT_TRUE(fs::remove(sheet));
 }
 
 class TwoPlugins : public testing::Test {

@@ -29,6 +29,12 @@ public:
     // `ended` is called whenever an object has been deleted and the clean-up list has run.
     explicit CSinglePlugin(void (*ended)() = [] {}) : fEnded(ended) {}
 
+    // A host that goes without a finish leaves the object to the system: by now what it would use
+    // to end, such as the message queue, may have ended itself.
+    ~CSinglePlugin() { static_cast<void>(fPlugin.release()); }
+    CSinglePlugin(const CSinglePlugin&) = delete;
+    CSinglePlugin& operator=(const CSinglePlugin&) = delete;
+
     // Serves a call: its result is that of `serve`. An exception ends the object and makes it
     // kHostFailed.
     void Dispatch(const Call& call, int16_t& result, int16_t (*serve)(const Call&))
