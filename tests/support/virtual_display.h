@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,10 +18,11 @@ public:
             return;
         fProcess = fork();
         if (fProcess == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGTERM); // however the test ends
             close(ends[0]);
             const std::string descriptor = std::to_string(ends[1]);
             execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "800x600x24",
-                   "-nolisten", "tcp", nullptr);
+                   "-nolisten", "tcp", "-noreset", nullptr);
             _exit(127);
         }
         close(ends[1]);

@@ -313,8 +313,8 @@ std::intptr_t CWindow::OnExitSizeMove(const WindowMessage& message)
 std::intptr_t CWindow::OnFrameDestroyed(const WindowMessage&)
 {
     const CViewHold hold(*this);
-    fOwnerWindow = nullptr;
     ForgetSystemWindow();
+    fOwnerWindow = nullptr;
     CContext::Hide();
     if (hold.IsOver())
         return 0;

@@ -131,6 +131,10 @@ void XcbDisplay::Take(const xcb_generic_event_t& event)
         TakeConfigure(As<xcb_configure_notify_event_t>(event),
                       (event.response_type & kOfManager) != 0);
         break;
+    case XCB_DESTROY_NOTIFY: // of those that go by our own hand we know nothing any more
+        if (const Known* const known = Find(As<xcb_destroy_notify_event_t>(event).window))
+            PostToQueue(known->window->Handle(), kFrameDestroyed);
+        break;
     case XCB_CLIENT_MESSAGE:
         TakeClient(As<xcb_client_message_event_t>(event));
         break;

@@ -1,0 +1,110 @@
+// Windows on a display, which is this test's own, while others do with them what they like: its
+// monitors come and go, and there is no window manager that would heed a hint.
+#include "foundation/base/service.h"
+#include "platform/graphics/monitors.h"
+#include "support/virtual_display.h"
+#include "view/process/desktop.h"
+#include "view/test_pump.h"
+#include "view/window/window_kinds.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace {
+
+using namespace Kesto;
+
+// Another program acts on the display, and has done so when this returns.
+void Do(const std::string& command)
+{
+    EXPECT_EQ(std::system((command + " >/dev/null").c_str()), 0) << command;
+}
+
+class OnDisplay : public testing::Test {
+protected:
+    // The program connects once.
+    static void SetUpTestSuite()
+    {
+        gDisplay = std::make_unique<VirtualDisplay>();
+        ASSERT_TRUE(gDisplay->IsThere()) << "Xvfb is not installed";
+    }
+    static void TearDownTestSuite() { gDisplay.reset(); }
+
+    static CWindowPlan Plan(const char* title, CMessenger* owner = nullptr)
+    {
+        CWindowPlan plan;
+        plan.features = 0x183;
+        plan.size = {200.0, 100.0};
+        plan.title = title;
+        plan.owner = owner;
+        return plan;
+    }
+
+    static void DoTo(const std::string& title, const std::string& act)
+    {
+        Do("xdotool search --name '^" + title + "$' " + act);
+    }
+
+    PumpedProcess process;
+
+private:
+    static inline std::unique_ptr<VirtualDisplay> gDisplay;
+};
+
+TEST_F(OnDisplay, AWindowOpensOnTheMonitorWhereItWasLeft)
+{
+    // The first one has the output, which would else be a monitor of its own.
+    Do("xrandr --setmonitor '*left' 400/100x600/150+0+0 screen");
+    Do("xrandr --setmonitor right 400/100x600/150+400+0 none");
+    ASSERT_EQ(Platform::ListMonitors().size(), 2U);
+    CDocumentWindow window(Plan("Wanderer"));
+    window.Start();
+    process.PumpQuiet();
+    EXPECT_LE(window.GetWindowBounds().right, 400) << "the first one's, to begin with";
+    DoTo("Wanderer", "windowmove 450 120");
+    process.PumpUntil([&] { return window.GetWindowBounds().left == 450; });
+    const PixelRect left = window.GetWindowBounds();
+    window.Stop();
+
+    const auto boundsOfAnother = [&] {
+        CDocumentWindow another(Plan("Follower"));
+        another.SetPlacement(window.GetPlacement());
+        another.Start();
+        process.PumpQuiet();
+        return another.GetWindowBounds();
+    };
+    EXPECT_EQ(boundsOfAnother(), left);
+    Do("xrandr --delmonitor right");
+    ASSERT_EQ(Platform::ListMonitors().size(), 1U);
+    const PixelRect pulled = boundsOfAnother();
+    EXPECT_LE(pulled.right, 400) << "that one has gone";
+    EXPECT_EQ(pulled.right - pulled.left, left.right - left.left);
+}
+
+TEST_F(OnDisplay, WhoHeedsNoHintHarmsNoWindow)
+{
+    CDialog owner(Plan("Owner"));
+    owner.Start();
+    auto dialog = std::make_unique<CDialog>(Plan("Fixed", &owner));
+    dialog->SetModal(true);
+    dialog->Start();
+    process.PumpQuiet();
+    DoTo("Fixed", "windowsize 320 90");
+    process.PumpUntil([&] { return dialog->GetBounds() == Rect{0, 0, 320, 90}; });
+    DoTo("Fixed", "windowunmap windowmap");
+    DoTo("Owner", "windowraise windowfocus");
+    process.PumpUntil([&] { return Platform::FrontmostWindow() == dialog->NativeHandle(); });
+    DoTo("Fixed", "windowclose");
+    process.PumpUntil([&] { return dialog->NativeHandle() == nullptr; });
+    EXPECT_TRUE(dialog->IsDone());
+    dialog.reset();
+    EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
+    EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+    DoTo("Owner", "windowclose");
+    process.PumpUntil([&] { return owner.IsDone(); });
+}
+
+} // namespace
