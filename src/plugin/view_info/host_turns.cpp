@@ -3,6 +3,7 @@
 #include "lumograph/window_requests.h"
 #include "platform/input/message_numbers.h"
 #include "platform/input/message_queue.h"
+#include "platform/system/machine.h"
 #include "plugin/view_info/window_requests.h"
 #include "view/messages/process_event.h"
 #include "view/process/process.h"
@@ -67,8 +68,10 @@ void CHostTurns::Idle()
     else if (event.message == kHostRequestWait)
         SetPeriod(static_cast<double>(event.first) / 1000.0);
     else if (IsInput(event)) {
-        SetPeriod(fHands.seconds);
+        // The hands' own time isn't that of what they do.
+        const std::uint32_t start = Platform::TickCount();
         fHands.deliver(event);
+        SetPeriod(fHands.seconds + (Platform::TickCount() - start) / 1000.0);
     } else
         process->PostEvent(std::make_unique<CRequestEvent>(event));
 }

@@ -1,16 +1,17 @@
 // The scripts of this folder once more, on a display of their own: the windows are looked at from
-// within, but another program moves the mouse and presses the keys.
+// within, but another program moves the mouse and presses the keys. On Windows it does so by way of
+// Wine's display.
 #include "lumograph/window_requests.h"
 #include "plugin/view_info/window_requests.h"
+#include "robot/outside_hands.h"
 #include "robot/play_files.h"
-#include "support/virtual_display.h"
 #include "view/window/window.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -29,50 +30,49 @@ std::string KeyName(std::uint64_t key)
     return {static_cast<char>(key >= 'A' && key <= 'Z' ? key - 'A' + 'a' : key)};
 }
 
-std::string MouseWords(const HostInputEvent& event)
+using Words = std::vector<std::string>;
+
+Words MouseWords(const HostInputEvent& event)
 {
     const Kesto::CWindow* const window = Kesto::FindWindowOf(event.window);
     if (window == nullptr)
-        return "version";
+        return {"version"};
     const Kesto::PixelRect content = window->GetWindowBounds();
     const int x = content.left + static_cast<std::int16_t>(event.second & 0xFFFF);
     const int y = content.top + static_cast<std::int16_t>(event.second >> 16 & 0xFFFF);
-    const std::string move = "mousemove " + std::to_string(x) + ' ' + std::to_string(y);
-    switch (event.message) {
-    case 0x201:
-        return move + " mousedown 1";
-    case 0x202:
-        return move + " mouseup 1";
-    case 0x204:
-        return move + " mousedown 3";
-    case 0x205:
-        return move + " mouseup 3";
-    case 0x20A:
-        return move + (static_cast<std::int16_t>(event.first >> 16) > 0 ? " click 4" : " click 5");
-    default:
-        return move;
-    }
+    const bool isUpward = static_cast<std::int16_t>(event.first >> 16) > 0;
+    static const std::map<std::uint32_t, Words> acts = {{0x201, {"mousedown", "1"}},
+                                                        {0x202, {"mouseup", "1"}},
+                                                        {0x204, {"mousedown", "3"}},
+                                                        {0x205, {"mouseup", "3"}}};
+    Words words = {"mousemove", std::to_string(x), std::to_string(y)};
+    const auto act = acts.find(event.message);
+    if (act != acts.end())
+        words.insert(words.end(), act->second.begin(), act->second.end());
+    if (event.message == 0x20A)
+        words.insert(words.end(), {"click", isUpward ? "4" : "5"});
+    return words;
 }
 
-void DoFromOutside(const HostInputEvent& event)
+Words WordsFor(const HostInputEvent& event)
 {
-    std::string words;
     if (event.message == kHostRequestType)
-        words = "type -- '" + std::string(reinterpret_cast<const char*>(event.second)) + '\'';
-    else if (event.message == 0x100 || event.message == 0x101)
-        words = (event.message == 0x100 ? "keydown " : "keyup ") + KeyName(event.first);
-    else
-        words = MouseWords(event);
-    ASSERT_EQ(std::system(("xdotool " + words).c_str()), 0) << words;
+        return {"type", "--", reinterpret_cast<const char*>(event.second)};
+    if (event.message == 0x100 || event.message == 0x101)
+        return {event.message == 0x100 ? "keydown" : "keyup", KeyName(event.first)};
+    return MouseWords(event);
 }
 
 TEST(PlaysFromOutside, ComeOutAsExpected)
 {
-    VirtualDisplay display;
-    ASSERT_TRUE(display.IsThere()) << "Xvfb is not installed";
+    const OutsideHands hands;
+    ASSERT_TRUE(hands.AreThere()) << "Xvfb or xdotool is not installed";
+    const auto deliver = [&hands](const HostInputEvent& event) {
+        EXPECT_TRUE(hands.Do(WordsFor(event)));
+    };
     for (const std::string& name : PlayNames()) {
         SCOPED_TRACE(name);
-        const Host::PlayOutcome outcome = PlayFile(name, {DoFromOutside, kPatience});
+        const Host::PlayOutcome outcome = PlayFile(name, {deliver, kPatience});
         EXPECT_EQ(outcome.words, "");
         EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
     }
