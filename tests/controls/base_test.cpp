@@ -1,7 +1,10 @@
 // What controls have in common: their mnemonics, and the states that they are drawn in.
 #include "controls/base/drawn_control.h"
+#include "controls/base/label_text.h"
 #include "controls/base/mnemonic.h"
 #include "controls/control_panel.h"
+#include "drawing/ports/system_port.h"
+#include "view/process/ui_scale.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +47,22 @@ TEST(Mnemonics, AreTheLettersAfterTheirMarkSmallOrCapital)
         EXPECT_EQ(isFor(kMessage_SysKeyChar, false), matches);
         EXPECT_FALSE(isFor(kMessage_SysKeyChar, true) || isFor(kMessage_KeyChar, false));
     }
+}
+
+TEST(Labels, FitAtTheScaleThatWindowsOpenWith)
+{
+    constexpr const char* kLabel = "Disabled disclosure";
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        SCOPED_TRACE(scale);
+        SetUiScale(scale);
+        LookUpUsualScale();
+        const double width = MeasureLabel(kLabel, kFont_UI, nullptr);
+        CSystemPort& port = MeasuringPort(nullptr, kFont_UI);
+        port.SetScaleFactor(UsualScale());
+        EXPECT_LE(port.MeasureText(kLabel), width);
+    }
+    SetUiScale(1.0);
+    LookUpUsualScale();
 }
 
 TEST(DrawnControls, LookAsTheyAreUsed)

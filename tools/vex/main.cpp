@@ -13,6 +13,8 @@
 
 #include "drawing/tools/draw_tools.h"
 #include "platform/windows/system_window.h"
+#include "platform/windows/window_place.h"
+#include "view/process/ui_scale.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -176,6 +178,7 @@ std::optional<Kesto::Point> SizeOf(const std::string& text)
 
 Vex::CBuiltLayout Build(const Options& options)
 {
+    Kesto::SetUiScale(options.scale / Platform::ScaleOf(nullptr));
     return {Vex::CSourceText::Load(options.files.front()),
             {SizeOf(options.size), options.scale, false}};
 }
@@ -223,12 +226,18 @@ int ShowWindow(const Options& options)
     Vex::AuthorOptions author;
     author.build = {SizeOf(options.size), options.scale, true};
     author.theme = options.theme;
-    author.read = [](const Vex::CSourceText& source) {
-        for (const Vex::Diagnostic& diagnostic : Vex::CheckLayout(source))
+    bool isTold = false; // what refuses a text is mostly one of its mistakes
+    author.read = [&isTold](const Vex::CSourceText& source) {
+        const auto mistakes = Vex::CheckLayout(source);
+        isTold = !mistakes.empty();
+        for (const Vex::Diagnostic& diagnostic : mistakes)
             Vex::Print(std::cout, source, diagnostic);
         std::cout << std::flush;
     };
-    author.refused = [](const std::string& words) { std::cout << words << '\n' << std::flush; };
+    author.refused = [&isTold](const std::string& words) {
+        if (!isTold)
+            std::cout << words << '\n' << std::flush;
+    };
     Vex::RunAuthorWindow(options.files.front(), author);
     return kExit_Well;
 }

@@ -3,6 +3,7 @@
 #include "drawing/frames/widget_skin.h"
 #include "drawing/ports/image_port.h"
 #include "drawing/tools/draw_tools.h"
+#include "view/process/ui_scale.h"
 #include "view/tree/view.h"
 
 #include <algorithm>
@@ -26,9 +27,12 @@ CSystemPort& MeasuringPort(const CView* view, EFontKind font)
 double WidestAtScales(CSystemPort& port, const std::function<double(const CSystemPort&)>& measure)
 {
     const double scale = port.GetScaleFactor();
-    const double width = measure(port);
-    port.SetScaleFactor(2.0 * scale);
-    const double widest = std::max(width, measure(port));
+    double widest = measure(port);
+    for (const double other : {2.0 * scale, UsualScale()})
+        if (other != scale) {
+            port.SetScaleFactor(other);
+            widest = std::max(widest, measure(port));
+        }
     port.SetScaleFactor(scale);
     return std::ceil(widest);
 }

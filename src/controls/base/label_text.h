@@ -18,8 +18,9 @@ class CView;
 // 1 for null. Valid until the next call.
 CSystemPort& MeasuringPort(const CView* view, EFontKind font);
 
-// Whole units that are enough for what `measure` measures, at the port's scale and at twice that:
-// a window may come to another monitor, and hinting makes widths differ.
+// Whole units that are enough for what `measure` measures, at the port's scale, at twice that and
+// at the usual one of windows: a window may come to another monitor, and hinting and the rounding
+// of fonts to whole pixels make widths differ.
 double WidestAtScales(CSystemPort& port, const std::function<double(const CSystemPort&)>& measure);
 
 // What a label takes, so measured. "&" marks the mnemonic and takes no room.

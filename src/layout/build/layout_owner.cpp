@@ -6,6 +6,7 @@
 #include "layout/placement/rapid_view_scope.h"
 #include "layout/vocabulary/keywords.h"
 #include "platform/system/resources.h"
+#include "view/process/ui_scale.h"
 #include "view/window/window.h"
 
 #include <span>
@@ -104,6 +105,7 @@ CView* LoadLayoutFromText(LayoutOwner& owner, const char* text)
     if (text == nullptr)
         return nullptr;
     CLoadGuard guard(owner);
+    LookUpUsualScale();
     owner.fGenerator = std::make_unique<CVexGenerator>(owner);
     const auto root =
         CRapidViewScope::CreateRootScope(nullptr, owner.fGenerator.get(), nullptr, nullptr, true);

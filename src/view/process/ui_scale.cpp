@@ -1,10 +1,13 @@
 #include "view/process/ui_scale.h"
 
+#include "platform/windows/window_place.h"
+
 namespace Kesto {
 namespace {
 
 UiScaleMode gMode{};
 double gScale = 1.0;
+double gUsualScale = 1.0;
 
 } // namespace
 
@@ -27,6 +30,16 @@ void SetUiScale(double scale)
 double GetUiScale()
 {
     return gScale;
+}
+
+double UsualScale()
+{
+    return gUsualScale;
+}
+
+void LookUpUsualScale()
+{
+    gUsualScale = (gMode != UiScaleMode{1} ? Platform::ScaleOf(nullptr) : 1.0) * gScale;
 }
 
 double FontScale(bool followsUiScale)

@@ -16,6 +16,10 @@ UiScaleMode GetUiScaleMode();
 void SetUiScale(double scale);
 double GetUiScale();
 
+// The scale at which windows usually open, on the main monitor; 1 before it has been looked up.
+double UsualScale();
+void LookUpUsualScale();
+
 // What a font is scaled by on top of all that, so that one that doesn't follow it stays as it is.
 double FontScale(bool followsUiScale);
 
