@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 // Chooses a display number that is free and names it in the environment.
+// A key that a busy machine holds down for long doesn't repeat there (-r).
 class VirtualDisplay {
 public:
     VirtualDisplay()
@@ -22,7 +23,7 @@ public:
             close(ends[0]);
             const std::string descriptor = std::to_string(ends[1]);
             execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "800x600x24",
-                   "-nolisten", "tcp", "-noreset", nullptr);
+                   "-nolisten", "tcp", "-noreset", "-r", nullptr);
             _exit(127);
         }
         close(ends[1]);

@@ -65,6 +65,7 @@ private:
     void Read();
     void Lose();
     void Take(const xcb_generic_event_t& event);
+    void TakeMap(std::uint32_t number, bool isMapped);
     void TakeKey(const xcb_key_press_event_t& event, bool down);
     void TakeButton(const xcb_button_press_event_t& event, bool down);
     void TakeConfigure(const xcb_configure_notify_event_t& event, bool isOfManager);

@@ -117,16 +117,10 @@ void XcbDisplay::Take(const xcb_generic_event_t& event)
         TakeExpose(As<xcb_expose_event_t>(event));
         break;
     case XCB_MAP_NOTIFY:
-    case XCB_UNMAP_NOTIFY: {
-        const auto& map = As<xcb_map_notify_event_t>(event);
-        Known* const known = Find(map.window);
-        if (known == nullptr)
-            break;
-        known->isMapped = (event.response_type & 0x7F) == XCB_MAP_NOTIFY;
-        if (known->isMapped && ActiveLinuxWindow() == known->window) // refused while unmapped
-            Focus(*known->window);
+    case XCB_UNMAP_NOTIFY:
+        TakeMap(As<xcb_map_notify_event_t>(event).window,
+                (event.response_type & 0x7F) == XCB_MAP_NOTIFY);
         break;
-    }
     case XCB_CONFIGURE_NOTIFY:
         TakeConfigure(As<xcb_configure_notify_event_t>(event),
                       (event.response_type & kOfManager) != 0);
@@ -153,6 +147,17 @@ void XcbDisplay::Take(const xcb_generic_event_t& event)
     default:
         break;
     }
+}
+
+// The keyboard is refused to a window that isn't mapped.
+void XcbDisplay::TakeMap(std::uint32_t number, bool isMapped)
+{
+    Known* const known = Find(number);
+    if (known == nullptr)
+        return;
+    known->isMapped = isMapped;
+    if (isMapped && ActiveLinuxWindow() == known->window)
+        Focus(*known->window);
 }
 
 void XcbDisplay::TakeKey(const xcb_key_press_event_t& event, bool down)
