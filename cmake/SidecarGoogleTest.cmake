@@ -8,4 +8,5 @@ add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM
 add_executable(sidecar_test_headers EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/headers_only.cpp)
 target_link_libraries(sidecar_test_headers PRIVATE sidecar_warnings GTest::gmock)
 target_compile_options(sidecar_test_headers PRIVATE ${SIDECAR_QUICK_BUILD})
-target_precompile_headers(sidecar_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+target_include_directories(sidecar_test_headers PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+target_precompile_headers(sidecar_test_headers PRIVATE <support/testing.h>)

@@ -4,11 +4,8 @@
 #include "controls/base/mnemonic.h"
 #include "controls/control_panel.h"
 #include "drawing/ports/system_port.h"
+#include "support/testing.h"
 #include "view/process/ui_scale.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 using namespace Kesto;
 

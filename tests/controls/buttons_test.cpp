@@ -1,14 +1,10 @@
 #include "controls/buttons/button.h"
 #include "controls/buttons/button_looks.h"
 #include "controls/buttons/radio_group.h"
+#include "support/testing.h"
 #include "view/messages/key_codes.h"
 #include "view/messages/message_ids.h"
 #include "view/tree/context.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
 
 using namespace Kesto;
 

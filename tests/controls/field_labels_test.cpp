@@ -6,12 +6,8 @@
 #include "foundation/base/service.h"
 #include "platform/windows/focus.h"
 #include "platform/windows/window_paint.h"
+#include "support/testing.h"
 #include "view/process/desktop.h"
-
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <functional>
 
 namespace {
 

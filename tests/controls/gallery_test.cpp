@@ -7,18 +7,10 @@
 #include "layout/build/layout_owner.h"
 #include "platform/input/injection.h"
 #include "platform/windows/window_paint.h"
+#include "support/testing.h"
 #include "view/test_pump.h"
 #include "view/tree/pane.h"
 #include "view/window/window_kinds.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sstream>
-#include <string>
 
 namespace {
 

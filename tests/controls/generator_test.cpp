@@ -4,12 +4,8 @@
 #include "controls/text/static_text.h"
 #include "layout/build/builder_registry.h"
 #include "layout/build/layout_owner.h"
+#include "support/testing.h"
 #include "view/window/window_kinds.h"
-
-#include <gmock/gmock.h>
-
-#include <set>
-#include <stdexcept>
 
 using namespace Kesto;
 

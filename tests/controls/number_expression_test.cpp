@@ -1,11 +1,7 @@
 #include "controls/fields/number_expression.h"
 
 #include "controls/stack_evaluator.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <random>
+#include "support/testing.h"
 
 using namespace Kesto;
 

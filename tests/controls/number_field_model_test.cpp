@@ -1,11 +1,6 @@
 // The number field against a model of it, over random keys.
 #include "controls/field_window.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-#include <string>
+#include "support/testing.h"
 
 namespace {
 

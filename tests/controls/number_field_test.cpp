@@ -1,11 +1,6 @@
 // The number field in a window, under a user's hands.
 #include "controls/field_window.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <vector>
+#include "support/testing.h"
 
 namespace {
 

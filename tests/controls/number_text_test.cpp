@@ -1,9 +1,5 @@
 #include "controls/fields/number_text.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -2,13 +2,10 @@
 #include "controls/control_panel.h"
 #include "controls/popups/combo_box.h"
 #include "platform/input/injection.h"
+#include "support/testing.h"
 #include "view/messages/key_codes.h"
 #include "view/test_pump.h"
 #include "view/window/window_kinds.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace Kesto;
 

@@ -3,15 +3,9 @@
 #include "controls/registered_classes.h"
 #include "controls/scrolling/scroller.h"
 #include "layout/build/layout_owner.h"
+#include "support/testing.h"
 #include "view/messages/key_codes.h"
 #include "view/test_pump.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <limits>
 
 using namespace Kesto;
 

@@ -4,13 +4,8 @@
 #include "controls/sliders/edit_slider.h"
 #include "controls/sliders/orlen_slider.h"
 #include "controls/sliders/progress_bar.h"
+#include "support/testing.h"
 #include "view/messages/key_codes.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <string>
 
 using namespace Kesto;
 

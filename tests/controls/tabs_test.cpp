@@ -3,9 +3,8 @@
 #include "controls/registered_classes.h"
 #include "controls/tabs/tabbed_pane.h"
 #include "layout/build/layout_owner.h"
+#include "support/testing.h"
 #include "view/messages/key_codes.h"
-
-#include <gtest/gtest.h>
 
 using namespace Kesto;
 

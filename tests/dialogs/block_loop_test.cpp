@@ -1,11 +1,7 @@
 // The block loop of previews against a plain model, and what it makes of hosts that fail or lie.
 #include "dialogs/preview/block_loop.h"
 #include "dialogs/preview_host.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
+#include "support/testing.h"
 
 using namespace Project;
 using Testing::PreviewHost;

@@ -5,14 +5,10 @@
 #include "dialogs/plugin_dialog/stored_placement.h"
 #include "foundation/settings/plugin_settings.h"
 #include "layout/build/layout_owner.h"
+#include "support/testing.h"
 #include "view/messages/message_event.h"
 #include "view/messages/message_ids.h"
 #include "view/process/process.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <optional>
 
 namespace {
 

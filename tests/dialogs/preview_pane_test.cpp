@@ -9,10 +9,9 @@
 #include "dialogs/preview_host.h"
 #include "dialogs/settings/task.h"
 #include "layout/build/layout_owner.h"
+#include "support/testing.h"
 #include "view/test_pump.h"
 #include "view/window/window.h"
-
-#include <gtest/gtest.h>
 
 using namespace Kesto;
 using namespace Project;

@@ -1,10 +1,7 @@
 #include "dialogs/settings/settings_dialog.h"
 #include "dialogs/settings/task.h"
+#include "support/testing.h"
 #include "view/process/process.h"
-
-#include <gtest/gtest.h>
-
-#include <stdexcept>
 
 using namespace Kesto;
 using namespace Project;

@@ -8,13 +8,7 @@
 #include "foundation/streams/block_container.h"
 #include "images/png/png_decoder.h"
 #include "images/png/png_writer.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <fstream>
-#include <functional>
-#include <iterator>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

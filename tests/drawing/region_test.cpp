@@ -1,13 +1,8 @@
 // Regions against a plain model: a small bitmap of what is inside.
 #include "drawing/regions/region.h"
+#include "support/testing.h"
 
-#include <gmock/gmock.h>
-
-#include <array>
 #include <bitset>
-#include <cmath>
-#include <limits>
-#include <random>
 
 namespace {
 

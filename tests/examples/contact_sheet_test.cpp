@@ -1,17 +1,7 @@
 // An export's protocol through its entry: what it asks for, what it writes, and what failures of
 // the host become.
 #include "lumograph/lumograph.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
-#include <string>
-#include <vector>
+#include "support/testing.h"
 
 extern "C" void EntryContactSheet(int16_t selector, void* record, intptr_t* data, int16_t* result);
 

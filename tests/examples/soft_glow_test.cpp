@@ -1,7 +1,6 @@
 // A filter's protocol through its entry: what a run asks for, and what failures of the host become.
 #include "dialogs/preview_host.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 using Testing::PreviewHost;
 

@@ -13,8 +13,6 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
-#include <filesystem>
-
 namespace Testing {
 namespace {
 

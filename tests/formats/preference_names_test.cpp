@@ -1,8 +1,7 @@
 #include "formats/electricimage/preference_names.h"
 
 #include "foundation/localization/localize.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace Project {
 namespace {

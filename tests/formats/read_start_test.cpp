@@ -4,9 +4,6 @@
 #include "support/ei_file.h"
 #include "support/module_test.h"
 
-#include <cmath>
-#include <limits>
-
 namespace Testing {
 namespace {
 

@@ -4,11 +4,7 @@
 
 #include "foundation/test_process.h"
 #include "support/alert_capture.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <memory>
+#include "support/testing.h"
 
 using namespace Kesto;
 

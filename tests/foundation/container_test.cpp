@@ -5,17 +5,9 @@
 #include "foundation/streams/block_container.h"
 #include "foundation/streams/file_container.h"
 #include "foundation/streams/memory_container.h"
+#include "support/testing.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <array>
-#include <cstdint>
 #include <new>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 using namespace Kesto;
 using namespace std::string_view_literals;

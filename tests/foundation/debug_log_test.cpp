@@ -5,13 +5,8 @@
 #include "platform/system/errors.h"
 
 #include "foundation/test_process.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <optional>
 #include <thread>
 
 using namespace Kesto;

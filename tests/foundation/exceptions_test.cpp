@@ -1,9 +1,6 @@
 #include "foundation/errors/exceptions.h"
 #include "platform/system/errors.h"
-
-#include <gmock/gmock.h>
-
-#include <tuple>
+#include "support/testing.h"
 
 using namespace Kesto;
 using testing::AnyOf;

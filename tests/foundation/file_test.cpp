@@ -1,11 +1,7 @@
 #include "foundation/errors/exceptions.h"
 #include "foundation/spec_folder.h"
 #include "foundation/streams/file_port.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdint>
-#include <string>
+#include "support/testing.h"
 
 using namespace Kesto;
 

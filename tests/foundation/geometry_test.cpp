@@ -1,9 +1,5 @@
 #include "foundation/base/geometry.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <utility>
+#include "support/testing.h"
 
 using namespace Kesto;
 

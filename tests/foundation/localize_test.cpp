@@ -4,8 +4,7 @@
 #include "foundation/localization/string_table.h"
 
 #include "foundation/test_process.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -1,9 +1,5 @@
 #include "foundation/base/service.h"
-
-#include <gmock/gmock.h>
-
-#include <string>
-#include <vector>
+#include "support/testing.h"
 
 using namespace Kesto;
 using testing::ElementsAre;

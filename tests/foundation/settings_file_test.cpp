@@ -5,15 +5,9 @@
 #include "foundation/settings/plugin_settings.h"
 #include "foundation/settings/window_state.h"
 #include "foundation/streams/memory_container.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <bit>
-#include <cstdint>
-#include <limits>
-#include <map>
-#include <memory>
-#include <vector>
 
 using namespace Kesto;
 

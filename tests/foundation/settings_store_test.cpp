@@ -8,14 +8,9 @@
 #include "foundation/streams/memory_container.h"
 #include "platform/files/folders.h"
 #include "support/alert_capture.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 #include <chrono>
-#include <functional>
-#include <memory>
-#include <string>
-#include <string_view>
 
 using namespace Kesto;
 using testing::ElementsAre;

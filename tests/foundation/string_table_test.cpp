@@ -3,10 +3,7 @@
 #include "foundation/localization/string_file.h"
 #include "foundation/localization/string_table.h"
 #include "foundation/streams/memory_container.h"
-
-#include <gmock/gmock.h>
-
-#include <map>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -1,6 +1,5 @@
 #include "foundation/base/text_characters.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace {
 

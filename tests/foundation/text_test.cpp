@@ -1,11 +1,8 @@
 #include "foundation/base/text.h"
 #include "foundation/base/unicode.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <thread>
-#include <utility>
-#include <vector>
 
 using namespace Kesto;
 

@@ -1,10 +1,7 @@
 #include "electricimage/colour_table.h"
 #include "failure.h"
 #include "host/test_pictures.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

@@ -3,10 +3,7 @@
 #include "driver/filter_run.h"
 #include "failure.h"
 #include "host/test_pictures.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

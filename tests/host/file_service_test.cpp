@@ -2,11 +2,7 @@
 #include "lumograph/file_service_control.h"
 #include "lumograph/results.h"
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
-
-#include <numeric>
-#include <vector>
+#include "support/testing.h"
 
 namespace {
 

@@ -4,10 +4,7 @@
 #include "host/test_pictures.h"
 #include "support/ei_file.h"
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

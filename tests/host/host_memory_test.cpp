@@ -1,7 +1,6 @@
 #include "driver/host_memory.h"
 #include "lumograph/results.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

@@ -4,9 +4,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <fstream>
-#include <iterator>
-
 namespace Host {
 namespace {
 

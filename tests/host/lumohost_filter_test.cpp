@@ -2,9 +2,6 @@
 #include "host/program.h"
 #include "host/test_pictures.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace Host {
 namespace {
 

@@ -5,10 +5,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <cstdlib>
-#include <map>
-#include <sstream>
-
 namespace Host {
 namespace {
 

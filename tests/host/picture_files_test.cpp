@@ -1,8 +1,7 @@
 #include "failure.h"
 #include "host/test_pictures.h"
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

@@ -1,8 +1,5 @@
 #include "host/program.h"
 
-#include <cstdlib>
-#include <sstream>
-
 namespace {
 
 constexpr bool kIsWindows = std::filesystem::path::preferred_separator == '\\';

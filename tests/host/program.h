@@ -2,12 +2,7 @@
 #pragma once
 
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <vector>
+#include "support/testing.h"
 
 // A path as an argument.
 std::string Argument(const std::filesystem::path& path);

@@ -1,10 +1,6 @@
 #include "driver/property_list.h"
 #include "failure.h"
-
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

@@ -1,10 +1,7 @@
 #include "driver/row_exchange.h"
 #include "failure.h"
 #include "host/test_pictures.h"
-
-#include <gtest/gtest.h>
-
-#include <numeric>
+#include "support/testing.h"
 
 namespace Host {
 namespace {

@@ -4,8 +4,8 @@
 #include "suites/descriptors.h"
 #include "suites/string_ids.h"
 #include "suites/ui_hooks.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace Host {

@@ -1,8 +1,7 @@
 // What expressions and statements amount to.
 #include "layout/language/expression_scope.h"
 #include "layout/recording_generator.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 using namespace Kesto;
 

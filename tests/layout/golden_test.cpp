@@ -1,17 +1,12 @@
 // Where the views of whole layouts come to lie, ours and odd ones, held against files in golden/.
 // golden/make writes them anew; the numbers of the odd ones were checked by hand against the rules.
 // Those have no texts, so that they are the same on every system; what texts measure is its fonts'.
+#include "support/testing.h"
 #include "vex/place.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <optional>
 #include <regex>
-#include <sstream>
 
 namespace {
 

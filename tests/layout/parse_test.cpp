@@ -1,11 +1,6 @@
 // Whole layout texts.
 #include "layout/recording_generator.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
+#include "support/testing.h"
 
 using namespace Kesto;
 using testing::ElementsAre;

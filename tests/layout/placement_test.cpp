@@ -3,10 +3,7 @@
 #include "layout/placement/placement.h"
 #include "layout/placement_model.h"
 #include "layout/recording_generator.h"
-
-#include <gtest/gtest.h>
-
-#include <random>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -1,8 +1,7 @@
 // What a view's keys become in its layout scope and its proxy.
 #include "layout/placement/view_proxy.h"
 #include "layout/recording_generator.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -1,14 +1,7 @@
 // Random expressions, written down while they are computed in 64 bits.
 #include "layout/language/expression_scope.h"
 #include "layout/recording_generator.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <map>
-#include <optional>
-#include <random>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -4,11 +4,7 @@
 #include "layout/recording_generator.h"
 #include "layout/vocabulary/enumerations.h"
 #include "layout/vocabulary/keywords.h"
-
-#include <gmock/gmock.h>
-
-#include <set>
-#include <stdexcept>
+#include "support/testing.h"
 
 using namespace Kesto;
 

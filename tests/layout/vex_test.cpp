@@ -1,4 +1,5 @@
 // The checker, the formatter, the dump, the places and the tables of keys.
+#include "support/testing.h"
 #include "vex/check.h"
 #include "vex/describe.h"
 #include "vex/dump.h"
@@ -6,13 +7,7 @@
 #include "vex/keys.h"
 #include "vex/place.h"
 
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
-
-#include <array>
-#include <fstream>
-#include <iterator>
-#include <sstream>
 
 using namespace Vex;
 

@@ -3,10 +3,7 @@
 #include "lumograph/lumograph.h"
 #include "module_library.h"
 
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
-
-#include <set>
 
 using Json = nlohmann::json;
 
@@ -20,6 +17,7 @@ TEST(BuiltModule, RefusesWhatNeedsAnObjectOfAProjectWithoutAClass)
     } entries[] = {
 #define SIDECAR_ENTRY(index, entry, group) {#entry, group},
 #include "module/entries.inc"
+#include "support/testing.h"
 #undef SIDECAR_ENTRY
     };
     const Host::ModuleLibrary module(SIDECAR_MODULE);

@@ -3,10 +3,7 @@
 
 #include "foundation/errors/exceptions.h"
 #include "pixels/pixmaps/pixmap_port.h"
-
-#include <gmock/gmock.h>
-
-#include <optional>
+#include "support/testing.h"
 
 namespace {
 

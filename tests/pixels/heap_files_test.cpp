@@ -3,8 +3,7 @@
 #include "pixels/lying_disk.h"
 #include "pixels/tiles/virtual_heap.h"
 #include "platform/system/process.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 #include <cstdio>
 

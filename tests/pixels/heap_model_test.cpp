@@ -3,13 +3,7 @@
 #include "foundation/errors/exceptions.h"
 #include "pixels/lying_disk.h"
 #include "pixels/tiles/virtual_tile_array.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <optional>
-#include <random>
+#include "support/testing.h"
 
 namespace {
 

@@ -2,14 +2,7 @@
 #include "foundation/errors/exceptions.h"
 #include "pixels/lying_disk.h"
 #include "pixels/tiles/virtual_pixmap.h"
-
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <array>
-#include <cstring>
-#include <map>
-#include <stdexcept>
+#include "support/testing.h"
 
 namespace {
 

@@ -1,13 +1,8 @@
 // The arithmetic of contiguous pixmaps and their views.
 #include "pixels/pixmaps/memory_pixmap.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstring>
 #include <new>
-#include <stdexcept>
-#include <string>
 
 namespace {
 

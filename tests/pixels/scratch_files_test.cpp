@@ -4,8 +4,7 @@
 #include "foundation/spec_folder.h"
 #include "pixels/tiles/virtual_heap.h"
 #include "platform/system/process.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace {
 

@@ -1,11 +1,6 @@
 // The arithmetic of tiles, over the real disk.
 #include "pixels/tiles/virtual_pixmap.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <span>
-#include <stdexcept>
+#include "support/testing.h"
 
 namespace {
 

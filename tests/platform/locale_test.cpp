@@ -1,8 +1,5 @@
 #include "platform/system/locale.h"
-
-#include <gtest/gtest.h>
-
-#include <utility>
+#include "support/testing.h"
 
 TEST(LanguageName, TakesLanguageAndRegionOfASystemsName)
 {

@@ -1,6 +1,5 @@
 #include "platform/system/resources.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 using namespace Platform;
 

@@ -1,9 +1,6 @@
 #include "platform/files/folders.h"
 #include "platform/files/volumes.h"
-
-#include <gmock/gmock.h>
-
-#include <filesystem>
+#include "support/testing.h"
 
 using namespace Platform;
 

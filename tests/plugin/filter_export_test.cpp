@@ -10,8 +10,6 @@
 #include "plugin/filter/filter.h"
 #include "plugin/filter/filter_dispatch.h"
 
-#include <cstring>
-
 using namespace Testing;
 
 namespace {

@@ -7,9 +7,6 @@
 #include "plugin/format/format_selectors.h"
 #include "plugin/frame/lumograph_error.h"
 
-#include <functional>
-#include <stdexcept>
-
 using namespace Testing;
 
 namespace {

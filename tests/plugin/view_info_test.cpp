@@ -9,14 +9,11 @@
 #include "suites/descriptors.h"
 #include "suites/string_ids.h"
 #include "suites/ui_hooks.h"
+#include "support/testing.h"
 #include "view/process/desktop.h"
 #include "view/window/window_kinds.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include <map>
-#include <string_view>
 
 using namespace Kesto;
 using Json = nlohmann::ordered_json;

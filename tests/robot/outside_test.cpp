@@ -5,13 +5,8 @@
 #include "plugin/view_info/window_requests.h"
 #include "robot/outside_hands.h"
 #include "robot/play_files.h"
+#include "support/testing.h"
 #include "view/window/window.h"
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -1,13 +1,7 @@
 // Scripts played on the windows of layouts: each .play of this folder on the layout that its first
 // line names, and what comes of scripts that can't be played to their end.
 #include "robot/play_files.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "support/testing.h"
 
 namespace {
 

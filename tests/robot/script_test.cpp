@@ -1,9 +1,6 @@
 // Robot scripts as they are read: what the lines mean, and what is said to mistakes in them.
 #include "robot/script.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/testing.h"
 
 namespace {
 

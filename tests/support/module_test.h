@@ -4,9 +4,7 @@
 
 #include "support/alert_capture.h"
 #include "support/scriptable_host.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace Testing {
 

@@ -4,15 +4,10 @@
 #include "platform/input/injection.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/system_window.h"
+#include "support/testing.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
 #include "view/window/window_kinds.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace {
 

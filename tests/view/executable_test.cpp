@@ -1,16 +1,9 @@
 // What runs: how starts, stops and requests to be done go through the tree.
 #include "view/test_pump.h"
 
+#include "support/testing.h"
 #include "view/input/gesture.h"
 #include "view/process/executable.h"
-
-#include <gmock/gmock.h>
-
-#include <functional>
-#include <stdexcept>
-#include <string>
-#include <tuple>
-#include <utility>
 
 namespace {
 

@@ -1,10 +1,5 @@
+#include "support/testing.h"
 #include "view/test_messengers.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <utility>
 
 using namespace Kesto;
 

@@ -1,13 +1,8 @@
+#include "support/testing.h"
 #include "view/messages/message_event.h"
 #include "view/messages/message_ids.h"
 #include "view/messages/message_recorder.h"
 #include "view/test_messengers.h"
-
-#include <gmock/gmock.h>
-
-#include <memory>
-#include <stdexcept>
-#include <vector>
 
 using namespace Kesto;
 using Routing = CMessageEvent::Routing;

@@ -15,12 +15,8 @@
 #include "foundation/base/service.h"
 #include "foundation/errors/debug_report.h"
 #include "foundation/errors/exceptions.h"
+#include "support/testing.h"
 
-#include <gmock/gmock.h>
-
-#include <array>
-#include <stdexcept>
-#include <string>
 #include <thread>
 
 namespace {

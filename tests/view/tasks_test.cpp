@@ -1,10 +1,5 @@
+#include "support/testing.h"
 #include "view/tasks/task_stack.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <stdexcept>
-#include <string>
 
 using namespace Kesto;
 

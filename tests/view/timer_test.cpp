@@ -2,13 +2,10 @@
 #include "view/test_pump.h"
 #include "view/test_window.h"
 
+#include "support/testing.h"
 #include "view/messages/messenger.h"
 #include "view/process/idler.h"
 #include "view/process/timer.h"
-
-#include <gmock/gmock.h>
-
-#include <array>
 
 namespace {
 

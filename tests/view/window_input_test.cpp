@@ -5,19 +5,13 @@
 #include "foundation/errors/exceptions.h"
 #include "platform/input/injection.h"
 #include "platform/windows/window_paint.h"
+#include "support/testing.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
 #include "view/tree/pane.h"
 #include "view/window/window_button.h"
 #include "view/window/window_kinds.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace {
 

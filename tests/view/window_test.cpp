@@ -5,6 +5,7 @@
 #include "platform/input/message_numbers.h"
 #include "platform/windows/window_paint.h"
 #include "platform/windows/window_place.h"
+#include "support/testing.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/process/ui_scale.h"
@@ -14,13 +15,6 @@
 #include "view/window/size_box.h"
 #include "view/window/window_button.h"
 #include "view/window/window_kinds.h"
-
-#include <gmock/gmock.h>
-
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
 
 namespace {
 

@@ -2,8 +2,7 @@
 #include "drawing/frames/border.h"
 #include "drawing/frames/widget_skin.h"
 #include "drawing/ports/test_image.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -5,14 +5,9 @@
 #include "drawing/ports/window_port.h"
 #include "images/pictures/dual_picture.h"
 #include "platform/graphics/fonts.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <functional>
-#include <memory>
 #include <new>
-#include <string>
 
 namespace {
 

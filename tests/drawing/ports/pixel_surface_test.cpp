@@ -1,12 +1,7 @@
 // The loops over pixels: rows of every width and place, and means against the plain formula.
 #include "drawing/ports/pixel_average.h"
 #include "drawing/ports/pixel_surface.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
-#include <vector>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

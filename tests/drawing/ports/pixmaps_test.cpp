@@ -1,12 +1,7 @@
 // Pixmaps, pictures and scrolling on ports.
 #include "drawing/ports/picture_choice.h"
 #include "drawing/ports/test_image.h"
-
-#include <gmock/gmock.h>
-
-#include <array>
-#include <memory>
-#include <vector>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

@@ -4,11 +4,7 @@
 #include "drawing/ports/test_image.h"
 #include "drawing/ports/window_port.h"
 #include "drawing/ports/wrapper_port.h"
-
-#include <gmock/gmock.h>
-
-#include <cmath>
-#include <limits>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

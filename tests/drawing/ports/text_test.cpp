@@ -2,8 +2,7 @@
 #include "drawing/ports/desktop_port.h"
 #include "drawing/ports/test_image.h"
 #include "drawing/ports/text_rows.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

@@ -1,10 +1,6 @@
 // Whether everything can be read on its grounds, in all themes.
 #include "drawing/tools/colour_table.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -2,8 +2,7 @@
 
 #include "drawing/tools/font_table.h"
 #include "platform/graphics/system_colours.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 using namespace Kesto;
 

@@ -5,15 +5,10 @@
 #include "foundation/spec_folder.h"
 #include "foundation/streams/file_port.h"
 #include "foundation/streams/memory_container.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
-#include <span>
-#include <string>
-#include <vector>
 
 #include <sys/resource.h>
 #include <unistd.h>

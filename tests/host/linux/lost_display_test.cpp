@@ -2,9 +2,6 @@
 #include "host/program.h"
 #include "support/virtual_display.h"
 
-#include <gmock/gmock.h>
-
-#include <cstdlib>
 #include <future>
 
 namespace {

@@ -5,10 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include <cstdlib>
-#include <fstream>
 #include <future>
-#include <iterator>
 
 namespace {
 

@@ -2,16 +2,9 @@
 // apart can be.
 #include "images/icons/resource_data_provider.h"
 #include "images/pictures/picture_states.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
 #include <initializer_list>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace Kesto {
 namespace {

@@ -1,12 +1,5 @@
 #include "images/icons/resource_data_provider.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstring>
-#include <map>
-#include <stdexcept>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

@@ -2,11 +2,7 @@
 #include "images/icons/resource_data_provider.h"
 #include "images/pictures/dual_picture.h"
 #include "images/pictures/picture_states.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <vector>
+#include "support/testing.h"
 
 namespace Kesto {
 namespace {

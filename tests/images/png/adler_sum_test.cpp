@@ -1,14 +1,8 @@
 // The checksum of inflated data, against zlib's.
 #include "images/png/adler_sum.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
 #include <zlib.h>
-
-#include <algorithm>
-#include <cstdint>
-#include <random>
-#include <span>
-#include <vector>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Another decoder finds the same samples in the same files.
 #include "images/png/decoding.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
 #include <png.h>
 
 using namespace TestPNG;

@@ -1,10 +1,7 @@
 // Bad files: each ends in its message, and none in more memory than it could fill.
 #include "foundation/errors/exceptions.h"
 #include "images/png/decoding.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/testing.h"
 
 using namespace Kesto;
 using namespace TestPNG;

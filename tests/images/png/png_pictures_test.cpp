@@ -1,9 +1,6 @@
 // Good files: every one gives the pixels that were written.
 #include "images/png/decoding.h"
-
-#include <gtest/gtest.h>
-
-#include <stdexcept>
+#include "support/testing.h"
 
 using namespace Kesto;
 using namespace TestPNG;

@@ -1,11 +1,7 @@
 // The fast ways to undo filters against the plain one.
 #include "images/png/unfilter.h"
 #include "pixels/kernels/cpu.h"
-
-#include <gtest/gtest.h>
-
-#include <random>
-#include <vector>
+#include "support/testing.h"
 
 namespace Kernels = Kesto::Kernels;
 

@@ -10,11 +10,7 @@
 #include "pixels/kernels/pictures.h"
 #include "pixels/kernels/plain/colour.h"
 #include "pixels/kernels/transfer.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <numeric>
+#include "support/testing.h"
 
 using namespace Kesto;
 using namespace Kesto::Kernels;

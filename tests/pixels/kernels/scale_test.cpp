@@ -1,8 +1,7 @@
 // Scaling of planes: the fast rows give the plain rows' bytes, and the arithmetic is the documented
 // one.
 #include "pixels/kernels/scaled.h"
-
-#include <gmock/gmock.h>
+#include "support/testing.h"
 
 using namespace Kesto;
 using namespace Kesto::Kernels;

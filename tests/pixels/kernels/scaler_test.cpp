@@ -5,12 +5,7 @@
 #include "pixels/operations/pixmap_scaler.h"
 #include "pixels/tiles/virtual_heap.h"
 #include "pixels/tiles/virtual_pixmap.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstdint>
-#include <stdexcept>
+#include "support/testing.h"
 
 using namespace Kesto;
 using namespace Kesto::Testing;

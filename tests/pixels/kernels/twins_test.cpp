@@ -12,10 +12,7 @@
 #include "pixels/kernels/scale.h"
 #include "pixels/kernels/transfer.h"
 #include "pixels/kernels/view_access.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
+#include "support/testing.h"
 
 using namespace Kesto;
 using namespace Kesto::Kernels;

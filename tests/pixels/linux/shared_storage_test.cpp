@@ -6,12 +6,9 @@
 #include "pixels/pixmaps/display_view.h"
 #include "pixels/pixmaps/memory_pixmap.h"
 #include "pixels/tiles/virtual_file.h"
+#include "support/testing.h"
 
 #include <cairo.h>
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <memory>
 
 #include <sys/stat.h>
 

@@ -2,13 +2,9 @@
 
 #include "platform/graphics/blend.h"
 #include "platform/graphics/sheet.h"
+#include "support/testing.h"
 
-#include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
-#include <limits>
 #include <numbers>
-#include <random>
 
 namespace {
 

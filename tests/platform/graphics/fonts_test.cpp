@@ -2,10 +2,7 @@
 
 #include "platform/graphics/canvas.h"
 #include "platform/graphics/sheet.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <string>
+#include "support/testing.h"
 
 namespace {
 

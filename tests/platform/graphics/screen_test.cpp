@@ -1,9 +1,7 @@
 #include "platform/graphics/cursors.h"
 #include "platform/graphics/monitors.h"
 #include "platform/graphics/system_colours.h"
-
-#include <gtest/gtest.h>
-#include <vector>
+#include "support/testing.h"
 
 namespace {
 

@@ -4,11 +4,7 @@
 #include "platform/input/injection.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/edit_control.h"
-
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <sstream>
+#include "support/testing.h"
 
 namespace {
 

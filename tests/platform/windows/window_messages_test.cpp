@@ -1,10 +1,6 @@
 // The messages of native windows and their order, which are the same on every system.
 #include "platform/windows/window_log.h"
-
-#include <gmock/gmock.h>
-
-#include <memory>
-#include <stdexcept>
+#include "support/testing.h"
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include "platform/input/linux/input.h"
 #include "platform/input/message_numbers.h"
+#include "support/testing.h"
 #include "view/test_messengers.h"
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 

@@ -6,10 +6,7 @@
 #include "platform/input/pointer.h"
 #include "platform/input/system_timer.h"
 #include "platform/system/machine.h"
-
-#include <gmock/gmock.h>
-
-#include <vector>
+#include "support/testing.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -5,15 +5,11 @@
 #include "foundation/base/service.h"
 #include "platform/input/keyboard.h"
 #include "platform/input/linux/input.h"
+#include "support/testing.h"
 #include "view/input/mouse_history.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/process/tracker.h"
-
-#include <gmock/gmock.h>
-
-#include <limits>
-#include <string>
 
 namespace {
 

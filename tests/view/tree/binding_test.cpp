@@ -1,8 +1,5 @@
 #include "view/tree/test_views.h"
 
-#include <cmath>
-#include <random>
-
 using namespace Kesto;
 
 namespace {

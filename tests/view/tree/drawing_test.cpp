@@ -2,8 +2,6 @@
 
 #include "view/tree/draw_buffer.h"
 
-#include <algorithm>
-
 using namespace Kesto;
 
 namespace {

@@ -3,9 +3,6 @@
 #include "view/tree/view_depth.h"
 #include "view/tree/view_hold.h"
 
-#include <set>
-#include <stdexcept>
-
 using namespace Kesto;
 
 namespace {

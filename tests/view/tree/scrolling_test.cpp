@@ -1,9 +1,5 @@
 #include "view/tree/test_views.h"
 
-#include <cmath>
-#include <tuple>
-#include <vector>
-
 using namespace Kesto;
 
 namespace {

@@ -1,16 +1,10 @@
 // A tree for tests: an off-screen root, and panes that write down what they are told.
 #pragma once
 
+#include "support/testing.h"
 #include "view/messages/message_ids.h"
 #include "view/tree/context.h"
 #include "view/tree/pane.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <string>
-#include <utility>
 
 class Tree;
 

@@ -1,12 +1,10 @@
 // What goes on while a loop that isn't ours pumps the thread's messages.
 #include "platform/input/system_timer.h"
+#include "support/testing.h"
 #include "view/process/timer.h"
 #include "view/test_pump.h"
 
-#include <gtest/gtest.h>
 #include <windows.h>
-
-#include <functional>
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "platform/graphics/linux/monitors.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 namespace {
 

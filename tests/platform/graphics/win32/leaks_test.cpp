@@ -3,10 +3,8 @@
 #include "platform/graphics/canvas.h"
 #include "platform/graphics/cursors.h"
 #include "platform/graphics/win32/gdi_objects.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 #include <windows.h>
 
 namespace {

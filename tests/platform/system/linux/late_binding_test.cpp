@@ -1,11 +1,8 @@
 // Functions of libraries that are loaded at their first call.
 #include "platform/system/linux/caller.h"
+#include "support/testing.h"
 
 #include <dlfcn.h>
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-#include <string>
 
 namespace {
 

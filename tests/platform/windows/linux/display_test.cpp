@@ -6,13 +6,9 @@
 #include "platform/windows/clipboard.h"
 #include "platform/windows/edit_control.h"
 #include "platform/windows/focus.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <chrono>
-#include <cstdlib>
-#include <fstream>
-#include <string>
 #include <unistd.h>
 
 namespace {
