@@ -1,51 +1,13 @@
 #include "controls/buttons/button.h"
 #include "controls/buttons/button_looks.h"
 #include "controls/buttons/radio_group.h"
+#include "controls/control_panel.h"
 #include "support/testing.h"
 #include "view/messages/key_codes.h"
-#include "view/messages/message_ids.h"
-#include "view/tree/context.h"
 
 using namespace Kesto;
 
 namespace {
-
-// A window's worth of buttons, and what they send.
-class Panel : public CContext {
-public:
-    Panel() : CContext({300.0, 200.0}, CObjID("panel"), kView_Target) { SetActive(true); }
-
-    bool HandleCommand(CCommandMessage& message) override
-    {
-        log += " command:" + std::string(message.fID.Name());
-        return true;
-    }
-    bool HandleValue(CValueMessage& message) override
-    {
-        auto* const value = dynamic_cast<CValMsg<EButtonValue>*>(&message);
-        log += " value:" + std::to_string(value->fOldValue) + ">" + std::to_string(value->fValue) +
-               "/" + std::to_string(value->fPhase);
-        return true;
-    }
-
-    std::string Take()
-    {
-        const std::string text = std::exchange(log, {});
-        return text.empty() ? text : text.substr(1);
-    }
-
-    void Mouse(CObjID id, double x, double y)
-    {
-        CMouseEvent event;
-        event.fID = id;
-        event.fButton = id == kMessage_MouseMoved ? CObjID() : kMouseButton_Primary;
-        event.fPortPoint = {x, y};
-        event.fTime = 1.0;
-        DispatchMouse(event);
-    }
-
-    std::string log;
-};
 
 class Buttons : public testing::Test {
 protected:
@@ -58,11 +20,7 @@ protected:
             frame, CObjID(id), options, kBind_Fixed, kind, "Label", false, std::move(graphic)));
     }
 
-    void Press(double x, double y) { panel.Mouse(kMessage_MouseDown, x, y); }
-    void Move(double x, double y) { panel.Mouse(kMessage_MouseMoved, x, y); }
-    void Release(double x, double y) { panel.Mouse(kMessage_MouseUp, x, y); }
-
-    Panel panel;
+    ControlPanel panel;
 };
 
 TEST_F(Buttons, ClickWhenPressAndReleaseAreBothOverThem)
@@ -74,19 +32,19 @@ TEST_F(Buttons, ClickWhenPressAndReleaseAreBothOverThem)
         EButtonState whileDown;
         const char* sent;
     } rows[] = {
-        {"a click", {20, 20}, {21, 21}, {21, 21}, EButtonState::kPress, "command:ok"},
-        {"away and back", {20, 20}, {200, 150}, {30, 30}, EButtonState::kRollover, "command:ok"},
+        {"a click", {20, 20}, {21, 21}, {21, 21}, EButtonState::kPress, "ok"},
+        {"away and back", {20, 20}, {200, 150}, {30, 30}, EButtonState::kRollover, "ok"},
         {"released outside", {20, 20}, {200, 150}, {200, 150}, EButtonState::kRollover, ""},
         {"released below its edge", {20, 20}, {20, 33}, {20, 34}, EButtonState::kPress, ""},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        Move(row.press.x, row.press.y);
-        Press(row.press.x, row.press.y);
+        panel.Move(row.press.x, row.press.y);
+        panel.Press(row.press.x, row.press.y);
         EXPECT_EQ(button.GetDrawState(), EButtonState::kPress);
-        Move(row.move.x, row.move.y);
+        panel.Move(row.move.x, row.move.y);
         EXPECT_EQ(button.GetDrawState(), row.whileDown);
-        Release(row.release.x, row.release.y);
+        panel.Release(row.release.x, row.release.y);
         EXPECT_NE(button.GetDrawState(), EButtonState::kPress);
         EXPECT_EQ(panel.Take(), row.sent);
     }
@@ -102,10 +60,12 @@ TEST_F(Buttons, TheKindDecidesWhatAClickDoes)
     check.Clicked(0, 0);
     check.Clicked(0, 0);
     check.Clicked(0, 0);
-    EXPECT_EQ(panel.Take(), "value:2>1/2 value:1>0/2 value:0>1/2");
+    EXPECT_EQ(
+        panel.Take(),
+        "check phase=2 value=1 was=2; check phase=2 value=0 was=1; check phase=2 value=1 was=0");
     first.Clicked(0, 0);
     second.Clicked(0, 0);
-    EXPECT_EQ(panel.Take(), "command:first command:second");
+    EXPECT_EQ(panel.Take(), "first; second");
     EXPECT_EQ(first.GetValue(), kOff);
     EXPECT_EQ(second.GetValue(), kOn);
     EXPECT_EQ(check.GetValue(), kOn) << "not of the group";
@@ -117,7 +77,7 @@ TEST_F(Buttons, FlashOnlyWhenTheyCanBeClicked)
 {
     CButton& button = Add("ok", {10, 10, 110, 34}, kPushButton);
     EXPECT_TRUE(button.Flash());
-    EXPECT_EQ(panel.Take(), "command:ok");
+    EXPECT_EQ(panel.Take(), "ok");
     EXPECT_EQ(button.GetDrawState(), EButtonState::kNormal) << "released again";
     button.Disable();
     EXPECT_FALSE(button.Flash());
@@ -138,18 +98,13 @@ TEST_F(Buttons, AreChosenByTheKeyboard)
         Add("third", {0, 60, 100, 80}, kRadioButton, kButtonStyle_Radio, kView_TabStop);
     third.Disable();
     ASSERT_TRUE(first.BecomeBullseye(false));
-    const auto press = [](CButton& button, std::uint32_t key) {
-        CKeyboardMessage message(&button, kMessage_KeyDown, key, 0);
-        message.fModifiers = 0;
-        return button.SendKey(message);
-    };
-    EXPECT_TRUE(press(first, kKeyCode_Down));
+    EXPECT_TRUE(panel.Key(first, kKeyCode_Down));
     EXPECT_TRUE(second.IsBullseye());
-    EXPECT_TRUE(press(second, kKeyCode_Down)) << "over the disabled one, round the end";
+    EXPECT_TRUE(panel.Key(second, kKeyCode_Down)) << "over the disabled one, round the end";
     EXPECT_TRUE(first.IsBullseye());
     EXPECT_EQ(first.GetValue(), kOn);
-    EXPECT_TRUE(press(first, kKeyCode_Space));
-    EXPECT_EQ(panel.Take(), "command:second command:first command:first");
+    EXPECT_TRUE(panel.Key(first, kKeyCode_Space));
+    EXPECT_EQ(panel.Take(), "second; first; first");
 }
 
 TEST(ButtonState, FollowsWindowUseAndMouse)

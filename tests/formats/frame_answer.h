@@ -2,7 +2,6 @@
 #pragma once
 
 #include "formats/electricimage/choose_frame.h"
-#include "foundation/settings/plugin_settings.h"
 #include "plugin/frame/plugin_dialog.h"
 
 #include <optional>
@@ -25,20 +24,11 @@ public:
     uint32_t offered = 0; // the frame that the dialog began with
     uint32_t range = 0;   // and how many there were
 
-    double opensAt = 0;              // where the window was put
-    std::optional<double> movesTo{}; // and where the user left it
-
 private:
     class Dialog : public Kesto::CPluginDialog {
     public:
-        void TakeState(const Kesto::PluginSettings& settings) override
-        {
-            gAnswer->opensAt = settings.window.positionX;
-        }
-        void StoreState(Kesto::PluginSettings& settings) override
-        {
-            settings.window.positionX = gAnswer->movesTo.value_or(settings.window.positionX);
-        }
+        void TakeState(const Kesto::PluginSettings&) override {}
+        void StoreState(Kesto::PluginSettings&) override {}
         bool RunModal() override
         {
             ++gAnswer->asked;

@@ -78,6 +78,28 @@ TEST_F(FrameDialog, ShowsHowManyFramesThereAreAndOffersTheFirst)
     }
 }
 
+// Enters a number, and goes on.
+DialogPerson::Deed Enter(const char* number, DialogPerson::Deed next)
+{
+    return [number, next](CWindow& window) {
+        At<CEditNumber>(window, kNumber).SetText(number);
+        return next(window);
+    };
+}
+bool PressOK(CWindow& window)
+{
+    return Click(window, kOK);
+}
+bool PressCancel(CWindow& window)
+{
+    return Click(window, kCancel);
+}
+bool PressCloseBox(CWindow& window)
+{
+    window.DoClose();
+    return true;
+}
+
 TEST_F(FrameDialog, EndsAsThePersonSays)
 {
     const struct {
@@ -86,32 +108,12 @@ TEST_F(FrameDialog, EndsAsThePersonSays)
         int frame; // 0: cancelled
     } rows[] = {
         {"Return at once", DialogPerson::PressReturn, 1},
-        {"a number and OK",
-         [](CWindow& window) {
-             At<CEditNumber>(window, kNumber).SetText("3");
-             return Click(window, kOK);
-         },
-         3},
-        {"a sum and Return",
-         [](CWindow& window) {
-             At<CEditNumber>(window, kNumber).SetText("2+2");
-             return DialogPerson::PressReturn(window);
-         },
-         4},
+        {"a number and OK", Enter("3", PressOK), 3},
+        {"a sum and Return", Enter("2+2", DialogPerson::PressReturn), 4},
         {"Escape", DialogPerson::PressEscape, 0},
-        {"Cancel", [](CWindow& window) { return Click(window, kCancel); }, 0},
-        {"Cancel with a number that is none",
-         [](CWindow& window) {
-             At<CEditNumber>(window, kNumber).SetText("77");
-             return Click(window, kCancel);
-         },
-         0},
-        {"the close box",
-         [](CWindow& window) {
-             window.DoClose();
-             return true;
-         },
-         0},
+        {"Cancel", PressCancel, 0},
+        {"Cancel with a number that is none", Enter("77", PressCancel), 0},
+        {"the close box", PressCloseBox, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.words);
@@ -132,13 +134,10 @@ TEST_F(FrameDialog, KeepsOpenOnANumberOutOfRangeAndSaysSo)
         AlertCapture said;
         int turn = 0;
         const DialogPerson person([&](CWindow& window) {
-            if (turn++ == 0) {
-                At<CEditNumber>(window, kNumber).SetText(number);
-                Click(window, kOK);
-                return false;
-            }
+            if (turn++ == 0)
+                return !Enter(number, PressOK)(window);
             EXPECT_EQ(said.texts.size(), 1U) << "it was told, and is still up";
-            return Click(window, kCancel);
+            return PressCancel(window);
         });
         EXPECT_EQ(each.Open(Frames(5)), kCancelled);
         ASSERT_EQ(said.texts.size(), 1U);
@@ -167,6 +166,10 @@ TEST_F(FrameDialog, IsNotShownWithoutNeed)
         EXPECT_EQ(person.windows, 0);
     }
     EXPECT_FALSE(std::filesystem::exists(store.File()));
+    host.record.playbackBlock = nullptr; // which could say that it is silent
+    const DialogPerson person(DialogPerson::PressReturn);
+    EXPECT_EQ(host.Open(Frames(3)), Outcome{});
+    EXPECT_EQ(person.windows, 1);
 }
 
 TEST_F(FrameDialog, OpensWhereItWasLeftButAtFrameOne)

@@ -19,6 +19,17 @@ EIFrame Frame(const char* layout, int width, int height, Bytes pixels, uint8_t p
             .pixels = std::move(pixels)};
 }
 
+// Two hexadecimal digits a byte, with blanks anywhere between bytes.
+Bytes Hex(std::string_view text)
+{
+    Bytes bytes;
+    for (size_t at = 0; at < text.size(); at += text[at] == ' ' ? 1 : 2)
+        if (text[at] != ' ')
+            bytes.push_back(
+                static_cast<uint8_t>(std::stoi(std::string(text.substr(at, 2)), nullptr, 16)));
+    return bytes;
+}
+
 class ReadPixels : public ModuleTest {
 protected:
     // The samples that the host is given.
@@ -33,73 +44,43 @@ protected:
 // One after the other on one host, so that a packet left open by one frame would show in the next.
 TEST_F(ReadPixels, EachLayoutAndPacketHasItsReadsAndSamples)
 {
-    const Bytes depths = FloatBytes({0, 0.5F, 1, kInfinity, -1, 2, -kInfinity, std::nanf("")});
     const struct {
-        const char* what;
-        EIFrame frame;
-        Bytes samples;
-        std::vector<int64_t> reads; // of the pixels, in bytes
+        const char *what, *layout;
+        int width, height;
+        uint8_t packing;
+        const char *pixels, *samples, *reads; // of the pixels, in bytes
     } kRows[] = {
-        {"8 pixels a byte; each row begins with a byte",
-         Frame("indexed1", 10, 2, {0xB3, 0x40, 0x01, 0xBF}),
-         {1, 0, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0},
-         {2, 2}},
-        {"4 pixels a byte", Frame("indexed2", 5, 1, {0x1B, 0xC0}), {0, 1, 2, 3, 3}, {2}},
-        {"2 pixels a byte", Frame("indexed4", 3, 1, {0xA5, 0xF0}), {10, 5, 15}, {2}},
-        {"1 pixel a byte", Frame("indexed8", 3, 1, {0, 200, 255}), {0, 200, 255}, {3}},
-        {"5 bits a channel, widened",
-         Frame("rgb16", 4, 1, {0x1F, 0x7C, 0xE0, 0x03, 0xFF, 0xFF, 0x21, 0x84}),
-         {255, 0, 255, 0, 255, 0, 255, 255, 255, 8, 8, 8},
-         {8}},
-        {"colours", Frame("rgb24", 2, 1, {1, 2, 3, 4, 5, 6}), {1, 2, 3, 4, 5, 6}, {6}},
-        {"alpha, first in the file and last in the picture",
-         Frame("argb32", 2, 1, {9, 1, 2, 3, 8, 4, 5, 6}),
-         {1, 2, 3, 9, 4, 5, 6, 8},
-         {8}},
-        {"alpha beside 24 bits", Frame("rgb24alpha8", 1, 1, {9, 1, 2, 3}), {1, 2, 3, 9}, {4}},
-        {"depth in and out of its range",
-         Frame("depth32", 8, 1, depths),
-         {0, 128, 255, 255, 0, 255, 0, 0},
-         {32}},
-        {"a run", Frame("rgb24", 3, 1, {0x02, 1, 2, 3}, 1), {1, 2, 3, 1, 2, 3, 1, 2, 3}, {1, 3}},
-        {"a literal",
-         Frame("rgb24", 2, 1, {0x81, 1, 2, 3, 4, 5, 6}, 1),
-         {1, 2, 3, 4, 5, 6},
-         {1, 6}},
-        {"a run of 7 over rows of 3, then a literal of 5 of which 2 are never wanted",
-         Frame("indexed8", 3, 4, {0x06, 9, 0x84, 1, 2, 3, 4, 5, 0xEE}, 1),
-         {9, 9, 9, 9, 9, 9, 9, 1, 2, 3, 4, 5},
-         {1, 1, 1, 2, 3}},
-        {"the longest run, left open", Frame("indexed8", 1, 1, {0x7F, 9}, 1), {9}, {1, 1}},
-        {"a picture after an open run", Frame("indexed8", 2, 1, {0x01, 5}, 1), {5, 5}, {1, 1}},
-        {"the longest literal, left open", Frame("indexed8", 1, 1, {0xFF, 7}, 1), {7}, {1, 1}},
-        {"a picture after an open literal",
-         Frame("indexed8", 2, 1, {0x00, 3, 0x00, 4}, 1),
-         {3, 4},
-         {1, 1, 1, 1}},
+        {"8 pixels a byte; each row begins with a byte", "indexed1", 10, 2, 0, "B340 01BF",
+         "01000101000001010001 00000000000000010100", "02 02"},
+        {"4 pixels a byte", "indexed2", 5, 1, 0, "1BC0", "00 01 02 03 03", "02"},
+        {"2 pixels a byte", "indexed4", 3, 1, 0, "A5F0", "0A 05 0F", "02"},
+        {"1 pixel a byte", "indexed8", 3, 1, 0, "00C8FF", "00C8FF", "03"},
+        {"5 bits a channel, widened", "rgb16", 4, 1, 0, "1F7C E003 FFFF 2184",
+         "FF00FF 00FF00 FFFFFF 080808", "08"},
+        {"colours", "rgb24", 2, 1, 0, "010203 040506", "010203 040506", "06"},
+        {"alpha, first in the file and last in the picture", "argb32", 2, 1, 0, "09010203 08040506",
+         "01020309 04050608", "08"},
+        {"alpha beside 24 bits", "rgb24alpha8", 1, 1, 0, "09010203", "01020309", "04"},
+        {"depth: 0, 0.5, 1, infinity, -1, 2, -infinity, no number", "depth32", 8, 1, 0,
+         "00000000 0000003F 0000803F 0000807F 000080BF 00000040 000080FF 0000C07F",
+         "00 80 FF FF 00 FF 00 00", "20"},
+        {"a run", "rgb24", 3, 1, 1, "02 010203", "010203 010203 010203", "01 03"},
+        {"a literal", "rgb24", 2, 1, 1, "81 010203 040506", "010203 040506", "01 06"},
+        {"a run of 7 over rows of 3, then a literal of 5 of which 2 are never wanted", "indexed8",
+         3, 4, 1, "06 09 84 0102030405 EE", "090909 090909 090102 030405", "01 01 01 02 03"},
+        {"the longest run, left open", "indexed8", 1, 1, 1, "7F 09", "09", "01 01"},
+        {"a picture after an open run", "indexed8", 2, 1, 1, "01 05", "0505", "01 01"},
+        {"the longest literal, left open", "indexed8", 1, 1, 1, "FF 07", "07", "01 01"},
+        {"a picture after an open literal", "indexed8", 2, 1, 1, "00 03 00 04", "0304",
+         "01 01 01 01"},
     };
-    for (const auto& [what, frame, samples, reads] : kRows) {
-        SCOPED_TRACE(what);
-        EXPECT_EQ(Samples(frame), samples);
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(Samples(Frame(row.layout, row.width, row.height, Hex(row.pixels), row.packing)),
+                  Hex(row.samples));
         const auto all = host.Amounts(Kind::kRead);
-        const ptrdiff_t heads = frame.layout.frameType == 2 ? 3 : 2;
-        EXPECT_EQ(std::vector(all.begin() + heads, all.end()), reads);
-    }
-}
-
-TEST_F(ReadPixels, TheLongestPacketsReachOverManyRows)
-{
-    Bytes packed = {0x7F, 42, 0xFF};
-    Bytes pixels(128, 42);
-    for (uint8_t i = 0; i < 128; ++i) {
-        packed.push_back(i);
-        pixels.push_back(i);
-    }
-    for (const int width : {1, 50, 256}) {
-        SCOPED_TRACE(width);
-        const int height = 256 / width;
-        EXPECT_EQ(Samples(Frame("indexed8", width, height, packed, 1)),
-                  Bytes(pixels.begin(), pixels.begin() + width * height));
+        const ptrdiff_t heads = Layout(row.layout).frameType == 2 ? 3 : 2;
+        EXPECT_EQ(Bytes(all.begin() + heads, all.end()), Hex(row.reads));
     }
 }
 
@@ -143,34 +124,19 @@ TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
     constexpr int64_t kPlenty = 1 << 20;
     constexpr int kAll = 99;
     const struct {
-        const char* what;
-        EIFrame frame;
+        const char *what, *layout;
+        int height; // of 10 columns
         int64_t space;
         int refusals;                     // of allocations, from the first on
         std::vector<int64_t> allocations; // the rows as often as refused, then the scratch
         std::vector<int> ends;            // of the chunks handed over; none: memory full
     } kRows[] = {
-        {"3 rows and a rest", Frame("rgb24", 10, 7, Bytes(210)), 119, 0, {90, 60}, {3, 6, 7}},
-        {"space for all", Frame("rgb24", 10, 7, Bytes(210)), kPlenty, 0, {210, 60}, {7}},
-        {"depth: a scratch of 5 rows",
-         Frame("depth32", 10, 7, Bytes(280)),
-         kPlenty,
-         0,
-         {70, 50},
-         {7}},
-        {"refused: a row less",
-         Frame("indexed8", 10, 6, Bytes(60)),
-         kPlenty,
-         1,
-         {60, 50, 20},
-         {5, 6}},
-        {"refused until no row is left",
-         Frame("indexed8", 10, 6, Bytes(60)),
-         kPlenty,
-         kAll,
-         {60, 50, 40, 30, 20, 10},
-         {}},
-        {"no space for a row", Frame("indexed8", 10, 6, Bytes(60)), 9, 0, {20}, {}},
+        {"3 rows and a rest", "rgb24", 7, 119, 0, {90, 60}, {3, 6, 7}},
+        {"space for all", "rgb24", 7, kPlenty, 0, {210, 60}, {7}},
+        {"depth: a scratch of 5 rows", "depth32", 7, kPlenty, 0, {70, 50}, {7}},
+        {"refused: a row less", "indexed8", 6, kPlenty, 1, {60, 50, 20}, {5, 6}},
+        {"always refused", "indexed8", 6, kPlenty, kAll, {60, 50, 40, 30, 20, 10}, {}},
+        {"no space for a row", "indexed8", 6, 9, 0, {20}, {}},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.what);
@@ -178,7 +144,8 @@ TEST_F(ReadPixels, ChunksFollowTheHostsSpace)
         each.memoryLimit = row.space;
         if (row.refusals > 0)
             each.fault = Fault{Kind::kAllocate, 0, kHostDiskFull, row.refusals == kAll};
-        EXPECT_EQ(each.Open(OneFrameFile(row.frame)),
+        const Bytes pixels(Layout(row.layout).RowBytes(10) * static_cast<size_t>(row.height));
+        EXPECT_EQ(each.Open(OneFrameFile(Frame(row.layout, 10, row.height, pixels))),
                   row.ends.empty() ? (Outcome{kHostMemoryFull, kFormatReadContinue}) : Outcome{});
         EXPECT_EQ(each.Amounts(Kind::kAllocate), row.allocations);
         std::vector<HostCall> chunks;
@@ -210,21 +177,15 @@ TEST_F(ReadPixels, DepthWithoutARangeIsReadTwice)
     frame.low = frame.high = 0;
     host.memoryLimit = 4;
     const float above = std::nextafter(5.0F, 6.0F);
-    const Bytes packets = {0x02, 0, 0, 0x80, 0x3F, 0x82, 0, 0,    0,
-                           0x40, 0, 0, 0x40, 0x40, 0,    0, 0x80, 0x40};
     struct {
         const char* what;
         Bytes pixels, samples;
     } const kRows[] = {
-        {"a range and an infinity",
-         FloatBytes({-1, 3, kInfinity, 1, 7, 2}),
-         {0, 128, 255, 64, 255, 96}},
-        {"equal values: a scale of 1",
-         FloatBytes({5, 5, kInfinity, 5, 5, 5}),
-         {0, 0, 255, 0, 0, 0}},
+        {"a range and an infinity", FloatBytes({-1, 3, kInfinity, 1, 7, 2}), Hex("0080FF40FF60")},
+        {"equal values: a scale of 1", FloatBytes({5, 5, kInfinity, 5, 5, 5}), Hex("0000FF000000")},
         {"nearly equal values too", FloatBytes({5, above, 5, above, 5, 5}), Bytes(6, 0)},
         {"infinities alone", FloatBytes(std::vector(6, kInfinity)), Bytes(6, 255)},
-        {"packets", packets, {0, 0, 0, 85, 170, 255}}};
+        {"packets", Hex("02 0000803F 82 00000040 00004040 00008040"), Hex("00000055AAFF")}};
     for (const auto& [what, pixels, samples] : kRows) {
         SCOPED_TRACE(what);
         frame.pixels = pixels;

@@ -7,7 +7,7 @@
 #include "support/testing.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
-#include "view/window/window_kinds.h"
+#include "view/window_parts.h"
 
 namespace {
 
@@ -22,13 +22,6 @@ void PressKey(std::uint32_t key, std::u16string_view text = {})
 {
     Platform::InjectKey(key, true, text);
     Platform::InjectKey(key, false);
-}
-
-CWindowPlan DocumentPlan()
-{
-    CWindowPlan plan;
-    plan.kind = kWin_Document;
-    return plan;
 }
 
 AlertButton Ask(AlertButtons buttons, AlertButton defaultButton = AlertButton::kNone)

@@ -1,17 +1,15 @@
 // Windows under a user's hands: keys and the mouse by way of the queue, and what other windows and
 // failures leave alone.
-#include "foundation/alerts/alert.h"
 #include "foundation/base/service.h"
 #include "foundation/errors/exceptions.h"
 #include "platform/input/injection.h"
 #include "platform/windows/window_paint.h"
+#include "support/alert_capture.h"
 #include "support/testing.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
-#include "view/tree/pane.h"
-#include "view/window/window_button.h"
-#include "view/window/window_kinds.h"
+#include "view/window_parts.h"
 
 namespace {
 
@@ -19,88 +17,15 @@ using namespace Kesto;
 
 constexpr std::uint32_t kReturn = 13;
 
-struct Field : CPane {
-    explicit Field(const Rect& frame = {10, 10, 60, 30}) : CPane(frame, {}, kView_TabStop) {}
-    bool CanSurrender(bool) override
-    {
-        ++asked;
-        return lets;
-    }
-    bool HandleKey(CKeyboardMessage& message) override
-    {
-        characters += message.fID == kMessage_KeyChar;
-        return CPane::HandleKey(message);
-    }
-
-    bool lets = true;
-    int asked = 0;
-    int characters = 0;
-};
-
-struct Button : CPane, CWindowButton {
-    explicit Button(std::function<void()> run) : CPane(Rect{10, 40, 60, 60}), call(std::move(run))
-    {
-    }
-    bool Flash() override
-    {
-        call();
-        return true;
-    }
-    bool IsDefault() const override { return true; }
-    bool IsCancel() const override { return false; }
-    const CPane& ButtonPane() const override { return *this; }
-
-    std::function<void()> call;
-};
-
-CWindowPlan PlanOf(CMessenger* owner = nullptr)
-{
-    CWindowPlan plan;
-    plan.features = 0x183;
-    plan.owner = owner;
-    plan.size = {200.0, 100.0};
-    plan.kind = kWin_Document;
-    return plan;
-}
-
-struct Alerts : CAlertHook {
-    AlertButton Show(const AlertBox& box) override
-    {
-        messages.emplace_back(box.message.View());
-        return AlertButton::kOK;
-    }
-    std::vector<std::string> messages;
-};
-
-TEST(WindowFocus, AWindowThatWaitsKeepsItsBullseyeUnasked)
-{
-    PumpedProcess process;
-    CDocumentWindow document(PlanOf());
-    auto* const field = document.AppendChild(std::make_unique<Field>());
-    document.Start();
-    EXPECT_EQ(CMessenger::GetBullseye(), field);
-    field->lets = false;
-    CDialog dialog(PlanOf(&document));
-    dialog.SetModal(true);
-    process.PostCall(-1, [&] {
-        EXPECT_FALSE(Platform::IsSystemWindowEnabled(document.NativeHandle()));
-        EXPECT_TRUE(field->IsBullseye());
-        EXPECT_NE(CMessenger::GetBullseye(), field);
-        dialog.DoClose();
-    });
-    dialog.Run();
-    EXPECT_EQ(CMessenger::GetBullseye(), field);
-    EXPECT_EQ(field->asked, 0);
-}
-
 TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
 {
     PumpedProcess process;
-    CDocumentWindow document(PlanOf());
+    CDocumentWindow document(DocumentPlan());
     auto* const field = document.AppendChild(std::make_unique<Field>());
     document.Start();
     CDialog dialog(PlanOf(&document));
-    Button* const button = dialog.AppendChild(std::make_unique<Button>([&] { dialog.EndRun(1); }));
+    Button* const button =
+        dialog.AppendChild(std::make_unique<Button>(true, false, [&] { dialog.EndRun(1); }));
     dialog.AddButton(*button);
     process.PostCall(-1, [] {
         Platform::InjectKey(kReturn, true, u"\r");
@@ -108,7 +33,7 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
     });
     EXPECT_EQ(dialog.Run(), 1);
     process.PumpQuiet();
-    EXPECT_EQ(field->characters, 0);
+    EXPECT_EQ(field->typed, "");
 }
 
 TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
@@ -123,7 +48,7 @@ TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
     for (const double scale : {1.0, 2.0}) {
         SCOPED_TRACE(scale);
         PumpedProcess process;
-        CDocumentWindow window(PlanOf());
+        CDocumentWindow window(DocumentPlan());
         auto* const view = window.AppendChild(std::make_unique<Pressed>(Rect{20, 20, 60, 60}));
         window.Start();
         window.ChangeScale(scale);
@@ -161,7 +86,7 @@ TEST(WindowMouse, TheCursorIsThatOfTheViewBelowIt)
         std::string shown;
     };
     PumpedProcess process;
-    Watched window(PlanOf());
+    Watched window(DocumentPlan());
     auto* const view = window.AppendChild(std::make_unique<Field>());
     view->SetCursor(Platform::Cursor(Platform::CursorShape::kText), true);
     window.Start();
@@ -193,15 +118,15 @@ TEST(WindowHandlers, ReportWhatTheyThrowAndGoOnUnlessTheUserStopped)
         bool aborts = false;
     };
     PumpedProcess process;
-    Alerts alerts;
-    CDocumentWindow document(PlanOf());
+    AlertCapture alerts;
+    CDocumentWindow document(DocumentPlan());
     document.Start();
     Thrower dialog(PlanOf(&document));
     dialog.SetModal(true);
     process.PostCall(-1, [&] {
         Platform::InjectKey('A', true);
         process.PostCall(-1, [&] {
-            EXPECT_FALSE(alerts.messages.empty());
+            EXPECT_FALSE(alerts.texts.empty());
             dialog.aborts = true;
             Platform::InjectKey('A', false);
         });
@@ -222,17 +147,17 @@ TEST(WindowPainting, AFailureCountsAsPaintedAndIsReportedOnceAfterwards)
         }
     };
     PumpedProcess process;
-    Alerts alerts;
-    CDocumentWindow window(PlanOf());
+    AlertCapture alerts;
+    CDocumentWindow window(DocumentPlan());
     window.AppendChild(std::make_unique<Thrower>(Rect{0, 0, 50, 50}));
     window.Start();
     window.UpdateNow();
-    EXPECT_TRUE(alerts.messages.empty());
+    EXPECT_TRUE(alerts.texts.empty());
     for (int i = 0; i < 3; ++i) {
         window.InvalidateAll();
         process.PumpQuiet();
     }
-    EXPECT_EQ(alerts.messages, (std::vector<std::string>{"It can't be drawn."}));
+    EXPECT_EQ(alerts.texts, (std::vector<std::string>{"It can't be drawn."}));
 }
 
 TEST(CDialog, EndsByItsCommands)
@@ -252,7 +177,7 @@ TEST(CDialog, EndsByItsCommands)
         SCOPED_TRACE(row.name);
         PumpedProcess process;
         CDialog dialog(PlanOf());
-        dialog.AppendChild(std::make_unique<Field>())->lets = row.lets;
+        dialog.AppendChild(std::make_unique<Field>())->surrenders = row.lets;
         process.PostCall(-1, [&] {
             CCommandMessage command(nullptr, row.id);
             dialog.SendCommand(command);

@@ -11,74 +11,17 @@
 #include "view/process/ui_scale.h"
 #include "view/resources_in_use.h"
 #include "view/test_pump.h"
-#include "view/tree/pane.h"
 #include "view/window/size_box.h"
-#include "view/window/window_button.h"
 #include "view/window/window_kinds.h"
+#include "view/window_parts.h"
 
 namespace {
 
 using namespace Kesto;
 namespace Number = Platform::Number;
 
-// Takes the focus and gives it up when it likes to.
-struct Field : CPane {
-    explicit Field(const Rect& frame, std::uint32_t binding = kBind_FixedTopLeft)
-        : CPane(frame, {}, kView_TabStop, binding)
-    {
-    }
-    bool CanSurrender(bool) override
-    {
-        ++asked;
-        return surrenders;
-    }
-    bool HandleKey(CKeyboardMessage& message) override
-    {
-        if (message.fID == kMessage_KeyChar)
-            typed += static_cast<char>(message.fChar);
-        return CPane::HandleKey(message);
-    }
-    void DrawInContext(const CPaintEvent&) override
-    {
-        ++draws;
-        textWidth = GetPort()->MeasureText("as wide as this");
-        GetPort()->Erase(GetBounds());
-    }
-
-    bool surrenders = true;
-    int asked = 0;
-    int draws = 0;
-    double textWidth = 0.0;
-    std::string typed;
-};
-
-struct Button : CPane, CWindowButton {
-    Button(bool ok, bool cancel) : CPane({0, 0, 40, 20}), isDefault(ok), isCancel(cancel) {}
-    bool IsDefault() const override { return isDefault; }
-    bool IsCancel() const override { return isCancel; }
-    bool Flash() override
-    {
-        ++flashes;
-        return true;
-    }
-    const CPane& ButtonPane() const override { return *this; }
-
-    bool isDefault;
-    bool isCancel;
-    int flashes = 0;
-};
-
-CWindowPlan Plan(std::uint32_t features = 0x183, CMessenger* owner = nullptr)
-{
-    CWindowPlan plan;
-    plan.features = features;
-    plan.owner = owner;
-    plan.size = {200.0, 100.0};
-    return plan;
-}
-
 struct Dialog : CDialog {
-    explicit Dialog(const CWindowPlan& plan = Plan()) : CDialog(plan)
+    explicit Dialog(const CWindowPlan& plan = PlanOf()) : CDialog(plan)
     {
         field = AppendChild(std::make_unique<Field>(Rect{10, 10, 110, 30}));
     }
@@ -117,7 +60,7 @@ TEST_F(WindowTest, FocusFeaturesImplyOneAnother)
         {0, 0}};
     for (const auto& [given, taken] : cases) {
         SCOPED_TRACE(given);
-        EXPECT_EQ(CWindow(Plan(given)).GetFeatures(), taken);
+        EXPECT_EQ(CWindow(PlanOf(nullptr, given)).GetFeatures(), taken);
     }
 }
 
@@ -164,10 +107,10 @@ TEST_F(WindowTest, ModalWindowsNest)
 {
     Dialog owner;
     owner.Start();
-    auto outer = std::make_unique<Dialog>(Plan(0x183, &owner));
+    auto outer = std::make_unique<Dialog>(PlanOf(&owner));
     outer->SetModal(true);
     outer->Start();
-    Dialog inner(Plan(0x183, outer.get()));
+    Dialog inner(PlanOf(outer.get()));
     inner.SetModal(true);
     inner.Start();
     EXPECT_EQ(Desktop().ModalCount(), 2U);
@@ -187,7 +130,7 @@ TEST_F(WindowTest, AnOwnerThatWasDisabledStaysSo)
     Dialog owner;
     owner.Start();
     Platform::EnableSystemWindow(owner.NativeHandle(), false);
-    Dialog dialog(Plan(0x183 | kWin_DisableOwner, &owner));
+    Dialog dialog(PlanOf(&owner, 0x183 | kWin_DisableOwner));
     dialog.Start();
     dialog.Stop();
     EXPECT_FALSE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
@@ -238,7 +181,7 @@ TEST_F(WindowTest, ReturnAndEscapePressTheButtons)
 
 TEST_F(WindowTest, PaintsWhatIsInvalidAndFollowsItsSize)
 {
-    Dialog dialog(Plan(0x183 | kWin_CanSize));
+    Dialog dialog(PlanOf(nullptr, 0x183 | kWin_CanSize));
     dialog.field->SetBinding(kBind_FixedTopRight);
     dialog.SetSizeLimits({{150.0, 80.0}, {400.0, 300.0}});
     dialog.Start();
@@ -316,19 +259,6 @@ TEST_F(WindowTest, ComesBackWhereItWas)
     EXPECT_EQ(again.GetWindowBounds(), content);
 }
 
-TEST_F(WindowTest, AnExceptionOutOfTheLoopGivesBackWhatWasTaken)
-{
-    Dialog owner;
-    owner.Start();
-    Dialog dialog(Plan(0x183, &owner));
-    dialog.SetModal(true);
-    process.PostCall(1, [] { throw CAbort(true); });
-    EXPECT_THROW(dialog.Run(), CAbort);
-    EXPECT_EQ(Desktop().ModalCount(), 0U);
-    EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
-    EXPECT_EQ(dialog.NativeHandle(), nullptr);
-}
-
 enum class At { kNativeWindow, kViews, kPrepared, kShown };
 
 // A window whose start fails at one of its steps.
@@ -367,7 +297,7 @@ void FailEachStart(CWindow& owner, bool isModal)
             std::optional<ProcessWithoutWindows> refuses;
             if (at == At::kNativeWindow)
                 refuses.emplace();
-            Failing<Kind> window(Plan(0x183, isModal ? &owner : nullptr), at);
+            Failing<Kind> window(PlanOf(isModal ? &owner : nullptr), at);
             window.SetModal(isModal);
             const auto start = [&] { runs ? void(window.Run()) : window.Start(); };
             if (at == At::kNativeWindow)
@@ -448,7 +378,7 @@ TEST_F(WindowTest, AnOwnerThatDiesFirstEndsTheRun)
 {
     auto owner = std::make_unique<Dialog>();
     owner->Start();
-    Dialog dialog(Plan(0x183, owner.get()));
+    Dialog dialog(PlanOf(owner.get()));
     dialog.SetModal(true);
     process.PostCall(-1, [&owner] { owner.reset(); });
     dialog.Run();
@@ -458,7 +388,7 @@ TEST_F(WindowTest, AnOwnerThatDiesFirstEndsTheRun)
 
 TEST_F(WindowTest, TheSizeBoxLiesInTheCorner)
 {
-    Dialog dialog(Plan(0x183 | kWin_CanSize | kWin_HasSizeBox));
+    Dialog dialog(PlanOf(nullptr, 0x183 | kWin_CanSize | kWin_HasSizeBox));
     dialog.Start();
     CPane* const box = dialog.FindChild(kWindow_SizeBox, false);
     ASSERT_NE(box, nullptr);
@@ -486,7 +416,7 @@ TEST_F(WindowTest, PopupsCloseWithTheirSurroundings)
         SCOPED_TRACE(what);
         Dialog dialog;
         dialog.Start();
-        CWindowPlan plan = Plan(0, &dialog);
+        CWindowPlan plan = PlanOf(&dialog, 0);
         plan.super = &dialog;
         CPopup popup(plan);
         popup.Start();
@@ -528,7 +458,7 @@ TEST_F(WindowTest, ManyWindowsLeaveNothing)
 {
     const auto open = [this](int times) {
         for (int i = 0; i < times; ++i) {
-            Dialog dialog(Plan(0x183 | kWin_CanSize | kWin_HasSizeBox));
+            Dialog dialog(PlanOf(nullptr, 0x183 | kWin_CanSize | kWin_HasSizeBox));
             dialog.field->SetTip("What to type", true);
             dialog.SetModal(true);
             dialog.Start();
