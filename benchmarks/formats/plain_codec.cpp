@@ -6,7 +6,7 @@ namespace Bench {
 namespace {
 
 constexpr int kUnit = 3;
-constexpr int64_t kDataStart = 6 + 32 + 3; // behind the headers and the one colour of an RGB file
+constexpr int64_t kDataStart = 6 + 32 + 3; // after the headers and the one colour of an RGB file
 
 void Read(HostFile file, void* buffer, int64_t count)
 {

@@ -1,7 +1,7 @@
 // Plays a program of drawing operations, with numbers of any kind, on two ports of one bitmap.
 // Nothing may crash, and what lies outside the clip that the program begins with stays as it was.
 //
-// A byte chooses the operation, the bytes behind it are its numbers; at the end everything is 0.
+// A byte chooses the operation, the bytes after it are its numbers; at the end everything is 0.
 #include "drawing/ports/image.h"
 #include "drawing/ports/wrapper_port.h"
 #include "pixels/pixmaps/memory_pixmap.h"

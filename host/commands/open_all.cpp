@@ -13,7 +13,7 @@ namespace {
 
 constexpr size_t kWidestNumber = 9; // digits that a name is filled up to
 
-// The place for the number: from the percent sign to behind the d. Empty when there is none.
+// The place for the number: from the percent sign through the d. Empty when there is none.
 struct Place {
     size_t begin;
     size_t end;

@@ -172,6 +172,7 @@ void Block::TakeInto(Document& document, const Document& before, const Document*
                    planes * sample, planes * sample, fRequest.Width());
         if (mask == nullptr)
             continue;
+        // Blended with the document before the run, since a block may be lent more than once.
         const uint8_t* const then = before.Row(y) + at;
         const uint8_t* const selected = mask->Row(y) + fRequest.rect.left;
         for (int32_t x = 0; x < fRequest.Width(); ++x)

@@ -23,7 +23,7 @@ public:
     DocumentRun& operator=(const DocumentRun&) = delete;
 
 protected:
-    // `title` stands before the progress bar; `what` is the deed in messages, "filter a.png".
+    // `title` is shown before the progress bar; `what` is the deed in messages, "filter a.png".
     DocumentRun(const PluginModule& module, const OperationOptions& options,
                 ServedSettings::Pairs settings, const char* title, std::string what);
     ~DocumentRun();

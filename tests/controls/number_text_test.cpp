@@ -28,7 +28,7 @@ TEST(NumberText, ShowsAValueAsItsFormatAsks)
         {"no negative zero", Rules(kNumber_Integer), -0.2, "0"},
         {"beyond 64 bits", Rules(kNumber_Integer), 1e20, "100000000000000000000"},
         {"padded", Rules(kNumber_PadInteger, 4), 7, "0007"},
-        {"padded behind the sign", Rules(kNumber_PadInteger, 4), -7, "-007"},
+        {"padded after the sign", Rules(kNumber_PadInteger, 4), -7, "-007"},
         {"plus", Rules(kNumber_ShowPlus), 5, "+5"},
         {"no plus for zero", Rules(kNumber_ShowPlus), 0, "0"},
         {"decimal", Rules(kNumber_Decimal), 1.5, "1.5"},

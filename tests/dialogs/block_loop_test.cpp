@@ -225,11 +225,11 @@ TEST(BlockLoop, AHostThatLiesFailsTheRunAndTouchesNothingElse)
         {"fewer planes than there are", [](HostFilterRecord& r) { r.inputLayerMask = -3; }, nullptr,
          true},
         {"no way to fetch", [](HostFilterRecord& r) { r.fetchBlocks = nullptr; }, nullptr, true},
-        {"another depth behind the fetch", nullptr, [](HostFilterRecord& r) { r.depth = 32; },
+        {"another depth after the fetch", nullptr, [](HostFilterRecord& r) { r.depth = 32; },
          false},
-        {"other planes behind it", nullptr, [](HostFilterRecord& r) { r.sourceLastPlane = 30; },
+        {"other planes after it", nullptr, [](HostFilterRecord& r) { r.sourceLastPlane = 30; },
          false},
-        {"another rectangle behind it", nullptr,
+        {"another rectangle after it", nullptr,
          [](HostFilterRecord& r) {
              r.sourceBlockRect = {-9000, -9000, 9000, 9000};
          },

@@ -58,7 +58,7 @@ public:
     int fetches = 0;
     int failAt = -1; // the fetch, from 0
     int16_t code = kHostIoError;
-    int32_t extraStride = 0; // bytes behind each row
+    int32_t extraStride = 0; // bytes after each row
     // Called at the end of each fetch that goes well: for lies.
     std::function<void(HostFilterRecord&)> afterFetch;
 

@@ -166,7 +166,7 @@ TEST_P(SettingsFile, IsReadByChunksAndPassesWhatItDoesNotKnow)
         {{{16, 5}, {28, 1}}, true, true},
         {{{20, MakeTag("Else")}, {24, MakeTag("Proj")}, {32, 1}, {40, 1}}, false, true},
         {{{156, MakeTag("Kest")}, {160, MakeTag("WnSt")}, {168, 1}}, true, false},
-        {{{36, 140}}, true, false}, // the window's chunk ends behind the project's
+        {{{36, 140}}, true, false}, // the window's chunk ends after the project's
     };
     for (const auto& row : rows)
         for (const auto& [place, number] : row.changes) {

@@ -124,7 +124,7 @@ TEST(StringFile, GivesTextsToKeys)
     EXPECT_EQ(TextIn(u"/A=two\"\"", "/A"), "two\"");
     EXPECT_EQ(TextIn(u"/A=escaped\\\"", "/A"), "escaped");
     EXPECT_EQ(TextIn(u"/A=\"in\" front\"", "/A"), "\"in\" front");
-    // The unit behind a backslash is taken as it is; marks that are left are expanded.
+    // The unit after a backslash is taken as it is; marks that are left are expanded.
     EXPECT_EQ(TextIn(u"/A=a\\\"b\\=c=d", "/A"), "a\"b=c=d");
     EXPECT_EQ(TextIn(u"/A=a\\nb", "/A"), "anb");
     EXPECT_EQ(TextIn(u"/A=a\\\\nb", "/A"), "a\nb");

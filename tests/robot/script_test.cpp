@@ -40,7 +40,7 @@ TEST(Scripts, TellMistakesWithTheirPlace)
 {
     struct Row {
         const char* text;
-        const char* words; // how the message begins behind the script's name
+        const char* words; // how the message begins after the script's name
     };
     const Row rows[] = {
         {"clack A", ":1:1: \"clack\" was found, but one of click, press"},

@@ -66,7 +66,7 @@ std::vector<EIFrame> SmallFrames();
 std::optional<Bytes> DecodePackets(std::span<const uint8_t> stream, size_t unit, size_t size);
 
 // The packets that a writer makes of a row, found one pixel at a time. `behind` is the byte that
-// fills what lies behind the row, where the last pixel finds a neighbour to be compared with. All
+// fills what lies after the row, where the last pixel finds a neighbour to be compared with. All
 // rows at once give packets over row ends.
 Bytes EncodeRow(std::span<const uint8_t> row, size_t unit, uint8_t behind = 0);
 

@@ -145,7 +145,7 @@ void CAuthorProcess::LookAtTheFile()
     }
 }
 
-// The new window comes where the old one was, which goes before: it would else be the owner.
+// The new window comes where the old one was. That is closed first, or it would be the owner.
 void CAuthorProcess::Open()
 {
     const CSourceText source = CSourceText::Load(fFile);

@@ -38,7 +38,8 @@ private:
     bool fPressed = false;
 };
 
-// Whether a key goes down without Control and Alt held: the only ones that controls take.
+// Whether a message is the press of a key without Control and Alt: the only ones that controls
+// take.
 bool IsPlainKeyDown(const CKeyboardMessage& message);
 
 } // namespace Kesto

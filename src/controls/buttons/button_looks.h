@@ -68,7 +68,7 @@ protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
 };
 
-// Nothing: what the owner draws stands alone.
+// Draws nothing: all that shows is what the owner draws.
 class CEmptyButtonGraphic : public COwnButtonGraphic {
 public:
     CEmptyButtonGraphic(CView* owner, EButtonStyle style, CText label)

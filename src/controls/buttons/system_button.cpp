@@ -140,6 +140,7 @@ void CSystemButton::Clicked()
     Flash();
 }
 
+// The pane has drawn the button into the window's bitmap; the system's button shows that.
 void CSystemButton::DrawButton(const Platform::ButtonState&, const Platform::Bitmap& bitmap)
 {
     const CContext* const context = GetContext();

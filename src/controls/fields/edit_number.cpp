@@ -277,6 +277,7 @@ bool CEditNumber::CommitWith(std::uint32_t phase, bool mayAlert)
     SetValue(ReadText());
     if (HasTextOption(kText_NoCommit))
         return true;
+    // The field has its good text before the alert, a window in which anything may happen to it.
     bool lets = true;
     if (mayAlert && !inRange)
         lets = !ShowRangeAlert();

@@ -59,6 +59,7 @@ void CComboBox::SetEditable(bool on)
     fField->SetTextOptions(kEdit_NoFrame);
     fField->SetFont(GetFont());
     fField->SetText(shown);
+    // The box gives up the focus that it has, and is then a target on the field's path only.
     SetTargetOptions(false, false, false);
     SetTargetOptions(true, false, false);
     PlaceField();

@@ -170,6 +170,7 @@ void CScrollBar::ScrollToValue(double value, EScrollPart part)
 void CScrollBar::UsePart(EScrollPart part)
 {
     const double line = fButtonIncrement > 0.0 ? fButtonIncrement : kLine;
+    // Less than what shows, so that some of it stays in sight.
     const double page = fPageIncrement > 0.0 ? fPageIncrement
                         : fPage > 0.0        ? std::max(fPage * kPageShare, line)
                                              : fRange.NaturalStep() * 10;

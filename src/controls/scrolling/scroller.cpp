@@ -99,6 +99,7 @@ void CScroller::DisposeParts()
 
 void CScroller::SetAttributes(std::uint32_t attributes, const SScrollerGaps& gaps)
 {
+    // The hooks of parts that go may end the scroller.
     const CViewHold hold(*this);
     DisposeParts();
     fAttributes = attributes;
@@ -212,6 +213,7 @@ void CScroller::Arrange()
 void CScroller::PlaceParts(const Rect& inside, bool showX, bool showY)
 {
     const bool corner = fSizeBox != nullptr || (showX && showY);
+    // Where both bars show they leave the corner free, as they do for a size box.
     const double end = corner ? kBar : 0.0;
     const Rect xBar{inside.left + fGaps.left, inside.bottom - kBar,
                     inside.right - end - fGaps.right, inside.bottom};

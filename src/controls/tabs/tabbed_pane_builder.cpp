@@ -42,6 +42,7 @@ CView* CPaneBuilder<CTabbedPane>::AdjustLayout(CView* parent, LayoutOwner& owner
 {
     constexpr double kEdge = CTabbedPane::kPadding;
     ViewLayoutRecord& record = owner.fLayoutRecord;
+    // A key for several margins holds for all of them; what no key gives is set here.
     if (!ViewLayoutRecord::IsGiven(record.margin)) {
         if (!ViewLayoutRecord::IsGiven(record.marginWidth)) {
             SetIfNotGiven(record.marginLeft, kEdge);

@@ -179,6 +179,7 @@ CView* CPaneBuilder<CStaticText>::AdjustLayout(CView* parent, LayoutOwner& owner
     const bool marked = !reader.Id(kHotkey).IsNone();
     const CText text = reader.Label(kText);
     Point size = CStaticText::SizeOf(port, text.View(), width, marked);
+    // A text in one line must fit at every scale, and fonts don't grow evenly.
     if (width == 0.0)
         size.x = WidestAtScales(port, [&](const CSystemPort& at) {
             return CStaticText::SizeOf(at, text.View(), width, marked).x;

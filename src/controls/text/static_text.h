@@ -34,7 +34,7 @@ public:
     void SetScrubId(CObjID id);
     CObjID GetScrubId() const { return fScrubId; }
 
-    // What the label's key, the letter behind its "&", gives the focus to.
+    // What gets the focus by the label's key, the letter after its "&".
     void SetHotkeyId(CObjID id);
     CObjID GetHotkeyId() const { return fHotkeyId; }
 

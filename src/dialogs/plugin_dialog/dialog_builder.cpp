@@ -52,6 +52,7 @@ std::unique_ptr<PDialog> LoadDialog(std::string_view layout, const DialogMaker& 
     const MakerScope scope(make);
     PDialog::ClassNames names;
     Kesto::LayoutOwner owner;
+    // Descriptions tell the class of a view, which only the layout knows.
     owner.fViewListener = [&names](std::string_view className, Kesto::CView& view) {
         names[&view] = className;
     };

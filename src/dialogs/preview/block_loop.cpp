@@ -74,6 +74,7 @@ BlockOutcome BlockLoop::Run()
             const PixelRect block = Intersect({left, top, left + side, top + side}, all);
             if (const BlockOutcome outcome = Fetch(block); outcome != BlockOutcome::kDone)
                 return outcome;
+            // A block that came while something changed is out of date, so it isn't copied.
             if (fOrder.shouldStop && fOrder.shouldStop())
                 return BlockOutcome::kStopped;
             if (!Copy(block))

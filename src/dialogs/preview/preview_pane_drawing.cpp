@@ -38,6 +38,7 @@ void PPreviewPane::DrawInContext(const CPaintEvent&)
     const auto width = static_cast<double>(picture->GetWidth());
     const auto height = static_cast<double>(picture->GetHeight());
     const Rect place = PictureToLocal(blockRect);
+    // A pixel of the picture is one of the device, whatever the scale.
     const double pixel = 1.0 / CView::GetScale();
     GetPort()->DrawPixmap(
         *picture, {0.0, 0.0, width, height},

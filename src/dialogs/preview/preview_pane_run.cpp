@@ -131,6 +131,7 @@ int PPreviewPane::FetchPreview()
 
 void PPreviewPane::RunFilter()
 {
+    // Done with before the filter runs: one that throws isn't run again for the same settings.
     hasResult = false;
     resultDirty = false;
     if (filter == nullptr || resultBuffer.Bytes() == nullptr)

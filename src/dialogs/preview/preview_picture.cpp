@@ -33,6 +33,7 @@ template <class Sample, bool kHasAlpha>
 void Show(uint8_t* to, const ShownRow& row)
 {
     const size_t step = static_cast<size_t>(row.planes) * sizeof(Sample);
+    // Grey shows its one plane three times.
     const size_t green = row.planes < 3 ? 0 : sizeof(Sample);
     const uint8_t* from = row.samples;
     const uint8_t* alphas = row.alphas;

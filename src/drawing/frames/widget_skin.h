@@ -42,7 +42,7 @@ public:
     // Units from the top of a cell to the base line of its text, the same for all font sizes.
     static double BaseLine(double cellHeight);
 
-    // Units that a pressed button's label goes down.
+    // By how many units a pressed button's label moves down.
     static double PressedShift(EButtonState state) { return state == EButtonState::kPress; }
 
     // The push button's body in a cell. `isDefault` draws the thick ring, in the normal state only;

@@ -1,4 +1,4 @@
-// The font of a device that stands for one of units.
+// The font of a device for a font that is given in units.
 #pragma once
 
 #include "drawing/ports/drawing_state.h"

@@ -84,6 +84,7 @@ void CPixelAverage::Run(CPixelRows& rows, const CAverageAxis& across, const CAve
                         const CPixelSurface& out)
 {
     const std::int32_t left = across.FirstUsed();
+    // The shares of the columns are the same in each row.
     fColumns.clear();
     for (std::int32_t x = across.first; x < across.end; ++x) {
         fColumns.push_back(across.ShareOf(x));

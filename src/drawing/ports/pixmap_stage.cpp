@@ -231,6 +231,7 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
     if (smaller)
         return Average(job);
 
+    // Of planes only the part that shows is merged; merged pixels in their own size aren't copied.
     const PixelRect used = job.UsedSource();
     CPixelSurface pixels = job.pixels;
     PixelPoint first{used.left, used.top};

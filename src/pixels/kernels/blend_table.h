@@ -1,4 +1,4 @@
-// The table behind all alpha arithmetic: the value v weighted by the alpha a, for all 65,536 pairs.
+// The table of all alpha arithmetic: the value v weighted by the alpha a, for all 65,536 pairs.
 //
 // Invariant: T[a][v] + T[255 - a][v] == v, so that blending a colour with itself gives that colour
 // at every alpha, which a rounded product would not. Vector code computes the same values as ((a *

@@ -101,6 +101,7 @@ private:
             const ScaleEntry& entry = fRows.fEntries[static_cast<std::size_t>(y)];
             const std::int32_t first = entry.fFirst - fRows.fStart;
             const std::int32_t last = entry.fLast - fRows.fStart;
+            // Halving needs no weights.
             if (fHalvesBoth) {
                 const std::ptrdiff_t left = fColumns.fEntries[0].fFirst - fColumns.fStart;
                 fOperations.averagePairs(fSource.Row(first) + left, fSource.Row(last) + left,

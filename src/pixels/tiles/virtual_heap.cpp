@@ -144,6 +144,7 @@ CVirtualTile* CVirtualHeap::AcquireTile(std::uint8_t memoryClass, std::uint8_t s
     --list.fCount;
     tile->fNext = nullptr;
     tile->fClasses = static_cast<std::uint8_t>(slotClass << 4 | memoryClass);
+    // The slot can't hold the tile: its data is given up when memory is short.
     if (slotClass < memoryClass)
         tile->fFlags |= CVirtualTile::kUnsaveable;
     tile->fFlags |= CVirtualTile::kInUse;

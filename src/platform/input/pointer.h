@@ -31,7 +31,7 @@ struct PenSample {
 // The pen's last sample; nothing if the pointer of this number is no pen.
 std::optional<PenSample> ReadPen(std::uint32_t pointer);
 
-// The samples that the pen's last message stands for, oldest first.
+// The samples that the pen's last message announced, oldest first.
 std::vector<PenSample> ReadPenHistory(std::uint32_t pointer);
 
 } // namespace Platform

@@ -6,7 +6,7 @@
 
 namespace Platform {
 
-// The code that stands for exhausted memory where the operating system has left none. The number is
+// The code for exhausted memory where the operating system has left none. The number is
 // the same on every system: a Linux errno of 14 cannot come from a correct call, so ErrorText
 // explains it as memory exhaustion there too.
 inline constexpr std::uint32_t kOutOfMemoryCode = 14;

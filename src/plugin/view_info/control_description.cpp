@@ -94,7 +94,7 @@ void DescribeNumber(const CEditNumber& field, CDescriptionRecord& record)
     record.PutFlag("valueInRange", field.IsTextValid() && field.IsTextInRange());
 }
 
-// Anything that shows where a value stands between two ends.
+// Anything that shows where a value is between two ends.
 template <class Control>
 void DescribeRange(const Control& control, const char* type, CDescriptionRecord& record)
 {

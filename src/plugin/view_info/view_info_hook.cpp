@@ -63,6 +63,7 @@ void CLumographPlugin::RegisterViewInfoHook()
         HostSuites().Find<HostUIHooksSuite4>(kHostUIHooksSuiteName, kHostUIHooksSuiteVersion4);
     if (hooks == nullptr || hooks->count < 3 || hooks->RegisterViewInfo == nullptr)
         return;
+    // Made before the host is told, since what follows the registration must not fail.
     std::unique_ptr<CIdler> turns;
     if (hooks->TakeTurn != nullptr)
         turns = std::make_unique<CHostTurns>(

@@ -17,8 +17,8 @@ public:
     // The current process, or null. For the thread of the user interface.
     static CProcessLink* Current() { return CurrentLink(); }
 
-    // Queues an event with the current process; false, and the event is gone, without one. May be
-    // called from any thread.
+    // Queues an event with the current process. False where there is none: the event is
+    // destroyed. May be called from any thread.
     static bool Post(std::unique_ptr<CProcessEvent> event);
 
     // The process as the messenger at the top of all chains.

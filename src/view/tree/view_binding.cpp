@@ -180,9 +180,11 @@ void CView::BoundsChanged(const CEdgeDeltas& delta)
 {
     const CViewHold hold(*this);
     const Rect oldImage = fImage;
+    // Its siblings may not follow each other as they did.
     if (CView* const parent = GetParent())
         parent->fRun = ERun::kUnknown;
     if ((fBinding & kBind_PortCoordinates) != 0) {
+        // Its zero is the port's, so its bounds tell where it lies there.
         const CView* const parent = GetParent();
         const Point offset = parent != nullptr ? parent->GetPortOffset() : Point{};
         const Point corner{fOrigin.x + offset.x, fOrigin.y + offset.y};

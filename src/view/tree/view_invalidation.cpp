@@ -110,6 +110,7 @@ void CView::DoScaleChanged(bool invalidate)
         if (!hold.IsOver())
             UIScaleChanged();
     }
+    // The view in which the change began covers all below it.
     if (gScaleChanges == 0 && invalidate && !hold.IsOver())
         InvalidateAll();
 }

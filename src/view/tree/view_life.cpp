@@ -83,7 +83,7 @@ void CView::EndLife()
     }
 }
 
-// Whatever a hook throws, the steps behind it are done: half disposed of, the view would be deleted
+// Whatever a hook throws, the steps after it are done: half disposed of, the view would be deleted
 // while others still know it.
 void CView::TearDown()
 {

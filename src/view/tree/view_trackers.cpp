@@ -74,6 +74,7 @@ bool CView::RunTracker(std::unique_ptr<CViewTracker> tracker)
     if (fContext == nullptr)
         return false;
     const CViewHold hold(*this);
+    // It is moved by the messages of the window; any other runs a loop of its own, here.
     if (dynamic_cast<CNonPollingTracker*>(tracker.get()) != nullptr) {
         fContext->KeepTracker(std::unique_ptr<CNonPollingTracker>(
             static_cast<CNonPollingTracker*>(tracker.release())));

@@ -203,6 +203,7 @@ void CMessageAlert::MakeButtons()
     const std::array<AlertButton, 3> buttons = fBox.Buttons();
     const auto end = std::ranges::find(buttons, AlertButton::kNone);
     const auto count = static_cast<std::size_t>(end - buttons.begin());
+    // Some button is always the default, or Return would do nothing.
     const bool hasDefault = std::find(buttons.begin(), end, fBox.defaultButton) != end;
     const AlertButton defaultButton = hasDefault ? fBox.defaultButton : buttons[0];
     const double top = GetBounds().bottom - kMargin - CWidgetSkin::kCellHeight;

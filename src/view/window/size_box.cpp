@@ -91,6 +91,7 @@ void CSizeBox::PrimaryClick(const CMouseEvent& event)
     resizer.Run(*process);
     if (hold.IsOver() || windowHold.IsOver())
         return;
+    // A resizer that isn't live has only noted the size.
     window->SizeWindow(resizer.Wanted());
     CCommandMessage ends(this, kMessage_SizeBoxEnd);
     SendToParent(ends);

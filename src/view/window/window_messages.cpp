@@ -87,6 +87,7 @@ std::intptr_t CWindow::Receive(const WindowMessage& message)
 std::intptr_t CWindow::WindowProc(const WindowMessage& message)
 {
     CTracker* const tracker = CTracker::Active();
+    // Messages that the system's own loops dispatch don't pass the pump, where trackers see them.
     if (tracker != nullptr && (tracker->State() & CTracker::kState_CapturesMessages) != 0) {
         Platform::QueuedMessage queued{message.window, message.number, message.first,
                                        message.second, Platform::TickCount()};

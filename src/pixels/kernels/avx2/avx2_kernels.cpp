@@ -6,6 +6,7 @@ namespace Kesto::Kernels {
 const KernelTable& Avx2Kernels()
 {
     static const KernelTable table = [] {
+        // Where there is no fast twin the plain loop stays.
         KernelTable fast = PlainKernels();
         Avx2::AddArithmetic(fast, Avx2::Stores::kCached);
         Avx2::AddBlending(fast, Avx2::Stores::kCached);

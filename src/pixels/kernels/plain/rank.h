@@ -46,6 +46,7 @@ inline void Rank(Plane<const std::uint32_t> source, Plane<std::uint32_t> out, Bo
     for (std::int32_t y = 0; y < out.fHeight; ++y) {
         std::fill(counts.begin(), counts.end(), 0);
         RankHistogram histogram{counts};
+        // The box moves along the row: a column leaves its histogram and another comes.
         const auto changeColumn = [&](std::int32_t x, std::int32_t by) {
             for (std::int32_t row = 0; row < shape.fHeight; ++row)
                 histogram.Change(source.Row(y + row)[x], by);

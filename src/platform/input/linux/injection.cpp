@@ -107,7 +107,7 @@ void InjectKey(std::uint32_t key, bool down, std::u16string_view text)
         usual);
 }
 
-// As a key that stands for a character and nothing else.
+// As a key that types a character and does nothing else.
 void InjectCharacter(char32_t character)
 {
     std::u16string text;

@@ -2,8 +2,8 @@
 //
 // Posted messages, input, windows that want to be painted and timers wait in lists of their own,
 // and Take looks through them in that order. Input comes from whoever injects it: a reader of the
-// display, or a test. The lock stands for the one that an operating system has around its queues;
-// no caller's code runs under it, but for `Add...` from any thread.
+// display, or a test. The lock is what an operating system has around its queues: `Add...`
+// may be called from any thread, and no caller's code runs while it is held.
 #pragma once
 
 #include "platform/input/keyboard.h"
@@ -28,7 +28,7 @@ public:
     Queue(const Queue&) = delete;
     Queue& operator=(const Queue&) = delete;
 
-    // From any thread. Input may come with the text that a key stands for.
+    // From any thread. Input may come with the text that a key types.
     bool AddPosted(const QueuedMessage& message);
     void AddInput(const QueuedMessage& message, std::u16string text);
     void AskToQuit(int code);

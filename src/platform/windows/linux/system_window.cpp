@@ -255,6 +255,7 @@ void SetExtent(LinuxWindow& window, LinuxWindow::Extent extent)
     Display::Get().ShowState(window);
     const NativeWindow handle = window.Handle();
     if (extent == Extent::kMinimized) {
+        // Whoever hears of it may end the window.
         window.Send(kSize, kSizedMinimized);
         if (LinuxWindow::From(handle) != nullptr)
             LeaveWindow(window);

@@ -123,6 +123,7 @@ void PresentBitmap(NativeWindow window, const Bitmap& bitmap, std::span<const Pi
     const WindowRecord* const record = RecordOf(Handle(window));
     if (bitmap.Bits() == nullptr || IsWindow(Handle(window)) == 0)
         return;
+    // A window that is being photographed paints into the picture.
     const bool toPicture = record != nullptr && record->photograph != nullptr;
     const HDC target = toPicture ? nullptr : GetDC(Handle(window));
     {

@@ -114,6 +114,7 @@ void XcbDisplay::Describe(LinuxWindow& window)
     const xcb_atom_t type[] = {fAtoms[TypeOf(window.fKind)]};
     SetAtoms(number, fAtoms[Atom::kProtocols], protocols);
     SetAtoms(number, fAtoms[Atom::kWindowType], type);
+    // Two names, of the program and of the class, with a zero after each.
     std::string name = window.fClassName;
     name += '\0';
     name += window.fClassName;
