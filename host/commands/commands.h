@@ -2,6 +2,7 @@
 // and runs when it was named. A run throws what failed and returns the exit status otherwise.
 #pragma once
 
+#include "commands/dialog_options.h"
 #include "driver/operation.h"
 
 #include <filesystem>
@@ -44,8 +45,11 @@ struct DocumentOptions {
     std::string output;
     std::vector<std::string> settings; // NAME=VALUE
     int32_t depth = 8;
+    DialogOptions dialog;
 };
-void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOptions& common);
+// `type` and `words` are those of the output; `lesson` follows what is said of dialogs.
+void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOptions& common,
+                        const char* type, const char* words, const std::string& lesson);
 
 // A path from an argument in UTF-8.
 std::filesystem::path PathOf(const std::string& text);

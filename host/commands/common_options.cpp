@@ -30,7 +30,7 @@ int64_t ParseSize(const std::string& text)
                                     : -1;
     if (error != std::errc() || value < 0 || value > (int64_t{1} << 32) || shift < 0)
         throw Failure("\"" + text + "\" is no size",
-                      "Write bytes, or a number with K, M or G behind it, such as 4M.");
+                      "Write bytes, or a number with K, M or G after it, such as 4M.");
     return value << shift;
 }
 
@@ -56,7 +56,8 @@ void AddModuleOptions(CLI::App& subcommand, CommonOptions& common)
         ->check(CLI::NonNegativeNumber);
 }
 
-void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOptions& common)
+void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOptions& common,
+                        const char* type, const char* words, const std::string& lesson)
 {
     subcommand
         .add_option("picture", options.picture, "The picture to work on: PNG, PGM, PPM or PAM")
@@ -76,6 +77,11 @@ void AddDocumentOptions(CLI::App& subcommand, DocumentOptions& options, CommonOp
         ->check(CLI::IsMember({8, 16, 32}));
     AddModuleOptions(subcommand, common);
     subcommand.get_option("--module")->required();
+    subcommand.add_option("-o,--output", options.output, words)->required()->type_name(type);
+    AddDialogOptions(subcommand, options.dialog);
+    subcommand.footer("At a terminal with a display the module shows its dialog; with --set, or "
+                      "without a display, it is\nrun without. " +
+                      lesson);
 }
 
 } // namespace Host

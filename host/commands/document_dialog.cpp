@@ -49,8 +49,8 @@ bool IsSilent(const ServedSettings::Pairs& settings, const DialogUser* user)
     return !settings.empty() || (user == nullptr && !IsPersonThere());
 }
 
-std::optional<int> Ask(const std::function<void()>& ask, const DialogOptions& options,
-                       DialogUser* user)
+std::optional<int> AskWith(const std::function<void()>& ask, const DialogOptions& options,
+                           DialogUser* user)
 {
     std::optional<Failure> failure;
     try {

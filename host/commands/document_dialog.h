@@ -16,9 +16,16 @@ int RunWithUser(const DialogOptions& options, const std::function<int(DialogUser
 // Whether the module isn't to ask: the settings are given, or nobody is there.
 bool IsSilent(const ServedSettings::Pairs& settings, const DialogUser* user);
 
-// Has the module ask. Returns the exit status where that is the end; throws Failure for a dialog
-// that was cancelled, and what `ask` throws.
-std::optional<int> Ask(const std::function<void()>& ask, const DialogOptions& options,
-                       DialogUser* user);
+// Calls `ask`. Returns the exit status where that is the end; throws Failure for a dialog that was
+// cancelled, and what `ask` throws.
+std::optional<int> AskWith(const std::function<void()>& ask, const DialogOptions& options,
+                           DialogUser* user);
+
+// Has a run of a module ask, unless it is silent.
+template <class Run>
+std::optional<int> Ask(Run& run, bool isSilent, const DialogOptions& options, DialogUser* user)
+{
+    return isSilent ? std::nullopt : AskWith([&run] { run.AskUser(); }, options, user);
+}
 
 } // namespace Host

@@ -12,11 +12,7 @@
 namespace Host {
 namespace {
 
-struct ExportOptions : DocumentOptions {
-    DialogOptions dialog;
-};
-
-int ExportPicture(const ExportOptions& options, CommonOptions& common, DialogUser* user)
+int ExportPicture(const DocumentOptions& options, CommonOptions& common, DialogUser* user)
 {
     common.operation.memoryLimit = ParseSize(common.memoryLimit);
     ServedSettings::Pairs settings = ServedSettings::Parse(options.settings);
@@ -28,16 +24,15 @@ int ExportPicture(const ExportOptions& options, CommonOptions& common, DialogUse
     const Document document(*source, static_cast<SampleDepth>(options.depth));
     const std::filesystem::path output = PathOf(options.output);
     ExportRun run(module, common.operation, std::move(settings), document, options.picture);
-    if (!isSilent)
-        if (const std::optional<int> status = Ask([&run] { run.AskUser(); }, options.dialog, user))
-            return *status;
+    if (const auto status = Ask(run, isSilent, options.dialog, user))
+        return *status;
     run.Run(output);
     std::printf("%s: %llu bytes\n", options.output.c_str(),
                 static_cast<unsigned long long>(std::filesystem::file_size(output)));
     return 0;
 }
 
-int RunExport(const ExportOptions& options, CommonOptions& common)
+int RunExport(const DocumentOptions& options, CommonOptions& common)
 {
     return RunWithUser(options.dialog,
                        [&](DialogUser* user) { return ExportPicture(options, common, user); });
@@ -47,16 +42,10 @@ int RunExport(const ExportOptions& options, CommonOptions& common)
 
 Command AddExport(CLI::App& subcommand, CommonOptions& common)
 {
-    auto options = std::make_shared<ExportOptions>();
-    AddDocumentOptions(subcommand, *options, common);
-    subcommand.add_option("-o,--output", options->output, "The file that the module is to write")
-        ->required()
-        ->type_name("FILE");
-    AddDialogOptions(subcommand, options->dialog);
-    subcommand.footer(
-        "At a terminal with a display the module shows its dialog; with --set, or without a "
-        "display, it is\n"
-        "run without. It decides what FILE holds, which changes only when all went well.\n\n"
+    auto options = std::make_shared<DocumentOptions>();
+    AddDocumentOptions(
+        subcommand, *options, common, "FILE", "The file that the module is to write",
+        "It decides what FILE holds, which changes only when all went well.\n\n"
         "Examples:\n"
         "  lumohost export harbour.png --module contact_sheet_export.so -o sheet.ppm\n"
         "  lumohost export harbour.png --module contact_sheet_export.so --set columns=4 --set "

@@ -15,7 +15,6 @@ namespace {
 
 struct FilterOptions : DocumentOptions {
     std::string mask;
-    DialogOptions dialog;
 };
 
 Document ReadMask(const std::string& name, const PictureInfo& picture)
@@ -50,9 +49,8 @@ int FilterPicture(const FilterOptions& options, CommonOptions& common, DialogUse
     const Document picture(*source, static_cast<SampleDepth>(options.depth));
     FilterRun run(module, common.operation, std::move(settings), picture, mask ? &*mask : nullptr,
                   options.picture);
-    if (!isSilent)
-        if (const std::optional<int> status = Ask([&run] { run.AskUser(); }, options.dialog, user))
-            return *status;
+    if (const auto status = Ask(run, isSilent, options.dialog, user))
+        return *status;
     run.Run().WriteTo(*sink);
     sink->Finish();
     std::printf("%s: %d x %d, %s\n", options.output.c_str(), info.width, info.height, KindOf(info));
@@ -70,20 +68,9 @@ int RunFilter(const FilterOptions& options, CommonOptions& common)
 Command AddFilter(CLI::App& subcommand, CommonOptions& common)
 {
     auto options = std::make_shared<FilterOptions>();
-    AddDocumentOptions(subcommand, *options, common);
-    subcommand.add_option("-o,--output", options->output, "The picture to write")
-        ->required()
-        ->type_name("PICTURE");
-    subcommand
-        .add_option("--mask", options->mask,
-                    "A grey picture of the same size: the filter changes what is white in it")
-        ->type_name("PICTURE");
-    AddDialogOptions(subcommand, options->dialog);
-    subcommand.footer(
-        "At a terminal with a display the module shows its dialog; with --set, or without a "
-        "display, it is\n"
-        "run without. A name that it doesn't know ends the run and tells those that it has; the "
-        "picture is\n"
+    AddDocumentOptions(
+        subcommand, *options, common, "PICTURE", "The picture to write",
+        "A name that it doesn't know ends the run and tells those that it has; the picture is\n"
         "written only when all went well.\n\n"
         "Examples:\n"
         "  lumohost filter harbour.png --module soft_glow.so -o glow.png\n"
@@ -92,6 +79,10 @@ Command AddFilter(CLI::App& subcommand, CommonOptions& common)
         "  lumohost filter harbour.png --module soft_glow.so --play script.txt -o glow.png\n"
         "  lumohost filter harbour.png --module soft_glow.so --depth 16 --mask sky.png "
         "-o glow.png --verbose");
+    subcommand
+        .add_option("--mask", options->mask,
+                    "A grey picture of the same size: the filter changes what is white in it")
+        ->type_name("PICTURE");
     return [options, &common] { return RunFilter(*options, common); };
 }
 

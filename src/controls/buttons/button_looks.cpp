@@ -25,9 +25,8 @@ void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, E
 
 void CToolButtonGraphic::GetInsets(Rect& insets) const
 {
-    COwnButtonGraphic::GetInsets(insets);
-    if (!GetLabel().IsEmpty())
-        insets.left = insets.right = 6;
+    const double side = GetLabel().IsEmpty() ? 4 : 6;
+    insets = {side, 4, side, 4};
 }
 
 void CToolButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)

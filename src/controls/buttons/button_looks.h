@@ -3,8 +3,6 @@
 
 #include "controls/buttons/button_graphic.h"
 
-#include <utility>
-
 namespace Kesto {
 
 template <class Look>
@@ -16,27 +14,19 @@ std::unique_ptr<CButtonGraphic> MakeLook(CView* owner, EButtonStyle style, const
 // What they have in common: insets of their own, and no ring when they are the default.
 class COwnButtonGraphic : public CButtonGraphic {
 public:
-    COwnButtonGraphic(CView* owner, EButtonStyle style, CText label, const Rect& insets)
-        : CButtonGraphic(owner, style, std::move(label)), fInsets(insets)
-    {
-    }
-    void GetInsets(Rect& insets) const override { insets = fInsets; }
+    using CButtonGraphic::CButtonGraphic;
+    void GetInsets(Rect& insets) const override = 0;
     void DrawDefaultRing(CSystemPort& port) override
     {
         DrawLook(port, EButtonState::kNormal, GetValue());
     }
-
-private:
-    const Rect fInsets;
 };
 
 // A raised frame, sunken while it is pressed or on.
 class CBevelButtonGraphic : public COwnButtonGraphic {
 public:
-    CBevelButtonGraphic(CView* owner, EButtonStyle style, CText label)
-        : COwnButtonGraphic(owner, style, std::move(label), {6, 4, 6, 4})
-    {
-    }
+    using COwnButtonGraphic::COwnButtonGraphic;
+    void GetInsets(Rect& insets) const override { insets = {6, 4, 6, 4}; }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
@@ -46,10 +36,8 @@ protected:
 // while it is neutral.
 class CDisclosureButtonGraphic : public COwnButtonGraphic {
 public:
-    CDisclosureButtonGraphic(CView* owner, EButtonStyle style, CText label)
-        : COwnButtonGraphic(owner, style, std::move(label), {20, 2, 0, 2})
-    {
-    }
+    using COwnButtonGraphic::COwnButtonGraphic;
+    void GetInsets(Rect& insets) const override { insets = {20, 2, 0, 2}; }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
@@ -58,10 +46,7 @@ protected:
 // Flat until the mouse is over it.
 class CToolButtonGraphic : public COwnButtonGraphic {
 public:
-    CToolButtonGraphic(CView* owner, EButtonStyle style, CText label)
-        : COwnButtonGraphic(owner, style, std::move(label), {4, 4, 4, 4})
-    {
-    }
+    using COwnButtonGraphic::COwnButtonGraphic;
     void GetInsets(Rect& insets) const override; // more beside a label than around an icon
 
 protected:
@@ -71,10 +56,8 @@ protected:
 // Draws nothing: all that shows is what the owner draws.
 class CEmptyButtonGraphic : public COwnButtonGraphic {
 public:
-    CEmptyButtonGraphic(CView* owner, EButtonStyle style, CText label)
-        : COwnButtonGraphic(owner, style, std::move(label), {})
-    {
-    }
+    using COwnButtonGraphic::COwnButtonGraphic;
+    void GetInsets(Rect& insets) const override { insets = {}; }
 
 protected:
     void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value) override;
