@@ -1,6 +1,5 @@
 #include "controls/fields/number_expression.h"
 
-#include "controls/stack_evaluator.h"
 #include "support/testing.h"
 
 using namespace Kesto;
@@ -61,29 +60,6 @@ TEST(NumberExpression, GivesTheValueOrSaysWhyThereIsNone)
             EXPECT_TRUE(std::isnan(result.value));
         }
     }
-}
-
-TEST(NumberExpression, AgreesWithAnEvaluatorOfTwoStacksOnRandomTexts)
-{
-    constexpr const char* kTokens[] = {"0", "1", "2.5", ".5", "9e99", "7", "12", "+", "-", "*",
-                                       "/", "+", "-",   "*",  "/",    "(", ")",  "(", ")", " "};
-    std::mt19937 random(20261121);
-    int good = 0;
-    for (int round = 0; round < 100000; ++round) {
-        std::string text;
-        for (unsigned count = random() % 12; count > 0; --count)
-            text += kTokens[random() % std::size(kTokens)];
-        const std::optional<double> wanted = StackEvaluator().Run(text);
-        const ExpressionResult result = EvaluateExpression(text);
-        const bool isGood = wanted && std::isfinite(*wanted);
-        ASSERT_EQ(result.status == kGood, isGood) << text;
-        ASSERT_EQ(result.status == kOverflow, wanted && !isGood) << text;
-        if (isGood) {
-            ASSERT_EQ(result.value, *wanted) << text;
-        }
-        good += isGood;
-    }
-    EXPECT_GT(good, 5000) << "too few of the texts were expressions";
 }
 
 } // namespace

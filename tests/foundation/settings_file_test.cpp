@@ -105,19 +105,6 @@ TEST(WindowState, HasItsDefaultsOrTheSizeOfTheView)
               Sized(7, 200.5));
 }
 
-TEST(WindowState, ReadsEveryLayoutKey)
-{
-    Keys keys;
-    for (const char* key :
-         {"window_state", "window_monitor", "window_last_left", "window_last_top",
-          "window_last_right", "window_last_bottom", "window_user_left", "window_user_top",
-          "window_user_right", "window_user_bottom", "window_size_x", "window_size_y",
-          "window_position_x", "window_position_y", "window_slop_x", "window_slop_y"})
-        keys.emplace(key, keys.size() + 1);
-    EXPECT_EQ(FromLayout(keys),
-              (WindowState{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
-}
-
 TEST(WindowState, HoldsNumbersWithinItsIntegerFields)
 {
     WindowState expected = Sized(0, 0);

@@ -22,14 +22,16 @@ Bytes ReferenceSamples(const Bytes& file)
     return samples;
 }
 
-TEST(PNGPictures, DecodeAsAnotherDecoderHasThem)
+TEST(PNGPictures, OfEveryKindSizeAndFilterAreDecodedAsByAnotherDecoder)
 {
-    for (const std::int32_t size : {1, 2, 3, 5, 9, 16, 33, 150})
-        for (const Picture& picture : EveryKind(size, 1 + size * 7 % 40, 8)) {
-            const Bytes file = Encoded(picture, {4, 3, 1, 2, 0, 3, 4});
-            EXPECT_TRUE(SamplesOf(*Decode(file)) == ReferenceSamples(file))
-                << "colour type " << int{picture.colorType} << ", size " << size;
-        }
+    for (const std::int32_t size : {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 33, 40, 150, 1500})
+        for (const Picture& picture : EveryKind(size, 1 + size * 7 % 40, 8))
+            for (const Bytes& filters : {Bytes{0}, {1}, {2}, {3}, {4}, {4, 3, 1, 2, 0, 3, 4}}) {
+                const Bytes file = Encoded(picture, filters, 100);
+                EXPECT_TRUE(SamplesOf(*Decode(file)) == ReferenceSamples(file))
+                    << "colour type " << int{picture.colorType} << ", size " << size
+                    << ", first filter " << int{filters[0]};
+            }
 }
 
 } // namespace

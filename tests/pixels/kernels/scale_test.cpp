@@ -90,36 +90,3 @@ TEST(ScaleLine, IsTheMeanOfWholeAndSharedPixelsOrLiesBetweenThem)
         EXPECT_EQ(ScaledLine(from, static_cast<std::int32_t>(to.size())), to)
             << testing::PrintToString(from);
 }
-
-TEST(ScaleTables, ReductionCoversTheSourceOnce)
-{
-    for (const std::int32_t source : {3, 100, 1000, 4097, 65536})
-        for (const std::int32_t target : {1, 2, 3, 37, 99, 999}) {
-            if (target >= source)
-                continue;
-            SCOPED_TRACE(Words(source, "to", target));
-            float scale = 0;
-            const ScaleTable table = MakeReduceTable(target, source, 10, scale);
-            EXPECT_EQ(table.front().fFirst, 10);
-            EXPECT_EQ(table.back().fLast, 10 + source - 1);
-            double total = 0;
-            for (const ScaleEntry& entry : table)
-                total += double{entry.fFirstWeight} + (entry.fLast - entry.fFirst - 1) +
-                         (entry.fLast > entry.fFirst ? double{entry.fLastWeight} : 0);
-            EXPECT_NEAR(total, source, 0.01 * source / target);
-        }
-}
-
-TEST(ScaleTables, NeverReadBeyondTheSource)
-{
-    for (std::int32_t source = 1; source < 3000; source += 37)
-        for (std::int32_t target = 1; target < 4000; target += 41) {
-            SCOPED_TRACE(Words(source, "to", target));
-            const ScaledAxis axis(target, source, 0);
-            for (const ScaleEntry& entry : axis.table) {
-                ASSERT_GE(entry.fFirst, 0);
-                ASSERT_LE(entry.fFirst, entry.fLast);
-                ASSERT_LT(entry.fLast, source);
-            }
-        }
-}
