@@ -56,30 +56,30 @@ TEST_F(WriteFile, RowsBecomePackets)
     const auto grey = [](const Bytes& row, int height = 1) {
         return Picture(kHostModeGrayscale, static_cast<int>(row.size()) / height, height, 1, row);
     };
+    const auto rgb = [](int planes, const Bytes& row) {
+        return Picture(kHostModeRGB, static_cast<int>(row.size()) / planes, 1, planes, row);
+    };
     struct {
+        const char* what;
         Picture picture;
         Bytes packets;
-    } const kRows[] = {{grey({5}), {0x80, 5}},
-                       {grey({1, 2, 2, 3, 3, 3, 4, 5}), {0x80, 1, 0x01, 2, 0x02, 3, 0x81, 4, 5}},
-                       {grey(Bytes(300, 9)), {0x7F, 9, 0x7F, 9, 0x2B, 9}},
-                       {grey(Ramp(0, 129)), Join({{0xFF}, Ramp(0, 128), {0x80, 128}})},
-                       {grey(Join({Ramp(0, 200), Bytes(3, 200)})),
-                        Join({{0xFF}, Ramp(0, 128), {0xC7}, Ramp(128, 72), {0x02, 200}})},
-                       // The last pixel equals what this host's buffers hold after the row, so it
-                       // is a packet of its own.
-                       {grey({1, 0xCD}), {0x80, 1, 0x80, 0xCD}},
-                       // Each row starts afresh.
-                       {grey({4, 4, 4, 4, 4, 5}, 2), {0x02, 4, 0x01, 4, 0x80, 5}},
-                       // Wider pixels are compared whole.
-                       {Picture(kHostModeRGB, 3, 1, 3, {1, 2, 3, 1, 2, 3, 1, 2, 4}),
-                        {0x01, 1, 2, 3, 0x80, 1, 2, 4}},
-                       {Picture(kHostModeRGB, 3, 1, 3, {7, 7, 7, 7, 7, 8, 7, 7, 7}),
-                        {0x82, 7, 7, 7, 7, 7, 8, 7, 7, 7}},
-                       {Picture(kHostModeRGB, 3, 1, 4, {1, 2, 3, 9, 1, 2, 3, 9, 1, 2, 3, 8}),
-                        {0x01, 9, 1, 2, 3, 0x80, 8, 1, 2, 3}},
-                       {Picture(kHostModeRGB, 4, 0, 3), {}}};
-    for (const auto& [picture, packets] : kRows)
-        EXPECT_EQ(Packets(picture), packets) << picture.samples.size() << " samples";
+    } const kRows[] = {
+        {"runs and literals", grey({1, 2, 2, 3, 3, 3, 4, 5}), {128, 1, 1, 2, 2, 3, 129, 4, 5}},
+        {"the longest run", grey(Bytes(300, 9)), {0x7F, 9, 0x7F, 9, 0x2B, 9}},
+        {"the longest literal", grey(Ramp(0, 129)), Join({{0xFF}, Ramp(0, 128), {0x80, 128}})},
+        {"a literal up to a run", grey(Join({Ramp(0, 200), Bytes(3, 200)})),
+         Join({{0xFF}, Ramp(0, 128), {0xC7}, Ramp(128, 72), {0x02, 200}})},
+        {"the last pixel is what the host's buffers hold after it",
+         grey({1, 0xCD}),
+         {0x80, 1, 0x80, 0xCD}},
+        {"each row starts afresh", grey({4, 4, 4, 4, 4, 5}, 2), {0x02, 4, 0x01, 4, 0x80, 5}},
+        {"pixels are compared whole", rgb(3, {7, 7, 7, 7, 7, 8}), {0x81, 7, 7, 7, 7, 7, 8}},
+        {"alpha comes first",
+         rgb(4, {1, 2, 3, 9, 1, 2, 3, 9, 1, 2, 3, 8}),
+         {0x01, 9, 1, 2, 3, 0x80, 8, 1, 2, 3}},
+        {"no rows", Picture(kHostModeRGB, 4, 0, 3), {}}};
+    for (const auto& [what, picture, packets] : kRows)
+        EXPECT_EQ(Packets(picture), packets) << what;
 }
 
 TEST_F(WriteFile, AFileByteByByte)
