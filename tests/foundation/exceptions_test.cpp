@@ -39,18 +39,6 @@ TEST(Exception, KnowsOnlyThatTheTaskFailed)
     EXPECT_EQ(AnswersOf(e), Answers(kTaskFailed, "", false, true));
 }
 
-TEST(Error, AnswersWhatItIsGiven)
-{
-    EXPECT_EQ(AnswersOf(CError()), Answers("", "", false, true));
-    EXPECT_EQ(AnswersOf(CError("why", true, false)), Answers("", "why", true, false));
-    CError e("what", "why");
-    EXPECT_EQ(AnswersOf(e), Answers("what", "why", false, true));
-    EXPECT_TRUE(CError(e).ErrorText().SharesBufferWith(e.ErrorText()));
-    e.SetTaskText("what else");
-    e.SetErrorText("why else");
-    EXPECT_EQ(AnswersOf(e), Answers("what else", "why else", false, true));
-}
-
 TEST(Error, TakesOverWhatAnotherExceptionAnswers)
 {
     const CAbort abort(true, false);

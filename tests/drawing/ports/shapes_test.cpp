@@ -34,56 +34,6 @@ TEST(Shapes, GoToPixelsByTheRuleAtEveryScale)
     }
 }
 
-TEST(Shapes, StrokesLieWithinAndAreAPixelWideAtLeast)
-{
-    const CBRVRegion corner = CBRVRegion(Rect{1, 1, 8, 8}).Subtract(Rect{4, 4, 8, 8});
-    const struct {
-        const char* what;
-        double scale;
-        double width;
-        Rect rect; // empty: the region
-        const char* sketch;
-    } rows[] = {
-        {"rectangle",
-         1,
-         2,
-         {1, 1, 7, 6},
-         "........\n.######.\n.######.\n.##..##.\n.######.\n.######.\n........\n........\n"},
-        {"thinner than a pixel",
-         1,
-         0.1,
-         {1, 1, 7, 4},
-         "........\n.######.\n.#....#.\n.######.\n........\n........\n........\n........\n"},
-        {"no number for a width",
-         1,
-         std::nan(""),
-         {1, 1, 4, 4},
-         "........\n.###....\n.#.#....\n.###....\n........\n........\n........\n........\n"},
-        {"wider than the shape",
-         1,
-         9,
-         {1, 1, 7, 3},
-         "........\n.######.\n.######.\n........\n........\n........\n........\n........\n"},
-        {"region",
-         1,
-         1,
-         {},
-         "........\n.#######\n.#.....#\n.#.#####\n.#.#....\n.#.#....\n.#.#....\n.###....\n"},
-        {"at scale 2",
-         2,
-         1,
-         {0, 0, 4, 3},
-         "########\n########\n##....##\n##....##\n########\n########\n........\n........\n"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        TestImage image(8, 8, row.scale);
-        const CPen pen{kBlack, row.width};
-        row.rect.IsEmpty() ? image.Frame(corner, pen) : image.Frame(row.rect, pen);
-        EXPECT_EQ(image.Sketch(), row.sketch);
-    }
-}
-
 TEST(Shapes, LinesBeginAtTheirPixelAndEndBeforeTheirEnd)
 {
     TestImage image(6, 6);
