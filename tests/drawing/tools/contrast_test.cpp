@@ -1,5 +1,6 @@
 // Whether everything can be read on its grounds, in all themes.
 #include "drawing/tools/colour_table.h"
+#include "support/contrast.h"
 #include "support/testing.h"
 
 using namespace Kesto;
@@ -78,29 +79,18 @@ constexpr Pair kPairs[] = {
     {"icon_warning on icon_ground", kColour_IconWarning, kColour_IconGround, 3.0},
 };
 
-double Luminance(std::uint32_t bgr)
+double LuminanceOf(std::uint32_t bgr)
 {
-    const auto linear = [](std::uint32_t byte) {
-        const double part = (byte & 255) / 255.0;
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(bgr) + 0.7152 * linear(bgr >> 8) + 0.0722 * linear(bgr >> 16);
-}
-
-// As the Web Content Accessibility Guidelines 2 define it.
-double Contrast(std::uint32_t a, std::uint32_t b)
-{
-    const double first = Luminance(a);
-    const double second = Luminance(b);
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+    return Testing::Luminance({double(bgr & 255), double(bgr >> 8 & 255), double(bgr >> 16 & 255)});
 }
 
 TEST(Colours, CanBeReadOnTheirGroundsInAllThemes)
 {
     for (const Pair& pair : kPairs)
         for (std::size_t theme = 0; theme < kThemeCount; ++theme) {
-            const double contrast = Contrast(ColourTable()[pair.role].colours[theme],
-                                             ColourTable()[pair.ground].colours[theme]);
+            const double contrast =
+                Testing::Contrast(LuminanceOf(ColourTable()[pair.role].colours[theme]),
+                                  LuminanceOf(ColourTable()[pair.ground].colours[theme]));
             EXPECT_GE(contrast, pair.least) << pair.name << ", theme " << theme;
             EXPECT_LE(contrast, pair.most) << pair.name << ", theme " << theme;
         }

@@ -2,12 +2,16 @@
 // apart can be.
 #include "images/icons/resource_data_provider.h"
 #include "images/pictures/picture_states.h"
+#include "support/contrast.h"
 #include "support/testing.h"
 
 #include <initializer_list>
 
 namespace Kesto {
 namespace {
+
+using Testing::Contrast;
+using Testing::Luminance;
 
 // The grey of each theme's windows, and of the plate on which alerts put their signs.
 constexpr int kWindows[] = {0xF0, 0xB8, 0x53, 0x32};
@@ -33,28 +37,6 @@ bool IsUsable(EPictureState state)
     return state != kPicture_Disabled && state != kPicture_Inactive;
 }
 
-double Luminance(const double (&colour)[3])
-{
-    constexpr double kWeights[] = {0.2126, 0.7152, 0.0722};
-    double sum = 0;
-    for (std::size_t i = 0; i < 3; ++i) {
-        const double part = colour[i] / 255;
-        sum +=
-            kWeights[i] * (part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4));
-    }
-    return sum;
-}
-
-double GreyLuminance(int grey)
-{
-    return Luminance({double(grey), double(grey), double(grey)});
-}
-
-double Contrast(double a, double b)
-{
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
 // The luminance of each pixel of a picture on a grey window.
 std::vector<double> Seen(const CMemoryPixmap& pixmap, int window)
 {
@@ -69,9 +51,10 @@ std::vector<double> Seen(const CMemoryPixmap& pixmap, int window)
                 return double(view.planePointers[plane][y * view.rowBytes + x]);
             };
             const double alpha = hasAlpha ? at(view.planeCount - 1) / 255 : 1;
-            double colour[3];
+            std::array<double, 3> colour;
             for (std::int32_t i = 0; i < 3; ++i)
-                colour[i] = at(i % colours) * alpha + window * (1 - alpha);
+                colour[static_cast<std::size_t>(i)] =
+                    at(i % colours) * alpha + window * (1 - alpha);
             seen.push_back(Luminance(colour));
         }
     return seen;
@@ -98,8 +81,9 @@ double ShapeContrast(const CMemoryPixmap& pixmap, int window, EDensity density, 
         std::ranges::sort(seen);
         return Contrast(seen[Few(density)], seen[seen.size() - 1 - Few(density)]);
     }
+    const double grey = window;
     for (double& one : seen)
-        one = Contrast(one, GreyLuminance(window));
+        one = Contrast(one, Luminance({grey, grey, grey}));
     return ContrastOfAFew(seen, density);
 }
 
