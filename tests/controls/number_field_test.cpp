@@ -49,6 +49,13 @@ void RoundedLimit(CEditNumber& field)
     field.SetValueAndRange(-12.5, -12.5, 100);
 }
 
+CEditNumber& Open(FieldStage& stage, Set set = Percent)
+{
+    auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
+    set(*made);
+    return stage.Open(std::move(made));
+}
+
 // What is typed, with a sign for each key that is none of a text.
 void Type(FieldStage& stage, std::u32string_view text)
 {
@@ -116,9 +123,7 @@ TEST(NumberField, DoesWhatKeysSay)
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.name);
         FieldStage stage;
-        auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
-        row.set(*made);
-        CEditNumber& field = stage.Open(std::move(made));
+        CEditNumber& field = Open(stage, row.set);
         Type(stage, row.keys);
         EXPECT_EQ(field.GetValue(), row.value);
         EXPECT_EQ(field.GetText(), row.text);
@@ -132,9 +137,7 @@ TEST(NumberField, DoesWhatKeysSay)
 TEST(NumberField, StepsFurtherWithShift)
 {
     FieldStage stage;
-    auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
-    Percent(*made);
-    stage.Open(std::move(made));
+    Open(stage);
     stage.Hold(kShift, true);
     stage.Press(kKeyCode_Up);
     stage.Hold(kShift, false);
@@ -226,9 +229,7 @@ TEST(NumberField, LeavesTheIndeterminateStateByAClickAStepOrTyping)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         FieldStage stage;
-        auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
-        Percent(*made);
-        CEditNumber& field = stage.Open(std::move(made));
+        CEditNumber& field = Open(stage);
         field.SetIndeterminate(true);
         EXPECT_FALSE(field.IsBullseye());
         EXPECT_EQ(field.GetText(), "");
@@ -242,9 +243,7 @@ TEST(NumberField, LeavesTheIndeterminateStateByAClickAStepOrTyping)
 TEST(NumberField, SaysNothingWhereNobodyCouldSeeWhatItIsAbout)
 {
     FieldStage stage;
-    auto made = std::make_unique<CEditNumber>(Rect{}, CObjID("field"));
-    Percent(*made);
-    CEditNumber& field = stage.Open(std::move(made));
+    CEditNumber& field = Open(stage);
     field.SetText("101");
     field.SetActive(false);
     EXPECT_TRUE(field.CanSurrender(false));

@@ -174,19 +174,3 @@ TEST_P(SettingsFile, EndsWithTheEndOfDataErrorWhereverItIsCut)
         EXPECT_EQ(loaded.Number(), size < 180 ? 0 : -7) << size;
     }
 }
-
-TEST_P(SettingsFile, SurvivesSizesThatLie)
-{
-    // A chunk that says it ends within the state: the bytes there are taken for an owner, and the
-    // file for cut.
-    for (const std::uint32_t size : {1u, 8u, 115u, 117u, 0x7FFFFFFFu, 0xFFFFFFECu, 0xFFFFFFFFu}) {
-        Put(36, size);
-        Load(kSize, true);
-    }
-    Put(36, 116);
-    Put(40, 1); // a state of another version, passed by its own size
-    for (const std::uint32_t size : {137u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
-        Put(44, size);
-        Load(kSize, true);
-    }
-}

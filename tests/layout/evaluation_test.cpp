@@ -22,6 +22,18 @@ TEST(Expressions, HaveTheirValues)
         {"(unknown == unknown) + (unknown != 1) + (unknown || 1)", 0},
         {"(2 < 3 == 1)", 0}, // equality binds tighter
         {"in(40, 40) + in(-1, -1) + in(3)", 0},
+        {"in(2, 1, 2, 3) + in(32, 32) + in(31, 31) * 2 + in(0, 1)", 3},
+        {"(1 || 0 && 0) + (0 && 1 || 1) * 2 + (1 && 2)", 4}, // "and" binds tighter
+        {"(1 == 1 && 2 != 2 || 3 > 2) + 0", 1},
+        {"(3 >= 3) + (3 > 3) * 2 + (2 <= 1) * 4 + (2 < 3) * 8 + (2 <= 2) * 16", 25},
+        {"7 - 2 - 1 + 100 / 7 / 2 + 2 * 3 % 4", 12}, // from the left
+        {"-2 * -3 + +4 - -(2 - 5)", 7},
+        {"(!0) + (!5) * 2 + (!!7) * 4", 5},
+        {"max(3, 1, 7) * 100 + min(3, 1, 7) * 10 + max(-3, -1)", 709},
+        {"dim(7, 4) * 10 + dim(4, 7) - 7 / -2", 33},
+        {"2147483647 * 2", -2},
+        {"unknown + 1", VexUndefined},
+        {"max(1 , 2*( 3+min (4,5) ))", 14},
     };
     CExpressionScope scope;
     for (const auto& [text, value] : cases)

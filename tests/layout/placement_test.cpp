@@ -1,7 +1,6 @@
 // Where the views of a layout come to lie.
 #include "layout/build/text_generator.h"
 #include "layout/placement/placement.h"
-#include "layout/placement_model.h"
 #include "layout/recording_generator.h"
 #include "support/testing.h"
 
@@ -113,78 +112,6 @@ TEST(Placement, FollowsItsRules)
     };
     for (const auto& [words, text, places] : cases)
         EXPECT_EQ(CPlacesGenerator::PlacesOf(text), places) << words;
-}
-
-class RandomTrees : public testing::Test {
-protected:
-    int UpTo(int limit) { return std::uniform_int_distribution<int>(0, limit)(fRandom); }
-    bool OneIn(int count) { return UpTo(count - 1) == 0; }
-
-    std::int32_t Size(int extremes)
-    {
-        constexpr std::int32_t kExtremes[] = {INT32_MAX, -INT32_MAX, INT32_MAX / 2, -7, -1};
-        return extremes > 0 && OneIn(extremes) ? kExtremes[UpTo(4)] : OneIn(2) ? 0 : UpTo(60);
-    }
-
-    // `extremes`: one number in so many lies at the edges of 32 bits, or below 0.
-    std::unique_ptr<CViewProxy> Tree(int depth, int extremes)
-    {
-        auto p = std::make_unique<CViewProxy>(nullptr, fPool);
-        for (std::int32_t CViewProxy::*size :
-             {&CViewProxy::fWidth, &CViewProxy::fHeight, &CViewProxy::fLabelWidth,
-              &CViewProxy::fInset, &CViewProxy::fTopInset, &CViewProxy::fSpacing,
-              &CViewProxy::fLeftOutset, &CViewProxy::fTopOutset, &CViewProxy::fRightOutset,
-              &CViewProxy::fBottomOutset, &CViewProxy::fMarginLeft, &CViewProxy::fMarginTop,
-              &CViewProxy::fMarginRight, &CViewProxy::fMarginBottom, &CViewProxy::fLeftOffset,
-              &CViewProxy::fTopOffset})
-            (*p).*size = Size(extremes);
-        if (OneIn(3)) // room to share
-            p->fWidth = p->fHeight = 100 + UpTo(900);
-        p->fMaxHeight = OneIn(4) ? Size(extremes) : 0;
-        p->fHorizontal = OneIn(20) ? 6 : UpTo(5);
-        p->fVertical = OneIn(20) ? -1 : UpTo(5);
-        p->fPlacement = UpTo(2);
-        p->fHasLabel = OneIn(3);
-        p->fReverse = OneIn(5);
-        for (int i = depth > 0 ? UpTo(4) : 0; i > 0; --i)
-            p->fChildren.push_back(Tree(depth - 1, extremes));
-        return p;
-    }
-
-    static std::string Numbers(const CViewProxy& p)
-    {
-        std::string text = '(' + std::to_string(p.fLeft) + ' ' + std::to_string(p.fTop) + ' ' +
-                           std::to_string(p.fWidth) + ' ' + std::to_string(p.fHeight) + ' ' +
-                           std::to_string(p.fLabelWidth);
-        for (const auto& child : p.fChildren)
-            text += Numbers(*child);
-        return text + ')';
-    }
-    static std::string Numbers(const Model::Box& b)
-    {
-        std::string text = '(' + std::to_string(b.at[0].position) + ' ' +
-                           std::to_string(b.at[1].position) + ' ' + std::to_string(b.at[0].size) +
-                           ' ' + std::to_string(b.at[1].size) + ' ' + std::to_string(b.label);
-        for (const Model::Box& child : b.boxes)
-            text += Numbers(child);
-        return text + ')';
-    }
-
-    std::mt19937 fRandom{20260101};
-    StringPool fPool;
-};
-
-TEST_F(RandomTrees, AreSolvedAsByTheModel)
-{
-    for (int extremes : {0, 40, 4})
-        for (int i = 0; i < 3000; ++i) {
-            const auto tree = Tree(4, extremes);
-            Model::Box model(*tree);
-            Model::Measure(model);
-            Model::Place(model);
-            SolvePlacement(*tree);
-            ASSERT_EQ(Numbers(*tree), Numbers(model)) << "tree " << i << ", extremes " << extremes;
-        }
 }
 
 TEST(LargeTrees, AreSolvedWithoutRecursion)

@@ -157,18 +157,6 @@ TEST(Format, WritesOneForm)
               "A(\n    a: (!b || -1 <= +c),\n    d: 'two\nlines'\n) {\n}\n");
 }
 
-TEST(Format, KeepsTheMeaning)
-{
-    const char* const texts[] = {"a=1;A(x:a--a){b=a+1;B(width:b,t:'q');}",
-                                 "A(x: 1%2*(3-4)/-in(3,3)) { steps = 3; step(1,2,&s); B(y: s); }"};
-    for (const char* text : texts) {
-        SCOPED_TRACE(text);
-        const std::string formatted = Formatted(text);
-        EXPECT_EQ(DumpLayout(CSourceText("a", text)), DumpLayout(CSourceText("b", formatted)));
-        EXPECT_EQ(Formatted(formatted), formatted);
-    }
-}
-
 TEST(Format, RefusesBrokenTexts)
 {
     EXPECT_THROW(Formatted("A("), std::runtime_error);

@@ -324,27 +324,6 @@ TEST_F(WindowTest, AStartThatFailsGivesBackWhatItTook)
     FailEachStart<CMDIFrame>(owner, false);
 }
 
-TEST_F(WindowTest, AProcessThatComesAndGoesBelowADialogHandsBack)
-{
-    Dialog dialog;
-    bool wasHandedBack = false;
-    process.PostCall(-1, [&] {
-        {
-            PumpedProcess other;
-            EXPECT_EQ(CProcess::Current(), &other);
-            Dialog inner;
-            inner.SetModal(true);
-            other.PostCall(-1, [&inner] { inner.EndRun(3); });
-            EXPECT_EQ(inner.Run(), 3);
-        }
-        wasHandedBack =
-            CProcess::Current() == &process && CMessenger::GetBullseye() == dialog.field;
-        dialog.EndRun(5);
-    });
-    EXPECT_EQ(dialog.Run(), 5);
-    EXPECT_TRUE(wasHandedBack);
-}
-
 // The size in units stays; the pixels, the views' scale and their places follow.
 TEST_F(WindowTest, FollowsAChangeOfScaleWhileOpen)
 {

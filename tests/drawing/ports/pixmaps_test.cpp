@@ -117,26 +117,6 @@ TEST(PixmapBlended, AveragesWhatBecomesSmallerAndRepeatsWhatDoesNot)
     EXPECT_EQ(image.Inked(), (PixelRect{1, 0, 2, 4}));
 }
 
-TEST(PixmapBlended, SurvivesHostileRectangles)
-{
-    CMemoryPixmap pixmap = MakePlanes(4, 5, 5, [](int, int, int) { return 255; });
-    CMemoryPixmap nothing(8, 0, 0, 4, 4, 0);
-    const Rect rects[] = {{0, 0, 5, 5},        {5, 5, 0, 0},      {-1e300, -1e300, 1e300, 1e300},
-                          {2, 2, 2 + 1e-9, 3}, {-3e9, 1, 3e9, 2}, {std::nan(""), 0, 1, 1}};
-    for (const Rect& source : rects)
-        for (const Rect& dest : rects) {
-            TestImage image(9, 9);
-            TestImage other(7, 7);
-            image.DrawPixmapBlended(pixmap, source, dest);
-            image.DrawPixmap(pixmap, source, dest);
-            image.DrawPixmap(other.GetDisplay(), source, dest);
-            image.DrawPixmapBlended(nothing, source, dest);
-            image.DrawPort(other, source, dest);
-            image.DrawPort(image, source, dest);
-            image.DrawPort(CImagePort(), source, dest);
-        }
-}
-
 TEST(Pixmaps, OpaqueOnesComeFromOtherPortsAtTheirScale)
 {
     TestImage source(4, 4, 2);

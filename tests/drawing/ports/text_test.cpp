@@ -113,33 +113,6 @@ TEST(Text, ShowsMnemonicsAsAsked)
     EXPECT_LT(inkedOf(0).left, inkedOf(kText_HideMnemonic).left); // the mark is text
 }
 
-TEST(Text, OfAnyBytesAndFontsDrawsSomethingOrNothing)
-{
-    const std::string texts[] = {
-        "",
-        "\xED\xA0\x80 lone surrogate",
-        "\xFF\xFE\x80",
-        "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D abc", // right to left
-        "e\xCC\x81\xCC\xA7\xCC\x88",            // combining marks
-        "\xCC\x81",
-        std::string(40000, 'x'),
-        std::string("zero\0byte", 9),
-    };
-    const CFont fonts[] = {
-        {"No such font"}, {"", 0.0}, {"Tahoma", -5.0}, {"Tahoma", 1e9}, {"Tahoma", std::nan("")}};
-    for (const CFont& font : fonts)
-        for (const std::string& text : texts) {
-            SCOPED_TRACE(font.face.View());
-            SCOPED_TRACE(text.substr(0, 20));
-            TestImage image(40, 20);
-            image.SetFont(font);
-            image.SetOpaqueText(true);
-            image.DrawTextBox(text, {2, 2, 38, 18}, kText_Wrap | kText_Ellipsis | kText_Mnemonic);
-            image.DrawTextLine(text.substr(0, 100), {1, 12});
-            EXPECT_GE(image.MeasureText(text.substr(0, 100)), 0.0);
-        }
-}
-
 TEST(Text, GrowsWithTheScaleAndTheFontScale)
 {
     CDesktopPort port(1.0);
