@@ -91,22 +91,6 @@ TEST(Alert, LocalisesItsTextsAndStandsBeforeTheFrontWindowUnlessItIsGivenOne)
     EXPECT_EQ(user.boxes[1].parent, other);
 }
 
-TEST(Alert, TellsItsButtonsInTheirOrder)
-{
-    using enum AlertButton;
-    const std::array<AlertButton, 3> rows[] = {
-        {kOK, kNone, kNone},  {kOK, kCancel, kNone},    {kYes, kNo, kNone},
-        {kYes, kNo, kCancel}, {kRetry, kCancel, kNone}, {kAbort, kRetry, kIgnore},
-        {kYes, kNo, kCancel}, {kYes, kNo, kNone},       {kYes, kNo, kCancel},
-        {kOK, kNone, kNone},
-    };
-    AlertBox box;
-    for (int buttons = 0; buttons < 10; ++buttons) {
-        box.buttons = AlertButtons{buttons};
-        EXPECT_EQ(box.Buttons(), rows[buttons]) << buttons;
-    }
-}
-
 TEST(Alert, ReturnsTheAnswerOfTheYoungestHookThatDoesNotPassItOn)
 {
     AlertCapture outer(AlertButton::kYes);
