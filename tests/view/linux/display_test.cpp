@@ -2,16 +2,11 @@
 // monitors come and go, and there is no window manager that would heed a hint.
 #include "foundation/base/service.h"
 #include "platform/graphics/monitors.h"
+#include "support/testing.h"
 #include "support/virtual_display.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
 #include "view/window/window_kinds.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <memory>
-#include <string>
 
 namespace {
 
