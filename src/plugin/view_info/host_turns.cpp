@@ -60,10 +60,13 @@ void CHostTurns::Idle()
 {
     CProcess* const process = CProcess::Current();
     SetPeriod(0.0);
-    if (process == nullptr || !IsQuiet(*process))
+    if (process == nullptr || fIsTaken || !IsQuiet(*process))
         return;
     HostInputEvent event{};
-    if (!fSource(event))
+    fIsTaken = true;
+    const bool hasEvent = fSource(event);
+    fIsTaken = false;
+    if (!hasEvent)
         SetPeriod(kUsualPeriod);
     else if (event.message == kHostRequestWait)
         SetPeriod(static_cast<double>(event.first) / 1000.0);

@@ -29,6 +29,7 @@ public:
 private:
     Source fSource;
     CHostHands fHands;
+    bool fIsTaken = false; // in a turn the host may run another module's dialog, and timers go on
 };
 
 } // namespace Kesto
