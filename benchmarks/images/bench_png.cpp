@@ -59,17 +59,18 @@ void Run(const Race& race)
                 decode(file);
         };
     };
-    const std::vector<double> seconds =
-        MedianSeconds(race.rounds, {{[&] { Inflate(data, room); }},
-                                    {[&] {
-                                        for (const auto& stream : streams) {
-                                            Kesto::CPNGDecoder decoder;
-                                            Keep(*decoder.Decode(*stream));
-                                        }
-                                    }},
-                                    {all(DecodeWithLibpng)},
-                                    {all(DecodeWithSpng)},
-                                    {all(DecodeWithStb)}});
+    const std::vector<double> seconds = MedianSeconds(race.rounds,
+                                                      {{[&] { Inflate(data, room); }},
+                                                       {[&] {
+                                                           for (const auto& stream : streams) {
+                                                               Kesto::CPNGDecoder decoder;
+                                                               Keep(*decoder.Decode(*stream));
+                                                           }
+                                                       }},
+                                                       {all(DecodeWithLibpng)},
+                                                       {all(DecodeWithSpng)},
+                                                       {all(DecodeWithStb)}},
+                                                      ProcessorSeconds);
     std::printf("%-28s %9.2f %11.2f %8.2f %8.2f %9.2f\n", race.name, seconds[1] * 1e3,
                 seconds[0] / seconds[1], seconds[2] / seconds[1], seconds[3] / seconds[1],
                 seconds[4] / seconds[1]);

@@ -8,6 +8,8 @@ namespace {
 KernelTable TableFor(Avx2::Stores stores)
 {
     KernelTable table = stores == Avx2::Stores::kStreamed ? Avx2StreamingKernels() : Avx2Kernels();
+    // Their caches take whole lines without reading them first: filling past them is slower.
+    table.fill = Avx2Kernels().fill;
     Avx512::AddColour(table);
     Avx512::AddMapping(table, stores);
     Avx512::AddSums(table);
