@@ -13,6 +13,9 @@ public:
 
     bool AreThere() const;
 
+    // Whether the play of this name doesn't ask too much of them.
+    static bool CanPlay(const std::string& name);
+
     // Runs xdotool with these arguments and returns when it has ended. False if it can't be run.
     bool Do(const std::vector<std::string>& words) const;
 

@@ -15,6 +15,11 @@ bool OutsideHands::AreThere() const
     return fDisplay->IsThere();
 }
 
+bool OutsideHands::CanPlay(const std::string&)
+{
+    return true;
+}
+
 bool OutsideHands::Do(const std::vector<std::string>& words) const
 {
     std::string command = "xdotool";
