@@ -13,6 +13,9 @@ public:
 
     bool AreThere() const;
 
+    // Seconds for what they do to come through the display.
+    static double Patience();
+
     // Whether the play of this name doesn't ask too much of them.
     static bool CanPlay(const std::string& name);
 

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr double kPatience = 0.1; // seconds for an event to come through the display
-
 std::string KeyName(std::uint64_t key)
 {
     static const std::map<std::uint64_t, std::string> names = {
@@ -81,7 +79,7 @@ TEST_P(PlaysFromOutside, ComeOutAsExpected)
     const auto deliver = [](const HostInputEvent& event) {
         EXPECT_TRUE(gHands->Do(WordsFor(event)));
     };
-    const Host::PlayOutcome outcome = PlayFile(GetParam(), {deliver, kPatience});
+    const Host::PlayOutcome outcome = PlayFile(GetParam(), {deliver, OutsideHands::Patience()});
     EXPECT_EQ(outcome.words, "");
     EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
 }

@@ -15,6 +15,11 @@ bool OutsideHands::AreThere() const
     return fDisplay->IsThere();
 }
 
+double OutsideHands::Patience()
+{
+    return 0.1;
+}
+
 bool OutsideHands::CanPlay(const std::string&)
 {
     return true;

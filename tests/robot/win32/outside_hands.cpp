@@ -16,6 +16,12 @@ bool OutsideHands::AreThere() const
     return GetEnvironmentVariableW(L"DISPLAY", nullptr, 0) != 0 && Do({"version"});
 }
 
+// Several processes of Wine's hand an event on.
+double OutsideHands::Patience()
+{
+    return 0.35;
+}
+
 // On a busy machine Wine loses one of many characters that come from outside.
 bool OutsideHands::CanPlay(const std::string& name)
 {
