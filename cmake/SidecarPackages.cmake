@@ -4,7 +4,6 @@ set(CPACK_PACKAGE_NAME sidecar)
 set(CPACK_PACKAGE_VENDOR "The authors of Sidecar")
 set(CPACK_PACKAGE_CONTACT "The authors of Sidecar <authors@sidecar.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_PACKAGE_DESCRIPTION_FILE ${CMAKE_SOURCE_DIR}/packaging/README.md)
 set(CPACK_COMPONENTS_ALL runtime development)
 set(CPACK_STRIP_FILES ON)
 
@@ -21,6 +20,8 @@ else()
   set(CPACK_DEBIAN_COMPRESSION_TYPE zstd)
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME sidecar)
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION graphics)
+  set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "It opens and saves ElectricImage pictures. With it come lumohost, which does the same
+from the command line, and tools for authors of plug-ins.")
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/bin)
   # Beside those that are linked, the libraries that the module loads when it first draws or opens a window.
@@ -29,6 +30,8 @@ else()
     libxkbcommon0 libxkbcommon-x11-0)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME sidecar-dev)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+  set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Headers, libraries and examples for authors of other plug-ins and hosts.
+Begin with write-a-plugin.md.")
   # What the static libraries are linked with.
   string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "sidecar (= ${PROJECT_VERSION})" cmake zlib1g-dev)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS "g++, ninja-build")
