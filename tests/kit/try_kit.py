@@ -94,7 +94,8 @@ class Kit:
                 (tools / program.name).symlink_to(program)
         self.environment["PATH"] = f"{tools}:{self.environment['PATH']}"
         if self.windows:
-            self.environment["SIDECAR_WINEPREFIX"] = str(self.options.build / "wine")
+            # Of its own, where no window of another test takes the keyboard away.
+            self.environment["SIDECAR_WINEPREFIX"] = str(self.options.build / "wine-kit")
             self.environment["CMAKE_TOOLCHAIN_FILE"] = str(self.prefix / "share/sidecar/mingw-w64.cmake")
 
     def files_name_no_folder_of_this_build(self):

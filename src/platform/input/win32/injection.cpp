@@ -16,8 +16,27 @@ void InjectMouse(DWORD flags, DWORD data = 0, LONG x = 0, LONG y = 0)
     SendInput(1, &input, sizeof input);
 }
 
+// The keyboard belongs to one window of the desktop. Another program that starts may take it from
+// this one, whose keys would then be typed nowhere, so the front window of this thread takes it
+// back.
+void TakeKeyboard()
+{
+    DWORD owner = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &owner);
+    if (owner == GetCurrentProcessId())
+        return;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM) -> BOOL {
+            return !IsWindowVisible(window) || !IsWindowEnabled(window) ||
+                   !SetForegroundWindow(window); // front first; stops at the first that takes it
+        },
+        0);
+}
+
 void InjectKeyboard(WORD key, WORD scan, DWORD flags)
 {
+    TakeKeyboard();
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
