@@ -1,9 +1,12 @@
 #include "controls/qt_dialog.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QEvent>
+#include <QtCore/QTimer>
 #include <QtGui/QImage>
 #include <QtUiTools/QUiLoader>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QWidget>
 
 namespace Bench {
@@ -43,6 +46,22 @@ void StartQt()
     static QApplication application(count, arguments);
 }
 
+// Ends the dialog once its first paint, with its children's, has been done.
+class EndsAfterPaint : public QObject {
+public:
+    explicit EndsAfterPaint(QDialog& dialog) : fDialog(dialog) { dialog.installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            QTimer::singleShot(0, &fDialog, [this] { fDialog.done(1); });
+        return false;
+    }
+
+private:
+    QDialog& fDialog;
+};
+
 } // namespace
 
 struct QtDialog::Parts {
@@ -71,6 +90,14 @@ void QtDialog::Draw(double scale)
     QImage image(fParts->dialog->size() * scale, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     fParts->dialog->render(&image);
+}
+
+void QtDialog::Run()
+{
+    Build();
+    auto& dialog = dynamic_cast<QDialog&>(*fParts->dialog);
+    const EndsAfterPaint ends(dialog);
+    dialog.exec();
 }
 
 } // namespace Bench

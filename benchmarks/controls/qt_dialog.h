@@ -1,5 +1,5 @@
-// What bench_dialog measures itself against: the frame dialog by Qt's loader of .ui files, off
-// screen.
+// What bench_dialog and bench_windows measure themselves against: the frame dialog by Qt's loader
+// of .ui files, off screen.
 #pragma once
 
 #include <memory>
@@ -15,6 +15,8 @@ public:
     void Build();
     // The whole dialog into an image of its size.
     void Draw(double scale);
+    // Builds it and runs it modally until it has been painted once.
+    void Run();
 
 private:
     struct Parts;

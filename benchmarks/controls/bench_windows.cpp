@@ -1,0 +1,260 @@
+// Windows under a user's hands, off screen: the frame dialog from its text to its first frame and
+// back, against Qt's dialog in the same run; what answers a click, a key and a change of size, in
+// time and in pixels presented; and what a dialog at rest takes of the processor. Above 1 a ratio
+// says that we are faster.
+#include "controls/buttons/system_button.h"
+#include "controls/fields/edit_string.h"
+#include "controls/qt_dialog.h"
+#include "controls/registered_classes.h"
+#include "layout/build/layout_owner.h"
+#include "platform/input/injection.h"
+#include "rounds.h"
+#include "view/process/process.h"
+#include "view/window/window_kinds.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace Kesto;
+
+namespace {
+
+constexpr double kFrame = 1.0 / 60.0; // seconds
+
+struct CallEvent : CProcessEvent {
+    CallEvent(std::int8_t priority, std::function<void()> run)
+        : CProcessEvent(priority), call(std::move(run))
+    {
+    }
+    void Dispatch() override { call(); }
+
+    std::function<void()> call;
+};
+
+void PumpQuiet(CProcess& process)
+{
+    while (process.GetNextEvent(CProcess::kEvent_Poll)) {
+    }
+}
+
+// ------------------------------------------------------------------------------------ The dialog
+
+std::string LayoutText()
+{
+    std::ifstream file(SIDECAR_SOURCE_DIR "/resources/layouts/electricimage.vex", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::unique_ptr<CWindow> Build(const std::string& text)
+{
+    LayoutOwner owner;
+    LoadLayoutFromText(owner, text.c_str());
+    return owner.TakeWindow();
+}
+
+// An event below 0 waits until nothing is left to be painted.
+void RunOnce(CProcess& process, const std::string& text)
+{
+    const std::unique_ptr<CWindow> window = Build(text);
+    window->SetModal(true);
+    process.PostEvent(std::make_unique<CallEvent>(-1, [&window] { window->EndRun(1); }));
+    window->Run();
+}
+
+// Of a program that begins with nothing: registration, fonts and tools count too.
+int TimeFirstStart(bool isOurs)
+{
+    const double start = Bench::WallSeconds();
+    if (isOurs) {
+        RegisterViewClasses();
+        CProcess process;
+        RunOnce(process, LayoutText());
+    } else {
+        Bench::QtDialog().Run();
+    }
+    std::printf("%f\n", Bench::WallSeconds() - start);
+    return 0;
+}
+
+// The median over programs that are started anew.
+double FirstStart(const std::string& program, const char* whose)
+{
+    constexpr std::size_t kStarts = 9;
+    std::vector<double> seconds;
+    for (std::size_t i = 0; i < kStarts; ++i) {
+        FILE* const said = popen((program + " --first-start " + whose).c_str(), "r");
+        double time = 0.0;
+        if (said != nullptr && std::fscanf(said, "%lf", &time) == 1)
+            seconds.push_back(time);
+        if (said != nullptr)
+            pclose(said);
+    }
+    std::ranges::sort(seconds);
+    return seconds.empty() ? 0.0 : seconds[seconds.size() / 2];
+}
+
+void Print(const char* what, double ours, double peer)
+{
+    std::printf("%-44s %9.1f us %8.2f Qt\n", what, ours * 1e6, peer / ours);
+}
+
+void CompareRuns(const std::string& program)
+{
+    constexpr std::size_t kRounds = 51;
+    CProcess process;
+    const std::string text = LayoutText();
+    Bench::QtDialog peer;
+    const auto seconds =
+        Bench::MedianSeconds(kRounds, {{[&] { RunOnce(process, text); }}, {[&] { peer.Run(); }}});
+    Print("frame dialog, run to a frame and back", seconds[0], seconds[1]);
+    Print("the same, from the program's start", FirstStart(program, "ours"),
+          FirstStart(program, "peer"));
+}
+
+// ---------------------------------------------------------------------------------------- Answers
+
+// Counts the pixels that it presents.
+class Watched : public CDocumentWindow {
+public:
+    explicit Watched(const Point& size) : CDocumentWindow(PlanOf(size)) {}
+
+    void PixelsDrawn(const CDeviceRegion& pixels) override
+    {
+        for (const PixelRect& rect : pixels.GetRects())
+            presented +=
+                static_cast<std::int64_t>(rect.right - rect.left) * (rect.bottom - rect.top);
+        CDocumentWindow::PixelsDrawn(pixels);
+    }
+    bool HandleCommand(CCommandMessage&) override { return true; }
+
+    std::int64_t presented = 0;
+
+private:
+    static CWindowPlan PlanOf(const Point& size)
+    {
+        CWindowPlan plan;
+        plan.kind = kWin_Document;
+        plan.features = 0x183 | kWin_CanSize;
+        plan.size = size;
+        return plan;
+    }
+};
+
+// One answer with everything painted that it changes.
+void TimeAnswer(const char* what, CProcess& process, Watched& window,
+                const std::function<void()>& act)
+{
+    constexpr std::size_t kRounds = 101;
+    const auto once = [&] {
+        act();
+        PumpQuiet(process);
+    };
+    once();
+    window.presented = 0;
+    once();
+    const std::int64_t presented = window.presented;
+    const double seconds = Bench::MedianSeconds(kRounds, {{once}}, Bench::ProcessorSeconds)[0];
+    std::printf("%-44s %9.1f us %8.2f%% of a frame %9lld pixels\n", what, seconds * 1e6,
+                seconds / kFrame * 100.0, static_cast<long long>(presented));
+}
+
+void TimeAnswers()
+{
+    CProcess process;
+    Watched window({200.0, 100.0});
+    window.AppendChild(std::make_unique<CPushButton>(Rect{10, 10, 110, 34}, CObjID("bench/push")));
+    auto* const field = window.AppendChild(std::make_unique<CEditString>(Rect{10, 40, 110, 64}));
+    window.Start();
+    PumpQuiet(process);
+    const PixelRect content = window.GetWindowBounds();
+    Platform::InjectMove({content.left + 60, content.top + 22});
+    PumpQuiet(process);
+    TimeAnswer("a click answered", process, window, [] {
+        Platform::InjectButton(Platform::Key::kLeftButton, true);
+        Platform::InjectButton(Platform::Key::kLeftButton, false);
+    });
+    field->BecomeBullseye(false);
+    PumpQuiet(process);
+    TimeAnswer("a key shown in a field", process, window, [field] {
+        if (field->GetText().CharCount() > 8)
+            field->SetText("");
+        Platform::InjectCharacter('x');
+    });
+}
+
+class Cell : public CPane {
+public:
+    using CPane::CPane;
+    void DrawInContext(const CPaintEvent&) override
+    {
+        GetPort()->Paint(fBounds, Colour{0x40, 0x80, 0xC0});
+    }
+};
+
+// About a thousand: rows that stretch, with cells that keep to the right.
+void TimeResize()
+{
+    constexpr int kSide = 31;
+    constexpr double kCell = 20.0;
+    CProcess process;
+    Watched window({kSide * kCell, kSide * kCell});
+    for (int y = 0; y < kSide; ++y) {
+        CPane* const row = window.AppendChild(std::make_unique<CPane>(
+            Rect{0, y * kCell, kSide * kCell, (y + 1) * kCell}, CObjID{}, 0U, kBind_XSizeable));
+        for (int x = 0; x < kSide; ++x)
+            row->AppendChild(std::make_unique<Cell>(Rect{x * kCell + 1, 1, (x + 1) * kCell, kCell},
+                                                    CObjID{}, 0U, kBind_Right));
+    }
+    window.Start();
+    PumpQuiet(process);
+    bool isWide = false;
+    TimeAnswer("a window of 1,000 views resized", process, window, [&] {
+        isWide = !isWide;
+        window.SizeWindow({kSide * kCell + (isWide ? 10.0 : 0.0), kSide * kCell});
+        window.UpdateNow();
+    });
+}
+
+void TimeRest()
+{
+    static constexpr int kSeconds = 10;
+    CProcess process;
+    const std::unique_ptr<CWindow> window = Build(LayoutText());
+    std::thread ends;
+    double start = 0.0;
+    process.PostEvent(std::make_unique<CallEvent>(-1, [&] {
+        start = Bench::ProcessorSeconds();
+        ends = std::thread([&window] {
+            std::this_thread::sleep_for(std::chrono::seconds(kSeconds));
+            CProcessLink::Post(std::make_unique<CallEvent>(1, [&window] { window->EndRun(1); }));
+        });
+    }));
+    window->Run();
+    const double used = Bench::ProcessorSeconds() - start;
+    ends.join();
+    std::printf("%-44s %9.1f us in %d s\n", "the frame dialog at rest", used * 1e6, kSeconds);
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    unsetenv("DISPLAY"); // both draw into memory
+    if (count == 3)
+        return TimeFirstStart(std::string(arguments[2]) == "ours");
+    RegisterViewClasses();
+    CompareRuns(arguments[0]);
+    TimeAnswers();
+    TimeResize();
+    TimeRest();
+}
