@@ -21,7 +21,6 @@ constexpr PropertyRow kSizes[] = {
     {VexName("frame_size_right"), 0, ""},
     {VexName("frame_size_bottom"), 0, ""},
 };
-constexpr PropertyRow kRows[] = {kStyle};
 
 double SizeOf(const LayoutOwner& owner, const VexName& side, const VexName& axis)
 {
@@ -71,9 +70,14 @@ PaneWord CPaneBuilder<CFramePane>::Options() const
     return {.required = kView_Target};
 }
 
+const PropertyRow& CPaneBuilder<CFramePane>::StyleRow() const
+{
+    return kStyle;
+}
+
 std::int32_t CPaneBuilder<CFramePane>::ReadFrameKind(const LayoutOwner& owner) const
 {
-    return owner.Properties().Integer(kStyle);
+    return owner.Properties().Integer(StyleRow());
 }
 
 Rect CPaneBuilder<CFramePane>::ReadEdges(const LayoutOwner& owner) const
@@ -108,7 +112,7 @@ CView* CPaneBuilder<CFramePane>::AdjustLayout(CView* parent, LayoutOwner& owner)
 void CPaneBuilder<CFramePane>::AppendRows(std::vector<PropertyRows>& rows) const
 {
     CPaneBuilder<CPane>::AppendRows(rows);
-    rows.push_back(kRows);
+    rows.push_back({&StyleRow(), 1});
     rows.push_back(kSizes);
 }
 

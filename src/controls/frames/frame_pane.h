@@ -39,7 +39,11 @@ protected:
 
     // What the frame, and whatever else a class draws at its edges, takes from each side.
     virtual Rect ReadEdges(const LayoutOwner& owner) const;
-    virtual std::int32_t ReadFrameKind(const LayoutOwner& owner) const;
+    // The key of the frame's kind, with the class's default.
+    virtual const PropertyRow& StyleRow() const;
+
+private:
+    std::int32_t ReadFrameKind(const LayoutOwner& owner) const;
 };
 
 } // namespace Kesto

@@ -61,9 +61,9 @@ void CPaneBuilder<CGroupPane>::ReadKeys(CPane& pane, LayoutOwner& owner) const
                                             static_cast<EFontKind>(reader.Integer(kFont)));
 }
 
-std::int32_t CPaneBuilder<CGroupPane>::ReadFrameKind(const LayoutOwner& owner) const
+const PropertyRow& CPaneBuilder<CGroupPane>::StyleRow() const
 {
-    return owner.Properties().Integer(kStyle);
+    return kStyle;
 }
 
 Rect CPaneBuilder<CGroupPane>::ReadEdges(const LayoutOwner& owner) const

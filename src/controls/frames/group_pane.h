@@ -31,7 +31,7 @@ protected:
     std::unique_ptr<CPane> MakePane(const PaneParameters& parameters) const override;
     void ReadKeys(CPane& pane, LayoutOwner& owner) const override;
     Rect ReadEdges(const LayoutOwner& owner) const override;
-    std::int32_t ReadFrameKind(const LayoutOwner& owner) const override;
+    const PropertyRow& StyleRow() const override;
 };
 
 } // namespace Kesto
