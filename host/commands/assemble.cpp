@@ -120,6 +120,7 @@ int RunAssemble(const AssembleOptions& options)
         StoppablePicture picture(OpenPicture(PathOf(options.pictures[i])), options.output);
         encoder.Append(picture, layouts[i], options.pictures[i]);
     }
+    // A stop during the last frame leaves no finished file either.
     RequireGoOn(options.output);
     encoder.Finish();
     std::printf(

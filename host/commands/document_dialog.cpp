@@ -58,10 +58,12 @@ std::optional<int> AskWith(const std::function<void()>& ask, const DialogOptions
     } catch (const Failure& caught) {
         failure = caught;
     }
+    // What the script found comes first: a failure of the run may be no more than its consequence.
     if (const std::optional<PlayOutcome> trouble = TroubleOf(user)) {
         std::fprintf(stderr, "lumohost: %s\n", trouble->words.c_str());
         return trouble->status;
     }
+    // Who only describes or photographs a dialog has cancelled it, which is no failure then.
     if (failure && options.OnlyLooks() && failure->Code() == kHostUserCanceled)
         return 0;
     if (failure)

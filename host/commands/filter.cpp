@@ -37,6 +37,7 @@ int FilterPicture(const FilterOptions& options, CommonOptions& common, DialogUse
     common.operation.memoryLimit = ParseSize(common.memoryLimit);
     ServedSettings::Pairs settings = ServedSettings::Parse(options.settings);
     const bool isSilent = IsSilent(settings, user);
+    // Made first, so that a name that no picture can have is told before anything is loaded.
     const std::unique_ptr<PictureSink> sink = CreatePicture(PathOf(options.output), {});
     const PluginModule module(common.Module(), PluginKind::kFilter);
     const std::unique_ptr<PictureSource> source = OpenPicture(PathOf(options.picture));

@@ -91,6 +91,7 @@ int RunInfo(const InfoOptions& options)
     }
     bool sound = true;
     uint32_t listed = 0;
+    // The count in the header may be any number of 32 bits.
     while (listed < kListedFrames) {
         const std::optional<EIFrameReport> frame = walker.Next();
         if (!frame)

@@ -60,6 +60,7 @@ std::string FrameName(const std::string& pattern, int64_t frame)
 
 int OpenAll(const OpenOptions& options, CommonOptions& common)
 {
+    // Throws for a name without a place for the number, before a frame is opened.
     FrameName(options.output, 1);
     common.operation.interactive = true;
     common.operation.showProgress = false;
@@ -76,6 +77,7 @@ int OpenAll(const OpenOptions& options, CommonOptions& common)
                 OpenFrame(options, session, frame->number);
                 ++good;
             } catch (const Failure& failure) {
+                // A bad frame stops none of the others; the user's stop ends them all.
                 if (Interrupted())
                     throw;
                 failures.push_back("frame " + std::to_string(frame->number) + ": " +

@@ -48,6 +48,7 @@ std::vector<std::string> ArgumentsFor(const OpenOptions& options, const CommonOp
         add("--frame", std::to_string(*options.frame));
     if (options.dialog.keepSettings)
         arguments.emplace_back("--keep-settings");
+    // A file's name may begin with a hyphen.
     arguments.emplace_back("--");
     arguments.push_back(file);
     return arguments;
@@ -123,6 +124,7 @@ int OpenMany(const OpenOptions& options, CommonOptions& common)
                               Open(ArgumentsFor(options, common, options.files[*number],
                                                 outputs[*number])));
             });
+        // Waits for all of them, before they are counted.
         threads.clear();
         good = jobs.Good();
         failures = jobs.Failures();

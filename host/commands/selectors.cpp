@@ -97,6 +97,7 @@ Answer Ask(const PluginModule& module, int16_t selector, const std::filesystem::
         answer.budget = record.memoryBudget == before ? -1 : record.memoryBudget;
         operation.Call(kFormatUnload);
     }
+    // The next selector meets a module that keeps nothing of this one.
     ReleaseHandles();
     return answer;
 }

@@ -51,6 +51,7 @@ HostRect32 SelectedRect(const Document& mask)
                     std::min(selected.top, y),
                     std::max(selected.right, static_cast<int32_t>(last - row)), y + 1};
     }
+    // Nothing selected: the corners that the search began with are no rectangle.
     return selected.right == 0 ? HostRect32{} : selected;
 }
 
@@ -94,10 +95,12 @@ void FilterRun::AskUser()
 Document FilterRun::Run()
 {
     Require(kFilterPrepare, "filter prepare", &fRecord);
+    // The prepare has left there what the filter wants beyond the buffers.
     SetMemoryHeadRoom(fRecord.spaceBudget);
     Require(kFilterStart, "filter start", &fRecord);
     try {
         TakeBlocks();
+        // The plug-in has read its settings by now, so what it never asked for is a wrong name.
         fSettings.RequireKnown();
         while (WantsBlocks())
             Proceed();

@@ -136,6 +136,7 @@ void RequirePicture(const PropertyList& list, const PictureInfo& info)
     if (info.width < 1 || info.height < 1)
         throw Failure("the picture has no pixels: its size is " + size,
                       "The file is damaged or empty.", kHostCannotRead);
+    // A limit of 0 is one that the list doesn't name.
     if ((list.maxWidth > 0 && info.width > list.maxWidth) ||
         (list.maxHeight > 0 && info.height > list.maxHeight))
         throw Failure("the picture is too large for the module: " + size + ", the limit is " +

@@ -75,6 +75,7 @@ Exchange Exchange::Of(const HostFormatRecord& record, const PictureInfo& info)
         throw BadExchange(
             "planes that the picture hasn't got: " + std::to_string(exchange.firstPlane) + " to " +
             std::to_string(exchange.lastPlane));
+    // The record has room for four planes; what stands behind those of the picture is never used.
     for (size_t i = 0; i < exchange.order.size(); ++i) {
         exchange.order[i] = record.planeOrder[i];
         if (i < static_cast<size_t>(info.planes) &&

@@ -109,6 +109,7 @@ SaveReport Session::Save(PictureSource& picture, const std::filesystem::path& fi
     operation.SetProgress(&progress);
     Describe(operation.Record(), picture.Info());
 
+    // Every host asks for the options and the estimate before it opens the file.
     operation.Run(kOptionsPhases);
     operation.Run(kEstimatePhases);
     const SaveReport report = {operation.Record().estimateMin, operation.Record().estimateMax};

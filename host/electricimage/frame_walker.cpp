@@ -74,6 +74,7 @@ void EIFrameWalker::FindFaults(EIFrameReport& frame) const
     fault(fields.packing > 1, "unknown packing " + std::to_string(fields.packing));
     fault(!alphaGood, std::to_string(fields.alphaDepth) + " bits of alpha beside " +
                           std::to_string(fields.bitDepth));
+    // Bits of alpha that can't be make the pixels odd too: one fault is told for one cause.
     fault(alphaGood && !IsKnownLayout(fields),
           "unknown pixel length of " + std::to_string(fields.PixelBits()) + " bits");
     fault(fields.Width() < 1 || fields.Height() < 1, "bounds without pixels");

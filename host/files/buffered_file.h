@@ -63,7 +63,7 @@ private:
         unsigned char* cursor = nullptr;
         unsigned char* end = nullptr;
 
-        // A negative count is a very large one here, and so never fits.
+        // A negative count becomes a very large one, which never fits.
         bool Has(int64_t count) const
         {
             return static_cast<uint64_t>(count) <= static_cast<uint64_t>(end - cursor);

@@ -97,6 +97,7 @@ ChildEnd RunThisProgram(const std::vector<std::string>& arguments)
     pid_t child = 0;
     RequireSystem(
         posix_spawn(&child, kThisProgram, actions.Get(), nullptr, pointers.data(), environ));
+    // As long as this end is open the reading would wait for more.
     to.Close();
     ChildEnd end;
     end.messages = ReadAll(from.Get());

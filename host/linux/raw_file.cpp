@@ -77,6 +77,7 @@ int16_t RawFile::ReadAt(int64_t offset, void* bytes, size_t& count) const
     auto* target = static_cast<char*>(bytes);
     size_t done = 0;
     int16_t result = kHostNoError;
+    // A call may deliver less than it is asked for although the end isn't reached.
     while (done < count) {
         const ssize_t now = pread(Descriptor(fHandle), target + done, count - done,
                                   offset + static_cast<int64_t>(done));

@@ -71,6 +71,7 @@ Header ParsePam(HeaderWords& words)
         if (key.empty() || key == "ENDHDR")
             return header;
         const std::string_view value = words.Next();
+        // The word after TUPLTYPE says nothing that the depth doesn't, so it is passed over.
         if (key == "WIDTH")
             header.width = NumberOf(value);
         else if (key == "HEIGHT")

@@ -13,7 +13,7 @@ const HostStringIdSuite* StringIdSuite();
 // The key of a name; a new one for a new name.
 uint32_t KeyOfName(const std::string& name);
 
-// The name of a key: that which it was made of, or else its four characters.
+// The name that a key was made of, or else the key's four characters.
 std::string NameOfKey(uint32_t key);
 
 } // namespace Host

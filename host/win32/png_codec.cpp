@@ -202,6 +202,7 @@ private:
         for (int32_t y = 0; y < fInfo.height; ++y)
             CopyRow(converter.Get(), y, fPixels.data() + static_cast<size_t>(y) * fInfo.RowBytes(),
                     fInfo.RowBytes());
+        // The decoder's pixels begin with blue.
         if (fInfo.planes > 1)
             SwapRedAndBlue(fPixels.data(), fPixels.size(), fInfo.planes);
     }

@@ -89,6 +89,7 @@ int16_t RawFile::ReadAt(int64_t offset, void* bytes, size_t& count) const
     auto* target = static_cast<char*>(bytes);
     size_t done = 0;
     int16_t result = kHostNoError;
+    // A call takes 32 bits of bytes at most, and may deliver less than it is asked for.
     while (done < count) {
         OVERLAPPED where = AtOffset(offset + static_cast<int64_t>(done));
         DWORD now = 0;

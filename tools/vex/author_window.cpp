@@ -125,6 +125,7 @@ void CAuthorProcess::TakeKey(std::uintptr_t key)
     default:
         return;
     }
+    // It points at views that a new theme, scale or text may have replaced.
     fInspector.Forget();
 }
 

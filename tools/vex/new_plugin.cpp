@@ -78,6 +78,7 @@ std::vector<std::filesystem::path> MakePlugin(const std::string& name, const std
                                  "digits and underscores, as in Relief, but not " +
                                  name);
     const std::filesystem::path folder = parent / name;
+    // An existing folder may hold somebody's work.
     if (!std::filesystem::create_directories(folder))
         throw std::runtime_error(folder.string() + " is there already");
     std::vector<std::filesystem::path> written;

@@ -56,6 +56,7 @@ void CButton::DrawInContext(const CPaintEvent& event)
     Rect insets;
     fGraphic->GetInsets(insets);
     const Rect& image = GetImage();
+    // A frame without an inside is not drawn: the graphic would turn it inside out.
     if (image.Width() <= insets.left + insets.right || image.Height() <= insets.top + insets.bottom)
         return;
     const EButtonState state = GetDrawState();

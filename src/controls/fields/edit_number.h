@@ -1,10 +1,10 @@
 // CEditNumber, a field for a number: it keeps a value within a range, shows it, reads what is typed
 // as an expression, steps it by arrow keys, and is scrubbed by a drag on its label.
 //
-// The value is the committed one; what is typed becomes it when Return is pressed or the focus goes
-// elsewhere. A text that is no number in the range doesn't let the focus go: it is corrected first,
-// and an alert says so. Messages are CValMsg<CNumber>, whose phase tells how the value came about;
-// a field without an id sends none. What is not a number is never taken from a text.
+// The value is the committed one; what is typed becomes it when Return is pressed or the focus
+// moves elsewhere. A text that is no number in the range doesn't let the focus go: it is corrected
+// first, and an alert says so. Messages are CValMsg<CNumber>, whose phase tells how the value came
+// about; a field without an id sends none. What is not a number is never taken from a text.
 #pragma once
 
 #include "controls/base/scrub_target.h"

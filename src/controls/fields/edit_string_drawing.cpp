@@ -119,6 +119,7 @@ void CEditString::DrawInContext(const CPaintEvent& event)
                                                                       : kColour_FieldDisabled));
     else
         CWidgetSkin::DrawField(*port, bounds, look);
+    // A sign beside the ring, since not everybody tells its colour from the others.
     if (look.invalid) {
         const double top = bounds.top + std::floor((bounds.Height() - kSignSize) / 2);
         const double right = bounds.right - kTopMargin;

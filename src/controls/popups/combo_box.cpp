@@ -162,6 +162,7 @@ void CComboBox::DrawInContext(const CPaintEvent&)
                ToolColour(enabled ? kColour_Border : kColour_BorderDisabled));
     CWidgetSkin::DrawArrow(port, {(arrow.left + arrow.right) / 2, (arrow.top + arrow.bottom) / 2},
                            EArrow::kDown, enabled);
+    // The field of an editable box draws the text itself.
     if (fField != nullptr)
         return;
     port.SetFont(CDrawTools::Get().GetFont(GetFont()));

@@ -258,6 +258,7 @@ void CScrollBar::DrawInContext(const CPaintEvent&)
     if (thumb.IsEmpty())
         return;
     const bool vertical = IsVertical();
+    // A bar that is narrower than usual has little to spare beside its thumb.
     const double room =
         (vertical ? thumb.Width() : thumb.Height()) < kWidth ? kSmallThumb : kThumbRoom;
     if (vertical)

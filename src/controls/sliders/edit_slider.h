@@ -42,7 +42,7 @@ public:
 
     bool HandleValue(CValueMessage& message) override;
     void DidResize() override;
-    // Who goes to the whole gets to its field.
+    // The focus that the slider is given is its field's.
     CMessenger* DefaultBullseye() override { return fField; }
     void SelectContents() override { fField->SelectContents(); }
 

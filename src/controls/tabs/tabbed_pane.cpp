@@ -227,6 +227,7 @@ void CTabbedPane::DrawTab(CSystemPort& port, std::size_t page)
         ButtonStateOf(IsActive(), usable, false, fHotTab == page && !isFront);
     Rect tab = TabRect(page);
     CWidgetSkin::DrawTab(port, tab, state, isFront);
+    // The title stands in the middle of what is drawn of the tab.
     tab.top += isFront ? 0.0 : kBackDrop;
     port.SetFont(CDrawTools::Get().GetFont(kFont));
     port.SetTextColour(ToolColour(!usable   ? kColour_LabelDisabled

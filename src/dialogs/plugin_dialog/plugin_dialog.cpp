@@ -189,6 +189,7 @@ bool PDialog::HandleCommand(CCommandMessage& message)
         PressCancel(message);
     else if (message.fID == kWindow_CloseBox) {
         Dismiss();
+        // The dialog may have ended with its run.
         return hold.IsOver() || CDialog::HandleCommand(message);
     } else if (ZoomScaleOf(message.fID))
         SetZoom(message.fID);

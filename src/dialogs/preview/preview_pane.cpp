@@ -134,6 +134,7 @@ void PPreviewPane::OnMouseDown(const CMouseEvent& event)
     const CViewHold hold(*this);
     if (listener != nullptr && listener->PreviewClicked(event))
         return;
+    // The listener may have closed the dialog, and the pane with it.
     if (hold.IsOver())
         return;
     const bool control = (event.fModifiers & CMessage::kModifier_Control) != 0;

@@ -109,6 +109,7 @@ void CBorder::Draw(CSystemPort& port, const Rect& frame) const
         DrawSides(port, frame, row.edges, row.colour, row.second);
         break;
     case EStyle::kEtched:
+        // The light lines come first: where they cross the dark ones, those are on top.
         DrawSides(port, {frame.left + 1, frame.top + 1, frame.right, frame.bottom}, kAllRound,
                   row.second, row.second);
         DrawSides(port, {frame.left, frame.top, frame.right - 1, frame.bottom - 1}, kAllRound,

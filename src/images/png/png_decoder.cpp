@@ -114,12 +114,15 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::DecodeStream(CContainer& stream)
     ReadHeader(stream);
     ReadChunks(stream);
     PNGImageData data({fImageData.Data(), fImageBytes}, static_cast<std::size_t>(fTotalSize));
+    // Deflated data grows by a limited factor, so a header that promises more is a lie and is found
+    // before memory is taken for it.
     if (fTotalSize > kModestSize &&
         static_cast<std::size_t>(fTotalSize / kMostExpansion) > fImageBytes)
         ThrowInvalidHeader();
 
     std::unique_ptr<CMemoryPixmap> pixmap = MakePixmap();
     DecodePasses(data, pixmap.get());
+    // Told last: data that is damaged as well has its own message.
     if (fBitDepth != 8)
         throw CError(
             "$$$/Kesto/PNGDecoder/Error/InvalidDepth=The PNG pixel depth is not supported.");

@@ -25,6 +25,7 @@ SampleFormat CPNGDecoder::Samples() const
 void CPNGDecoder::TransferTo(CBasicPixmap& pixmap, std::span<const std::uint8_t> data) const
 {
     const SampleFormat format = Samples();
+    // Nothing to transfer. A depth that isn't supported is the decoder's to tell.
     if (fBitDepth != 8 || format.planes == 0 || fTotalSize == 0)
         return;
     CPixView view;

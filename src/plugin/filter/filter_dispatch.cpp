@@ -7,6 +7,7 @@ CFilterObject gFilter(DropFilterHelper);
 
 int16_t Serve(const CFilterObject::Call& call)
 {
+    // Open makes an object where there is none, Tell needs a living one, Finish ends it.
     switch (call.selector) {
     case kFilterAbout:
         return gFilter.About(call);

@@ -29,8 +29,8 @@ public:
     // `ended` is called whenever an object has been deleted and the clean-up list has run.
     explicit CSinglePlugin(void (*ended)() = [] {}) : fEnded(ended) {}
 
-    // A host that goes without a finish leaves the object to the system: by now what it would use
-    // to end, such as the message queue, may have ended itself.
+    // When the host ends without a finish, the object is not destroyed: what its destructor would
+    // use, such as the message queue, may be gone by now.
     ~CSinglePlugin() { static_cast<void>(fPlugin.release()); }
     CSinglePlugin(const CSinglePlugin&) = delete;
     CSinglePlugin& operator=(const CSinglePlugin&) = delete;

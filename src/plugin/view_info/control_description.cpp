@@ -54,6 +54,7 @@ void DescribeText(const CEditString& field, CDescriptionRecord& record)
 {
     const CText text = field.GetText();
     const Platform::TextRange selection = field.GetSelection();
+    // A selection that was made towards the beginning has its ends exchanged.
     const auto [start, end] = std::minmax(selection.from, selection.to);
     const bool isEditable = !field.HasTextOption(kEdit_ReadOnly) && field.IsUsable();
     record.PutText("Type", "editString");

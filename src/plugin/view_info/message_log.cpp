@@ -44,6 +44,7 @@ private:
     {
         fRecord.fields = kHostMessageHasPhase;
         fRecord.phase = static_cast<std::int32_t>(message.fPhase);
+        // Numbers alone know the value that a drag began with.
         if (const auto* const number = dynamic_cast<const CValMsg<CNumber>*>(&message)) {
             PutNumbers(number->fValue, number->fOldValue);
             fRecord.fields |= kHostMessageHasStart;

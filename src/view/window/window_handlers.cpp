@@ -62,6 +62,7 @@ std::intptr_t CWindow::OnActivate(const WindowMessage& message)
         TakeFocusBack();
         Activate();
     } else {
+        // The system may have activated the next window before.
         if (desktop.ActiveWindow() == this)
             desktop.SetActiveWindow(nullptr);
         Deactivate();

@@ -215,6 +215,7 @@ void CWindow::Open()
     else if (isFirst && !HasWindowState(kWindow_Popup) && !IsFloat())
         Activate();
     Show();
+    // Each of these steps calls hooks, which may end the window.
     if (hold.IsOver() || !isFirst)
         return;
     AfterShow();

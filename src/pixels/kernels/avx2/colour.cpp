@@ -39,6 +39,7 @@ void Noise(const Byte* source, Byte* out, std::size_t n, std::int32_t amount, st
 {
     if (amount > kMostNoise || amount < -kMostNoise || Entangled(out, source, n))
         return PlainKernels().noise(source, out, n, amount, seed);
+    // Lane i has the generator's state before pixel i; a jump over eight pixels moves all lanes on.
     constexpr Jump kPixel = Jump::By(kNoiseSamples);
     constexpr Jump kEightPixels = Jump::By(8 * kNoiseSamples);
     std::uint32_t state = seed;

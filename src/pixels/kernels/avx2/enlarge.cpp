@@ -365,6 +365,8 @@ void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA,
 {
     std::size_t i = 0;
     if (AreShares(weightA, weightB)) {
+        // Both weights in one multiplication: the factors of a and b lie side by side, as the
+        // unpacked pixels do.
         const WordFactors factors(weightA, weightB);
         const __m256i high = _mm256_set1_epi32(factors.fHigh[0] | factors.fHigh[1] << 16);
         const __m256i low = _mm256_set1_epi32(factors.fLow[0] | factors.fLow[1] << 16);
@@ -385,7 +387,6 @@ void CombineWords(const std::uint16_t* a, const std::uint16_t* b, float weightA,
 }
 
 // --- Rows of groups
-// ------------------------------------------------------------------------------------------
 
 template <class Group>
 void PlanGroups(const ScaleColumns& columns)

@@ -43,6 +43,7 @@ void Noise(const Byte* source, Byte* out, std::size_t n, std::int32_t amount, st
 {
     if (amount > kMostNoise || amount < -kMostNoise || Entangled(out, source, n))
         return PlainKernels().noise(source, out, n, amount, seed);
+    // As in the AVX2 kernel, with sixteen lanes.
     constexpr Jump kPixel = Jump::By(kNoiseSamples);
     constexpr Jump kVectorOfPixels = Jump::By(kLanes * kNoiseSamples);
     std::uint32_t state = seed;

@@ -271,6 +271,7 @@ public:
         metrics.height = all.tmHeight;
         metrics.averageWidth = all.tmAveCharWidth;
         metrics.maxWidth = std::max(all.tmMaxCharWidth, all.tmAveCharWidth);
+        // Fonts of bitmaps have no outline to ask.
         metrics.underlineTop = 1;
         OUTLINETEXTMETRICW outline{};
         if (GetOutlineTextMetricsW(MemoryDevice::Get(), sizeof outline, &outline) != 0) {

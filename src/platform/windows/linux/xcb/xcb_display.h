@@ -1,6 +1,6 @@
 // The display that is reached over XCB.
 //
-// Requests go out when the queue is looked into next, and so do events come in. What the window
+// Requests are sent, and events taken in, when the queue is looked into next. What the window
 // manager or the user does to a window is posted to it as a message of its own and acted on when
 // that is dispatched, since handlers must not run while the queue is read.
 #pragma once
