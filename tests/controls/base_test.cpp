@@ -13,29 +13,28 @@ namespace {
 
 TEST(Mnemonics, AreTheLettersAfterTheirMarkSmallOrCapital)
 {
-    struct Case {
+    const struct {
         const char* label;
         std::uint32_t typed;
         bool matches;
-    };
-    const Case cases[] = {{"&Apply", 'a', true},
-                          {"&apply", 'A', true},
-                          {"Fu&zz", 'Z', true},
-                          {"Salt && &Pepper", 'p', true},
-                          {"Salt && Pepper", 'p', false},
-                          {"Apply", 'a', false},
-                          {"Apply&", 'y', false},
-                          {"&{", '[', false},
-                          {"&`", '@', false},
-                          {"&\u00E0", 0xC0, true},
-                          {"&\u00FE", 0xDE, true},
-                          {"&\u00F7", 0xD7, false},
-                          {"&\u03B1", 0x391, true},
-                          {"&\u03C9", 0x3A9, true},
-                          {"&\u0430", 0x410, true},
-                          {"&\u044F", 0x42F, true},
-                          {"&\u00FF", 0xDF, false},
-                          {"&\u0450", 0x430, false}};
+    } cases[] = {{"&Apply", 'a', true},
+                 {"&apply", 'A', true},
+                 {"Fu&zz", 'Z', true},
+                 {"Salt && &Pepper", 'p', true},
+                 {"Salt && Pepper", 'p', false},
+                 {"Apply", 'a', false},
+                 {"Apply&", 'y', false},
+                 {"&{", '[', false},
+                 {"&`", '@', false},
+                 {"&\u00E0", 0xC0, true},
+                 {"&\u00FE", 0xDE, true},
+                 {"&\u00F7", 0xD7, false},
+                 {"&\u03B1", 0x391, true},
+                 {"&\u03C9", 0x3A9, true},
+                 {"&\u0430", 0x410, true},
+                 {"&\u044F", 0x42F, true},
+                 {"&\u00FF", 0xDF, false},
+                 {"&\u0450", 0x430, false}};
     for (const auto& [label, typed, matches] : cases) {
         SCOPED_TRACE(label);
         const auto isFor = [text = label, key = typed](CObjID kind, bool repeated) {

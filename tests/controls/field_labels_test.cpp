@@ -31,18 +31,8 @@ protected:
         stage.process.PumpQuiet();
     }
 
-    void MoveTo(double x, double y)
-    {
-        const PixelPoint corner = stage.window.GetScreenPosition();
-        const double scale = stage.window.GetScaleFactor();
-        Platform::InjectMove({corner.x + ToDevice(x, scale), corner.y + ToDevice(y, scale)});
-        stage.process.PumpQuiet();
-    }
-    void Button(bool down)
-    {
-        Platform::InjectButton(Platform::Key::kLeftButton, down);
-        stage.process.PumpQuiet();
-    }
+    void MoveTo(double x, double y) { stage.MoveTo(x, y); }
+    void Button(bool down) { stage.Button(down); }
     void PressWithAlt(std::uint32_t key)
     {
         stage.Hold(kAlt, true);
@@ -135,43 +125,6 @@ TEST_F(FieldLabels, ButtonsOfTheSystemWorkByMouseAndKeysAndShowWhatThePaneDrew)
                               static_cast<std::size_t>(pixels.right - pixels.left) * 4),
                   0)
             << "row " << y;
-}
-
-// The alert is a window, which the user answers; the dialog goes on afterwards.
-TEST(FieldAlerts, LeaveADialogAsItIs)
-{
-    PumpedProcess process;
-    CWindowPlan plan;
-    plan.features = 0x183;
-    CDialog dialog(plan);
-    dialog.SetModal(true);
-    auto* const field =
-        dialog.AppendChild(std::make_unique<CEditNumber>(Rect{10, 10, 110, 34}, CObjID("field")));
-    dialog.AppendChild(std::make_unique<CEditString>(Rect{10, 40, 110, 64}));
-    field->SetValueAndRange(5, 0, 100);
-    const auto press = [](std::uint32_t key, std::u16string_view text) {
-        Platform::InjectKey(key, true, text);
-        Platform::InjectKey(key, false);
-    };
-    std::string seen;
-    process.PostCall(-1, [&] {
-        field->BecomeBullseye(true);
-        field->SelectAll();
-        field->ReplaceSelection("101");
-        press(kKeyCode_Tab, {});
-        process.PostCall(-1, [&] {
-            seen += CServiceT<CDesktop>::Get()->ModalCount() == 2 ? "alert " : "";
-            press(kKeyCode_Return, u"\r");
-            process.PostCall(-1, [&] {
-                seen += dialog.IsVisible() && field->IsBullseye() ? "dialog " : "";
-                EXPECT_EQ(field->GetValue(), 100);
-                seen += Platform::FocusedWindow() == field->GetFocusWindow() ? "focus " : "";
-                dialog.DoClose();
-            });
-        });
-    });
-    dialog.Run();
-    EXPECT_EQ(seen, "alert dialog focus ");
 }
 
 } // namespace

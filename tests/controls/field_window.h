@@ -6,7 +6,7 @@
 #include "support/alert_capture.h"
 #include "view/messages/key_codes.h"
 #include "view/test_pump.h"
-#include "view/window/window_kinds.h"
+#include "view/window_parts.h"
 
 #include <charconv>
 #include <memory>
@@ -57,7 +57,7 @@ struct FieldProcess : PumpedProcess {
 
 class FieldStage {
 public:
-    FieldStage() : window(Plan()) {}
+    FieldStage() : window(DocumentPlan()) {}
 
     // The field, with the focus and all of it selected, and another one to go to.
     Kesto::CEditNumber& Open(std::unique_ptr<Kesto::CEditNumber> made)
@@ -96,14 +96,18 @@ public:
         field->BecomeBullseye(true);
         field->SelectAll();
     }
-    void Click(const Kesto::Point& units)
+    // In the window's units.
+    void MoveTo(double x, double y)
     {
         const Kesto::PixelPoint corner = window.GetScreenPosition();
         const double scale = window.GetScaleFactor();
-        Platform::InjectMove({corner.x + Kesto::ToDevice(units.x, scale),
-                              corner.y + Kesto::ToDevice(units.y, scale)});
-        Platform::InjectButton(Platform::Key::kLeftButton, true);
-        Platform::InjectButton(Platform::Key::kLeftButton, false);
+        Platform::InjectMove(
+            {corner.x + Kesto::ToDevice(x, scale), corner.y + Kesto::ToDevice(y, scale)});
+        process.PumpQuiet();
+    }
+    void Button(bool down)
+    {
+        Platform::InjectButton(Platform::Key::kLeftButton, down);
         process.PumpQuiet();
     }
 
@@ -121,16 +125,6 @@ public:
     FieldWindow window;
     Kesto::CEditNumber* field = nullptr;
     Kesto::CEditString* other = nullptr;
-
-private:
-    static Kesto::CWindowPlan Plan()
-    {
-        Kesto::CWindowPlan plan;
-        plan.kind = Kesto::kWin_Document;
-        plan.features = 0x183;
-        plan.size = {200.0, 100.0};
-        return plan;
-    }
 };
 
 } // namespace Testing

@@ -46,13 +46,12 @@ TEST_F(Generator, BuildsTheWindowAndItsPanesInPlace)
 
 TEST_F(Generator, MakesTheWindowThatItsKeysDescribe)
 {
-    struct Case {
+    const struct {
         const char* text;
         EWindowKind kind;
         std::uint32_t features;
         bool isModal;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"CWindow();", kWin_Document, 0x83, false},
         {"CWindow(window_style: kWin_Toolbar);", kWin_Toolbar, 0x83, false},
         {"CDialog(window_style: kWin_Toolbar);", kWin_Dialog, 0x83, true},
@@ -68,7 +67,7 @@ TEST_F(Generator, MakesTheWindowThatItsKeysDescribe)
          "1);",
          kWin_Document, 0x45F, false},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.text);
         LayoutOwner owner;
         LoadLayoutFromText(owner, each.text);
@@ -95,12 +94,6 @@ TEST_F(Generator, GivesAWindowItsPlaceAndItsLeastSize)
     EXPECT_EQ(window->GetTip(), "Some help");
 }
 
-TEST_F(Generator, PutsChildrenOfUnknownClassesIntoTheWindow)
-{
-    CView* const window = Load("PDialog() { CNoSuch(width: 10) { CPane(view_id: 'a'); } }");
-    EXPECT_EQ(At("a").GetParent(), window);
-}
-
 TEST_F(Generator, HandsBlockVariablesDown)
 {
     Load("PDialog() { CStaticText(view_id: 'before', text: 'a'); text_font = kFont_UISmall;"
@@ -120,17 +113,6 @@ TEST_F(Generator, LosesTextsOfFourBytes)
     EXPECT_EQ(At<CStaticText>("bbb").GetText(), "Edits");
     EXPECT_EQ(At("aaa").GetBounds().Width(), 0);
     EXPECT_GT(At("bbb").GetBounds().Width(), 10);
-}
-
-TEST_F(Generator, SizesAFramePaneByItsEdges)
-{
-    Load("PDialog() { CFramePane(view_id: 'frame', frame_style: kFrameEtched, frame_size_x: 5,"
-         "  horizontal: align_left) { CPane(view_id: 'child', width: 1, height: 1); }"
-         "  CPane(view_id: 'cushioned', width: 10, cushion: 2, cushion_left: 5); }");
-    EXPECT_EQ(At("frame").GetBounds().Width(), 11);
-    EXPECT_EQ(At("child").GetOrigin(), (Point{5, 2}));
-    EXPECT_EQ(At("cushioned").GetBounds().Width(), 17);
-    EXPECT_TRUE(At("frame").WantsTarget()) << "whatever the text says";
 }
 
 TEST_F(Generator, ReadsTheOptionsBitByBit)

@@ -58,11 +58,7 @@ TEST(NumberText, ReadsExpressionsOrPlainNumbers)
     CNumberRules plain;
     plain.noExpressions = true;
     const CNumberRules expressions;
-    const struct {
-        const char* text;
-        std::optional<double> expression;
-        std::optional<double> number;
-    } rows[] = {
+    const std::tuple<const char*, std::optional<double>, std::optional<double>> rows[] = {
         {"2*(3+4)", 14, 2},
         {"", std::nullopt, std::nullopt},
         {" ", std::nullopt, std::nullopt},
@@ -77,9 +73,9 @@ TEST(NumberText, ReadsExpressionsOrPlainNumbers)
         {"nan", std::nullopt, 0},
         {"inf", std::nullopt, 0},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(expressions.TextToValue(row.text), row.expression) << row.text;
-        EXPECT_EQ(plain.TextToValue(row.text), row.number) << row.text;
+    for (const auto& [text, expression, number] : rows) {
+        EXPECT_EQ(expressions.TextToValue(text), expression) << text;
+        EXPECT_EQ(plain.TextToValue(text), number) << text;
     }
     EXPECT_EQ(expressions.TextToValue(std::string(400, '9')), kOverflowValue);
 }
@@ -134,8 +130,7 @@ TEST(NumberText, LetsInWhatANumberCanNeed)
     expressions.minimum = 0;
     const struct {
         std::uint32_t character;
-        bool atStart;
-        bool plain, plainSigned, expression;
+        bool atStart, plain, plainSigned, expression;
     } rows[] = {
         {'5', true, true, true, true},      {8, false, true, true, true},
         {127, false, true, true, true},     {'-', true, false, true, false},

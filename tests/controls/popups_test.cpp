@@ -5,7 +5,7 @@
 #include "support/testing.h"
 #include "view/messages/key_codes.h"
 #include "view/test_pump.h"
-#include "view/window/window_kinds.h"
+#include "view/window_parts.h"
 
 using namespace Kesto;
 
@@ -73,14 +73,6 @@ struct Dialog : CDocumentWindow {
     std::string log;
 };
 
-CWindowPlan Plan()
-{
-    CWindowPlan plan;
-    plan.features = 0x183;
-    plan.kind = kWin_Document;
-    return plan;
-}
-
 // The keys are in the queue before the menu opens, as those of a quick user.
 void Type(std::initializer_list<std::uint32_t> keys)
 {
@@ -105,7 +97,7 @@ TEST(MenuPopup, ItsMenuIsOpenedByMouseAndKeys)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         PumpedProcess process;
-        Dialog window(Plan());
+        Dialog window(DocumentPlan());
         auto* const popup = window.AppendChild(
             std::make_unique<CMenuPopup>(Rect{10, 10, 110, 34}, CObjID("mode"), kView_TabStop));
         popup->SetItems(PopupItemsOf(kFour));
@@ -125,7 +117,7 @@ TEST(MenuPopup, ItsMenuIsOpenedByMouseAndKeys)
 TEST(ComboBox, TypesAndChooses)
 {
     PumpedProcess process;
-    Dialog window(Plan());
+    Dialog window(DocumentPlan());
     auto* const box = window.AppendChild(
         std::make_unique<CComboBox>(Rect{10, 10, 110, 34}, CObjID("size"), kView_TabStop));
     box->SetItems(PopupItemsOf("100 %\n200 %\n400 %"));

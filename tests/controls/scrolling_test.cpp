@@ -171,11 +171,7 @@ TEST(ScrollPane, IsScrolledByKeysAndWheel)
     auto& pane = panel.Add<CScrollPane>("pane", {0, 0, 100, 50}, kView_TabStop);
     pane.SetImageExtent(300, 500);
     ASSERT_TRUE(pane.BecomeBullseye(false));
-    const struct {
-        const char* what;
-        std::function<void()> action;
-        Point at;
-    } rows[] = {
+    const std::tuple<const char*, std::function<void()>, Point> rows[] = {
         {"a line down", [&] { panel.Key(pane, kKeyCode_Down); }, {0, 16}},
         {"a line right", [&] { panel.Key(pane, kKeyCode_Right); }, {16, 16}},
         {"a page down", [&] { panel.Key(pane, kKeyCode_PageDown); }, {16, 61}},
@@ -189,9 +185,9 @@ TEST(ScrollPane, IsScrolledByKeysAndWheel)
         {"Home", [&] { panel.Key(pane, kKeyCode_Home); }, {16, 0}},
         {"left", [&] { panel.Key(pane, kKeyCode_Left); }, {0, 0}},
     };
-    for (const auto& row : rows) {
-        row.action();
-        EXPECT_EQ(pane.GetImageOrigin(), row.at) << row.what;
+    for (const auto& [what, action, at] : rows) {
+        action();
+        EXPECT_EQ(pane.GetImageOrigin(), at) << what;
     }
     EXPECT_FALSE(panel.Key(pane, kKeyCode_Down, CMessage::kModifier_Control));
 }

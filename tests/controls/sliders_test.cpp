@@ -322,13 +322,11 @@ TEST(ProgressBar, ShowsItselfOnlyWhileSomethingGoesOn)
     auto& bar = panel.Add<CProgressBar>("bar", {0, 0, 100, 8});
     bar.SetAutoHide(true);
     bar.SetRange(0, 8);
-    const struct {
-        double value;
-        bool shown;
-    } rows[] = {{0, false}, {1, true}, {7.5, true}, {8, false}, {9, false}, {-1, false}, {3, true}};
-    for (const auto& row : rows) {
-        bar.SetValue(row.value);
-        EXPECT_EQ(bar.IsVisible(), row.shown) << row.value;
+    const std::pair<double, bool> rows[] = {{0, false}, {1, true},   {7.5, true}, {8, false},
+                                            {9, false}, {-1, false}, {3, true}};
+    for (const auto& [value, shown] : rows) {
+        bar.SetValue(value);
+        EXPECT_EQ(bar.IsVisible(), shown) << value;
     }
     bar.SetValue(std::numeric_limits<double>::quiet_NaN());
     bar.SetRange(0, std::numeric_limits<double>::infinity());

@@ -2,6 +2,7 @@
 // golden/make writes them anew; the numbers of the odd ones were checked by hand against the rules.
 // Those have no texts, so that they are the same on every system; what texts measure is its fonts'.
 #include "support/testing.h"
+#include "vex/check.h"
 #include "vex/place.h"
 
 #include <nlohmann/json.hpp>
@@ -55,14 +56,21 @@ std::string PlacesIn(const GoldenLayout& golden)
     return out.str();
 }
 
+// What a file of this folder should hold. It is written anew when the tests run in order to make
+// it.
+std::string Expected(const std::string& path, const std::string& found)
+{
+    if (std::getenv("SIDECAR_REMAKE_GOLDEN"))
+        std::ofstream(SIDECAR_SOURCE_DIR "/" + path, std::ios::binary) << found;
+    return TextOf(path);
+}
+
 TEST(Golden, LayoutsLieWhereTheyDid)
 {
     for (const GoldenLayout& golden : kLayouts) {
         const std::string path = kFolder + golden.path.substr(golden.path.rfind('/') + 1) + ".txt";
         std::string found = PlacesIn(golden);
-        if (std::getenv("SIDECAR_REMAKE_GOLDEN"))
-            std::ofstream(SIDECAR_SOURCE_DIR "/" + path, std::ios::binary) << found;
-        std::string expected = TextOf(path);
+        std::string expected = Expected(path, found);
         if (golden.hasTexts && !SIDECAR_GOLDEN_FONTS) {
             const std::regex numbers("  -?[0-9].*");
             found = std::regex_replace(found, numbers, "");
@@ -71,6 +79,28 @@ TEST(Golden, LayoutsLieWhereTheyDid)
         EXPECT_EQ(found, expected)
             << path << ". If that is right now, run tests/layout/golden/make.";
     }
+}
+
+// What the checker says of each text of mistakes.txt, which four hyphens end.
+TEST(Golden, MistakesAreFoundPlacedAndExplained)
+{
+    std::istringstream lines(TextOf(kFolder + "mistakes.txt"));
+    std::ostringstream found;
+    std::string text;
+    for (std::string line; std::getline(lines, line);) {
+        if (line != "----") {
+            text += line + '\n';
+            continue;
+        }
+        text.pop_back();
+        const Vex::CSourceText source("mistake.vex", std::exchange(text, {}));
+        for (const Vex::Diagnostic& mistake : Vex::CheckLayout(source)) {
+            found << mistake.kind << ": ";
+            Vex::Print(found, source, mistake);
+        }
+        found << "----\n";
+    }
+    EXPECT_EQ(found.str(), Expected(kFolder + "mistakes_found.txt", found.str()));
 }
 
 } // namespace

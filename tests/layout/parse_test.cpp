@@ -54,12 +54,11 @@ TEST(Parse, SaysWhatItRefuses)
 
 TEST(Parse, KeepsStringsAsTheyAre)
 {
-    struct Case {
+    const struct {
         const char* text;
         std::int32_t number;
         const char* string;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"A(a: 'x),;\r\n{\xE9');", VexUndefined, "x),;\r\n{\xE9"},
         {"A(a: 'abcd');", 0x61626364, "abcd"},
         {"A(a: 'ab\200d');", 0x61620000 - 0x8000 + 'd', "ab\200d"},
@@ -94,27 +93,6 @@ TEST(Parse, NestsViewsAsDeepAsTheLimit)
         EXPECT_EQ(ErrorOf(Nested(static_cast<std::size_t>(depth), "A(){", "B();", "}").c_str()),
                   error)
             << depth;
-}
-
-TEST(Parse, ReadsTheFrameDialog)
-{
-    std::ifstream file(SIDECAR_SOURCE_DIR "/resources/layouts/electricimage.vex", std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    std::string fonts;
-    std::int32_t features = 0;
-    CRecordingGenerator generator([&](std::string_view name, CExpressionScope& properties,
-                                      CExpressionScope&) {
-        std::int32_t font = -1;
-        properties.GetIntVariable(name == "CPushButton" ? "push_button_font" : "text_font", &font);
-        fonts += std::to_string(font) + ' ';
-        properties.GetIntVariable("window_features", &features);
-    });
-    generator.Parse(text.c_str());
-    EXPECT_THAT(generator.fBuilt, ElementsAre("PDialog", "CFramePane", "CFramePane", "CStaticText",
-                                              "CEditNumber", "CStaticText", "CFramePane",
-                                              "CFramePane", "CPushButton", "CPushButton"));
-    EXPECT_EQ(features, 2 + 4 + 8 + 16 + 128 + 256);
-    EXPECT_EQ(fonts, "-1 10 10 10 10 10 10 10 6 6 ");
 }
 
 TEST(ViewScopes, NeedAGenerator)

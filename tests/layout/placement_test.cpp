@@ -37,12 +37,9 @@ private:
 
 TEST(Placement, FollowsItsRules)
 {
-    struct Case {
-        const char* words;
-        const char* text;
-        const char* places;
-    };
-    const Case cases[] = {
+    const struct {
+        const char *words, *text, *places;
+    } cases[] = {
         {"one child fills the row",
          "Out(placement: place_row, width: 100, height: 10) { A(width: 10); "
          "B(width: 20, horizontal: align_fill); C(width: 10); }",

@@ -67,11 +67,7 @@ protected:
 TEST_F(Proxies, ResolveNumbersFromTheWidestToTheNearest)
 {
     using P = CViewProxy;
-    struct Case {
-        Numbers numbers;
-        std::vector<std::pair<std::int32_t P::*, std::int32_t>> fields;
-    };
-    const Case cases[] = {
+    const std::pair<Numbers, std::vector<std::pair<std::int32_t P::*, std::int32_t>>> cases[] = {
         {{{"margin", 4}, {"margin_width", 6}, {"margin_left", 8}, {"margin_bottom", 0}},
          {{&P::fMarginLeft, 8},
           {&P::fMarginRight, 6},
@@ -94,11 +90,10 @@ TEST_F(Proxies, ResolveNumbersFromTheWidestToTheNearest)
         {{{"placement", kPlace_Offscreen}, {"child_horizontal", 2}}, {{&P::fChildHorizontal, 2}}},
     };
     fProperties.AddVariable("gSpace", 12);
-    for (const Case& one : cases) {
-        const CViewProxy& proxy = Define(one.numbers);
-        for (const auto& [field, value] : one.fields)
-            EXPECT_EQ(proxy.*field, value)
-                << (one.numbers.empty() ? "no keys" : one.numbers[0].first);
+    for (const auto& [numbers, fields] : cases) {
+        const CViewProxy& proxy = Define(numbers);
+        for (const auto& [field, value] : fields)
+            EXPECT_EQ(proxy.*field, value) << (numbers.empty() ? "no keys" : numbers[0].first);
     }
     EXPECT_FALSE(Define({}).fHasLabel);
     EXPECT_TRUE(Define({{"label_width", 0}}).fHasLabel);

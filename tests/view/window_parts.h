@@ -1,11 +1,14 @@
 // What the tests put into windows, and the plan of a window of 200 x 100 units.
 #pragma once
 
-#include "support/testing.h"
 #include "view/messages/message_ids.h"
 #include "view/tree/pane.h"
 #include "view/window/window_button.h"
 #include "view/window/window_kinds.h"
+
+#include <functional>
+#include <string>
+#include <utility>
 
 // Takes the focus and gives it up when it likes to.
 struct Field : Kesto::CPane {
