@@ -1,9 +1,11 @@
 #include "images/png/adler_sum.h"
 
+#include "images/png/adler_twins.h"
+#include "pixels/kernels/cpu.h"
+
 #include <emmintrin.h>
 
 #include <algorithm>
-#include <cstddef>
 
 namespace Kesto {
 
@@ -12,9 +14,6 @@ namespace {
 constexpr std::uint32_t kModulus = 65521;
 constexpr std::size_t kVector = 16; // bytes
 
-// So many bytes at once that no lane of the sums passes 32 bits.
-constexpr std::size_t kMostBytes = 4096;
-
 std::uint64_t SumOfLanes(__m128i lanes)
 {
     alignas(kVector) std::uint32_t each[4];
@@ -22,21 +21,16 @@ std::uint64_t SumOfLanes(__m128i lanes)
     return std::uint64_t{each[0]} + each[1] + each[2] + each[3];
 }
 
-struct Sums {
-    std::uint64_t plain = 0;    // of the bytes
-    std::uint64_t weighted = 0; // of each byte times how many bytes there are from it to the end
-};
+} // namespace
 
-// A whole number of vectors, kMostBytes at most. What the weights of a vector lack is 16 for each
-// vector after it: the bytes before each vector, summed over the vectors, times 16.
-Sums SumsOf(std::span<const std::uint8_t> bytes)
+AdlerSums AdlerSumsWithSse2(const std::uint8_t* bytes, std::size_t count)
 {
     const __m128i zero = _mm_setzero_si128();
     const __m128i firstWeights = _mm_setr_epi16(16, 15, 14, 13, 12, 11, 10, 9);
     const __m128i lastWeights = _mm_setr_epi16(8, 7, 6, 5, 4, 3, 2, 1);
     __m128i plain = zero, before = zero, weighted = zero;
-    for (std::size_t i = 0; i < bytes.size(); i += kVector) {
-        const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + i));
+    for (std::size_t i = 0; i < count; i += kVector) {
+        const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
         before = _mm_add_epi32(before, plain);
         plain = _mm_add_epi32(plain, _mm_sad_epu8(next, zero));
         const __m128i products =
@@ -47,13 +41,13 @@ Sums SumsOf(std::span<const std::uint8_t> bytes)
     return {SumOfLanes(plain), SumOfLanes(weighted) + kVector * SumOfLanes(before)};
 }
 
-} // namespace
-
 void AdlerSum::Add(std::span<const std::uint8_t> bytes)
 {
-    while (bytes.size() >= kVector) {
-        const std::size_t count = std::min(bytes.size(), kMostBytes) / kVector * kVector;
-        const Sums sums = SumsOf(bytes.first(count));
+    const auto sumsOf = Kernels::ActiveCpuLevel() >= Kernels::CpuLevel::kAvx2 ? AdlerSumsWithAvx2
+                                                                              : AdlerSumsWithSse2;
+    while (bytes.size() >= kAdlerStep) {
+        const std::size_t count = std::min(bytes.size(), kMostAdlerBytes) / kAdlerStep * kAdlerStep;
+        const AdlerSums sums = sumsOf(bytes.data(), count);
         fSecond = static_cast<std::uint32_t>(
             (fSecond + std::uint64_t{fFirst} * count + sums.weighted) % kModulus);
         fFirst = static_cast<std::uint32_t>((fFirst + sums.plain) % kModulus);

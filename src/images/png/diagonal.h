@@ -14,6 +14,8 @@
 // another.
 #pragma once
 
+#include "images/png/lane_filters.h"
+
 #include <emmintrin.h>
 
 #include <algorithm>
@@ -92,66 +94,10 @@ inline void Transpose(V (&square)[Lanes<kPixelBytes>::kCount])
     }
 }
 
-template <class V>
-inline V Select(V mask, V yes, V no)
+inline bool IsStoredAsItIs(const Row& row)
 {
-    return (mask & yes) | AndNot(mask, no);
+    return row.bytes[-1] == 0 || row.bytes[-1] > 4;
 }
-
-// The mean, rounded down.
-template <class V>
-inline V FloorMean(V a, V b)
-{
-    return Subtract(CeilMean(a, b), (a ^ b) & V::Ones());
-}
-
-// Which of the three is nearest to left + up - corner. Where corner lies between the other two, it
-// is the nearest unless it is at least twice as near to one of them: then the other one is. Where
-// it lies outside, the farther one is. That needs bytes alone, and no sign: a distance on the wrong
-// side is 0.
-template <class V>
-inline V NearestOf(V left, V up, V corner)
-{
-    const V low = Least(left, up), high = Greatest(left, up);
-    const V toHigh = SubtractFloored(high, corner), toLow = SubtractFloored(corner, low);
-    const V isLow = Equal(SubtractFloored(AddCapped(toHigh, toHigh), toLow), V::Zero());
-    const V isHigh = Equal(SubtractFloored(AddCapped(toLow, toLow), toHigh), V::Zero());
-    return Select(isHigh, high, Select(isLow, low, corner));
-}
-
-// The filters of the lanes, as masks. All but Average are the nearest of the three neighbours, of
-// which Sub and Up see one, and those that predict nothing none.
-template <class V>
-struct LaneFilters {
-    V seesLeft = V::Zero();
-    V seesUp = V::Zero();
-    V seesCorner = V::Zero();
-    V isMean = V::Zero();
-
-    void SetLane(int lane, int laneBytes, std::uint8_t filter)
-    {
-        const auto set = [&](V& mask, bool on) {
-            if (on)
-                std::memset(reinterpret_cast<std::uint8_t*>(&mask) + lane * laneBytes, 0xFF,
-                            static_cast<std::size_t>(laneBytes));
-        };
-        set(seesLeft, filter == 1 || filter == 4);
-        set(seesUp, filter == 2 || filter == 4);
-        set(seesCorner, filter == 4);
-        set(isMean, filter == 3);
-    }
-
-    // kMeans tells whether any lane is of the filter Average.
-    template <bool kMeans>
-    V Predict(V left, V up, V corner) const
-    {
-        const V nearest = NearestOf(left & seesLeft, up & seesUp, corner & seesCorner);
-        if constexpr (kMeans)
-            return nearest | (FloorMean(left, up) & isMean);
-        else
-            return nearest;
-    }
-};
 
 // Rows to recover together.
 template <int kPixelBytes, class V>
@@ -162,6 +108,7 @@ struct Group {
     LaneFilters<V> filters;
     bool needsLeft = false;
     bool hasMeans = false;
+    bool hasOthers = false;
 
     void Add(Row row)
     {
@@ -169,20 +116,41 @@ struct Group {
         filters.SetLane(count, Lanes<kPixelBytes>::kLane, filter);
         needsLeft = needsLeft || filter == 1 || filter == 3 || filter == 4;
         hasMeans = hasMeans || filter == 3;
+        hasOthers = hasOthers || filter != 3;
         rows[count++] = row;
     }
 };
 
-// What a step hands on to the next one.
+// What a step hands on to the next one. Where all filters are Average, `left` and what lies above
+// are kept as their complements: the mean of complements, rounded up, less the stored difference is
+// the complement of the byte. That is all there is between one step and the next.
 template <class V>
 struct Neighbours {
     V left = V::Zero();
     V corner = V::Zero();
 };
 
+template <Kinds kKinds, class V>
+inline V Complement(V value)
+{
+    return kKinds == Kinds::kMeans ? value ^ V::Full() : value;
+}
+
+// Takes a step whose pixels are differences and whose neighbours above are `up`; returns its bytes.
+template <Kinds kKinds, class V>
+inline V TakeStep(V differences, const LaneFilters<V>& filters, V up, Neighbours<V>& near)
+{
+    if constexpr (kKinds == Kinds::kMeans)
+        near.left = Subtract(CeilMean(near.left, up), differences);
+    else
+        near.left = Add(differences, filters.template Predict<kKinds>(near.left, up, near.corner));
+    near.corner = up;
+    return Complement<kKinds>(near.left);
+}
+
 // The next kCount steps. kInside promises that all rows exist and that the steps lie inside all of
 // them.
-template <int kPixelBytes, bool kMeans, bool kInside, class V>
+template <int kPixelBytes, Kinds kKinds, bool kInside, class V>
 inline void TakeSteps(const Group<kPixelBytes, V>& group, std::ptrdiff_t step, Neighbours<V>& near)
 {
     using L = Lanes<kPixelBytes>;
@@ -196,14 +164,12 @@ inline void TakeSteps(const Group<kPixelBytes, V>& group, std::ptrdiff_t step, N
     }
     Transpose<kPixelBytes>(square);
     __m128i above = LoadRun<kPixelBytes, false>(group.above, step * kPixelBytes);
+    above = Complement<kKinds>(V::Of(above, above)).First();
     for (int i = 0; i < L::kCount; ++i) {
         const V up = V::template ShiftUp<L::kLane>(near.left) |
                      V::template Entering<L::kLane>(near.left, above);
         above = _mm_srli_si128(above, kPixelBytes);
-        near.left =
-            Add(square[i], group.filters.template Predict<kMeans>(near.left, up, near.corner));
-        near.corner = up;
-        square[i] = near.left;
+        square[i] = TakeStep<kKinds>(square[i], group.filters, up, near);
     }
     Transpose<kPixelBytes>(square);
     for (int r = 0; r < L::kCount; ++r) {
@@ -215,18 +181,18 @@ inline void TakeSteps(const Group<kPixelBytes, V>& group, std::ptrdiff_t step, N
     }
 }
 
-template <int kPixelBytes, bool kMeans, class V>
+template <int kPixelBytes, Kinds kKinds, class V>
 void UnfilterDiagonally(const Group<kPixelBytes, V>& group)
 {
     using L = Lanes<kPixelBytes>;
     const std::ptrdiff_t bytes = group.rows[0].count;
     const std::ptrdiff_t steps = (bytes + kPixelBytes - 1) / kPixelBytes + group.count - 1;
-    Neighbours<V> near;
+    Neighbours<V> near{Complement<kKinds>(V::Zero())};
     for (std::ptrdiff_t step = 0; step < steps; step += L::kCount)
         if (group.count == L::kRows && step >= L::kRows && step * kPixelBytes + kHalf <= bytes)
-            TakeSteps<kPixelBytes, kMeans, true>(group, step, near);
+            TakeSteps<kPixelBytes, kKinds, true>(group, step, near);
         else
-            TakeSteps<kPixelBytes, kMeans, false>(group, step, near);
+            TakeSteps<kPixelBytes, kKinds, false>(group, step, near);
 }
 
 // A row by itself, of a filter that needs no pixel to the left.
@@ -238,25 +204,33 @@ inline void UnfilterUp(Row row, Row above)
 }
 
 // As many rows together as a vector has lanes. Rows whose filters look only upward are quicker one
-// by one.
+// by one, and those that are stored as they are begin no group.
 template <int kPixelBytes, class V>
 void UnfilterGroups(std::uint8_t* data, std::int32_t rowBytes, std::int32_t rows)
 {
     Row above;
-    for (std::int32_t y = 0; y < rows; y += Lanes<kPixelBytes>::kRows) {
+    for (std::int32_t y = 0; y < rows;) {
         Group<kPixelBytes, V> group;
         group.above = above;
-        const int count = std::min(Lanes<kPixelBytes>::kRows, rows - y);
-        for (int r = 0; r < count; ++r)
-            group.Add({data + (std::ptrdiff_t{y} + r) * rowBytes + 1, rowBytes - 1});
-        if (group.hasMeans)
-            UnfilterDiagonally<kPixelBytes, true>(group);
+        const auto row = [&](std::int32_t r) -> Row {
+            return {data + std::ptrdiff_t{r} * rowBytes + 1, rowBytes - 1};
+        };
+        if (IsStoredAsItIs(row(y))) {
+            above = row(y++);
+            continue;
+        }
+        while (y < rows && group.count < Lanes<kPixelBytes>::kRows)
+            group.Add(row(y++));
+        if (group.hasMeans && group.hasOthers)
+            UnfilterDiagonally<kPixelBytes, Kinds::kMixed>(group);
+        else if (group.hasMeans)
+            UnfilterDiagonally<kPixelBytes, Kinds::kMeans>(group);
         else if (group.needsLeft)
-            UnfilterDiagonally<kPixelBytes, false>(group);
+            UnfilterDiagonally<kPixelBytes, Kinds::kNearest>(group);
         else
-            for (int r = 0; r < count; ++r)
+            for (int r = 0; r < group.count; ++r)
                 UnfilterUp(group.rows[r], r == 0 ? above : group.rows[r - 1]);
-        above = group.rows[count - 1];
+        above = group.rows[group.count - 1];
     }
 }
 

@@ -23,9 +23,9 @@ constexpr std::size_t kChunkGrowth = 0x1000;
 constexpr std::int32_t kRowAlignment = 4;
 
 // Rows that are worked on together, where a row isn't longer: they and their pixels of the planes
-// stay in the cache of one processor. Not fewer than are undone at once.
+// stay in the cache of one processor. They are some times as many as are undone at once.
 constexpr std::int32_t kBandBytes = 128 << 10;
-constexpr std::int32_t kLeastBandRows = 32;
+constexpr std::int32_t kRowsAtOnce = 32;
 
 // No deflated byte gives more than this many. Up to the modest size a header is believed whatever
 // data follows, and what is missing is 0.
@@ -166,7 +166,7 @@ void CPNGDecoder::DecodePass(PNGImageData& data, const PNGPass& pass,
 {
     const auto rowBytes = static_cast<std::size_t>(pass.rowBytes);
     const std::int32_t bandRows =
-        std::min(pass.height, std::max(kBandBytes / pass.rowBytes, kLeastBandRows) - 1);
+        std::min(pass.height, std::max(kBandBytes / pass.rowBytes / kRowsAtOnce, 1) * kRowsAtOnce);
     // The last row of the band before comes first, as a row that is stored as it is.
     CMemoryBlock block;
     block.SetSize((static_cast<std::size_t>(bandRows) + 1) * rowBytes);

@@ -15,7 +15,10 @@ SampleFormat CPNGDecoder::Samples() const
     format.planes = static_cast<std::size_t>(PlaneCount());
     format.isIndexed = fColorType == PNGColor::kPalette;
     format.key = {fTransparentRed, fTransparentGreen, fTransparentBlue};
-    for (std::size_t i = 0; format.isIndexed && i < format.palette.size(); ++i)
+    if (!format.isIndexed)
+        return format;
+    format.paletteOfPlane = {fPaletteRed, fPaletteGreen, fPaletteBlue, fPaletteAlpha};
+    for (std::size_t i = 0; i < format.palette.size(); ++i)
         format.palette[i] = fPaletteRed[i] | std::uint32_t{fPaletteGreen[i]} << 8 |
                             std::uint32_t{fPaletteBlue[i]} << 16 |
                             std::uint32_t{fPaletteAlpha[i]} << 24;

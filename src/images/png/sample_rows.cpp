@@ -1,5 +1,8 @@
 #include "images/png/sample_rows.h"
 
+#include "pixels/kernels/cpu.h"
+#include "pixels/kernels/kernel_table.h"
+
 #include <emmintrin.h>
 
 #include <algorithm>
@@ -102,6 +105,13 @@ void SplitSamples(const SampleFormat& format, const std::uint8_t* samples, std::
 void LookUpColors(const SampleFormat& format, const std::uint8_t* indices, std::size_t pixels,
                   const PlaneRows& planes)
 {
+    if (Kernels::ActiveCpuLevel() >= Kernels::CpuLevel::kAvx512) {
+        // Its registers hold a whole table, and look up 64 pixels at once.
+        for (std::size_t c = 0; c < format.planes; ++c)
+            Kernels::ActiveKernels().mapTable(indices, format.paletteOfPlane[c].data(), planes[c],
+                                              pixels);
+        return;
+    }
     // Colours are found piece by piece: read back at once as vectors, they would have to wait for
     // their writing.
     std::array<std::uint32_t, 256> found;

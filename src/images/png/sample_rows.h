@@ -18,6 +18,7 @@ struct SampleFormat {
     std::array<std::uint16_t, 3>
         key{}; // the colour that is transparent; above 255 it is met by no pixel
     std::array<std::uint32_t, 256> palette{}; // red in the lowest byte, then green, blue, alpha
+    std::array<std::array<std::uint8_t, 256>, 4> paletteOfPlane{}; // the same, each by itself
 };
 
 // Puts the samples of `pixels` pixels into their planes, whose rows overlap neither each other nor

@@ -15,6 +15,7 @@ struct SsePair {
     static V Both(__m128i half) { return {half, half}; }
     static V Zero() { return Both(_mm_setzero_si128()); }
     static V Ones() { return Both(_mm_set1_epi8(1)); }
+    static V Full() { return Both(_mm_set1_epi8(-1)); }
     static V Of(__m128i first, __m128i second) { return {first, second}; }
     __m128i First() const { return first; }
     __m128i Second() const { return second; }

@@ -1,10 +1,12 @@
 // Another decoder finds the same samples in the same files.
 #include "images/png/decoding.h"
+#include "pixels/kernels/cpu.h"
 #include "support/testing.h"
 
 #include <png.h>
 
 using namespace TestPNG;
+using Kesto::Kernels::CpuLevel;
 
 namespace {
 
@@ -28,9 +30,13 @@ TEST(PNGPictures, OfEveryKindSizeAndFilterAreDecodedAsByAnotherDecoder)
         for (const Picture& picture : EveryKind(size, 1 + size * 7 % 40, 8))
             for (const Bytes& filters : {Bytes{0}, {1}, {2}, {3}, {4}, {4, 3, 1, 2, 0, 3, 4}}) {
                 const Bytes file = Encoded(picture, filters, 100);
-                EXPECT_TRUE(SamplesOf(*Decode(file)) == ReferenceSamples(file))
-                    << "colour type " << int{picture.colorType} << ", size " << size
-                    << ", first filter " << int{filters[0]};
+                const Bytes reference = ReferenceSamples(file);
+                for (const auto level : {CpuLevel::kBase, CpuLevel::kAvx2, CpuLevel::kAvx512}) {
+                    Kesto::Kernels::UseCpuLevel(level); // or stay at what there is
+                    EXPECT_TRUE(SamplesOf(*Decode(file)) == reference)
+                        << "colour type " << int{picture.colorType} << ", size " << size
+                        << ", first filter " << int{filters[0]} << ", level " << int(level);
+                }
             }
 }
 

@@ -15,6 +15,7 @@ struct AvxVector {
 
     static V Zero() { return {_mm256_setzero_si256()}; }
     static V Ones() { return {_mm256_set1_epi8(1)}; }
+    static V Full() { return {_mm256_set1_epi8(-1)}; }
     static V Of(__m128i first, __m128i second) { return {_mm256_set_m128i(second, first)}; }
     __m128i First() const { return _mm256_castsi256_si128(both); }
     __m128i Second() const { return _mm256_extracti128_si256(both, 1); }
