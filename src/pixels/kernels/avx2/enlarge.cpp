@@ -3,6 +3,7 @@
 // little; groups with a pixel that comes closer than that to the edge between two results are left
 // to the doubles, and so is the rare group that a piece of source doesn't cover.
 #include "pixels/kernels/avx2/doubles.h"
+#include "pixels/kernels/avx2/factors.h"
 #include "pixels/kernels/avx2/tables.h"
 
 namespace Kesto::Kernels::Avx2 {
@@ -56,21 +57,6 @@ void ExactCombine(const T* a, const T* b, float weightA, float weightB, T* out, 
     PlainRows<T>().combine(a + i, b + i, weightA, weightB, out + i, n - i);
 }
 
-// True for weights that are what rounding made of w and 1 - w.
-bool AreShares(float weightA, float weightB)
-{
-    const double excess = double{weightA} + double{weightB} - 1;
-    return weightB >= 0 && weightB < 1 && excess <= 0x1p-24 && excess >= -0x1p-24;
-}
-
-// True for weights that nothing was rounded of and of at most 2^-bits, so that no sum comes near to
-// an edge unless it lies on it.
-bool AreCoarse(float weightA, float weightB, int bits)
-{
-    const float steps = weightB * static_cast<float>(1 << bits);
-    return steps == static_cast<float>(static_cast<std::int32_t>(steps)) && weightA == 1 - weightB;
-}
-
 // Rows are cut into groups of kCount target pixels; the last one overlaps the one before.
 template <std::size_t kCount, class Function>
 void ForEachGroup(std::size_t n, const Function& group)
@@ -110,34 +96,6 @@ bool FindPlaces(std::int32_t (&places)[2], const ScaleEntry& entry, const ScaleC
 
 // --- Bytes
 // ------------------------------------------------------------------------------------------
-
-// A pixel is the nearer of the two and a part of the difference to the other. The part is at most a
-// half, in units of 2^-16: a whole factor, and what is left of it in 256ths. A product is wrong by
-// at most a unit, and by another one since the sum of the weights may not quite be 1.
-struct Factor {
-    Factor(float weightA, float weightB)
-    {
-        const float near = weightA < weightB ? weightB : weightA;
-        const float far = weightA < weightB ? weightA : weightB;
-        const std::int32_t units = static_cast<std::int32_t>(far * 0x1p24f + 0.5f);
-        const std::int32_t nearest = (units + 128) >> 8;
-        const std::int32_t whole = nearest < 32767 ? nearest : 32767;
-        fWhole = static_cast<std::int16_t>(whole);
-        const std::int32_t rest =
-            units - 256 * whole; // a unit more than 255 where the part is a half
-        fRest = static_cast<std::int16_t>(
-            128 * (rest < 255 ? rest : 255)); // for products that are divided by 2^15
-        fLift = AreCoarse(near, far, 12) ? kLift : 0;
-    }
-
-    // Results closer to an edge than this are doubtful; those that are right even on it are lifted
-    // beyond.
-    static constexpr std::int8_t kDoubt = 4;
-    static constexpr std::int8_t kLift = 2 * kDoubt;
-
-    std::int16_t fWhole, fRest;
-    std::int8_t fLift;
-};
 
 struct Factors {
     __m256i fWhole, fRest;
@@ -405,6 +363,7 @@ void EnlargeGroups(const T* source, const ScaleColumns& columns, T* out)
     if (columns.fCount < Group::kCount)
         return ExactRow(source, columns, out);
     ForEachGroup<Group::kCount>(columns.fCount, [&](std::size_t index, std::size_t i) {
+        FetchAhead(source + (columns.fEntries[i].fFirst - columns.fStart));
         if (groups[index].fPieces[0] < 0 || !EnlargeGroup(source, groups[index], out + i))
             ExactRow(source, Part(columns, i, Group::kCount), out + i);
     });

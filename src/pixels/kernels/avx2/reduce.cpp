@@ -266,8 +266,10 @@ void ReduceBytes(const Byte* source, const ScaleColumns& columns, Byte* out)
     const __m256d scale = _mm256_set1_pd(static_cast<double>(columns.fScale) * kUnit);
     const ByteGroup* groups = GroupsOf<ByteGroup>(columns);
     std::size_t i = 0;
-    for (const std::size_t end = kGroup * head.fGroups; i < end; i += kGroup)
+    for (const std::size_t end = kGroup * head.fGroups; i < end; i += kGroup) {
+        FetchAhead(source + groups[i / kGroup].fPieces[0]);
         StoreScaled(out + i, Doubles(SumsOf(source, groups[i / kGroup])), scale);
+    }
     // A sum of this many pixels could leave 52 bits; and where first and last are one, only one of
     // them counts.
     const bool isLong = i == 0 && columns.fCount > 0 && LengthOf(columns.fEntries[0]) > 3 &&
@@ -360,6 +362,7 @@ void ReduceWords(const std::uint16_t* source, const ScaleColumns& columns, std::
     const WordGroup* group = GroupsOf<WordGroup>(columns);
     std::size_t i = 0;
     for (const std::size_t end = kGroup * HeadOf(columns).fGroups; i < end; i += kGroup, ++group) {
+        FetchAhead(source + group->fPieces[0]);
         const __m256i low = TwoSums(source, *group, 0), high = TwoSums(source, *group, 2);
         const __m256i sums =
             _mm256_add_epi64(_mm256_unpacklo_epi64(low, high), _mm256_unpackhi_epi64(low, high));
@@ -421,6 +424,7 @@ void ReduceLongs(const std::uint32_t* source, const ScaleColumns& columns, std::
     const LongGroup* group = GroupsOf<LongGroup>(columns);
     std::size_t i = 0;
     for (const std::size_t end = kGroup * HeadOf(columns).fGroups; i < end; i += kGroup, ++group) {
+        FetchAhead(source + group->fFirsts[0]);
         const auto four = [source](const std::int32_t* places) {
             return FourDoubles(source[places[0]], source[places[1]], source[places[2]],
                                source[places[3]]);

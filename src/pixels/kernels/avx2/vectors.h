@@ -99,6 +99,10 @@ inline void FetchAhead(const Byte* row, std::size_t i)
                  _MM_HINT_T0);
 }
 inline void FetchAhead(Value, std::size_t) {}
+inline void FetchAhead(const void* pixels)
+{
+    FetchAhead(static_cast<const Byte*>(pixels), 0);
+}
 
 // The last pixels of a row, copied to where a whole vector can be read.
 class CTail {

@@ -12,6 +12,9 @@ KernelTable TableFor(Avx2::Stores stores)
     table.fill = Avx2Kernels().fill;
     Avx512::AddColour(table);
     Avx512::AddMapping(table, stores);
+    Avx512::AddRank(table);
+    Avx512::AddEnlarging(table);
+    Avx512::AddReducing(table);
     Avx512::AddSums(table);
     return table;
 }

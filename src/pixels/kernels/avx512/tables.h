@@ -9,6 +9,9 @@ using Avx2::Stores;
 
 void AddColour(KernelTable& table);
 void AddMapping(KernelTable& table, Stores stores);
+void AddEnlarging(KernelTable& table);
+void AddRank(KernelTable& table);
+void AddReducing(KernelTable& table);
 void AddSums(KernelTable& table);
 
 } // namespace Kesto::Kernels::Avx512
