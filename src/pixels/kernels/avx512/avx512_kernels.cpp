@@ -12,6 +12,7 @@ KernelTable TableFor(Avx2::Stores stores)
     table.fill = Avx2Kernels().fill;
     Avx512::AddColour(table);
     Avx512::AddMapping(table, stores);
+    Avx512::AddMerging(table, stores);
     Avx512::AddRank(table);
     Avx512::AddEnlarging(table);
     Avx512::AddReducing(table);

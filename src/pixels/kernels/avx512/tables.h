@@ -10,6 +10,7 @@ using Avx2::Stores;
 void AddColour(KernelTable& table);
 void AddMapping(KernelTable& table, Stores stores);
 void AddEnlarging(KernelTable& table);
+void AddMerging(KernelTable& table, Stores stores);
 void AddRank(KernelTable& table);
 void AddReducing(KernelTable& table);
 void AddSums(KernelTable& table);
