@@ -19,13 +19,14 @@ if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
 endif()
 
-# -Wrestrict: GCC 12 reports false positives inside std::string concatenation.
+# -Wrestrict: GCC 12 reports false positives inside std::string concatenation. -Wsubobject-linkage: in a group of sources it
+# takes each for a header.
 add_library(sidecar_warnings INTERFACE)
 target_compile_options(sidecar_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wundef -Wformat=2 -Wcast-align -Wimplicit-fallthrough
   $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wextra-semi>
   $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wduplicated-cond -Wlogical-op -Wsuggest-override
-    -Wno-restrict>)
+    -Wno-restrict $<$<BOOL:${SIDECAR_UNITY}>:-Wno-subobject-linkage>>)
 
 # For sources that run once and wait on nothing: tests, and the command lines of programs. Optimising their templates
 # under the sanitizers takes longer than all that they ever do.

@@ -52,6 +52,7 @@ const unsigned long kResourceRowCount = ${index};
 } // namespace Platform
 " @ONLY)
   endif()
-  set_source_files_properties(${source} PROPERTIES OBJECT_DEPENDS "${paths}" GENERATED TRUE)
+  set_source_files_properties(${source} PROPERTIES OBJECT_DEPENDS "${paths}" GENERATED TRUE
+    SKIP_UNITY_BUILD_INCLUSION ON)
   set(${out} ${source} PARENT_SCOPE)
 endfunction()

@@ -21,18 +21,19 @@ list(TRANSFORM SIDECAR_LAYERS REPLACE ":.*" "")
 
 # The standard headers that most sources include, parsed once for all layers: a third less to compile. Not as a rule, since
 # the compiler's cache then serves no other tree, and a source that forgets an include of its own isn't found.
-if(SIDECAR_PRECOMPILE)
+if(SIDECAR_UNITY)
   add_library(sidecar_layer_headers STATIC EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/headers_only.cpp)
   target_link_libraries(sidecar_layer_headers PRIVATE sidecar_warnings)
   target_precompile_headers(sidecar_layer_headers PRIVATE <algorithm> <array> <cmath> <cstdint> <cstring> <functional>
     <limits> <map> <memory> <optional> <span> <string> <string_view> <utility> <vector>)
 endif()
 
-# sidecar_layer(NAME [GENERATED file...] [EXCEPT file...] [LIBRARIES target...])
+# sidecar_layer(NAME [ALONE] [GENERATED file...] [EXCEPT file...] [LIBRARIES target...])
 # Makes sidecar_NAME of every source in the folder and its folders, linked with all lower layers that exist. Of the
-# folders linux/ and win32/ only the one of the system that is built for counts.
+# folders linux/ and win32/ only the one of the system that is built for counts. ALONE: each of its sources is compiled
+# for itself, since they have like names of their own, include what systems give short names to, or are replaced by a test.
 function(sidecar_layer name)
-  cmake_parse_arguments(layer "" "" "GENERATED;EXCEPT;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(layer "ALONE" "" "GENERATED;EXCEPT;LIBRARIES" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h *.cpp)
   if(WIN32)
     list(FILTER sources EXCLUDE REGEX "(^|/)linux/")
@@ -47,8 +48,11 @@ function(sidecar_layer name)
   target_include_directories(sidecar_${name} PUBLIC
     $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/src> $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include>)
   target_link_libraries(sidecar_${name} PRIVATE $<BUILD_INTERFACE:sidecar_warnings>)
-  if(SIDECAR_PRECOMPILE AND NOT name STREQUAL "platform") # whose libraries bring options of their own
+  if(SIDECAR_UNITY AND NOT name STREQUAL "platform") # whose libraries bring options of their own
     target_precompile_headers(sidecar_${name} REUSE_FROM sidecar_layer_headers)
+  endif()
+  if(layer_ALONE)
+    set_target_properties(sidecar_${name} PROPERTIES UNITY_BUILD OFF)
   endif()
   foreach(lower IN LISTS SIDECAR_LAYERS)
     if(lower STREQUAL name)

@@ -11,7 +11,7 @@ using namespace Kesto;
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+using Testing::kNaN;
 
 TEST(ScrollTrack, TheThumbStaysOnItAndLeadsBack)
 {

@@ -11,7 +11,7 @@ using namespace Kesto;
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+using Testing::kNaN;
 constexpr double kHuge = std::numeric_limits<double>::max();
 
 TEST(ValueRange, KeepsValuesBetweenItsEndsAndOnItsPositions)

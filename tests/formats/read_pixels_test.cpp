@@ -8,7 +8,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using Testing::kInfinity;
 
 EIFrame Frame(const char* layout, int width, int height, Bytes pixels, uint8_t packing = 0)
 {

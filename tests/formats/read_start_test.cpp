@@ -10,7 +10,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using Testing::kInfinity;
 
 using ReadStart = ModuleTest;
 

@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+using Testing::kInfinity;
+using Testing::kNaN;
 
 } // namespace
 

@@ -30,3 +30,10 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+
+namespace Testing {
+
+inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+inline constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+} // namespace Testing

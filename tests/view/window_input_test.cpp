@@ -6,6 +6,7 @@
 #include "platform/windows/window_paint.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
+#include "view/messages/key_codes.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
@@ -14,8 +15,6 @@
 namespace {
 
 using namespace Kesto;
-
-constexpr std::uint32_t kReturn = 13;
 
 TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
 {
@@ -28,8 +27,8 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
         dialog.AppendChild(std::make_unique<Button>(true, false, [&] { dialog.EndRun(1); }));
     dialog.AddButton(*button);
     process.PostCall(-1, [] {
-        Platform::InjectKey(kReturn, true, u"\r");
-        Platform::InjectKey(kReturn, false);
+        Platform::InjectKey(kKeyCode_Return, true, u"\r");
+        Platform::InjectKey(kKeyCode_Return, false);
     });
     EXPECT_EQ(dialog.Run(), 1);
     process.PumpQuiet();

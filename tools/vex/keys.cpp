@@ -70,12 +70,12 @@ void PrintMarkdown(std::ostream& out, std::string_view title, std::span<const Pr
 // A list of names in lines of a readable length.
 void PrintNames(std::ostream& out, const std::vector<std::string_view>& names)
 {
-    constexpr std::size_t kLineWidth = 100;
+    constexpr std::size_t kPageWidth = 100;
     std::size_t column = 0;
     for (std::string_view name : names) {
         const bool isLast = name.data() == names.back().data();
         const std::string word = '`' + std::string(name) + (isLast ? "`." : "`,");
-        if (column > 0 && column + 1 + word.size() > kLineWidth) {
+        if (column > 0 && column + 1 + word.size() > kPageWidth) {
             out << '\n';
             column = 0;
         }

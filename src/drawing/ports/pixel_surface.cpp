@@ -14,11 +14,6 @@ namespace {
 constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 constexpr std::int32_t kNarrow = 128; // pixels of a row
 
-std::int32_t Width(const PixelRect& rect)
-{
-    return rect.right - rect.left;
-}
-
 bool IsOpaque(std::uint32_t pixel)
 {
     return pixel >> 24 == 255;
@@ -48,7 +43,7 @@ class CRowsAhead {
 public:
     // Asks for the first rows of a rectangle.
     [[gnu::always_inline]] CRowsAhead(const CPixelSurface& surface, const PixelRect& rect)
-        : fSurface(surface), fRect(rect), fNarrow(Width(rect) <= kNarrow)
+        : fSurface(surface), fRect(rect), fNarrow(rect.Width() <= kNarrow)
     {
         const std::int32_t end = std::min(rect.top + kRows, rect.bottom);
         for (std::int32_t y = rect.top; fNarrow && y < end; ++y)
@@ -85,14 +80,14 @@ void FillNarrow(CPixelSurface surface, PixelRect rect, std::uint32_t pixel)
     const CRowsAhead ahead(surface, rect);
     for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
         ahead.Fetch(y);
-        FillNarrowRow(surface.At(rect.left, y), Width(rect), pixel);
+        FillNarrowRow(surface.At(rect.left, y), rect.Width(), pixel);
     }
 }
 
 void FillWide(const CPixelSurface& surface, const PixelRect& rect, std::uint32_t pixel)
 {
     const auto fill = Kernels::ActiveKernels().fill;
-    const std::size_t bytes = static_cast<std::size_t>(Width(rect)) * sizeof pixel;
+    const std::size_t bytes = static_cast<std::size_t>(rect.Width()) * sizeof pixel;
     for (std::int32_t y = rect.top; y < rect.bottom; ++y)
         fill(pixel, reinterpret_cast<std::uint8_t*>(surface.At(rect.left, y)), bytes);
 }
@@ -136,8 +131,8 @@ void FillPixels(const CPixelSurface& surface, const PixelRect& rect, const CPixe
     const bool plain = brush.pattern == CBrush::kSolid && brush.transfer == kTransfer_Copy &&
                        IsOpaque(brush.pixel);
     if (plain)
-        return Width(rect) <= kNarrow ? FillNarrow(surface, rect, brush.pixel)
-                                      : FillWide(surface, rect, brush.pixel);
+        return rect.Width() <= kNarrow ? FillNarrow(surface, rect, brush.pixel)
+                                       : FillWide(surface, rect, brush.pixel);
     for (std::int32_t y = rect.top; y < rect.bottom; ++y)
         FillRowByPixel(surface, rect, y, brush);
 }
@@ -145,7 +140,7 @@ void FillPixels(const CPixelSurface& surface, const PixelRect& rect, const CPixe
 void CopyPixels(const CPixelSurface& source, const PixelRect& rect, const CPixelSurface& dest,
                 const PixelPoint& at)
 {
-    const std::size_t bytes = static_cast<std::size_t>(Width(rect)) * sizeof(std::uint32_t);
+    const std::size_t bytes = static_cast<std::size_t>(rect.Width()) * sizeof(std::uint32_t);
     for (std::int32_t y = rect.top; y < rect.bottom; ++y)
         std::memcpy(dest.At(at.x, at.y + y - rect.top), source.At(rect.left, y), bytes);
 }
@@ -154,17 +149,17 @@ void BlendPixels(const CPixelSurface& source, const PixelRect& rect, const CPixe
                  const PixelPoint& at)
 {
     const auto lay = Kernels::ActiveKernels().layOver;
-    const CRowsAhead ahead(dest, {at.x, at.y, at.x + Width(rect), at.y + rect.bottom - rect.top});
+    const CRowsAhead ahead(dest, {at.x, at.y, at.x + rect.Width(), at.y + rect.bottom - rect.top});
     for (std::int32_t y = rect.top; y < rect.bottom; ++y) {
         const std::int32_t row = at.y + y - rect.top;
         ahead.Fetch(row);
-        lay(source.At(rect.left, y), dest.At(at.x, row), static_cast<std::size_t>(Width(rect)));
+        lay(source.At(rect.left, y), dest.At(at.x, row), static_cast<std::size_t>(rect.Width()));
     }
 }
 
 void MovePixels(const CPixelSurface& surface, const PixelRect& rect, const PixelPoint& at)
 {
-    const std::size_t bytes = static_cast<std::size_t>(Width(rect)) * sizeof(std::uint32_t);
+    const std::size_t bytes = static_cast<std::size_t>(rect.Width()) * sizeof(std::uint32_t);
     const std::int32_t rows = rect.bottom - rect.top;
     const bool up = at.y <= rect.top; // then from the top, so that no row is overwritten too early
     for (std::int32_t i = 0; i < rows; ++i) {

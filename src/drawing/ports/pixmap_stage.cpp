@@ -15,21 +15,6 @@ using Kernels::PlaneOrder;
 
 constexpr std::uint8_t kOpaque = 255;
 
-std::int32_t Width(const PixelRect& rect)
-{
-    return rect.right - rect.left;
-}
-
-std::int32_t Height(const PixelRect& rect)
-{
-    return rect.bottom - rect.top;
-}
-
-PixelRect Moved(const PixelRect& rect, std::int32_t dx, std::int32_t dy)
-{
-    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
-}
-
 // One axis of a mapping from a source of `sourceLength` pixels to a destination.
 std::int32_t Scaled(std::int32_t offset, std::int32_t sourceLength, std::int32_t destLength)
 {
@@ -47,12 +32,12 @@ std::int32_t Nearest(std::int32_t offset, std::int32_t sourceLength, std::int32_
 void Cut(PixelRect& source, PixelRect& dest, const PixelRect& bounds)
 {
     const PixelRect cut = Intersect(source, bounds);
-    const std::int32_t width = Width(source);
-    const std::int32_t height = Height(source);
-    dest = {dest.left + Scaled(cut.left - source.left, width, Width(dest)),
-            dest.top + Scaled(cut.top - source.top, height, Height(dest)),
-            dest.right - Scaled(source.right - cut.right, width, Width(dest)),
-            dest.bottom - Scaled(source.bottom - cut.bottom, height, Height(dest))};
+    const std::int32_t width = source.Width();
+    const std::int32_t height = source.Height();
+    dest = {dest.left + Scaled(cut.left - source.left, width, dest.Width()),
+            dest.top + Scaled(cut.top - source.top, height, dest.Height()),
+            dest.right - Scaled(source.right - cut.right, width, dest.Width()),
+            dest.bottom - Scaled(source.bottom - cut.bottom, height, dest.Height())};
     source = cut;
 }
 
@@ -99,9 +84,10 @@ void MergeRect(const CBasicPixmap& pixmap, const PixelRect& rect, const PlaneOrd
     const Kernels::KernelTable& kernels = Kernels::ActiveKernels();
     const auto merge = premultiply ? kernels.mergePremultiplied : kernels.mergePlanes;
     // Where rows follow each other without a gap all of them are one.
-    const bool packed = planes.rowBytes == Width(rect) && out.rowBytes == 4 * planes.rowBytes;
-    const std::int32_t rowsAtOnce = packed ? Height(rect) : 1;
-    const auto count = static_cast<std::size_t>(Width(rect)) * static_cast<std::size_t>(rowsAtOnce);
+    const bool packed = planes.rowBytes == rect.Width() && out.rowBytes == 4 * planes.rowBytes;
+    const std::int32_t rowsAtOnce = packed ? rect.Height() : 1;
+    const auto count =
+        static_cast<std::size_t>(rect.Width()) * static_cast<std::size_t>(rowsAtOnce);
     for (std::int32_t y = rect.top; y < rect.bottom; y += rowsAtOnce) {
         Kernels::MergedRows rows{{}, kOpaque};
         for (std::size_t i = 0; i < order.size(); ++i)
@@ -135,10 +121,10 @@ struct CPixmapStage::CJob {
     PixelRect UsedSource() const
     {
         const auto x = [this](std::int32_t at) {
-            return source.left + Nearest(at - dest.left, Width(source), Width(dest));
+            return source.left + Nearest(at - dest.left, source.Width(), dest.Width());
         };
         const auto y = [this](std::int32_t at) {
-            return source.top + Nearest(at - dest.top, Height(source), Height(dest));
+            return source.top + Nearest(at - dest.top, source.Height(), dest.Height());
         };
         return {x(visible.left), y(visible.top), x(visible.right - 1) + 1,
                 y(visible.bottom - 1) + 1};
@@ -181,8 +167,9 @@ CPreparedPixels CPixmapStage::Prepare(CPixmap& pixmap, const PixelRect& source,
         const CPixelSurface surface{contiguous->GetBaseAddress(), contiguous->GetRowBytes(),
                                     contiguous->GetSize()};
         const PixelPoint origin = pixmap.GetOrigin();
-        return IsSane(source) ? Prepare(surface, Moved(source, -origin.x, -origin.y), dest, visible)
-                              : CPreparedPixels{};
+        return IsSane(source)
+                   ? Prepare(surface, Platform::Offset(source, -origin.x, -origin.y), dest, visible)
+                   : CPreparedPixels{};
     }
     if (pixmap.GetPixelBits() != 8 || planes < 1 || planes > kMostPlanes || !IsSane(source) ||
         !IsSane(dest))
@@ -204,7 +191,7 @@ CPreparedPixels CPixmapStage::Prepare(const CPixelSurface& surface, const PixelR
 
 CPreparedPixels CPixmapStage::Detach(const CPreparedPixels& pixels)
 {
-    const PixelRect all{0, 0, Width(pixels.dest), Height(pixels.dest)};
+    const PixelRect all{0, 0, pixels.dest.Width(), pixels.dest.Height()};
     const CPixelSurface copy = Grown(fMerged, all.right, all.bottom);
     if (copy.bits != pixels.surface.bits)
         CopyPixels(pixels.surface, all, copy, {});
@@ -215,7 +202,7 @@ void CPixmapStage::Merge(const CJob& job, const PixelRect& rect, const CPixelSur
 {
     if (job.contiguous != nullptr)
         return MergeRect(*job.contiguous, rect, job.Order(), job.IsPremultiplied(), out);
-    const PixelRect all{0, 0, Width(rect), Height(rect)};
+    const PixelRect all{0, 0, rect.Width(), rect.Height()};
     Reshape(fPlanes, all.right, all.bottom, job.planes->GetPlaneCount());
     Copy(fPlanes, *job.planes, all, rect, 0, -1);
     MergeRect(fPlanes, all, job.Order(), job.IsPremultiplied(), out);
@@ -227,7 +214,7 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
     if (job.source.IsEmpty() || job.visible.IsEmpty())
         return {};
     const bool smaller =
-        Width(job.dest) < Width(job.source) || Height(job.dest) < Height(job.source);
+        job.dest.Width() < job.source.Width() || job.dest.Height() < job.source.Height();
     if (smaller)
         return Average(job);
 
@@ -236,25 +223,25 @@ CPreparedPixels CPixmapStage::Stretch(CJob& job)
     CPixelSurface pixels = job.pixels;
     PixelPoint first{used.left, used.top};
     if (job.planes != nullptr) {
-        pixels = Grown(fMerged, Width(used), Height(used));
+        pixels = Grown(fMerged, used.Width(), used.Height());
         first = {};
         Merge(job, used, pixels);
     }
-    if (Width(job.dest) == Width(job.source) && Height(job.dest) == Height(job.source))
+    if (job.dest.Width() == job.source.Width() && job.dest.Height() == job.source.Height())
         return {{reinterpret_cast<std::uint8_t*>(pixels.At(first.x, first.y)),
                  pixels.rowBytes,
-                 {Width(used), Height(used)}},
+                 {used.Width(), used.Height()}},
                 job.visible};
 
-    const CPixelSurface stretched = Grown(fStretched, Width(job.visible), Height(job.visible));
+    const CPixelSurface stretched = Grown(fStretched, job.visible.Width(), job.visible.Height());
     for (std::int32_t y = job.visible.top; y < job.visible.bottom; ++y) {
         const std::int32_t row = job.source.top - used.top + first.y +
-                                 Nearest(y - job.dest.top, Height(job.source), Height(job.dest));
+                                 Nearest(y - job.dest.top, job.source.Height(), job.dest.Height());
         std::uint32_t* const out = stretched.At(0, y - job.visible.top);
         const std::uint32_t* const in = pixels.At(first.x + job.source.left - used.left, row);
         for (std::int32_t x = job.visible.left; x < job.visible.right; ++x)
             out[x - job.visible.left] =
-                in[Nearest(x - job.dest.left, Width(job.source), Width(job.dest))];
+                in[Nearest(x - job.dest.left, job.source.Width(), job.dest.Width())];
     }
     return {stretched, job.visible};
 }
@@ -289,12 +276,12 @@ private:
 
 CPreparedPixels CPixmapStage::Average(CJob& job)
 {
-    const CAverageAxis across{Width(job.source), Width(job.dest), job.visible.left - job.dest.left,
-                              job.visible.right - job.dest.left};
-    const CAverageAxis down{Height(job.source), Height(job.dest), job.visible.top - job.dest.top,
+    const CAverageAxis across{job.source.Width(), job.dest.Width(),
+                              job.visible.left - job.dest.left, job.visible.right - job.dest.left};
+    const CAverageAxis down{job.source.Height(), job.dest.Height(), job.visible.top - job.dest.top,
                             job.visible.bottom - job.dest.top};
     CMergedRows rows(*this, job, across.FirstUsed(), across.EndUsed());
-    const CPixelSurface out = Grown(fStretched, Width(job.visible), Height(job.visible));
+    const CPixelSurface out = Grown(fStretched, job.visible.Width(), job.visible.Height());
     fAverage.Run(rows, across, down, out);
     return {out, job.visible};
 }

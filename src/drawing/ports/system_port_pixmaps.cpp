@@ -16,11 +16,6 @@ PixelRect WholePixels(const Rect& pixels)
     return ToDevice(pixels, 1.0);
 }
 
-PixelRect Moved(const PixelRect& rect, std::int32_t dx, std::int32_t dy)
-{
-    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
-}
-
 } // namespace
 
 void CSystemPort::DrawPrepared(const CPreparedPixels& pixels, bool blended)
@@ -30,7 +25,7 @@ void CSystemPort::DrawPrepared(const CPreparedPixels& pixels, bool blended)
         const PixelRect part = Kesto::Intersect(clip, pixels.dest);
         if (part.IsEmpty())
             continue;
-        const PixelRect source = Moved(part, -pixels.dest.left, -pixels.dest.top);
+        const PixelRect source = Platform::Offset(part, -pixels.dest.left, -pixels.dest.top);
         const auto lay = blended ? BlendPixels : CopyPixels;
         lay(pixels.surface, source, surface, {part.left, part.top});
     }
@@ -132,7 +127,7 @@ void CSystemPort::ScrollPixels(const Rect& area, double dx, double dy, CDeviceRe
         return right > 0 ? a.left > b.left : a.left < b.left;
     });
     for (const PixelRect& piece : pieces)
-        MovePixels(Pixels(), Moved(piece, -right, -down), {piece.left, piece.top});
+        MovePixels(Pixels(), Platform::Offset(piece, -right, -down), {piece.left, piece.top});
 }
 
 } // namespace Kesto

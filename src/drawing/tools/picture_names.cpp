@@ -11,7 +11,7 @@ struct SRow {
 };
 
 // A picture's number is its row.
-constexpr SRow kRows[] = {
+constexpr SRow kPictureRows[] = {
     {kTool_About, "About.png"},
     {kTool_InfoNote, "InfoNote.png"},
     {kTool_InfoNoteSmall, "InfoNoteSmall.png"},
@@ -135,20 +135,20 @@ constexpr SRow kRows[] = {
     {kTool_ProgressFillRight, "ProgressFillRight.png"},
 };
 
-constexpr bool StandAtTheirNumbers()
+constexpr bool PicturesStandAtTheirNumbers()
 {
-    for (std::size_t row = 0; row < std::size(kRows); ++row)
-        if (kRows[row].picture != row)
+    for (std::size_t row = 0; row < std::size(kPictureRows); ++row)
+        if (kPictureRows[row].picture != row)
             return false;
-    return std::size(kRows) == kToolPictureCount;
+    return std::size(kPictureRows) == kToolPictureCount;
 }
-static_assert(StandAtTheirNumbers());
+static_assert(PicturesStandAtTheirNumbers());
 
 } // namespace
 
 std::string_view PictureName(EToolPicture picture)
 {
-    return picture < kToolPictureCount ? kRows[picture].name : std::string_view();
+    return picture < kToolPictureCount ? kPictureRows[picture].name : std::string_view();
 }
 
 } // namespace Kesto

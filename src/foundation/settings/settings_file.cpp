@@ -16,7 +16,6 @@ constexpr Tag kEnd = 0;
 constexpr std::uint32_t kHeaderSize = 20;
 constexpr std::uint32_t kWindowStateVersion = 2;
 constexpr std::uint32_t kWindowStateSize = 108;
-constexpr std::size_t kGrowth = 4096;
 
 struct ChunkHeader {
     Tag owner = kEnd;
@@ -76,7 +75,7 @@ void WriteWindowState(CStream& file, const WindowState& window)
 template <class WritePayload>
 void WriteChunk(CContainer& file, Tag owner, Tag tag, WritePayload writePayload)
 {
-    CMemoryContainer payload(kGrowth);
+    CMemoryContainer payload(kSettingsGrowth);
     payload.SetSwapped(file.IsSwapped());
     writePayload(payload);
     WriteHeader(file, owner, tag, payload.GetSize());

@@ -11,10 +11,15 @@
 //   0
 #pragma once
 
+#include <cstddef>
+
 namespace Kesto {
 
 class CContainer;
 struct PluginSettings;
+
+// What a container that holds settings grows by, bytes.
+inline constexpr std::size_t kSettingsGrowth = 4096;
 
 // Reads a file from its start. What is no settings file, and chunks of an unknown kind or version,
 // leave the settings as they are. A container in the other byte order than the file is turned to

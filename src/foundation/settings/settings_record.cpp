@@ -10,8 +10,6 @@
 namespace Kesto {
 namespace {
 
-constexpr std::size_t kGrowth = 4096;
-
 } // namespace
 
 CSettingsRecord::CSettingsRecord(CSettingsOwner& owner, CSettingsStore& store,
@@ -46,7 +44,7 @@ void CSettingsRecord::Load(PluginSettings& settings)
     CText keyPath;
     CText fileName;
     fOwner.GetSettingsLocation(keyPath, fileName);
-    CMemoryContainer file(kGrowth);
+    CMemoryContainer file(kSettingsGrowth);
     if (!fStore.ReadSettingsData(keyPath, CText(kSettingsValueName), fileName, file, false))
         return;
     SettingsFileLoad(settings, file);
@@ -59,7 +57,7 @@ bool CSettingsRecord::Save()
     CText keyPath;
     CText fileName;
     fOwner.GetSettingsLocation(keyPath, fileName);
-    CMemoryContainer file(kGrowth);
+    CMemoryContainer file(kSettingsGrowth);
     SettingsFileSave(Get(), file);
     file.Seek(file.GetSize());
     fOwner.SavePrefs(file);

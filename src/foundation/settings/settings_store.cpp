@@ -18,7 +18,7 @@ namespace {
 // No settings are larger; it keeps a stray file from being taken into memory.
 constexpr std::uint64_t kLargestFile = Platform::kUserValueLimit;
 
-std::string Localized(CText text)
+std::string LocalizedBytes(CText text)
 {
     return std::string(Localize(text).View());
 }
@@ -36,7 +36,7 @@ CFile SettingsFile(CSettingsStore& store, const CText& fileName)
 {
     CFileSpec spec;
     store.GetSettingsFolder(spec);
-    spec.Append(Localized(fileName));
+    spec.Append(LocalizedBytes(fileName));
     return CFile(spec);
 }
 
@@ -68,8 +68,8 @@ bool CSettingsStore::ReadSettingsData(const CText& keyPath, const CText& valueNa
                                       const CText& fileName, CContainer& out, bool useRegistry)
 {
     if (useRegistry)
-        return FillContainer(out,
-                             Platform::ReadUserValue(Localized(keyPath), Localized(valueName)));
+        return FillContainer(
+            out, Platform::ReadUserValue(LocalizedBytes(keyPath), LocalizedBytes(valueName)));
     CMemoryBlock bytes;
     ReadFile(SettingsFile(*this, fileName), bytes);
     return FillContainer(out, bytes.Bytes());
@@ -84,7 +84,8 @@ bool CSettingsStore::WriteSettingsData(const CText& keyPath, const CText& valueN
     bytes.SetSize(static_cast<std::size_t>(in.GetSize()));
     in.ReadAt(bytes.Data(), bytes.GetSize(), 0);
     if (useRegistry)
-        OSThrow(Platform::WriteUserValue(Localized(keyPath), Localized(valueName), bytes.Bytes()));
+        OSThrow(Platform::WriteUserValue(LocalizedBytes(keyPath), LocalizedBytes(valueName),
+                                         bytes.Bytes()));
     else
         SettingsFile(*this, fileName).ReplaceContents(bytes.Bytes());
     return true;

@@ -20,7 +20,6 @@ namespace {
 constexpr std::array<std::uint8_t, 8> kSignature{137, 80, 78, 71, 13, 10, 26, 10};
 constexpr std::uint32_t kHeaderLength = 13; // bytes
 constexpr std::size_t kChunkGrowth = 0x1000;
-constexpr std::int32_t kRowAlignment = 4;
 
 // Rows that are worked on together, where a row isn't longer: they and their pixels of the planes
 // stay in the cache of one processor. They are some times as many as are undone at once.
@@ -142,7 +141,7 @@ std::unique_ptr<CMemoryPixmap> CPNGDecoder::MakePixmap() const
     if (fBitDepth != 8 || PlaneCount() == 0)
         return nullptr;
     auto pixmap =
-        std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kRowAlignment, 0);
+        std::make_unique<CMemoryPixmap>(8, fWidth, fHeight, PlaneCount(), kPNGRowAlignment, 0);
     if (IsInterlaced() && fColorType == PNGColor::kRGBA)
         pixmap->Erase(); // packed passes don't reach every pixel
     return pixmap;

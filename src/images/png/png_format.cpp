@@ -19,8 +19,6 @@ constexpr std::array<Lattice, 7> kAdam7{{{0, 0, 8, 8},
                                          {1, 0, 2, 2},
                                          {0, 1, 1, 2}}};
 
-constexpr std::int32_t kRowAlignment = 4; // of the pixmaps, bytes
-
 // How many of the points start, start + step, ... lie below `size`.
 constexpr std::int64_t PointsBelow(std::int32_t size, std::int32_t start, std::int32_t step)
 {
@@ -92,7 +90,7 @@ bool CPNGFormat::DeriveSizes()
         return false;
     // Only samples of 8 bits get as far as a pixmap; any other depth has a failure of its own.
     const std::int64_t alignedRow =
-        (std::int64_t{fWidth} + kRowAlignment - 1) / kRowAlignment * kRowAlignment;
+        (std::int64_t{fWidth} + kPNGRowAlignment - 1) / kPNGRowAlignment * kPNGRowAlignment;
     if (fBitDepth == 8 && (!Fits(alignedRow) || !Fits(alignedRow * fHeight)))
         return false;
     if (!fImage.SetSize(fWidth, fHeight, PixelBits(), HasFilterBytes()))

@@ -31,6 +31,8 @@ struct PNGPass {
 
 enum class PNGColor : std::uint8_t { kGrey = 0, kRGB = 2, kPalette = 3, kGreyAlpha = 4, kRGBA = 6 };
 
+inline constexpr std::int32_t kPNGRowAlignment = 4; // of the pixmaps, bytes
+
 class CPNGFormat {
 public:
     CPNGFormat() { CPNGFormat::Reset(); }

@@ -90,6 +90,13 @@ inline constexpr std::uint32_t kExtraDouble = 0x020D;
 inline constexpr std::uint32_t kSidewaysWheel = 0x020E;
 inline constexpr std::uint32_t kMouseLast = 0x020E;
 
+// Whether a button of the mouse goes down; the second press of a double click has its own number.
+constexpr bool IsPress(std::uint32_t number)
+{
+    return number == kLeftDown || number == kRightDown || number == kMiddleDown ||
+           number == kExtraDown;
+}
+
 inline constexpr std::uint32_t kPenMoved = 0x0245;
 inline constexpr std::uint32_t kPenDown = 0x0246;
 

@@ -23,7 +23,15 @@ struct PixelRect {
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 
     bool IsEmpty() const { return left >= right || top >= bottom; }
+    std::int32_t Width() const { return right - left; }
+    std::int32_t Height() const { return bottom - top; }
 };
+
+// The rectangle moved right by `x` and down by `y`.
+constexpr PixelRect Offset(const PixelRect& rect, std::int32_t x, std::int32_t y)
+{
+    return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
+}
 
 // What both rectangles cover; empty where they do not meet.
 inline PixelRect Intersect(const PixelRect& a, const PixelRect& b)

@@ -10,11 +10,6 @@ namespace {
 constexpr std::array<std::uint32_t, 6> kLimits = {0x7F,     0x7FF,     0xFFFF,
                                                   0x1FFFFF, 0x3FFFFFF, kMaximumCharacter};
 
-constexpr bool IsContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 constexpr bool IsHighSurrogate(std::uint32_t unit)
 {
     return unit >= 0xD800 && unit < 0xDC00;

@@ -37,6 +37,12 @@ std::uint32_t TakeCharacter(std::u16string_view& utf16);
 // The text in UTF-16; what UTF-16 cannot hold becomes the replacement character.
 std::u16string ToUtf16(std::string_view utf8);
 
+// Whether the byte goes on with a character of UTF-8 that another began.
+constexpr bool IsContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
 // Characters of `utf8`, counted by the bytes that begin one.
 std::size_t CountCharacters(std::string_view utf8);
 

@@ -9,18 +9,18 @@ namespace Project {
 namespace {
 
 // Ends the requests of a run with its scope.
-class CRequestScope {
+class CExportRequests {
 public:
-    explicit CRequestScope(Kesto::CLumographExport& object) : fExport(object) {}
-    ~CRequestScope()
+    explicit CExportRequests(Kesto::CLumographExport& object) : fExport(object) {}
+    ~CExportRequests()
     {
         if (HostExportRecord* const record = fExport.GetExportRecord()) {
             record->blockRect = {};
             record->firstPlane = record->lastPlane = 0;
         }
     }
-    CRequestScope(const CRequestScope&) = delete;
-    CRequestScope& operator=(const CRequestScope&) = delete;
+    CExportRequests(const CExportRequests&) = delete;
+    CExportRequests& operator=(const CExportRequests&) = delete;
 
 private:
     Kesto::CLumographExport& fExport;
@@ -38,14 +38,14 @@ bool PExport::Forward(int16_t selector)
 int16_t PExport::RunExportTask()
 {
     const Kesto::CProcessScope process(*this);
-    const CRequestScope requests(*this);
+    const CExportRequests requests(*this);
     return Kesto::CodeOfWork([this] { ExportDocument(); });
 }
 
 bool PExport::RunDialog()
 {
     const Kesto::CProcessScope process(*this);
-    const CRequestScope requests(*this);
+    const CExportRequests requests(*this);
     const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
     return Kesto::RunPluginDialog(dialog.get(), fPrefs);
 }

@@ -10,12 +10,12 @@ namespace Project {
 namespace {
 
 // Ends the requests of a run with its scope.
-class CRequestScope {
+class CFilterRequests {
 public:
-    explicit CRequestScope(Kesto::CLumographFilter& filter) : fFilter(filter) {}
-    ~CRequestScope() { fFilter.ClearRequests(); }
-    CRequestScope(const CRequestScope&) = delete;
-    CRequestScope& operator=(const CRequestScope&) = delete;
+    explicit CFilterRequests(Kesto::CLumographFilter& filter) : fFilter(filter) {}
+    ~CFilterRequests() { fFilter.ClearRequests(); }
+    CFilterRequests(const CFilterRequests&) = delete;
+    CFilterRequests& operator=(const CFilterRequests&) = delete;
 
 private:
     Kesto::CLumographFilter& fFilter;
@@ -42,14 +42,14 @@ bool PFilter::Forward(int16_t selector)
 int16_t PFilter::RunFilterTask()
 {
     const Kesto::CProcessScope process(*this);
-    const CRequestScope requests(*this);
+    const CFilterRequests requests(*this);
     return Kesto::CodeOfWork([this] { FilterDocument(); });
 }
 
 bool PFilter::RunDialog()
 {
     const Kesto::CProcessScope process(*this);
-    const CRequestScope requests(*this);
+    const CFilterRequests requests(*this);
     const std::unique_ptr<Kesto::CPluginDialog> dialog = GetDialog();
     return Kesto::RunPluginDialog(dialog.get(), fPrefs);
 }

@@ -29,7 +29,7 @@ using Description = std::unique_ptr<PangoFontDescription, FreeBy<pango_font_desc
 using Metrics = std::unique_ptr<PangoFontMetrics, FreeBy<pango_font_metrics_unref>>;
 using Options = std::unique_ptr<cairo_font_options_t, FreeBy<cairo_font_options_destroy>>;
 using Attributes = std::unique_ptr<PangoAttrList, FreeBy<pango_attr_list_unref>>;
-using Surface = std::unique_ptr<cairo_surface_t, FreeBy<cairo_surface_destroy>>;
+using OwnedSurface = std::unique_ptr<cairo_surface_t, FreeBy<cairo_surface_destroy>>;
 using Drawing = std::unique_ptr<cairo_t, FreeBy<cairo_destroy>>;
 
 std::int32_t Ceiling(int pangoUnits)
@@ -140,7 +140,7 @@ public:
     {
         const std::int32_t width = area.right - area.left;
         const std::int32_t height = area.bottom - area.top;
-        const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height));
+        const OwnedSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height));
         {
             const Drawing drawing(cairo_create(surface.get()));
             cairo_move_to(drawing.get(), -area.left, -area.top);

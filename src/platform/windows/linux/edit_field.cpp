@@ -173,6 +173,12 @@ void EditField::ShowCaret()
         Redraw();
 }
 
+void EditField::HideCaret()
+{
+    fCaretIsOn = false;
+    DisarmTimer(ChildHandle(), kCaretTimer);
+}
+
 void EditField::Draw(const Bitmap& picture)
 {
     picture.BeginWriting();

@@ -65,6 +65,7 @@ private:
     void Arrange();
     void RevealCaret();
     void ShowCaret();
+    void HideCaret();
     std::int32_t RowsShown() const;
 
     EditHandler& fHandler;

@@ -43,8 +43,6 @@ enum Character : std::uint32_t {
     kWordBackspace = 127,
 };
 
-constexpr std::uintptr_t kCaretTimer = 1;
-
 bool IsHeld(Key key)
 {
     return IsKeyDown(key, KeyMoment::kLastMessage);
@@ -92,8 +90,7 @@ std::intptr_t EditField::Act(const WindowMessage& message)
         ShowCaret();
         return 0;
     case kKillFocus:
-        fCaretIsOn = false;
-        DisarmTimer(ChildHandle(), kCaretTimer);
+        HideCaret();
         return 0;
     case kTimer:
         fCaretIsOn = !fCaretIsOn && HasKeyboard();

@@ -1,5 +1,7 @@
 #include "platform/windows/linux/edit_layout.h"
 
+#include "platform/system/unicode.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -8,16 +10,6 @@ namespace Platform {
 namespace {
 
 constexpr std::string_view kDot = "\xE2\x97\x8F";
-
-bool IsFirstByte(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-}
-
-std::size_t CountCharacters(std::string_view text)
-{
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsFirstByte));
-}
 
 std::string Dots(std::string_view text)
 {
@@ -93,7 +85,7 @@ std::size_t EditLayout::Meant(const Row& row, std::size_t shown) const
     for (std::size_t count = shown / kDot.size(); count != 0 && position < row.end; --count)
         do
             ++position;
-        while (position < row.end && !IsFirstByte(fText[position]));
+        while (position < row.end && IsContinuation(fText[position]));
     return position;
 }
 

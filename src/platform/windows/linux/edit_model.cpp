@@ -1,21 +1,13 @@
 #include "platform/windows/linux/edit_model.h"
 
+#include "platform/system/unicode.h"
+
 #include <algorithm>
 
 namespace Platform {
 namespace {
 
 constexpr std::size_t kMostSteps = 200;
-
-bool IsFirstByte(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-}
-
-std::size_t CountCharacters(std::string_view text)
-{
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsFirstByte));
-}
 
 // Bytes of the character that begins here; 0 for bytes that begin none.
 std::size_t LengthAt(std::string_view text)
@@ -26,11 +18,9 @@ std::size_t LengthAt(std::string_view text)
                                : first >= 0xE0 && first < 0xF0 ? 3
                                : first >= 0xF0 && first < 0xF5 ? 4
                                                                : 0;
-    if (length > text.size() ||
-        std::any_of(text.begin() + 1, text.begin() + static_cast<std::ptrdiff_t>(length),
-                    IsFirstByte))
+    if (length == 0 || length > text.size())
         return 0;
-    return length;
+    return std::ranges::all_of(text.substr(1, length - 1), IsContinuation) ? length : 0;
 }
 
 // Without malformed bytes and returns, up to so many characters.
@@ -144,11 +134,11 @@ std::size_t EditModel::CharacterOf(std::size_t position) const
 std::size_t EditModel::PositionOf(std::size_t character) const
 {
     std::size_t position = 0;
-    while (position < fText.size() && (character != 0 || !IsFirstByte(fText[position]))) {
-        if (IsFirstByte(fText[position]))
+    while (position < fText.size() && (character != 0 || IsContinuation(fText[position]))) {
+        if (!IsContinuation(fText[position]))
             --character;
         ++position;
-        while (position < fText.size() && !IsFirstByte(fText[position]))
+        while (position < fText.size() && IsContinuation(fText[position]))
             ++position;
     }
     return position;

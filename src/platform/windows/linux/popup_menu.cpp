@@ -250,11 +250,6 @@ private:
     std::unique_ptr<Level> fSub;
 };
 
-bool IsPress(std::uint32_t number)
-{
-    return number == kLeftDown || number == kRightDown || number == kMiddleDown;
-}
-
 } // namespace
 
 // A press outside leaves the menu and does nothing else; keys are the menu's alone.

@@ -18,11 +18,6 @@ void AddRect(std::vector<PixelRect>& list, const PixelRect& rect);
 // Cuts it to `rect`.
 void ClipRects(std::vector<PixelRect>& list, const PixelRect& rect);
 
-constexpr PixelRect Offset(const PixelRect& rect, std::int32_t x, std::int32_t y)
-{
-    return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
-}
-
 constexpr bool Contains(const PixelRect& rect, PixelPoint point)
 {
     return point.x >= rect.left && point.x < rect.right && point.y >= rect.top &&

@@ -27,12 +27,6 @@ bool IsOfMouse(std::uint32_t number)
     return number >= kMouseFirst && number <= kMouseLast;
 }
 
-bool IsPress(std::uint32_t number)
-{
-    return number == kLeftDown || number == kRightDown || number == kMiddleDown ||
-           number == kExtraDown;
-}
-
 bool IsInput(std::uint32_t number)
 {
     return IsOfMouse(number) || (number >= kKeyFirst && number <= kKeyLast);

@@ -131,14 +131,14 @@ void XcbDisplay::Describe(LinuxWindow& window)
 void XcbDisplay::DescribeLimits(const LinuxWindow& window)
 {
     constexpr std::uint32_t kPosition = 1U << 2;
-    constexpr std::uint32_t kSize = 1U << 3;
+    constexpr std::uint32_t kExtent = 1U << 3;
     constexpr std::uint32_t kLeast = 1U << 4;
     constexpr std::uint32_t kMost = 1U << 5;
     constexpr std::uint32_t kGravity = 1U << 9;
     constexpr std::uint32_t kStatic = 10; // the place is the content's
     std::array<std::uint32_t, 18> hints{};
     const PixelRect local = window.Local();
-    hints[0] = kPosition | kSize | kGravity;
+    hints[0] = kPosition | kExtent | kGravity;
     if ((window.fFeatures & WindowFeature::kCanSize) == 0) {
         hints[0] |= kLeast | kMost;
         hints[5] = hints[7] = Side(local.right);
