@@ -8,23 +8,6 @@
 namespace Host {
 namespace {
 
-class KeptPicture final : public PictureSink {
-public:
-    void Begin(const PictureInfo& info) override { fInfo = info; }
-    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override
-    {
-        for (int32_t y = 0; y < count; ++y, rows += stride)
-            fBytes.insert(fBytes.end(), rows, rows + fInfo.RowBytes());
-    }
-    void Finish() override {}
-
-    const Bytes& Pixels() const { return fBytes; }
-
-private:
-    PictureInfo fInfo;
-    Bytes fBytes;
-};
-
 TEST(Document, EverySampleComesBackFromEveryDepth)
 {
     MadePicture grays(PictureMode::kGrayscale, 256, 2, 1, [](int32_t, int32_t at) { return at; });
@@ -32,7 +15,7 @@ TEST(Document, EverySampleComesBackFromEveryDepth)
         SCOPED_TRACE(static_cast<int32_t>(depth));
         KeptPicture back;
         Document(grays, depth).WriteTo(back);
-        EXPECT_EQ(back.Pixels(), AllPixels(grays));
+        EXPECT_EQ(back.fPixels, AllPixels(grays));
     }
 }
 
@@ -83,12 +66,11 @@ TEST(Block, RefusesWhatNoDocumentHas)
         {"a plane below 0", -1, 1, 0},  {"a plane too many", 0, 2, 0},     {"no plane", 1, 0, 0},
         {"a fill below all", 0, 1, -3}, {"a fill above white", 0, 1, 256},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& row : rows)
         EXPECT_THROW(
             (BlockRequest{{0, 0, 1, 1}, row.first, row.last}.Check(document, row.fill, "source")),
-            Failure);
-    }
+            Failure)
+            << row.what;
     Block block;
     EXPECT_THROW(block.Lend(document, {{-10, -10, 32767, 32767}, 0, 1}, 0), Failure);
     EXPECT_FALSE(block.IsLent()) << "no memory was taken for it";

@@ -18,17 +18,7 @@ protected:
         arguments.insert(arguments.begin(), {"open", Argument(SourceFile(kFive))});
         return RunLumohost(arguments, status);
     }
-    std::string Bytes(const std::string& name) const
-    {
-        std::ifstream file(fFolder / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     bool IsThere(const char* name) const { return std::filesystem::exists(fFolder / name); }
-    std::string Script(const char* text) const
-    {
-        std::ofstream(fFolder / "script.txt") << text;
-        return Path("script.txt");
-    }
 };
 
 TEST_F(Dialogs, FramesAreChosenOneByOneOrAllTogether)
@@ -39,14 +29,14 @@ TEST_F(Dialogs, FramesAreChosenOneByOneOrAllTogether)
     for (int frame = 1; frame <= 5; ++frame) {
         SCOPED_TRACE(frame);
         Open({"--frame", std::to_string(frame), "-o", Path("one.png")});
-        const std::string picture = Bytes("one.png");
-        EXPECT_EQ(picture, Bytes("all-00" + std::to_string(frame) + ".png"));
+        const std::string picture = fFolder.Get("one.png");
+        EXPECT_EQ(picture, fFolder.Get("all-00" + std::to_string(frame) + ".png"));
         EXPECT_EQ(std::ranges::count(pictures, picture), 0) << "each is a frame of its own";
         pictures.push_back(picture);
     }
     EXPECT_THAT(Open({"-o", Path("quiet.png")}).messages,
                 ::testing::AllOf(HasSubstr("frame 1 of the 5"), HasSubstr("--frame N")));
-    EXPECT_EQ(Bytes("quiet.png"), pictures.front());
+    EXPECT_EQ(fFolder.Get("quiet.png"), pictures.front());
 }
 
 TEST_F(Dialogs, ANumberOutOfRangeIsToldInTheDialogsWords)
@@ -84,8 +74,7 @@ TEST_F(Dialogs, AreDescribedAndPhotographed)
 TEST_F(Dialogs, ScriptsArePlayedOnThem)
 {
     const struct {
-        const char* words;
-        const char* script;
+        const char *words, *script;
         int status;
         const char* says;
     } rows[] = {
@@ -104,7 +93,9 @@ TEST_F(Dialogs, ScriptsArePlayedOnThem)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.words);
-        const Run run = Open({"--play", Script(row.script), "-o", Path("played.png")}, row.status);
+        const Run run =
+            Open({"--play", Argument(fFolder.Put("script", row.script)), "-o", Path("played.png")},
+                 row.status);
         EXPECT_THAT(run.messages, HasSubstr(row.says));
         EXPECT_EQ(IsThere("played.png"), row.status == 0);
         std::filesystem::remove(fFolder / "played.png");
@@ -113,7 +104,7 @@ TEST_F(Dialogs, ScriptsArePlayedOnThem)
 
 TEST_F(Dialogs, ManyFilesGoIntoAFolderAndFailuresStopNobody)
 {
-    std::ofstream(fFolder / "broken.ei") << "no picture";
+    fFolder.Put("broken.ei", "no picture");
     const Run run = RunLumohost({"open", Argument(SourceFile(kFive)),
                                  Argument(SourceFile("samples/harbour.img")), Path("broken.ei"),
                                  "-o", Path("pictures/"), "--jobs", "2", "--frame", "1"},
@@ -130,11 +121,10 @@ TEST_F(Dialogs, ManyFilesGoIntoAFolderAndFailuresStopNobody)
 
 TEST_F(Dialogs, TheNameOfAFrameHasOnePlaceForItsNumber)
 {
-    for (const char* name : {"frame.png", "%d-%d.png", "%s.png", "%04.png"}) {
-        SCOPED_TRACE(name);
+    for (const char* name : {"frame.png", "%d-%d.png", "%s.png", "%04.png"})
         EXPECT_THAT(Open({"--all", "-o", Path(name)}, 1).messages,
-                    HasSubstr("no place for the frame's number"));
-    }
+                    HasSubstr("no place for the frame's number"))
+            << name;
 }
 
 } // namespace

@@ -7,24 +7,7 @@ namespace {
 
 class FailuresTest : public LumohostTest {
 protected:
-    FailuresTest()
-    {
-        MadePicture picture(PictureMode::kRgb, 40, 40, 3, Texture);
-        WritePicture(picture, fFolder / "p.ppm");
-    }
-
-    // Expects that the run fails with the status and says each of the words, and that it leaves no
-    // file behind.
-    void ExpectFailure(int status, const std::vector<std::string>& arguments,
-                       const std::vector<std::string>& words)
-    {
-        const auto files = fFolder.Count();
-        const std::string messages = RunLumohost(arguments, status).messages;
-        for (const std::string& word : words)
-            EXPECT_NE(messages.find(word), std::string::npos)
-                << "\"" << word << "\" in: " << messages;
-        EXPECT_EQ(fFolder.Count(), files) << messages;
-    }
+    FailuresTest() { WritePicture({PictureMode::kRgb, 40, 40, 3, Texture}, fFolder / "p.ppm"); }
 
     const std::string fPicture = Path("p.ppm"), fImage = Path("o.img"), fPng = Path("o.png"),
                       fFrames = Path("o.ei");
@@ -46,8 +29,7 @@ TEST_F(FailuresTest, ThePropertyListRefusesBeforeTheModuleIsAsked)
     ExpectFailure(1, {"open", Path("picture.gif"), "-o", fPng},
                   {"\".gif\"", ".IMG, .EI, .EIZ, .EIZZ"});
     ExpectFailure(1, {"save", fPicture, "-o", fFrames}, {"\".ei\"", "It takes .IMG;"});
-    MadePicture wide(PictureMode::kGrayscale, 30001, 1, 1, Texture);
-    WritePicture(wide, fFolder / "wide.pgm");
+    WritePicture({PictureMode::kGrayscale, 30001, 1, 1, Texture}, fFolder / "wide.pgm");
     const std::vector<std::string> save = {"save", Path("wide.pgm"), "-o", fImage, "--verbose"};
     ExpectFailure(1, save, {"30001 x 1, the limit is 30000 x 30000"});
     EXPECT_EQ(RunLumohost(save, 1).messages.find("write prepare"), std::string::npos);

@@ -42,8 +42,7 @@ TEST_F(PicturesTest, EveryKindSurvivesSavingAndOpening)
 
 TEST_F(PicturesTest, TheEstimateAndTheRealSizeAreShown)
 {
-    MadePicture picture(PictureMode::kRgb, 64, 64, 3, Texture);
-    WritePicture(picture, fFolder / "in.ppm");
+    WritePicture({PictureMode::kRgb, 64, 64, 3, Texture}, fFolder / "in.ppm");
     const std::string said =
         RunLumohost({"save", Path("in.ppm"), "-o", Path("out.img"), "--verbose"}).messages;
     const std::string size = std::to_string(std::filesystem::file_size(fFolder / "out.img"));

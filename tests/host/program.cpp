@@ -54,3 +54,13 @@ LumohostTest::Run LumohostTest::RunLumohost(const std::vector<std::string>& argu
     EXPECT_EQ(run.status, status) << command << '\n' << run.output << run.messages;
     return run;
 }
+
+void LumohostTest::ExpectFailure(int status, const std::vector<std::string>& arguments,
+                                 const std::vector<std::string>& words) const
+{
+    const auto files = fFolder.Count();
+    const std::string messages = RunLumohost(arguments, status).messages;
+    for (const std::string& word : words)
+        EXPECT_NE(messages.find(word), std::string::npos) << "\"" << word << "\" in: " << messages;
+    EXPECT_EQ(fFolder.Count(), files) << messages;
+}

@@ -20,6 +20,11 @@ protected:
     // Runs the program with arguments in ASCII, waits for its end and expects its status.
     Run RunLumohost(const std::vector<std::string>& arguments, int status = 0) const;
 
+    // Expects that the run fails with the status and says each of the words, and that it leaves no
+    // file behind.
+    void ExpectFailure(int status, const std::vector<std::string>& arguments,
+                       const std::vector<std::string>& words) const;
+
     std::string Path(const char* name) const { return Argument(fFolder / name); }
 
     TemporaryFolder fFolder;

@@ -6,19 +6,6 @@
 namespace Host {
 namespace {
 
-class CollectingSink final : public PictureSink {
-public:
-    void Begin(const PictureInfo&) override {}
-    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override
-    {
-        for (; count > 0; --count, rows += stride)
-            fPixels.insert(fPixels.end(), rows, rows + 20);
-    }
-    void Finish() override {}
-
-    Bytes fPixels;
-};
-
 // A picture of 5 x 4 pixels with four planes, and the module's side of the record.
 class RowExchangeTest : public testing::Test {
 protected:
@@ -53,7 +40,7 @@ protected:
     PictureInfo fInfo = {PictureMode::kRgb, 5, 4, 4, {}};
     Bytes fPicture = Bytes(5 * 4 * 4);
     HostFormatRecord fRecord = {};
-    CollectingSink fSink;
+    KeptPicture fSink{fInfo};
     RowDelivery fDelivery{fInfo, fSink};
 };
 
@@ -74,7 +61,7 @@ TEST_F(RowExchangeTest, PlanesGoWhereTheOrderSays)
         Bytes turned(fPicture.size());
         for (size_t i = 0; i < turned.size(); ++i)
             turned[i] = fPicture[i / 4 * 4 + static_cast<size_t>(order[i % 4])];
-        CollectingSink sink;
+        KeptPicture sink(fInfo);
         RowDelivery delivery(fInfo, sink);
         std::ranges::copy(order, fRecord.planeOrder);
         delivery.Take(Of({0, 0, 4, 5}, turned.data()));

@@ -37,6 +37,25 @@ private:
     Bytes fRow;
 };
 
+// Keeps the bytes of the rows that it is given.
+class KeptPicture final : public PictureSink {
+public:
+    explicit KeptPicture(const PictureInfo& info = {}) : fInfo(info) {}
+
+    void Begin(const PictureInfo& info) override { fInfo = info; }
+    void PutRows(const uint8_t* rows, size_t stride, int32_t count) override
+    {
+        for (; count > 0; --count, rows += stride)
+            fPixels.insert(fPixels.end(), rows, rows + fInfo.RowBytes());
+    }
+    void Finish() override {}
+
+    Bytes fPixels;
+
+private:
+    PictureInfo fInfo;
+};
+
 inline Bytes AllPixels(PictureSource& picture)
 {
     Bytes pixels;
@@ -56,6 +75,11 @@ inline void WritePicture(PictureSource& picture, const std::filesystem::path& pa
     for (int32_t y = 0; y < picture.Info().height; ++y)
         sink->PutRows(picture.Row(y), picture.Info().RowBytes(), 1);
     sink->Finish();
+}
+
+inline void WritePicture(MadePicture&& picture, const std::filesystem::path& path)
+{
+    WritePicture(picture, path);
 }
 
 // Runs, edges and noise, the same each time.

@@ -36,18 +36,16 @@ TEST_F(Tabs, StopsFollowInPreOrderAndWrap)
     EXPECT_EQ(NameOf(b->FirstTabStopOrSelf()), "c");
     EXPECT_EQ(NameOf(a->FirstTabStopOrSelf()), "a");
     EXPECT_EQ(NameOf(root.LastTabStop()), "e");
-    struct Case {
+    const struct {
         CView* from;
         CView* after; // a child of it, or null
-        const char* next;
-        const char* previous;
-    };
-    const Case cases[] = {
+        const char *next, *previous;
+    } cases[] = {
         {a, nullptr, "b", "e"}, {b, nullptr, "c", "a"}, {c, nullptr, "e", "b"},
         {e, nullptr, "a", "c"}, {g, nullptr, "a", "e"}, {b, c, "e", "b"},
         {b, e, "a", "c"},       {&root, b, "a", "a"},   {&root, nullptr, "a", "e"},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(NameOf(row.from) + " " + NameOf(row.after));
         EXPECT_EQ(NameOf(row.from->NextTabStop(row.after, true)), row.next);
         EXPECT_EQ(NameOf(row.from->NextTabStop(row.after, false)), row.previous);

@@ -12,12 +12,7 @@ TEST_F(Tree, TheMouseIsOverTheFirstChildThatTakesIt)
     LoggedPane* const ignored = Add("ignored", {0, 0, 400, 300}, nullptr, kView_IgnoreMouseEvents);
     Add("below", {0, 0, 400, 300}, ignored);
     Take();
-    struct Case {
-        const char* what;
-        Point at;
-        const char* found;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, Point, const char*> cases[] = {
         {"in the one in front", {35, 35}, "front"},
         {"behind it", {75, 75}, "back"},
         {"right edges are outside", {60, 35}, "back"},
@@ -25,11 +20,11 @@ TEST_F(Tree, TheMouseIsOverTheFirstChildThatTakesIt)
         {"around the children", {15, 100}, "o"},
         {"around all, and over one that is ignored", {200, 200}, "root"},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(root.ChildAtPoint(row.at)->GetID(), CObjID(row.found));
-        Move(row.at.x, row.at.y);
-        EXPECT_EQ(CView::MouseView()->GetID(), CObjID(row.found));
+    for (const auto& [what, at, found] : cases) {
+        SCOPED_TRACE(what);
+        EXPECT_EQ(root.ChildAtPoint(at)->GetID(), CObjID(found));
+        Move(at.x, at.y);
+        EXPECT_EQ(CView::MouseView()->GetID(), CObjID(found));
     }
     back->Hide();
     EXPECT_EQ(root.ChildAtPoint({75, 75}), outer);
@@ -39,13 +34,12 @@ TEST_F(Tree, TheMouseIsOverTheFirstChildThatTakesIt)
 TEST_F(Tree, ManyChildrenAreFoundWhereTheyLie)
 {
     constexpr int kCount = 40;
-    struct Case {
+    const struct {
         const char* what;
         int perRow;
         double width, height; // of a step; a child is a unit smaller
-    };
-    const Case cases[] = {{"down", 1, 30, 7}, {"across", kCount, 9, 30}, {"in a grid", 7, 40, 40}};
-    for (const Case& row : cases) {
+    } cases[] = {{"down", 1, 30, 7}, {"across", kCount, 9, 30}, {"in a grid", 7, 40, 40}};
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         LoggedPane* const parent = Add("p", {5, 5, 395, 295});
         const auto frameOf = [&](int i) {
@@ -105,12 +99,11 @@ TEST_F(Tree, EnteringAndLeavingAreToldOnce)
 
 TEST_F(Tree, ClicksAreCountedByPlaceTimeViewAndButton)
 {
-    struct Step {
+    const struct {
         const char* what;
         double x, y, after;
         const char* hooks;
-    };
-    const Step steps[] = {
+    } steps[] = {
         {"the first", 20, 20, 0, "v:click"},
         {"2.9 away", 22.9, 17.1, 0.1, "v:multi2"},
         {"the third, at the last moment", 22.9, 17.1, 0.5, "v:multi3"},
@@ -121,7 +114,7 @@ TEST_F(Tree, ClicksAreCountedByPlaceTimeViewAndButton)
     Add("v", {0, 0, 50, 50});
     Add("w", {50, 0, 100, 50});
     Take();
-    for (const Step& step : steps) {
+    for (const auto& step : steps) {
         SCOPED_TRACE(step.what);
         now += step.after;
         Press(step.x, step.y);
@@ -147,13 +140,12 @@ TEST_F(Tree, ClicksThatAreCountedAtTheReleaseHaveTheirOwnTime)
 {
     Add("v", {0, 0, 50, 50}, nullptr, kView_MultiOnMouseUp);
     Take();
-    struct Step {
+    const struct {
         const char* what;
         double after;
         bool press;
         const char* hooks;
-    };
-    const Step steps[] = {
+    } steps[] = {
         {"the first press", 0, true, "v:click"},
         {"its release", 0.1, false, "v:up"},
         {"the second press", 0.2, true, "v:click"},
@@ -162,7 +154,7 @@ TEST_F(Tree, ClicksThatAreCountedAtTheReleaseHaveTheirOwnTime)
         {"a press that is too late", 0.6, true, "v:click"},
         {"and its release, beyond the grace", 0.75, false, "v:up"},
     };
-    for (const Step& step : steps) {
+    for (const auto& step : steps) {
         SCOPED_TRACE(step.what);
         now += step.after;
         step.press ? Press(5, 5) : Release(5, 5);
@@ -173,14 +165,13 @@ TEST_F(Tree, ClicksThatAreCountedAtTheReleaseHaveTheirOwnTime)
 TEST_F(Tree, APressAsksWhoeverHasTheFocus)
 {
     LoggedPane* const field = Add("field", {0, 0, 50, 50}, nullptr, kView_TabStop);
-    struct Case {
+    const struct {
         const char* what;
         std::uint32_t options;
         bool refuses;
         const char* hooks;
         bool fieldKeeps;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a plain view and a good field", 0, false, "field:asked v:click", true},
         {"a plain view and a bad field", 0, true, "field:asked", true},
         {"one that asks nobody", kView_SupressSurrenders, true, "v:click", true},
@@ -194,7 +185,7 @@ TEST_F(Tree, APressAsksWhoeverHasTheFocus)
         {"a disabled one", kView_Bullseye | kView_Disabled, true, "", true},
         {"the context button as a click", kView_ContextClick, false, "field:asked v:click", true},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         LoggedPane* const view = Add("v", {50, 0, 100, 50}, nullptr, row.options);
         field->surrenders = true;

@@ -84,14 +84,13 @@ TEST_F(Scrolled, AnImageThatIsSmallerLiesWhereTheLimitsSay)
 // What a scroll makes invalid, in pixels of the root.
 TEST_F(Scrolled, OnlyTheUncoveredStripIsDrawnAnew)
 {
-    struct Case {
+    const struct {
         const char* what;
         std::uint32_t options;
         Point by;
         double scale;
         std::vector<PixelRect> invalid;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"down", 0, {0, 10}, 1.0, {{10, 110, 110, 120}}},
         {"at twice the scale", 0, {0, 10}, 2.0, {{20, 220, 220, 240}}},
         {"down and right", 0, {10, 10}, 1.0, {{100, 20, 110, 110}, {10, 110, 110, 120}}},
@@ -99,7 +98,7 @@ TEST_F(Scrolled, OnlyTheUncoveredStripIsDrawnAnew)
         {"by half a pixel", 0, {0, 0.5}, 1.0, {{10, 20, 110, 120}}},
         {"chunky", kView_ChunkyScroll, {0, 10}, 1.0, {{10, 20, 110, 30}, {10, 110, 110, 120}}},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         root.ChangeScale(row.scale);
         LoggedPane* const view = Make(row.options);

@@ -75,16 +75,15 @@ TEST_F(Tree, ChildrenStandWhereTheyArePut)
 
 TEST_F(Tree, EachTargetOptionImpliesTheOnesBeforeIt)
 {
-    struct Case {
+    const struct {
         const char* what;
         std::uint32_t options;
         bool target, bullseye, tabStop;
-    };
-    const Case cases[] = {{"none", kView_NoOptions, false, false, false},
-                          {"target", kView_Target, true, false, false},
-                          {"bullseye", kView_Bullseye, true, true, false},
-                          {"tab stop", kView_TabStop, true, true, true}};
-    for (const Case& row : cases) {
+    } cases[] = {{"none", kView_NoOptions, false, false, false},
+                 {"target", kView_Target, true, false, false},
+                 {"bullseye", kView_Bullseye, true, true, false},
+                 {"tab stop", kView_TabStop, true, true, true}};
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         CPane* const made = Add("v", {0, 0, 10, 10}, nullptr, row.options);
         CPane* const set = Add("v", {0, 0, 10, 10});

@@ -94,12 +94,11 @@ TEST_F(Trackers, GesturesAreFoundByTheirCodes)
     view->AddGesture(-1, -1);
     view->AddRotateGesture(0.5F);
     view->AddMagnifyGesture(2.0F);
-    struct Case {
+    const struct {
         const char* what;
         std::uint32_t kind, detail;
         bool found;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"to the right", CGesture::kKind_Swipe, 2, true},
         {"to the upper left", CGesture::kKind_Swipe, 7, true},
         {"a swipe that isn't there", CGesture::kKind_Swipe, 0, false},
@@ -107,10 +106,8 @@ TEST_F(Trackers, GesturesAreFoundByTheirCodes)
         {"a pinch", CGesture::kKind_Magnify, 0, true},
         {"a tracker of its button", CGesture::kKind_Tracker, kMouseButton_Primary.Value(), true},
         {"of another", CGesture::kKind_Tracker, kMouseButton_Context.Value(), false}};
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(view->GetTrackerForCodes(row.kind, row.detail) != nullptr, row.found);
-    }
+    for (const auto& row : cases)
+        EXPECT_EQ(view->GetTrackerForCodes(row.kind, row.detail) != nullptr, row.found) << row.what;
     view->ClearTrackers();
     EXPECT_EQ(view->GetTrackerForCodes(CGesture::kKind_Rotate, 0), nullptr);
 }
