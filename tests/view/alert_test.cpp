@@ -5,7 +5,6 @@
 #include "platform/windows/clipboard.h"
 #include "platform/windows/system_window.h"
 #include "support/testing.h"
-#include "view/messages/key_codes.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
 #include "view/window_parts.h"
@@ -14,6 +13,7 @@ namespace {
 
 using namespace Kesto;
 
+constexpr std::uint32_t kReturn = 13;
 constexpr std::uint32_t kEscape = 27;
 constexpr std::uint32_t kSpace = 32;
 constexpr std::uint32_t kControl = 0x11;
@@ -32,29 +32,27 @@ AlertButton Ask(AlertButtons buttons, AlertButton defaultButton = AlertButton::k
 
 TEST(Alert, AnswersByKeys)
 {
-    struct Row {
+    const struct {
         const char* name;
         AlertButtons buttons;
         AlertButton defaultButton;
         std::uint32_t key;
         std::u16string_view text;
         AlertButton answer;
-    };
-    const Row rows[] = {
-        {"Return is OK", AlertButtons::kOK, AlertButton::kNone, kKeyCode_Return, u"\r",
-         AlertButton::kOK},
+    } rows[] = {
+        {"Return is OK", AlertButtons::kOK, AlertButton::kNone, kReturn, u"\r", AlertButton::kOK},
         {"Escape is the only button", AlertButtons::kOK, AlertButton::kNone, kEscape, u"\x1b",
          AlertButton::kOK},
         {"Escape is Cancel", AlertButtons::kYesNoCancel, AlertButton::kNone, kEscape, u"\x1b",
          AlertButton::kCancel},
-        {"Return is the default", AlertButtons::kYesNoCancel, AlertButton::kNo, kKeyCode_Return,
-         u"\r", AlertButton::kNo},
-        {"Return is the first", AlertButtons::kRetryCancel, AlertButton::kNone, kKeyCode_Return,
-         u"\r", AlertButton::kRetry},
+        {"Return is the default", AlertButtons::kYesNoCancel, AlertButton::kNo, kReturn, u"\r",
+         AlertButton::kNo},
+        {"Return is the first", AlertButtons::kRetryCancel, AlertButton::kNone, kReturn, u"\r",
+         AlertButton::kRetry},
         {"Space is the one with the focus", AlertButtons::kYesNo, AlertButton::kNo, kSpace, u" ",
          AlertButton::kNo},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         PumpedProcess process;
         CDocumentWindow document(DocumentPlan());

@@ -39,14 +39,12 @@ TEST_F(FocusTest, ARefusalAtAnyDepthStopsTheMoveUnlessItIsForced)
 {
     // What follows the questions when the move takes place.
     const std::string moves = "c-B c-T b-T a-T x+T y+T y+B yo yc xo xc wo wc Po Pc ";
-    struct Case {
+    const struct {
         const char* what;
         Node* refuses;
         bool force;
-        std::string log;
-        std::string path;
-    };
-    const Case cases[] = {
+        std::string log, path;
+    } cases[] = {
         {"the top refuses", a.get(), false, "a? ", "Pwabc!"},
         {"the middle refuses", b.get(), false, "a? b? ", "Pwabc!"},
         {"the bullseye refuses", c.get(), false, "a? b? c? ", "Pwabc!"},
@@ -55,7 +53,7 @@ TEST_F(FocusTest, ARefusalAtAnyDepthStopsTheMoveUnlessItIsForced)
         {"the middle refuses in vain", b.get(), true, "a? b? c? " + moves, "Pwxy!"},
         {"the bullseye refuses in vain", c.get(), true, "a? b? c? " + moves, "Pwxy!"},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         c->BecomeBullseye(true);
         for (Node* const node : {a.get(), b.get(), c.get()})
@@ -180,21 +178,20 @@ TEST_F(FocusTest, AChildThatIsMovedAwayInAHookIsNobodysTarget)
 
 TEST_F(FocusTest, WhoeverLeavesThePathLeavesNothingBehind)
 {
-    struct Case {
+    const struct {
         const char* what;
         CMessenger* leaves;
         std::uint32_t above; // abilities that those above it keep
         bool takesBack;      // a hook asks for the focus again
         std::string path;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"the bullseye", c.get(), Node::kBoth, false, "Pwab!"},
         {"the middle of the path", a.get(), Node::kBoth, false, "Pw!"},
         {"the last target of one that is off the path", &y, Node::kBoth, false, "Pwabc!"},
         {"nobody above can be the bullseye", c.get(), Node::kCanTarget, false, "P!"},
         {"a hook takes the focus back", c.get(), Node::kBoth, true, "Pwab!"},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         ASSERT_TRUE(y.BecomeBullseye(true) && c->BecomeBullseye(true));
         for (Node* const node : {&w, a.get(), b.get()})

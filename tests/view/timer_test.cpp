@@ -74,12 +74,11 @@ TEST(Timers, MayBeStoppedStartedAndDeletedByEachOther)
 {
     Context nowhere;
     using Timers = std::array<std::unique_ptr<CallTimer>, 3>;
-    struct Case {
+    const struct {
         const char* what;
         std::function<void(Timers&)> act;
         std::array<int, 3> fired;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"nothing", [](Timers&) {}, {2, 2, 2}},
         {"stops itself", [](Timers& t) { t[0]->Stop(); }, {1, 2, 2}},
         {"stops the next", [](Timers& t) { t[1]->Stop(); }, {2, 0, 2}},
@@ -90,7 +89,7 @@ TEST(Timers, MayBeStoppedStartedAndDeletedByEachOther)
         {"deletes the last", [](Timers& t) { t[2].reset(); }, {2, 2, 0}},
         {"runs them all", [](Timers&) { CTimer::RunTimers(Later(100.0)); }, {2, 2, 2}},
     };
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         std::array<int, 3> fired{};
         Timers timers;
         for (std::size_t i = 0; i < timers.size(); ++i) {

@@ -6,7 +6,6 @@
 #include "platform/windows/window_paint.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
-#include "view/messages/key_codes.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
@@ -15,6 +14,8 @@
 namespace {
 
 using namespace Kesto;
+
+constexpr std::uint32_t kReturn = 13;
 
 TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
 {
@@ -27,8 +28,8 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
         dialog.AppendChild(std::make_unique<Button>(true, false, [&] { dialog.EndRun(1); }));
     dialog.AddButton(*button);
     process.PostCall(-1, [] {
-        Platform::InjectKey(kKeyCode_Return, true, u"\r");
-        Platform::InjectKey(kKeyCode_Return, false);
+        Platform::InjectKey(kReturn, true, u"\r");
+        Platform::InjectKey(kReturn, false);
     });
     EXPECT_EQ(dialog.Run(), 1);
     process.PumpQuiet();
@@ -161,18 +162,17 @@ TEST(WindowPainting, AFailureCountsAsPaintedAndIsReportedOnceAfterwards)
 
 TEST(CDialog, EndsByItsCommands)
 {
-    struct Row {
+    const struct {
         const char* name;
         CObjID id;
         bool lets; // the field with the focus
         std::int32_t result;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"OK", kDefault_Ok, true, 1},
         {"Cancel", kDefault_Cancel, true, 0},
         {"Cancel asks nobody who could refuse", kDefault_Cancel, false, 0},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         PumpedProcess process;
         CDialog dialog(PlanOf());

@@ -58,10 +58,8 @@ TEST_F(WindowTest, FocusFeaturesImplyOneAnother)
         {kWin_CanBullseye, kWin_CanTarget | kWin_CanBullseye},
         {kWin_CanTarget, kWin_CanTarget},
         {0, 0}};
-    for (const auto& [given, taken] : cases) {
-        SCOPED_TRACE(given);
-        EXPECT_EQ(CWindow(PlanOf(nullptr, given)).GetFeatures(), taken);
-    }
+    for (const auto& [given, taken] : cases)
+        EXPECT_EQ(CWindow(PlanOf(nullptr, given)).GetFeatures(), taken) << given;
 }
 
 TEST_F(WindowTest, OpensGivesTheFocusAndCloses)
@@ -82,58 +80,6 @@ TEST_F(WindowTest, OpensGivesTheFocusAndCloses)
     EXPECT_EQ(CMessenger::GetBullseye(), &process);
     EXPECT_EQ(dialog.CountChildren(), 0U);
     EXPECT_EQ(Desktop().FrontWindow(), nullptr);
-}
-
-TEST_F(WindowTest, ARefusedCloseLeavesTheRunGoing)
-{
-    Dialog dialog;
-    bool ranOn = false;
-    const auto close = [&] { Platform::PostToQueue(dialog.NativeHandle(), Number::kClose); };
-    dialog.field->surrenders = false;
-    process.PostCall(-1, [&] {
-        close();
-        process.PostCall(-1, [&] {
-            ranOn = dialog.IsStarted() && !dialog.IsDone() && dialog.field->asked == 1;
-            dialog.field->surrenders = true;
-            close();
-        });
-    });
-    dialog.Run();
-    EXPECT_TRUE(ranOn);
-    EXPECT_FALSE(dialog.IsStarted());
-}
-
-TEST_F(WindowTest, ModalWindowsNest)
-{
-    Dialog owner;
-    owner.Start();
-    auto outer = std::make_unique<Dialog>(PlanOf(&owner));
-    outer->SetModal(true);
-    outer->Start();
-    Dialog inner(PlanOf(outer.get()));
-    inner.SetModal(true);
-    inner.Start();
-    EXPECT_EQ(Desktop().ModalCount(), 2U);
-    EXPECT_FALSE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
-    EXPECT_FALSE(Platform::IsSystemWindowEnabled(outer->NativeHandle()));
-    inner.Stop();
-    EXPECT_EQ(Desktop().ModalCount(), 1U);
-    EXPECT_TRUE(Platform::IsSystemWindowEnabled(outer->NativeHandle()));
-    EXPECT_EQ(Desktop().ActiveWindow(), outer.get());
-    outer.reset();
-    EXPECT_EQ(Desktop().ModalCount(), 0U);
-    EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
-}
-
-TEST_F(WindowTest, AnOwnerThatWasDisabledStaysSo)
-{
-    Dialog owner;
-    owner.Start();
-    Platform::EnableSystemWindow(owner.NativeHandle(), false);
-    Dialog dialog(PlanOf(&owner, 0x183 | kWin_DisableOwner));
-    dialog.Start();
-    dialog.Stop();
-    EXPECT_FALSE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
 }
 
 TEST_F(WindowTest, EachWindowKeepsItsFocusUnasked)
@@ -207,19 +153,18 @@ TEST_F(WindowTest, PaintsWhatIsInvalidAndFollowsItsSize)
 TEST_F(WindowTest, PlacesItselfAsItsPlacementSays)
 {
     const Platform::Monitor monitor{{0, 0, 1000, 800}, {0, 0, 1000, 760}, 1.0};
-    struct Case {
+    const struct {
         const char* what;
         double x, y, sizeX, sizeY;
         PixelRect place;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"in the middle, a third down", -50, -33, 0, 0, {400, 218, 600, 318}},
         {"units from the corner", 30, 40, 0, 0, {30, 40, 230, 140}},
         {"pulled onto the monitor", 990, 900, 0, 0, {800, 660, 1000, 760}},
         {"parts of the work area", 0, 0, -50, -25, {0, 0, 500, 190}},
         {"a size of its own", -100, 0, 300, 200, {700, 0, 1000, 200}},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
         CWindowPlacement placement;
         placement.positionX = each.x;
@@ -410,27 +355,6 @@ TEST_F(WindowTest, PopupsCloseWithTheirSurroundings)
         popup.Stop();
         dialog.Stop();
     }
-}
-
-// The mouse is this test's alone: other programs share the screen's.
-TEST_F(WindowTest, ATipOpensWhereTheMouseRests)
-{
-    Dialog dialog;
-    dialog.field->SetTip("What to type", true);
-    dialog.Start();
-    const PixelRect content = dialog.GetWindowBounds();
-    CMouseEvent event;
-    event.fPoint = {content.left + 20, content.top + 20};
-    dialog.PointerMoved(event);
-    const auto tips = [] { return Platform::ThreadWindows().size() - 1; };
-    EXPECT_EQ(tips(), 0U) << "it takes its time";
-    process.PumpUntil([&] { return tips() == 1; }, CProcess::kEvent_NoMouse);
-    dialog.PointerMoved(event);
-    EXPECT_EQ(tips(), 1U);
-    event.fPoint.y += 60;
-    dialog.PointerMoved(event);
-    EXPECT_EQ(tips(), 0U) << "the mouse is elsewhere";
-    dialog.Stop();
 }
 
 TEST_F(WindowTest, ManyWindowsLeaveNothing)

@@ -6,7 +6,7 @@
 #include "support/virtual_display.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
-#include "view/window/window_kinds.h"
+#include "view/window_parts.h"
 
 namespace {
 
@@ -30,11 +30,8 @@ protected:
 
     static CWindowPlan Plan(const char* title, CMessenger* owner = nullptr)
     {
-        CWindowPlan plan;
-        plan.features = 0x183;
-        plan.size = {200.0, 100.0};
+        CWindowPlan plan = PlanOf(owner);
         plan.title = title;
-        plan.owner = owner;
         return plan;
     }
 

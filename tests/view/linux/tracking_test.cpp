@@ -220,22 +220,20 @@ protected:
 
 TEST_F(Desktop, AClickOutsideClosesPopupsAndGoesOn)
 {
-    struct Case {
+    const struct {
         const char* what;
-        bool modal;
-        bool leftTakesClicks;
+        bool modal, leftTakesClicks;
         Place* at;
         std::int32_t x;
         std::vector<std::string> log;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"beside the popup", false, true, &left, 10, {"right closed", "left clicked"}},
         {"on the popup", false, true, &right, 150, {"right clicked"}},
         {"on no window", false, true, nullptr, 900, {"right closed"}},
         {"on a modal window", true, true, &left, 10, {"right closed", "left clicked"}},
         {"on a window below a modal one", true, false, &left, 10, {"right closed"}},
     };
-    for (const Case& one : cases) {
+    for (const auto& one : cases) {
         right.isPopup = true;
         left.takesClicks = one.leftTakesClicks;
         if (one.modal)
