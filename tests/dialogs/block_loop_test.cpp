@@ -210,8 +210,7 @@ TEST(BlockLoop, AHostThatLiesFailsTheRunAndTouchesNothingElse)
     using Lie = void (*)(HostFilterRecord&);
     const struct {
         const char* what;
-        Lie before;
-        Lie after;
+        Lie before, after;
         bool fails;
     } rows[] = {
         {"no source", nullptr, [](HostFilterRecord& r) { r.sourceBlock = nullptr; }, true},
@@ -280,11 +279,10 @@ TEST(PreviewRect, TheVisibleSourceIsCentredClampedAndCutToTheFactor)
         {"far outside", 5000, -5000, 20, 10, 1, {80, 0, 100, 10}},
         {"nothing", 50, 40, 0, -5, 1, {50, 40, 50, 40}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& row : rows)
         EXPECT_EQ(ClampToDocument(row.x, row.y, row.width, row.height, {100, 80}, row.factor),
-                  row.result);
-    }
+                  row.result)
+            << row.what;
 }
 
 TEST(PreviewScale, StepsLeadThroughTheMenuAndRoundingKeepsWholeFactors)

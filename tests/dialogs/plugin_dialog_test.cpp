@@ -79,8 +79,7 @@ TEST_F(PluginDialog, CancelSaysAndDoesWhatTheModifiersMean)
         const char* words;
         std::uint32_t modifiers;
         bool resetAllowed;
-        const char* label;
-        const char* said;
+        const char *label, *said;
         bool ends;
     } rows[] = {
         {"no keys", 0, true, "Cancel", "", true},
@@ -183,23 +182,6 @@ TEST_F(PluginDialog, ZoomCommandsGoToThePreviewAndTheTitleSaysTheScale)
     Press(kCommand_ZoomIn);
     Press(kCommand_ZoomOut);
     EXPECT_EQ(preview->said, "dialog start in out ");
-}
-
-TEST_F(PluginDialog, KeepsItsPlaceFromRunToRun)
-{
-    PluginSettings settings;
-    settings.window.positionX = 40.0;
-    settings.window.positionY = 50.0;
-    Frame().TakeState(settings);
-    Frame().Start();
-    Frame().MoveWindow({70, 90});
-    Press(kDialog_CancelButton);
-    bool force = false;
-    Frame().Poll(force);
-    Frame().StoreState(settings);
-    EXPECT_EQ(settings.window.positionX, 70.0);
-    EXPECT_EQ(settings.window.positionY, 90.0);
-    EXPECT_EQ(settings.window.state, kWinState_Normal);
 }
 
 TEST(StoredPlacement, GoesBothWaysUnlessNoWindowCanHaveHadIt)

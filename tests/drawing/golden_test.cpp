@@ -5,9 +5,7 @@
 #include "drawing/frames/widget_skin.h"
 #include "drawing/ports/test_image.h"
 #include "drawing/tools/draw_tools.h"
-#include "foundation/streams/block_container.h"
-#include "images/png/png_decoder.h"
-#include "images/png/png_writer.h"
+#include "images/png/decoding.h"
 #include "support/testing.h"
 
 namespace Kesto {
@@ -44,22 +42,11 @@ TestPNG::Picture PictureOf(const Draw& draw)
     return picture;
 }
 
-std::vector<std::uint8_t> SamplesOfFile(const std::string& path)
+TestPNG::Bytes SamplesOfFile(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    CMemoryBlock block;
-    block.SetSize(bytes.size());
-    std::copy(bytes.begin(), bytes.end(), reinterpret_cast<char*>(block.Data()));
-    CBlockContainer stream(&block);
-    const auto pixmap = CPNGDecoder().Decode(stream);
-    std::vector<std::uint8_t> samples;
-    for (std::int32_t y = 0; y < pixmap->GetHeight(); ++y)
-        for (std::int32_t x = 0; x < pixmap->GetWidth(); ++x)
-            for (std::int32_t plane = 0; plane < 3; ++plane)
-                samples.push_back(pixmap->GetBaseAddress()[plane * pixmap->GetPlaneBytes() +
-                                                           y * pixmap->GetRowBytes() + x]);
-    return samples;
+    return TestPNG::SamplesOf(*TestPNG::Decode({bytes.begin(), bytes.end()}));
 }
 
 void ExpectGolden(const std::string& family, const Draw& draw)
@@ -86,16 +73,10 @@ void ExpectGolden(const std::string& family, const Draw& draw)
 
 CMemoryPixmap BadgeOf(std::int32_t planes, std::int32_t side)
 {
-    CMemoryPixmap pixmap(8, side, side, planes, 4, 0);
-    for (std::int32_t plane = 0; plane < planes; ++plane)
-        for (std::int32_t y = 0; y < side; ++y)
-            for (std::int32_t x = 0; x < side; ++x)
-                pixmap.GetBaseAddress()[plane * pixmap.GetPlaneBytes() + y * pixmap.GetRowBytes() +
-                                        x] =
-                    static_cast<std::uint8_t>(planes % 2 == 0 && plane == planes - 1
-                                                  ? 255 * (x + y) / (2 * side)
-                                                  : 11 * x + 7 * y * plane);
-    return pixmap;
+    return MakePlanes(planes, side, side, [=](int plane, int x, int y) {
+        return planes % 2 == 0 && plane == planes - 1 ? 255 * (x + y) / (2 * side)
+                                                      : 11 * x + 7 * y * plane;
+    });
 }
 
 TEST(Golden, Shapes)

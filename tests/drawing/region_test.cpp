@@ -6,10 +6,7 @@
 
 namespace {
 
-using Kesto::CBRVRegion;
-using Kesto::CDeviceRegion;
-using Kesto::PixelRect;
-using Kesto::Rect;
+using namespace Kesto;
 using ::testing::ElementsAre;
 
 constexpr std::int32_t kSide = 24;
@@ -72,7 +69,7 @@ TYPED_TEST_SUITE(RegionTest, RectTypes);
 
 TYPED_TEST(RegionTest, AgreesWithABitmapThroughRandomOperations)
 {
-    using Region = Kesto::RegionOf<TypeParam>;
+    using Region = RegionOf<TypeParam>;
     std::mt19937 random(7);
     const auto number = [&](std::int32_t below) {
         return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(below));
@@ -155,25 +152,22 @@ TEST(Region, TakesNoAreaFromRectanglesThatHaveNone)
 {
     const double nan = std::nan("");
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        const char* what;
-        Rect rect;
-    } rows[] = {
+    const std::pair<const char*, Rect> rows[] = {
         {"empty", {1, 1, 1, 5}},
         {"inverted", {5, 1, 1, 5}},
         {"a side that is no number", {nan, 0, 10, 10}},
         {"no side a number", {nan, nan, nan, nan}},
         {"infinitely far", {infinity, 0, infinity, 10}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, rect] : rows) {
+        SCOPED_TRACE(what);
         CBRVRegion region(Rect{0, 0, 10, 10});
         const CBRVRegion before = region;
-        region.Union(row.rect).Subtract(row.rect);
+        region.Union(rect).Subtract(rect);
         EXPECT_TRUE(region == before);
-        EXPECT_TRUE(region.Contains(row.rect));
-        EXPECT_FALSE(region.Intersects(row.rect));
-        EXPECT_TRUE(region.Intersect(row.rect).IsEmpty());
+        EXPECT_TRUE(region.Contains(rect));
+        EXPECT_FALSE(region.Intersects(rect));
+        EXPECT_TRUE(region.Intersect(rect).IsEmpty());
     }
 }
 
@@ -196,7 +190,7 @@ TEST(Region, GoesToPixelsByTheRuleAndBackWithAPixelMore)
         CBRVRegion units(Rect{3, 2, 4, 3});
         units.Union(Rect{4, 3, 9.5, 7});
         const CDeviceRegion pixels = ToDevice(units, scale);
-        EXPECT_TRUE(pixels.Contains(Kesto::ToDevice(Rect{4, 3, 9.5, 7}, scale)));
+        EXPECT_TRUE(pixels.Contains(ToDevice(Rect{4, 3, 9.5, 7}, scale)));
         CBRVRegion rest = units;
         rest.Subtract(ToUnits(pixels, scale));
         EXPECT_TRUE(rest.IsEmpty());

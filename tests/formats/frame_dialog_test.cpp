@@ -126,25 +126,6 @@ TEST_F(FrameDialog, EndsAsThePersonSays)
     EXPECT_THAT(alerts.texts, ElementsAre());
 }
 
-TEST_F(FrameDialog, KeepsOpenOnANumberOutOfRangeAndSaysSo)
-{
-    for (const char* number : {"0", "6", "99999999999"}) {
-        SCOPED_TRACE(number);
-        ScriptableHost each;
-        AlertCapture said;
-        int turn = 0;
-        const DialogPerson person([&](CWindow& window) {
-            if (turn++ == 0)
-                return !Enter(number, PressOK)(window);
-            EXPECT_EQ(said.texts.size(), 1U) << "it was told, and is still up";
-            return PressCancel(window);
-        });
-        EXPECT_EQ(each.Open(Frames(5)), kCancelled);
-        ASSERT_EQ(said.texts.size(), 1U);
-        EXPECT_THAT(said.texts[0], ::testing::HasSubstr("between 1 and 5"));
-    }
-}
-
 TEST_F(FrameDialog, IsNotShownWithoutNeed)
 {
     const struct {
@@ -206,19 +187,15 @@ TEST_F(FrameDialog, SurvivesAnyStore)
     SettingsFileSave(far, file);
     const std::string sound(reinterpret_cast<const char*>(file.Bytes().data()),
                             file.Bytes().size());
-    const struct {
-        const char* words;
-        std::string bytes;
-        bool isTold;
-    } rows[] = {
+    const std::tuple<const char*, std::string, bool> rows[] = {
         {"empty", "", false},
         {"not a store", std::string(200, 'x'), false},
         {"cut short", sound.substr(0, sound.size() / 2), true},
         {"of a monitor that is gone", sound, false},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.words);
-        store.Write(row.bytes);
+    for (const auto& [words, bytes, isTold] : rows) {
+        SCOPED_TRACE(words);
+        store.Write(bytes);
         ScriptableHost each;
         AlertCapture said;
         const DialogPerson person([](CWindow& window) {
@@ -230,7 +207,7 @@ TEST_F(FrameDialog, SurvivesAnyStore)
             return DialogPerson::PressReturn(window);
         });
         EXPECT_EQ(each.Open(Frames(2)), Outcome{});
-        EXPECT_EQ(!said.texts.empty(), row.isTold);
+        EXPECT_EQ(!said.texts.empty(), isTold);
         ExpectClean(each);
     }
 }
@@ -249,22 +226,18 @@ TEST_F(FrameDialog, AStoreThatCanNeitherBeReadNorWrittenIsToldAndTheChoiceHolds)
 TEST_F(FrameDialog, WithoutTurnsOfTheHostSomebodyMustBeAtADisplay)
 {
     const HostBasicSuite bare{nullptr, nullptr};
-    const struct {
-        const char* words;
-        const HostBasicSuite* suite;
-        std::optional<Fault> fault;
-    } rows[] = {
+    const std::tuple<const char*, const HostBasicSuite*, std::optional<Fault>> rows[] = {
         {"no basic suite", nullptr, {}},
         {"one without suites", &bare, {}},
         {"the suite of hooks is missing", host.record.basicSuite, Fault{Kind::kAcquire, 1}},
         {"the hook is refused", host.record.basicSuite, Fault{Kind::kRegister}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.words);
+    for (const auto& [words, suite, fault] : rows) {
+        SCOPED_TRACE(words);
         ScriptableHost each;
-        if (row.suite != host.record.basicSuite)
-            each.record.basicSuite = row.suite;
-        each.fault = row.fault;
+        if (suite != host.record.basicSuite)
+            each.record.basicSuite = suite;
+        each.fault = fault;
         if (each.fault)
             each.fault->lasting = true;
         const DialogPerson person(DialogPerson::PressReturn);

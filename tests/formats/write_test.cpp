@@ -165,15 +165,6 @@ TEST_F(WriteFile, APacketIsTwoWrites)
                 ElementsAre(HostCall{Kind::kSeek, kHostSeekFromStart, 0}));
 }
 
-TEST_F(WriteFile, AContinueWithoutABufferIsOutOfMemory)
-{
-    EXPECT_EQ(host.Call(kFormatWritePrepare), 0);
-    EXPECT_EQ(host.Call(kFormatWriteContinue), kHostMemoryFull);
-    EXPECT_EQ(host.Call(kFormatWriteFinish), 0);
-    EXPECT_EQ(host.Count(Kind::kExchange) + host.Count(Kind::kPosition) + host.Count(Kind::kClose),
-              0);
-}
-
 TEST_F(WriteFile, ACancelledWriteStillPatchesItsHeader)
 {
     host.abortAt = 2;

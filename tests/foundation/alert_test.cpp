@@ -43,11 +43,7 @@ CText TextFor(const CException& failure)
 TEST(Alert, ChoosesItsButtonsAndTheDefaultAmongThem)
 {
     using enum AlertButton;
-    const struct {
-        int buttons;
-        AlertButton defaultButton;
-        std::uint32_t flags;
-    } rows[] = {
+    const std::tuple<int, AlertButton, std::uint32_t> rows[] = {
         {0, kNone, 0},       {0, kCancel, 0},     {9, kNo, 0},         {-1, kOK, 0},
         {1, kNone, 1},       {1, kOK, 1},         {1, kCancel, 0x101}, {1, kNo, 1},
         {2, kYes, 4},        {2, kNo, 0x104},     {7, kNone, 4},       {7, kNo, 0x104},
@@ -56,9 +52,9 @@ TEST(Alert, ChoosesItsButtonsAndTheDefaultAmongThem)
         {8, kCancel, 0x203}, {4, kRetry, 5},      {4, kCancel, 0x105}, {5, kAbort, 2},
         {5, kRetry, 0x102},  {5, kIgnore, 0x202},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(FlagsOf(row.buttons, row.defaultButton), row.flags | kForeground)
-            << row.buttons << ", " << static_cast<int>(row.defaultButton);
+    for (const auto& [buttons, defaultButton, flags] : rows)
+        EXPECT_EQ(FlagsOf(buttons, defaultButton), flags | kForeground)
+            << buttons << ", " << static_cast<int>(defaultButton);
 }
 
 TEST(Alert, ChoosesIconAndModality)

@@ -78,8 +78,7 @@ TEST(SystemChecks, ThrowTheirCodeAndLogTheirNameAndTheCallersPlace)
     const struct {
         const char* name;
         void (*check)(bool good);
-        Code withLastError5;
-        Code withoutLastError;
+        Code withLastError5, withoutLastError;
     } rows[] = {
         {"OSThrow", [](bool good) { OSThrow(good ? 0 : 7, "a.cpp", 31); }, 7, 7},
         {"OSThrowLast", [](bool good) { good ? void() : OSThrowLast("a.cpp", 31); }, 5,

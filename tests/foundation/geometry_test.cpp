@@ -37,17 +37,12 @@ TEST(Geometry, RoundsHalvesAwayFromZero)
 
 TEST(Geometry, AUnitIsAtLeastAPixelAndEdgesMeet)
 {
-    struct Row {
-        double unit;
-        double scale;
-        std::int32_t pixels;
-    };
-    constexpr Row kRows[] = {
+    constexpr std::tuple<double, double, std::int32_t> kRows[] = {
         {0.5, 1, 1},    {0.48, 1, 0}, {-0.5, 1, 0},    {-0.52, 1, -1},    {1, 1.25, 1},
         {2, 1.25, 3},   {3, 1.5, 5},  {-3, 1.5, -4},   {10, 0, 10},       {10, -2, 10},
         {10, kNaN, 10}, {kNaN, 2, 0}, {1e9, 4, kMost}, {-1e9, 4, kLeast}, {1, kInfinity, kMost}};
-    for (const Row& row : kRows)
-        EXPECT_EQ(ToDevice(row.unit, row.scale), row.pixels) << row.unit << " at " << row.scale;
+    for (const auto& [unit, scale, pixels] : kRows)
+        EXPECT_EQ(ToDevice(unit, scale), pixels) << unit << " at " << scale;
     for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0})
         for (int unit = -100; unit < 100; ++unit)
             EXPECT_LT(ToDevice(unit, scale), ToDevice(unit + 1, scale)) << unit << " at " << scale;
@@ -57,18 +52,13 @@ TEST(Geometry, AUnitIsAtLeastAPixelAndEdgesMeet)
 TEST(Geometry, RectanglesMeetOrAreEmpty)
 {
     const Rect rect{0, 0, 10, 10};
-    struct Row {
-        const char* what;
-        Rect other;
-        Rect both;
-    };
-    const Row rows[] = {{"overlap", {5, -5, 20, 5}, {5, 0, 10, 5}},
-                        {"touch", {10, 0, 20, 10}, {}},
-                        {"lie apart", {20, 20, 30, 30}, {}},
-                        {"within", {2, 3, 4, 5}, {2, 3, 4, 5}}};
-    for (const Row& row : rows) {
-        EXPECT_EQ(Intersect(rect, row.other), row.both) << row.what;
-        EXPECT_EQ(Intersect(row.other, rect), row.both) << row.what;
+    const std::tuple<const char*, Rect, Rect> rows[] = {{"overlap", {5, -5, 20, 5}, {5, 0, 10, 5}},
+                                                        {"touch", {10, 0, 20, 10}, {}},
+                                                        {"lie apart", {20, 20, 30, 30}, {}},
+                                                        {"within", {2, 3, 4, 5}, {2, 3, 4, 5}}};
+    for (const auto& [what, other, both] : rows) {
+        EXPECT_EQ(Intersect(rect, other), both) << what;
+        EXPECT_EQ(Intersect(other, rect), both) << what;
     }
     EXPECT_TRUE((Rect{0, 0, kNaN, 10}.IsEmpty()));
 }

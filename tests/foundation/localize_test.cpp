@@ -78,10 +78,7 @@ TEST_F(Localizing, NeverAsksAProcessThatHasItsOwnStrings)
 
 TEST(Marks, CaretsStandForCharacters)
 {
-    const struct {
-        const char* mark;
-        const char* text;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"^!", "\u00AC"},  {"^\"", "\""},     {"^U", "\""},     {"^#", "\u2318"}, {"^*", "*"},
         {"^A", "'"},       {"^B", "\u2022"},  {"^C", "\u00A9"}, {"^D", "\u00B0"}, {"^E", "\u00EA"},
         {"^F", "/"},       {"^I", "\u2206"},  {"^L", "\\"},     {"^l", "\\"},     {"^N", "\r\n"},
@@ -90,9 +87,8 @@ TEST(Marks, CaretsStandForCharacters)
         {"^]", "\u201D"},  {"^^", "^"},       {"^`", "`"},      {"^b", "\b"},     {"^e", "\u00E9"},
         {"^n", "\n"},      {"^r", "\r"},      {"^t", "\t"},     {"^{", "\u2018"}, {"^}", "\u2019"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Expanded(CText::Join({"<", row.mark, ">"})), CText::Join({"<", row.text, ">"}))
-            << row.mark;
+    for (const auto& [mark, text] : rows)
+        EXPECT_EQ(Expanded(CText::Join({"<", mark, ">"})), CText::Join({"<", text, ">"})) << mark;
     EXPECT_EQ(Expanded("\\n\\r\\t\\\"\\\\."), "\n\r\t\"\\.");
 }
 

@@ -120,19 +120,16 @@ TEST(WindowState, HoldsNumbersWithinItsIntegerFields)
 
 TEST_P(SettingsFile, HasItsNumbersInTheirPlaces)
 {
-    const struct {
-        std::uint64_t place;
-        std::vector<std::uint32_t> numbers;
-    } rows[] = {
+    const std::pair<std::uint64_t, std::vector<std::uint32_t>> rows[] = {
         {0, {MakeTag("Kest"), MakeTag("Proj"), 0, 0, 164}},
         {20, {MakeTag("Kest"), MakeTag("WnSt"), 0, 0, 116, 2, 108}},
         {156, {MakeTag("Proj"), MakeTag("Sett"), 0, 0, 4, 0xFFFFFFF9, 0}},
     };
     ASSERT_EQ(fFile.GetSize(), kSize);
-    for (const auto& row : rows) {
-        fFile.Seek(row.place);
-        for (const std::uint32_t number : row.numbers)
-            EXPECT_EQ(fFile.ReadUInt32(), number) << row.place;
+    for (const auto& [place, numbers] : rows) {
+        fFile.Seek(place);
+        for (const std::uint32_t number : numbers)
+            EXPECT_EQ(fFile.ReadUInt32(), number) << place;
     }
     fFile.Seek(48);
     VisitWindowStateFields(kWindow, [&]<class T>(const T& field, const char* name) {

@@ -58,24 +58,20 @@ TEST(Text, ComparesByCharacterValue)
 
 TEST(Text, TurnsUtf16IntoUtf8AndBack)
 {
-    const struct {
-        std::u16string units;
-        const char* bytes;
-        std::uint32_t count;
-    } rows[] = {
+    const std::tuple<std::u16string, const char*, std::uint32_t> rows[] = {
         {u"", "", 0},
         {u"plain", "plain", 5},
         {u"a\u00E9\u2318\U0001F600", "a\u00E9\u2318\U0001F600", 4},
         // Lone surrogates are kept.
         {{0xD800, u'b', 0xDC00, 0xDBFF}, "\xED\xA0\x80\x62\xED\xB0\x80\xED\xAF\xBF", 4},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.bytes);
-        const CText text = CText::FromUtf16(row.units);
-        EXPECT_STREQ(text.CStr(), row.bytes);
-        EXPECT_EQ(CText(row.bytes), text);
-        EXPECT_EQ(text.CharCount(), row.count);
-        EXPECT_EQ(text.Utf16(), row.units);
+    for (const auto& [units, bytes, count] : rows) {
+        SCOPED_TRACE(bytes);
+        const CText text = CText::FromUtf16(units);
+        EXPECT_STREQ(text.CStr(), bytes);
+        EXPECT_EQ(CText(bytes), text);
+        EXPECT_EQ(text.CharCount(), count);
+        EXPECT_EQ(text.Utf16(), units);
     }
 }
 
@@ -107,10 +103,7 @@ TEST(Text, MayCrossThreads)
 
 TEST(CharacterEncoding, TakesOneToSixBytes)
 {
-    const struct {
-        std::uint32_t value;
-        std::string_view bytes;
-    } rows[] = {
+    const std::pair<std::uint32_t, std::string_view> rows[] = {
         {0x7F, "\x7F"},
         {0x80, "\xC2\x80"},
         {0x7FF, "\xDF\xBF"},
@@ -123,13 +116,13 @@ TEST(CharacterEncoding, TakesOneToSixBytes)
         {0x4000000, "\xFC\x84\x80\x80\x80\x80"},
         {0x7FFFFFFE, "\xFD\xBF\xBF\xBF\xBF\xBE"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.value);
+    for (const auto& [value, bytes] : rows) {
+        SCOPED_TRACE(value);
         std::string text;
-        AppendCharacter(text, row.value);
-        EXPECT_EQ(text, row.bytes);
+        AppendCharacter(text, value);
+        EXPECT_EQ(text, bytes);
         std::string_view rest = text;
-        EXPECT_EQ(TakeCharacter(rest), row.value);
+        EXPECT_EQ(TakeCharacter(rest), value);
         EXPECT_TRUE(rest.empty());
     }
     for (const std::uint32_t value : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) { // above the limit

@@ -2,6 +2,7 @@
 // property list declares.
 #include "lumograph/lumograph.h"
 #include "module_library.h"
+#include "support/testing.h"
 
 #include <nlohmann/json.hpp>
 
@@ -17,7 +18,6 @@ TEST(BuiltModule, RefusesWhatNeedsAnObjectOfAProjectWithoutAClass)
     } entries[] = {
 #define SIDECAR_ENTRY(index, entry, group) {#entry, group},
 #include "module/entries.inc"
-#include "support/testing.h"
 #undef SIDECAR_ENTRY
     };
     const Host::ModuleLibrary module(SIDECAR_MODULE);
@@ -48,27 +48,6 @@ TEST(BuiltModule, CarriesItsStringFileAndDeclaresTheFormatInItsPropertyList)
         << "a string file without texts";
     const auto bytes = module.ResourceBytes(kHostPropertyListType, kHostPropertyListName);
     const auto* const text = reinterpret_cast<const char*>(bytes.data());
-    EXPECT_EQ(Json::parse(text, text + bytes.size()), Json::parse(R"({ "Tagls": [ {
-        "Name": "ElectricImage",
-        "TagStringName": "$$$/OrlenPlugin/TAGLInfo/PluginName/ElectricImage=ElectricImage",
-        "NoAboutBox": true, "Kind": "Format", "Version": 1, "SubVersion": 0,
-        "ComponentVersionShortNum": 26, "ComponentVersionMinorRevNum": 0,
-        "ComponentVersionDotRevNum": 0,
-        "ComponentName": "ElectricImage",
-        "CodeMacARM64": "EntryElectricImage", "CodeMacIntel64": "EntryElectricImage",
-        "CodeEntryPointWin64": "EntryElectricImage",
-        "SupportsPOSIXIO": true, "MonitorScalingAware": true,
-        "SupportedModes": { "GrayScale": true, "IndexedColor": true, "RGBColor": true,
-            "Bitmap": false, "CMYKColor": false, "HSLColor": false, "HSBColor": false,
-            "Multichannel": false, "Duotone": false, "LABColor": false },
-        "FmtFileType": { "Type": "EIDI", "Creator": "EIAD" },
-        "ReadTypes": [ { "Type": "EIDI", "Creator": "    " } ],
-        "WriteTypes": [ { "Type": "EIDI", "Creator": "    " } ],
-        "ReadExtensions": [ "IMG ", "EI  ", "EIZ ", "EIZZ" ],
-        "WriteExtensions": [ "IMG " ],
-        "FormatFlags": { "SavesImageResources": false, "CanRead": true, "CanWrite": true,
-            "CanWriteIfRead": false, "CanWriteTransparency": false, "CanCreateThumbnail": true },
-        "FormatMaxSize": { "Vertical": 30000, "Horizontal": 30000 },
-        "LoadUnload": true, "ResourceThreadSafe": true,
-        "FormatMaxChannels": [ 1, 2, 2, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0 ] } ] })"));
+    std::ifstream declared(SIDECAR_SOURCE_DIR "/resources/tagl.json");
+    EXPECT_EQ(Json::parse(text, text + bytes.size()), Json::parse(declared));
 }

@@ -8,9 +8,11 @@ namespace {
 
 std::atomic<int> gLeft = 0; // allocations up to the one that fails; 0: none does
 std::atomic<bool> gIsCounted = false;
+std::atomic<int> gCounted = 0;
 
 void* Allocate(std::size_t size) noexcept
 {
+    gCounted += gIsCounted;
     if (gIsCounted && gLeft > 0 && --gLeft == 0)
         return nullptr;
     return std::malloc(size != 0 ? size : 1);
@@ -90,6 +92,11 @@ FailingMemory::~FailingMemory()
 bool FailingMemory::HasFailed() const
 {
     return gLeft == 0;
+}
+
+int CountedAllocations()
+{
+    return gCounted;
 }
 
 } // namespace Testing

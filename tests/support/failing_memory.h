@@ -1,4 +1,4 @@
-// Has one allocation of a test program fail.
+// Counts the allocations of a test program, and has one fail.
 #pragma once
 
 namespace Testing {
@@ -24,5 +24,8 @@ public:
     // Whether it has come to that.
     bool HasFailed() const;
 };
+
+// How many have been counted since the program began.
+int CountedAllocations();
 
 } // namespace Testing

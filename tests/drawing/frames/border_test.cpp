@@ -10,10 +10,7 @@ namespace {
 
 TEST(Border, TakesFromEachSideWhatItsKindSays)
 {
-    const struct {
-        std::int32_t kind;
-        Rect edges;
-    } rows[] = {
+    const std::pair<std::int32_t, Rect> rows[] = {
         {kFrameEmpty, {}},
         {kFramePrimaryGroup, {1, 1, 1, 1}},
         {kFrameSolidLight, {1, 1, 1, 1}},
@@ -29,8 +26,8 @@ TEST(Border, TakesFromEachSideWhatItsKindSays)
         {14, {}},
         {-1, {}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(FrameEdges(row.kind), row.edges) << row.kind;
+    for (const auto& [kind, edges] : rows)
+        EXPECT_EQ(FrameEdges(kind), edges) << kind;
     EXPECT_EQ(CBorder(kFrameEtched).GetInterior({10, 10, 20, 13}), Rect{}) << "nothing is left";
     EXPECT_EQ(CBorder(kDividerLeft).GetInterior({10, 10, 20, 13}), (Rect{11, 10, 20, 13}));
 }

@@ -5,41 +5,15 @@
 #include "drawing/ports/window_port.h"
 #include "images/pictures/dual_picture.h"
 #include "platform/graphics/fonts.h"
+#include "support/failing_memory.h"
 #include "support/testing.h"
-
-#include <new>
-
-namespace {
-
-int gAllocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    ++gAllocations;
-    if (void* const memory = std::malloc(size > 0 ? size : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace Kesto {
 namespace {
 
 CMemoryPixmap IconOf(std::int32_t side)
 {
-    CMemoryPixmap icon(8, side, side, 4, 4, 0);
-    for (std::int32_t i = 0; i < 4 * icon.GetPlaneBytes(); ++i)
-        icon.GetBaseAddress()[i] = static_cast<std::uint8_t>(5 * i);
-    return icon;
+    return MakePlanes(4, side, side, [](int plane, int x, int y) { return 5 * (x + y + plane); });
 }
 
 CDualPicture PictureOf(std::int32_t side)
@@ -74,10 +48,13 @@ TEST(Costs, NothingIsAllocatedForIconsKnownLinesAndShapes)
             SCOPED_TRACE(::testing::Message() << row.what << " at scale " << scale);
             TestImage image(100, 100, scale);
             row.draw(image); // what is kept is made
-            const int before = gAllocations;
-            row.draw(image);
-            row.draw(image);
-            EXPECT_EQ(gAllocations, before);
+            const int before = Testing::CountedAllocations();
+            {
+                const Testing::FailingMemory::Counted counted;
+                row.draw(image);
+                row.draw(image);
+            }
+            EXPECT_EQ(Testing::CountedAllocations(), before);
         }
 }
 

@@ -6,19 +6,6 @@
 namespace Kesto {
 namespace {
 
-// Planes of 8 bits whose pixel values a function of plane, x and y gives.
-template <class Value>
-CMemoryPixmap MakePlanes(std::int32_t planes, std::int32_t width, std::int32_t height, Value value)
-{
-    CMemoryPixmap pixmap(8, width, height, planes, 4, 0);
-    for (std::int32_t plane = 0; plane < planes; ++plane)
-        for (std::int32_t y = 0; y < height; ++y)
-            for (std::int32_t x = 0; x < width; ++x)
-                pixmap.GetBaseAddress()[plane * pixmap.GetPlaneBytes() + y * pixmap.GetRowBytes() +
-                                        x] = static_cast<std::uint8_t>(value(plane, x, y));
-    return pixmap;
-}
-
 std::uint32_t Pixel(std::uint32_t alpha, std::uint32_t red, std::uint32_t green, std::uint32_t blue)
 {
     return alpha << 24 | red << 16 | green << 8 | blue;
@@ -57,8 +44,7 @@ TEST(PixmapBlended, TakesThePlanesForWhatTheyAre)
 {
     const struct {
         const char* what;
-        std::int32_t bits;
-        std::int32_t planes;
+        std::int32_t bits, planes;
         std::uint32_t blended; // over white; planes hold 40, 80, 120, 128
         std::uint32_t opaque;
     } rows[] = {
@@ -149,8 +135,7 @@ TEST(Pictures, AreChosenForTheScaleAndMeasuredInUnits)
 {
     const struct {
         const char* what;
-        std::int32_t low;
-        std::int32_t high;
+        std::int32_t low, high;
         double scale;
         char drawn; // '#' low, '+' high, '.' nothing
         PixelRect pixels;
@@ -177,16 +162,12 @@ TEST(Pictures, AreChosenForTheScaleAndMeasuredInUnits)
 
 TEST(Scrolling, MovesWhatTheClipAllowsAndTellsWhatIsMissing)
 {
-    const struct {
-        const char* what;
-        double dx;
-        double dy;
-    } rows[] = {{"left", -3, 0}, {"right", 2, 0},    {"up", 0, -1},
-                {"down", 0, 4},  {"falling", 3, 2},  {"rising", 1, -2},
-                {"back", -2, 1}, {"farther", 40, 0}, {"nowhere", 0, 0}};
-    for (const auto& row : rows)
+    const std::tuple<const char*, double, double> rows[] = {
+        {"left", -3, 0},   {"right", 2, 0}, {"up", 0, -1},      {"down", 0, 4},   {"falling", 3, 2},
+        {"rising", 1, -2}, {"back", -2, 1}, {"farther", 40, 0}, {"nowhere", 0, 0}};
+    for (const auto& [what, dx, dy] : rows)
         for (const bool holed : {false, true}) {
-            SCOPED_TRACE(::testing::Message() << row.what << (holed ? ", with a hole" : ""));
+            SCOPED_TRACE(::testing::Message() << what << (holed ? ", with a hole" : ""));
             TestImage image(12, 10);
             std::vector<std::uint32_t> before;
             for (std::int32_t i = 0; i < 120; ++i)
@@ -198,11 +179,11 @@ TEST(Scrolling, MovesWhatTheClipAllowsAndTellsWhatIsMissing)
                 clip.Subtract(Rect{4, 3, 7, 6});
             image.IntersectClip(clip);
             CDeviceRegion uncovered;
-            image.ScrollPixels({0, 0, 11, 9}, row.dx, row.dy, uncovered);
+            image.ScrollPixels({0, 0, 11, 9}, dx, dy, uncovered);
             for (std::int32_t y = 0; y < 10; ++y)
                 for (std::int32_t x = 0; x < 12; ++x) {
-                    const auto fromX = x - static_cast<std::int32_t>(row.dx);
-                    const auto fromY = y - static_cast<std::int32_t>(row.dy);
+                    const auto fromX = x - static_cast<std::int32_t>(dx);
+                    const auto fromY = y - static_cast<std::int32_t>(dy);
                     const CDeviceRegion& pixels = image.GetDeviceClip();
                     const bool moved = pixels.Contains(x, y) && pixels.Contains(fromX, fromY);
                     const std::int32_t from = moved ? fromY * 12 + fromX : y * 12 + x;

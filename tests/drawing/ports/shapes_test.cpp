@@ -84,11 +84,7 @@ TEST(Shapes, HostileOnesDrawNothingOrTheNearestThing)
 {
     const double nan = std::nan("");
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        const char* what;
-        Rect rect;
-        bool fills;
-    } rows[] = {
+    const std::tuple<const char*, Rect, bool> rows[] = {
         {"empty", {2, 2, 2, 6}, false},
         {"inverted", {6, 6, 2, 2}, false},
         {"no number", {nan, 0, 8, 8}, false},
@@ -100,26 +96,26 @@ TEST(Shapes, HostileOnesDrawNothingOrTheNearestThing)
         {"beyond 32 bits", {-3e9, -3e9, 3e9, 3e9}, true},
     };
     for (const double scale : {1.0, 1.5})
-        for (const auto& row : rows) {
-            SCOPED_TRACE(row.what);
+        for (const auto& [what, rect, fills] : rows) {
+            SCOPED_TRACE(what);
             TestImage image(8, 8, scale);
-            image.Paint(row.rect, kBlack);
-            EXPECT_EQ(image.Inked(), (row.fills ? PixelRect{0, 0, 8, 8} : PixelRect{}));
+            image.Paint(rect, kBlack);
+            EXPECT_EQ(image.Inked(), (fills ? PixelRect{0, 0, 8, 8} : PixelRect{}));
 
             image.Clear(kWhite);
-            image.Frame(row.rect, CPen{kTeal, 1e300});
-            image.PaintAndFrame(Oval{row.rect});
-            image.PaintAndFrame(RoundRect{row.rect, nan}, CPen{kTeal, nan}, CBrush{kTeal});
-            image.Frame(RoundRect{row.rect, 1e300}, CPen{kTeal});
-            image.Invert(RoundRect{row.rect, infinity});
-            image.Paint(CBRVRegion(row.rect), kTeal);
-            image.Frame(CBRVRegion(row.rect), CPen{kTeal, 3});
-            image.DrawTextBox("text", row.rect, kText_Wrap | kText_Ellipsis);
-            image.IntersectClip(row.rect);
+            image.Frame(rect, CPen{kTeal, 1e300});
+            image.PaintAndFrame(Oval{rect});
+            image.PaintAndFrame(RoundRect{rect, nan}, CPen{kTeal, nan}, CBrush{kTeal});
+            image.Frame(RoundRect{rect, 1e300}, CPen{kTeal});
+            image.Invert(RoundRect{rect, infinity});
+            image.Paint(CBRVRegion(rect), kTeal);
+            image.Frame(CBRVRegion(rect), CPen{kTeal, 3});
+            image.DrawTextBox("text", rect, kText_Wrap | kText_Ellipsis);
+            image.IntersectClip(rect);
             CDeviceRegion uncovered;
-            image.ScrollPixels(row.rect, infinity, nan, uncovered);
-            EXPECT_TRUE(row.fills || image.Inked() == PixelRect{});
-            image.DrawLine({row.rect.left, row.rect.top}, {row.rect.right, row.rect.bottom});
+            image.ScrollPixels(rect, infinity, nan, uncovered);
+            EXPECT_TRUE(fills || image.Inked() == PixelRect{});
+            image.DrawLine({rect.left, rect.top}, {rect.right, rect.bottom});
         }
 }
 

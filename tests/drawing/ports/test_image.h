@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/ports/image.h"
+#include "pixels/pixmaps/memory_pixmap.h"
 
 #include <cstdint>
 #include <string>
@@ -62,5 +63,18 @@ public:
         return hash;
     }
 };
+
+// Planes of 8 bits whose pixel values a function of plane, x and y gives.
+template <class Value>
+CMemoryPixmap MakePlanes(std::int32_t planes, std::int32_t width, std::int32_t height, Value value)
+{
+    CMemoryPixmap pixmap(8, width, height, planes, 4, 0);
+    for (std::int32_t plane = 0; plane < planes; ++plane)
+        for (std::int32_t y = 0; y < height; ++y)
+            for (std::int32_t x = 0; x < width; ++x)
+                pixmap.GetBaseAddress()[plane * pixmap.GetPlaneBytes() + y * pixmap.GetRowBytes() +
+                                        x] = static_cast<std::uint8_t>(value(plane, x, y));
+    return pixmap;
+}
 
 } // namespace Kesto

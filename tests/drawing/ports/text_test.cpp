@@ -53,16 +53,6 @@ TEST(Text, IsBrokenBetweenWordsAndAtLineEnds)
     EXPECT_EQ(port.MeasureTextBox("a\r\nb\rc\nd\n", 500, kText_Wrap).y, 64.0);
     EXPECT_EQ(port.MeasureTextBox("", 10, kText_Wrap), (Point{0, 16}));
     EXPECT_GE(port.MeasureTextBox("unbreakable", 1, kText_Wrap).y, 16.0); // a letter at least
-
-    const Platform::Font font;
-    const std::string text = "one two  three";
-    std::string together;
-    for (const CTextRow& row : BreakRows(font, text, font.WidthOf("one two"), true)) {
-        SCOPED_TRACE(row.first);
-        EXPECT_LE(row.line->Width(), font.WidthOf("one two"));
-        together += text.substr(row.first, row.line->Length()) + "|";
-    }
-    EXPECT_EQ(together, "one two|three|");
 }
 
 TEST(Text, ThatIsTooWideEndsInThreePoints)
@@ -84,11 +74,7 @@ TEST(Text, ThatIsTooWideEndsInThreePoints)
 
 TEST(Text, ShowsMnemonicsAsAsked)
 {
-    const struct {
-        const char* marked;
-        const char* plain;
-        std::size_t mnemonic;
-    } rows[] = {
+    const std::tuple<const char*, const char*, std::size_t> rows[] = {
         {"&Open", "Open", 0},
         {"Save &As", "Save As", 5},
         {"Black && White", "Black & White", CMnemonicText::kNone},
@@ -96,11 +82,11 @@ TEST(Text, ShowsMnemonicsAsAsked)
         {"end&", "end", CMnemonicText::kNone},
         {"&\xC3\x84rger", "\xC3\x84rger", 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.marked);
-        const CMnemonicText label(row.marked);
-        EXPECT_EQ(label.text, row.plain);
-        EXPECT_EQ(label.mnemonic, row.mnemonic);
+    for (const auto& [marked, plain, mnemonic] : rows) {
+        SCOPED_TRACE(marked);
+        const CMnemonicText label(marked);
+        EXPECT_EQ(label.text, plain);
+        EXPECT_EQ(label.mnemonic, mnemonic);
     }
     const auto inkedOf = [](std::uint32_t flags) {
         TestImage image(60, 24);

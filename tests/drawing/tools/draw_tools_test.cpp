@@ -40,11 +40,9 @@ TEST(DrawTools, ChooseFontsByClassStyleAndLanguage)
 {
     const struct {
         EFontKind kind;
-        const char* language;
-        const char* face;
+        const char *language, *face;
         double size;
-        bool bold;
-        bool italic;
+        bool bold, italic;
     } rows[] = {
         {kFont_System, "en_US", "Tahoma", 11, false, false},
         {kFont_Application, "de_DE", "Tahoma", 11, false, false},

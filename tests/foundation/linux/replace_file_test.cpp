@@ -154,8 +154,7 @@ TEST_F(ReplaceFile, KeepsThePermissionsAndTheLinksThatLeadToTheFile)
     std::filesystem::create_symlink("missing", fFolder.Path() / "dangling");
     std::filesystem::create_symlink("round", fFolder.Path() / "round");
     struct Case {
-        const char* name;
-        const char* written;
+        const char *name, *written;
         int permissions; // 0: not looked at
     };
     for (const auto& [name, written, permissions] :
@@ -178,13 +177,6 @@ TEST_F(ReplaceFile, LeavesTheOldFileToWhoReadsIt)
     reader.Read(text, 3);
     EXPECT_EQ(std::string_view(text, 3), "old");
     EXPECT_EQ(fFolder.Get("file").size(), 100'000u);
-}
-
-TEST(FilePortOnAFullDevice, ThrowsForTheBytesThatWereNotTaken)
-{
-    CFilePort port(CFileSpec("/dev/full"), FileMode::kUpdate);
-    EXPECT_THAT([&] { port.Write("x", 1); }, ThrowsCode(ENOSPC));
-    EXPECT_EQ(port.GetPosition(), 0u);
 }
 
 TEST_F(UserDataFolder, HoldsValuesBelowTheLevelsOfTheirKeyAndFilesBelowTheNamesOfTheHost)

@@ -146,34 +146,30 @@ TEST(ModuleIcons, StandOutFromTheWindowsOfAllThemes)
 
 TEST(ModuleIcons, ShowWhatIsOnOffAndMixedApart)
 {
-    constexpr struct {
-        const char* fName;
-        const char* fOther;
-    } kPairs[] = {
-        {"CheckOff", "CheckOn"},
-        {"CheckOn", "CheckNeutral"},
-        {"SmallCheckOff", "SmallCheckOn"},
-        {"SmallCheckOn", "SmallCheckNeutral"},
-        {"RadioOff", "RadioOn"},
-        {"RadioOn", "RadioNeutral"},
-        {"SmallRadioOff", "SmallRadioOn"},
-        {"SmallRadioOn", "SmallRadioNeutral"},
-        {"RoundOff", "RoundOn"},
-        {"RoundOn", "RoundNeutral"},
-        {"SmallRoundOff", "SmallRoundOn"},
-        {"SmallRoundOn", "SmallRoundNeutral"},
-        {"RadioOff", "SmallRoundOff"},
-        {"RadioOn", "SmallRoundOn"},
-        {"DiscloseRight", "DiscloseDown"},
-        {"DiscloseRight", "DiscloseNeutral"},
-        {"ToolHot", "ToolOn"},
-    };
-    for (const auto& pair : kPairs) {
-        SCOPED_TRACE(testing::Message() << pair.fName << " and " << pair.fOther);
-        ForEachLook([&](std::int32_t theme, EPictureState state, EDensity density) {
+    constexpr std::pair<const char*, const char*> kPairs[] = {{"CheckOff", "CheckOn"},
+                                                              {"CheckOn", "CheckNeutral"},
+                                                              {"SmallCheckOff", "SmallCheckOn"},
+                                                              {"SmallCheckOn", "SmallCheckNeutral"},
+                                                              {"RadioOff", "RadioOn"},
+                                                              {"RadioOn", "RadioNeutral"},
+                                                              {"SmallRadioOff", "SmallRadioOn"},
+                                                              {"SmallRadioOn", "SmallRadioNeutral"},
+                                                              {"RoundOff", "RoundOn"},
+                                                              {"RoundOn", "RoundNeutral"},
+                                                              {"SmallRoundOff", "SmallRoundOn"},
+                                                              {"SmallRoundOn", "SmallRoundNeutral"},
+                                                              {"RadioOff", "SmallRoundOff"},
+                                                              {"RadioOn", "SmallRoundOn"},
+                                                              {"DiscloseRight", "DiscloseDown"},
+                                                              {"DiscloseRight", "DiscloseNeutral"},
+                                                              {"ToolHot", "ToolOn"}};
+    for (const auto& [name, otherName] : kPairs) {
+        SCOPED_TRACE(testing::Message() << name << " and " << otherName);
+        ForEachLook([&, first = name, second = otherName](std::int32_t theme, EPictureState state,
+                                                          EDensity density) {
             CPictureStates one, other;
-            one.LoadPictures(pair.fName, theme);
-            other.LoadPictures(pair.fOther, theme);
+            one.LoadPictures(first, theme);
+            other.LoadPictures(second, theme);
             const auto a = Seen(*one.Get(state).GetPixmap(density), kWindows[theme]);
             const auto b = Seen(*other.Get(state).GetPixmap(density), kWindows[theme]);
             ASSERT_EQ(a.size(), b.size());
