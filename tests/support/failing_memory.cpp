@@ -9,13 +9,22 @@ namespace {
 std::atomic<int> gLeft = 0; // allocations up to the one that fails; 0: none does
 std::atomic<bool> gIsCounted = false;
 std::atomic<int> gCounted = 0;
+std::atomic<int> gLive = 0;
 
 void* Allocate(std::size_t size) noexcept
 {
     gCounted += gIsCounted;
     if (gIsCounted && gLeft > 0 && --gLeft == 0)
         return nullptr;
-    return std::malloc(size != 0 ? size : 1);
+    void* const memory = std::malloc(size != 0 ? size : 1);
+    gLive += memory != nullptr;
+    return memory;
+}
+
+void Free(void* memory) noexcept
+{
+    gLive -= memory != nullptr;
+    std::free(memory);
 }
 
 void* AllocateOrThrow(std::size_t size)
@@ -49,22 +58,22 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
 
 void operator delete(void* memory) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete[](void* memory) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete[](void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 
 namespace Testing {
@@ -97,6 +106,11 @@ bool FailingMemory::HasFailed() const
 int CountedAllocations()
 {
     return gCounted;
+}
+
+int LiveAllocations()
+{
+    return gLive;
 }
 
 } // namespace Testing

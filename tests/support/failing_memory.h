@@ -28,4 +28,7 @@ public:
 // How many have been counted since the program began.
 int CountedAllocations();
 
+// How many of all that were ever made, counted or not, have not been freed.
+int LiveAllocations();
+
 } // namespace Testing

@@ -1,5 +1,5 @@
-// A bitmap that the graphics system owns and draws into, with pixels that everyone may write: a DIB
-// section on Windows, an image surface of Cairo on Linux.
+// A bitmap whose pixels everyone may write, the graphics system among them: a DIB section on
+// Windows, memory of our own on Linux.
 //
 // Rows run from the top row down, each padded to a multiple of 4 bytes. Pixels of 32 bits are blue,
 // green, red and alpha in memory, the colours multiplied by alpha where anything is blended.
@@ -28,7 +28,7 @@ public:
     }
     ~Bitmap() { Release(); }
 
-    // Makes a bitmap in place of the one that was there; sizes are at least 1. With
+    // Makes a bitmap of zeros in place of the one that was there; sizes are at least 1. With
     // `paletteIndices`, a pixel is an index of the palette of whatever is drawn on. Returns false
     // with the operating system's code in LastError, possibly 0; there is no bitmap then. Linux
     // knows 1, 8, 16 and 32 bits.
@@ -44,7 +44,7 @@ public:
     std::int32_t PixelBits() const { return fSize.pixelBits; }
     std::ptrdiff_t RowBytes() const { return fSize.rowBytes; }
 
-    // The graphics system's own handle, HBITMAP or cairo_surface_t*, or 0.
+    // What holds the pixels, as an HBITMAP on Windows; 0 where there is no bitmap.
     std::intptr_t Native() const { return fNative; }
 
     // Call these around writing to the pixels when the graphics system has drawn, or will draw, on

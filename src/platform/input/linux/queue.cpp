@@ -93,11 +93,23 @@ Queue::~Queue()
     close(fBell);
 }
 
-void Queue::Wake() const
+// Once for all that arrives until the next wait.
+void Queue::Wake()
 {
+    if (std::exchange(fIsRung, true))
+        return;
     const std::uint64_t one = 1;
-    [[maybe_unused]] const ssize_t written =
-        write(fBell, &one, sizeof one); // a full counter rings just as well
+    [[maybe_unused]] const ssize_t written = write(fBell, &one, sizeof one);
+}
+
+// Takes back what the bell has rung, or the next wait would end at once.
+void Queue::Quiet()
+{
+    const std::lock_guard lock(fMutex);
+    if (!std::exchange(fIsRung, false))
+        return;
+    std::uint64_t rung = 0;
+    [[maybe_unused]] const ssize_t got = ::read(fBell, &rung, sizeof rung);
 }
 
 bool Queue::AddPosted(const QueuedMessage& message)
@@ -280,9 +292,7 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
     // In steps of a minute at most, since poll counts in an int; the caller waits again.
     poll(descriptors.data(), descriptors.size(),
          wait != kForever ? static_cast<int>(std::min<std::uint64_t>(wait, 60000)) : -1);
-    // Takes back what the bell has rung, or the next wait would end at once.
-    std::uint64_t rung = 0;
-    [[maybe_unused]] const ssize_t got = ::read(fBell, &rung, sizeof rung);
+    Quiet();
     if (descriptors[1].revents != 0)
         ReadSource();
 }

@@ -84,7 +84,8 @@ private:
     Queue();
     ~Queue();
 
-    void Wake() const;
+    void Wake();
+    void Quiet();
     void ReadSource();
     std::optional<QueuedMessage> TakeUnrouted(Peek peek, MessageRange range);
     std::optional<QueuedMessage> TakePosted(Peek peek, MessageRange range);
@@ -108,7 +109,8 @@ private:
     Keys fKeysNow;
     Keys fKeysAtMessage;
     PixelPoint fCursor;
-    int fBell;        // an eventfd: rung whenever something arrives
+    int fBell; // an eventfd: rung whenever something arrives
+    bool fIsRung = false;
     int fSource = -1; // more to wait for, as the display's connection
     std::function<void()> fReadSource;
     bool fIsReading = false;
