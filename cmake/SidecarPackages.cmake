@@ -26,8 +26,8 @@ from the command line, and tools for authors of plug-ins.")
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/bin)
   # Beside those that are linked, the libraries that the module loads when it first draws or opens a window.
   string(JOIN ", " CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS fonts-dejavu-core
-    libcairo2 libpango-1.0-0 libpangocairo-1.0-0 libglib2.0-0 libxcb1 libxcb-randr0 libxcb-render0 libxcb-cursor0 libxcb-xkb1
-    libxkbcommon0 libxkbcommon-x11-0)
+    libcairo2 libpango-1.0-0 libpangocairo-1.0-0 libglib2.0-0 libfreetype6 libharfbuzz0b libfontconfig1
+    libxcb1 libxcb-randr0 libxcb-render0 libxcb-cursor0 libxcb-xkb1 libxkbcommon0 libxkbcommon-x11-0)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME sidecar-dev)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
   set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Headers, libraries and examples for authors of other plug-ins and hosts.

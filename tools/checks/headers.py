@@ -13,7 +13,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 INCLUDE = re.compile(r'^\s*#\s*include\s+["<]([^">]+)[">]', re.MULTILINE)
 ROOTS = ("src", "include", "host", "tools", "tests")
-PACKAGES = ("cairo", "pango", "pangocairo", "xcb")
+PACKAGES = ("cairo", "pango", "pangocairo", "freetype2", "harfbuzz", "fontconfig", "xcb")
 # Needs a compiler option of its own, as its sources have.
 OPTIONS = {"avx2": ["-mavx2"]}
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Platform {
 namespace {
@@ -25,6 +26,13 @@ TextExtent ExtentOf(const TextCluster& cluster)
 } // namespace
 
 TextLine::TextLine(Shape shape) : fShape(std::move(shape)), fInk(std::move(fShape.ink)) {}
+
+std::span<const TextCluster> TextLine::Clusters() const
+{
+    if (const auto mark = std::exchange(fShape.mark, nullptr))
+        mark(fShape.clusters);
+    return fShape.clusters;
+}
 
 // The index of the cluster that holds this byte, from the text's end on the number of clusters.
 std::size_t TextLine::ClusterAt(std::size_t position) const
@@ -87,6 +95,17 @@ std::vector<TextExtent> TextLine::ExtentsOf(std::size_t from, std::size_t to) co
     return joined;
 }
 
+// The cluster that begins the next row: the last one of those from `first` on, but for itself, to
+// `most` before which the text may be broken. A word that is too wide for a row breaks anywhere.
+std::size_t TextLine::RowEnd(std::size_t first, std::size_t most) const
+{
+    const std::span<const TextCluster> clusters = Clusters();
+    for (std::size_t i = most; i > first; --i)
+        if (clusters[i].breakBefore)
+            return i;
+    return most;
+}
+
 std::size_t TextLine::FitRow(std::size_t from, double width) const
 {
     const auto& clusters = fShape.clusters;
@@ -94,16 +113,13 @@ std::size_t TextLine::FitRow(std::size_t from, double width) const
     if (first == clusters.size())
         return 0;
     const std::size_t start = clusters[first].start;
-    std::size_t lastBreak = start;
     double used = 0.0;
     for (std::size_t i = first; i < clusters.size(); ++i) {
         const TextExtent extent = ExtentOf(clusters[i]);
-        if (i > first && clusters[i].breakBefore)
-            lastBreak = clusters[i].start;
         used += static_cast<double>(extent.right - extent.left);
-        // Blanks may hang over the end of a row. A word that is too wide for a row breaks anywhere.
+        // Blanks may hang over the end of a row.
         if (i > first && !clusters[i].blank && used > width)
-            return (lastBreak > start ? lastBreak : clusters[i].start) - start;
+            return clusters[RowEnd(first, i)].start - start;
     }
     return fShape.length - start;
 }

@@ -10,6 +10,7 @@
 #include "platform/system/pixel_rect.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -49,8 +50,10 @@ public:
         std::uint32_t length = 0; // bytes
         float advance = 0.0F;     // where the line ends
         std::int32_t width = 0;
-        bool rightToLeft = false;           // as a whole
-        std::vector<TextCluster> clusters;  // in the text's order
+        bool rightToLeft = false;          // as a whole
+        std::vector<TextCluster> clusters; // in the text's order
+        // Says where rows and words begin, the first time that it matters; empty where it was said.
+        std::function<void(std::span<TextCluster>)> mark;
         PixelRect inkBounds;                // covers all that is drawn
         PixelRect underline;                // drawn besides the ink, within its bounds
         std::unique_ptr<const TextInk> ink; // null where nothing is drawn
@@ -63,7 +66,7 @@ public:
     std::int32_t Width() const { return fShape.width; }
     bool IsRightToLeft() const { return fShape.rightToLeft; }
     std::size_t Length() const { return fShape.length; }
-    std::span<const TextCluster> Clusters() const { return fShape.clusters; }
+    std::span<const TextCluster> Clusters() const;
 
     // Where a caret before this byte is; within a cluster it is the cluster's start, from the
     // text's end on the end of the line.
@@ -100,9 +103,10 @@ public:
 
 private:
     std::size_t ClusterAt(std::size_t position) const;
+    std::size_t RowEnd(std::size_t first, std::size_t most) const;
     void Render(const PixelRect& area, std::vector<std::uint8_t>& coverage) const;
 
-    Shape fShape;
+    mutable Shape fShape;
     mutable std::unique_ptr<const TextInk> fInk;
     mutable std::vector<std::uint8_t> fCoverage; // of all the bounds, in place of the ink
 };

@@ -168,6 +168,8 @@ std::vector<Monitor> MonitorsOf(xcb_connection_t* display, const xcb_screen_t& s
 
 std::vector<Monitor> ListMonitors()
 {
+    if (!IsDisplayNamed())
+        return {kMadeUp};
     const Display display;
     const xcb_screen_t* const screen = display.Screen();
     return screen != nullptr ? MonitorsOf(display.Connection(), *screen) : std::vector{kMadeUp};

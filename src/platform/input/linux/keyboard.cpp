@@ -1,10 +1,7 @@
 #include "platform/input/keyboard.h"
 
 #include "platform/input/linux/queue.h"
-
-#include <cstdlib>
-#include <memory>
-#include <xcb/xcb.h>
+#include "platform/system/linux/xcb_reply.h"
 
 namespace Platform {
 namespace {
@@ -12,21 +9,20 @@ namespace {
 struct Disconnect {
     void operator()(xcb_connection_t* display) const { xcb_disconnect(display); }
 };
-struct FreeReply {
-    void operator()(xcb_query_pointer_reply_t* reply) const { std::free(reply); }
-};
 
 // The display server answers a question about the pointer with the modifiers that are down. Alt is
 // its first modifier.
 ModifierKeys AskDisplay()
 {
+    if (!IsDisplayNamed())
+        return {};
     const std::unique_ptr<xcb_connection_t, Disconnect> display(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(display.get()) != 0)
         return {};
     const xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(display.get()));
     if (screens.rem == 0)
         return {};
-    const std::unique_ptr<xcb_query_pointer_reply_t, FreeReply> reply(xcb_query_pointer_reply(
+    const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
         display.get(), xcb_query_pointer(display.get(), screens.data->root), nullptr));
     if (reply == nullptr)
         return {};

@@ -1,4 +1,5 @@
-// An answer of the display, which XCB allocates and its reader frees.
+// What whoever asks the display needs: whether there is one, and the answers, which XCB allocates
+// and their reader frees.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +9,13 @@
 #include <xcb/xcb.h>
 
 namespace Platform {
+
+// Whether the environment names a display. Without one XCB isn't even loaded.
+inline bool IsDisplayNamed()
+{
+    const char* const name = std::getenv("DISPLAY");
+    return name != nullptr && *name != '\0';
+}
 
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }

@@ -336,6 +336,8 @@ bool XcbDisplay::IsForeignWindow(std::uint32_t number)
 
 std::unique_ptr<Display> ConnectDisplay()
 {
+    if (!IsDisplayNamed())
+        return nullptr;
     int number = 0;
     xcb_connection_t* const connection = xcb_connect(nullptr, &number);
     if (xcb_connection_has_error(connection) != 0) {
