@@ -218,13 +218,18 @@ RectType RegionOf<RectType>::GetBounds() const
 template <class RectType>
 RegionOf<RectType>& RegionOf<RectType>::Union(const RegionOf& other)
 {
-    fRects = Combine<RectType>(fRects, other.fRects, InUnion);
+    if (fRects.empty())
+        fRects = other.fRects;
+    else if (!other.fRects.empty())
+        fRects = Combine<RectType>(fRects, other.fRects, InUnion);
     return *this;
 }
 
 template <class RectType>
 RegionOf<RectType>& RegionOf<RectType>::Intersect(const RegionOf& other)
 {
+    if (other.fRects.size() == 1 && fRects.size() == 1)
+        return Intersect(other.fRects.front());
     fRects = Combine<RectType>(fRects, other.fRects, InIntersection);
     return *this;
 }
@@ -246,7 +251,8 @@ RegionOf<RectType>& RegionOf<RectType>::Intersect(const RectType& rect)
 template <class RectType>
 RegionOf<RectType>& RegionOf<RectType>::Subtract(const RegionOf& other)
 {
-    fRects = Combine<RectType>(fRects, other.fRects, InDifference);
+    if (Intersects(other.GetBounds()))
+        fRects = Combine<RectType>(fRects, other.fRects, InDifference);
     return *this;
 }
 

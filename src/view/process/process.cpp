@@ -136,9 +136,10 @@ void CProcess::DispatchTopEvent()
 // Dead events are destroyed after the lock is released, since their destructors are foreign code.
 void CProcess::ForgetMessenger(CMessenger* messenger)
 {
-    CEventList dead;
+    std::optional<CEventList> dead;
     const std::lock_guard lock(fEventMutex);
-    fEvents.ForgetMessenger(messenger, dead);
+    if (fEvents.Top() != nullptr)
+        fEvents.ForgetMessenger(messenger, dead.emplace());
 }
 
 bool CProcess::PostDebugReport(const char* message, const char* file, std::uint32_t line,

@@ -51,6 +51,15 @@ Rect CornerOf(const Point& size)
     return {size.x - CSizeBox::kSide, size.y - CSizeBox::kSide, size.x, size.y};
 }
 
+// The box's lower right half, with the box's top right corner at the origin.
+CBRVRegion MakeTriangle()
+{
+    CBRVRegion triangle;
+    for (double row = 0.0; row < CSizeBox::kSide; row += 1.0)
+        triangle.Union(Rect{-row - 1.0, row, 0.0, row + 1.0});
+    return triangle;
+}
+
 } // namespace
 
 CSizeBox::CSizeBox(const Point& windowSize, bool isLive)
@@ -63,11 +72,11 @@ CSizeBox::CSizeBox(const Point& windowSize, bool isLive)
 
 CBRVRegion CSizeBox::GetClipRegion() const
 {
+    static const CBRVRegion triangle = MakeTriangle();
     const Rect& box = GetBounds();
-    CBRVRegion triangle;
-    for (double row = 0.0; row < kSide; row += 1.0)
-        triangle.Union(Rect{box.right - row - 1.0, box.top + row, box.right, box.top + row + 1.0});
-    return triangle;
+    CBRVRegion placed = triangle;
+    placed.Move(box.right, box.top);
+    return placed;
 }
 
 void CSizeBox::DrawInContext(const CPaintEvent&)
