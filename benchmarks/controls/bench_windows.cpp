@@ -4,22 +4,20 @@
 // says that we are faster.
 #include "controls/buttons/system_button.h"
 #include "controls/fields/edit_string.h"
+#include "controls/our_dialog.h"
 #include "controls/qt_dialog.h"
 #include "controls/registered_classes.h"
-#include "layout/build/layout_owner.h"
 #include "platform/input/injection.h"
+#include "processes.h"
 #include "rounds.h"
 #include "view/process/process.h"
 #include "view/window/window_kinds.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <thread>
@@ -31,14 +29,11 @@ namespace {
 
 constexpr double kFrame = 1.0 / 60.0; // seconds
 
-struct CallEvent : CProcessEvent {
-    CallEvent(std::int8_t priority, std::function<void()> run)
-        : CProcessEvent(priority), call(std::move(run))
-    {
-    }
-    void Dispatch() override { call(); }
+struct EndEvent : CProcessEvent {
+    explicit EndEvent(CWindow& ended) : CProcessEvent(1), window(ended) {}
+    void Dispatch() override { window.EndRun(1); }
 
-    std::function<void()> call;
+    CWindow& window;
 };
 
 void PumpQuiet(CProcess& process)
@@ -49,76 +44,27 @@ void PumpQuiet(CProcess& process)
 
 // ------------------------------------------------------------------------------------ The dialog
 
-std::string LayoutText()
-{
-    std::ifstream file(SIDECAR_SOURCE_DIR "/resources/layouts/electricimage.vex", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::unique_ptr<CWindow> Build(const std::string& text)
-{
-    LayoutOwner owner;
-    LoadLayoutFromText(owner, text.c_str());
-    return owner.TakeWindow();
-}
-
-// An event below 0 waits until nothing is left to be painted.
-void RunOnce(CProcess& process, const std::string& text)
-{
-    const std::unique_ptr<CWindow> window = Build(text);
-    window->SetModal(true);
-    process.PostEvent(std::make_unique<CallEvent>(-1, [&window] { window->EndRun(1); }));
-    window->Run();
-}
-
-// Of a program that begins with nothing: registration, fonts and tools count too.
-int TimeFirstStart(bool isOurs)
-{
-    const double start = Bench::WallSeconds();
-    if (isOurs) {
-        RegisterViewClasses();
-        CProcess process;
-        RunOnce(process, LayoutText());
-    } else {
-        Bench::QtDialog().Run();
-    }
-    std::printf("%f\n", Bench::WallSeconds() - start);
-    return 0;
-}
-
-// The median over programs that are started anew.
-double FirstStart(const std::string& program, const char* whose)
-{
-    constexpr std::size_t kStarts = 9;
-    std::vector<double> seconds;
-    for (std::size_t i = 0; i < kStarts; ++i) {
-        FILE* const said = popen((program + " --first-start " + whose).c_str(), "r");
-        double time = 0.0;
-        if (said != nullptr && std::fscanf(said, "%lf", &time) == 1)
-            seconds.push_back(time);
-        if (said != nullptr)
-            pclose(said);
-    }
-    std::ranges::sort(seconds);
-    return seconds.empty() ? 0.0 : seconds[seconds.size() / 2];
-}
-
 void Print(const char* what, double ours, double peer)
 {
     std::printf("%-44s %9.1f us %8.2f Qt\n", what, ours * 1e6, peer / ours);
 }
 
-void CompareRuns(const std::string& program)
+void CompareRuns()
 {
-    constexpr std::size_t kRounds = 51;
+    constexpr std::size_t kRounds = 101;
+    constexpr std::size_t kStarts = 21;
     CProcess process;
-    const std::string text = LayoutText();
+    const std::string text = Bench::FrameDialogText();
     Bench::QtDialog peer;
-    const auto seconds =
-        Bench::MedianSeconds(kRounds, {{[&] { RunOnce(process, text); }}, {[&] { peer.Run(); }}});
-    Print("frame dialog, run to a frame and back", seconds[0], seconds[1]);
-    Print("the same, from the program's start", FirstStart(program, "ours"),
-          FirstStart(program, "peer"));
+    const auto runs = Bench::MedianSeconds(
+        kRounds, {{[&] { Bench::RunDialog(process, text); }}, {[&] { peer.Run(); }}},
+        Bench::ProcessorSeconds);
+    Print("frame dialog, run to a frame and back", runs[0], runs[1]);
+    const auto starts = Bench::MedianSeconds(kStarts,
+                                             {{[] { Bench::RunProcess({FIRST_DIALOG}); }},
+                                              {[] { Bench::RunProcess({FIRST_QT_DIALOG}); }}},
+                                             Bench::SecondsOfChildren);
+    Print("a program that does it once", starts[0], starts[1]);
 }
 
 // ---------------------------------------------------------------------------------------- Answers
@@ -225,20 +171,21 @@ void TimeResize()
     });
 }
 
+// What the dialog takes once it stands: nothing is due but the caret's blinks.
 void TimeRest()
 {
     static constexpr int kSeconds = 10;
     CProcess process;
-    const std::unique_ptr<CWindow> window = Build(LayoutText());
+    const std::unique_ptr<CWindow> window = Bench::BuildDialog(Bench::FrameDialogText());
     std::thread ends;
     double start = 0.0;
-    process.PostEvent(std::make_unique<CallEvent>(-1, [&] {
+    Bench::CallWhenPainted(process, [&] {
         start = Bench::ProcessorSeconds();
         ends = std::thread([&window] {
             std::this_thread::sleep_for(std::chrono::seconds(kSeconds));
-            CProcessLink::Post(std::make_unique<CallEvent>(1, [&window] { window->EndRun(1); }));
+            CProcessLink::Post(std::make_unique<EndEvent>(*window));
         });
-    }));
+    });
     window->Run();
     const double used = Bench::ProcessorSeconds() - start;
     ends.join();
@@ -247,13 +194,12 @@ void TimeRest()
 
 } // namespace
 
-int main(int count, char** arguments)
+int main()
 {
-    unsetenv("DISPLAY"); // both draw into memory
-    if (count == 3)
-        return TimeFirstStart(std::string(arguments[2]) == "ours");
+    unsetenv("DISPLAY");                  // both draw into memory
+    setenv("XDG_RUNTIME_DIR", "/tmp", 0); // or Qt complains each time
     RegisterViewClasses();
-    CompareRuns(arguments[0]);
+    CompareRuns();
     TimeAnswers();
     TimeResize();
     TimeRest();

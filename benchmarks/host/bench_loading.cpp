@@ -1,13 +1,7 @@
 // What people wait for before they see anything: whole processes from their start to their end,
-// against a C++ program that does nothing, in the same run. No display is used. The processor's
-// time is taken, since that of the clock is other programs' too.
+// against a C++ program that does nothing, in the same run. No display is used.
+#include "processes.h"
 #include "rounds.h"
-
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,43 +13,10 @@ using namespace Bench;
 
 namespace {
 
-using Command = std::vector<std::string>;
-
 struct Row {
     const char* name;
     Command command;
 };
-
-// What all processes have taken that were started here and have ended.
-double SecondsOfChildren()
-{
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-// Runs it to its end, with what it prints dropped; a failure ends the benchmark.
-void RunProcess(const Command& command)
-{
-    posix_spawn_file_actions_t quiet;
-    posix_spawn_file_actions_init(&quiet);
-    posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    std::vector<char*> arguments;
-    for (const std::string& each : command)
-        arguments.push_back(const_cast<char*>(each.c_str()));
-    arguments.push_back(nullptr);
-    pid_t process = 0;
-    int status = 1;
-    if (posix_spawn(&process, arguments[0], &quiet, nullptr, arguments.data(), environ) != 0 ||
-        waitpid(process, &status, 0) != process || status != 0) {
-        std::fprintf(stderr, "failed: %s\n", command[0].c_str());
-        std::exit(1);
-    }
-    posix_spawn_file_actions_destroy(&quiet);
-}
 
 void Show(const std::vector<Row>& rows)
 {
