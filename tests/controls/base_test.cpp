@@ -61,6 +61,22 @@ TEST(Labels, FitAtTheScaleThatWindowsOpenWith)
     LookUpUsualScale();
 }
 
+TEST(Labels, KeepTheirRoomWhenTheScaleChanges)
+{
+    constexpr const char* kLabel = "Disabled disclosure";
+    const double room = MeasureLabel(kLabel, kFont_UI, nullptr);
+    for (const double scale : {1.25, 1.5}) {
+        SCOPED_TRACE(scale);
+        CSystemPort& port = MeasuringPort(nullptr, kFont_UI);
+        port.SetScaleFactor(scale);
+        FitFont(port, kLabel, room, 0);
+        EXPECT_LE(port.MeasureText(kLabel), room);
+        const CFont fitted = port.GetFont();
+        FitFont(port, kLabel, 1.0, 0);
+        EXPECT_EQ(port.GetFont(), fitted) << "one pixel is the most";
+    }
+}
+
 TEST(DrawnControls, LookAsTheyAreUsed)
 {
     ControlPanel panel;

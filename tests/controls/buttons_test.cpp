@@ -2,6 +2,8 @@
 #include "controls/buttons/button_looks.h"
 #include "controls/buttons/radio_group.h"
 #include "controls/control_panel.h"
+#include "drawing/ports/image_port.h"
+#include "pixels/pixmaps/display_pixmap.h"
 #include "support/testing.h"
 #include "view/messages/key_codes.h"
 
@@ -107,6 +109,22 @@ TEST_F(Buttons, AreChosenByTheKeyboard)
     EXPECT_EQ(panel.Take(), "second; first; first");
 }
 
+TEST_F(Buttons, AreDrawnAnewWhenTheFocusComesAndGoes)
+{
+    CButton& first = Add("first", {0, 0, 100, 24}, kPushButton, kButtonStyle_Push, kView_Bullseye);
+    CButton& second =
+        Add("second", {0, 30, 100, 54}, kCheckButton, kButtonStyle_Check, kView_Bullseye);
+    const auto isInvalid = [&](const CButton& button) {
+        return panel.GetInvalid().Contains(button.GetDeviceRect());
+    };
+    panel.UpdateNow();
+    ASSERT_TRUE(first.BecomeBullseye(false));
+    EXPECT_TRUE(isInvalid(first) && !isInvalid(second));
+    panel.UpdateNow();
+    ASSERT_TRUE(second.BecomeBullseye(false));
+    EXPECT_TRUE(isInvalid(first) && isInvalid(second));
+}
+
 TEST(ButtonState, FollowsWindowUseAndMouse)
 {
     for (int bits = 0; bits < 16; ++bits) {
@@ -185,6 +203,28 @@ TEST(ButtonGraphic, ComesByClassOrStyleAndStatesItsSize)
     const CButtonGraphic same(nullptr, kButtonStyle_Check, "Keep");
     EXPECT_EQ(check.GetWidth(), same.GetWidth()) << "the mnemonic's mark takes no room";
     EXPECT_EQ(check.GetHeight(), 20);
+}
+
+TEST(ButtonGraphic, ShowsTheFocusInEachLook)
+{
+    for (const EButtonStyle style :
+         {kButtonStyle_Push, kButtonStyle_Check, kButtonStyle_Radio, kButtonStyle_Bevel,
+          kButtonStyle_Disclosure, kButtonStyle_Tool, kButtonStyle_None}) {
+        SCOPED_TRACE(style);
+        const auto graphic =
+            CButtonGraphics::Get().Make(CButtonGraphics::ClassOf(style), nullptr, style, "Label");
+        graphic->SetFrame({0, 0, 80, 24});
+        const auto draw = [&](bool focused) {
+            CImagePort port;
+            const CDisplayPixmap pixmap(port, 80, 24);
+            graphic->SetCues(false, focused);
+            graphic->Draw(port);
+            const Platform::Bitmap& bitmap = pixmap.GetBitmap();
+            return std::vector<std::uint8_t>(bitmap.Bits(),
+                                             bitmap.Bits() + bitmap.Height() * bitmap.RowBytes());
+        };
+        EXPECT_NE(draw(true), draw(false));
+    }
 }
 
 } // namespace

@@ -146,7 +146,8 @@ void CAuthorProcess::LookAtTheFile()
     }
 }
 
-// The new window comes where the old one was. That is closed first, or it would be the owner.
+// The new window's content comes where the old one's was: its frame may come later. The old one is
+// closed first, or it would be the owner.
 void CAuthorProcess::Open()
 {
     const CSourceText source = CSourceText::Load(fFile);
@@ -155,14 +156,18 @@ void CAuthorProcess::Open()
     fInspector.Forget();
     std::optional<Kesto::PixelPoint> corner;
     if (IsOpen()) {
-        const Platform::PixelRect old = fLayout->Root().GetWindowFrame();
+        const Platform::PixelRect old = fLayout->Root().GetWindowBounds();
         corner = {old.left, old.top};
         fLayout->Root().Stop();
     }
     fLayout = std::move(layout);
     fLayout->Root().Start();
-    if (corner)
-        fLayout->Root().MoveWindow(*corner);
+    if (!corner)
+        return;
+    const Platform::PixelRect frame = fLayout->Root().GetWindowFrame();
+    const Platform::PixelRect content = fLayout->Root().GetWindowBounds();
+    fLayout->Root().MoveWindow(
+        {corner->x - content.left + frame.left, corner->y - content.top + frame.top});
 }
 
 } // namespace

@@ -13,6 +13,7 @@ namespace Kesto {
 namespace {
 
 constexpr double kAnyWidth = 1e6;
+constexpr double kLeastRounding = 0.01; // of a pixel
 
 } // namespace
 
@@ -44,8 +45,22 @@ double MeasureLabel(std::string_view text, EFontKind font, const CView* view)
     });
 }
 
+void FitFont(CSystemPort& port, std::string_view text, double width, std::uint32_t marks)
+{
+    const CFont& font = port.GetFont();
+    const double exact = font.size * port.GetScaleFactor();
+    const std::int32_t pixels = ToDevice(exact, 1.0);
+    if (pixels - exact < kLeastRounding || port.MeasureTextBox(text, kAnyWidth, marks).x <= width)
+        return;
+    CFont smaller = font;
+    smaller.size *= (pixels - 1) / exact;
+    port.SetFont(smaller);
+}
+
 void DrawLabelLine(CSystemPort& port, std::string_view text, const Rect& frame, std::uint32_t flags)
 {
+    if ((flags & kText_Ellipsis) != 0)
+        FitFont(port, text, frame.Width(), flags & (kText_Mnemonic | kText_HideMnemonic));
     const double top =
         frame.top + CWidgetSkin::BaseLine(frame.Height()) - port.GetFontMetrics().baseLine;
     port.DrawTextBox(text, {frame.left, top, frame.right, frame.bottom}, flags | kText_Top);

@@ -26,8 +26,13 @@ double WidestAtScales(CSystemPort& port, const std::function<double(const CSyste
 // What a label takes, so measured. "&" marks the mnemonic and takes no room.
 double MeasureLabel(std::string_view text, EFontKind font, const CView* view);
 
+// A scale that is no whole number may round the port's font up by so much that a text has no room
+// any more: then, and only then, the font becomes one pixel smaller. Marks as for ETextFlags.
+void FitFont(CSystemPort& port, std::string_view text, double width, std::uint32_t marks);
+
 // Draws a label in the port's font and text colour. The base line depends on the frame's height
-// alone, so that texts of all controls in a row share a line. Flags are ETextFlags.
+// alone, so that texts of all controls in a row share a line. Flags are ETextFlags; one with an
+// ellipsis is fitted first.
 void DrawLabelLine(CSystemPort& port, std::string_view text, const Rect& frame,
                    std::uint32_t flags);
 

@@ -60,7 +60,7 @@ void CButton::DrawInContext(const CPaintEvent& event)
     if (image.Width() <= insets.left + insets.right || image.Height() <= insets.top + insets.bottom)
         return;
     const EButtonState state = GetDrawState();
-    fGraphic->SetFrame(image);
+    fGraphic->SetFrame(image, GetTailWidth());
     fGraphic->SetState(state, GetValue());
     fGraphic->SetDefault(IsDefault() && CanShowDefaultRing(state));
     fGraphic->SetCues(ShowsCues(), IsBullseye() && IsActive());

@@ -30,6 +30,8 @@ public:
 protected:
     // Draws what lies on the graphic's body.
     virtual void DrawContent(CSystemPort&) {}
+    // Units at the right end that are no part of the label's room.
+    virtual double GetTailWidth() const { return 0.0; }
 
 private:
     std::unique_ptr<CButtonGraphic> fGraphic;

@@ -152,8 +152,14 @@ void CButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValu
     else
         CWidgetSkin::DrawRadioButton(port, box, state, MarkOf(value));
     DrawLabel(port, state, {box.right + kBoxGap, fFrame.top, fFrame.right, fFrame.bottom});
+    DrawFocus(port, 0.0);
+}
+
+void CButtonGraphic::DrawFocus(CSystemPort& port, double inset) const
+{
     if (fFocused)
-        CWidgetSkin::DrawFocusLine(port, fFrame);
+        CWidgetSkin::DrawFocusLine(port, {fFrame.left + inset, fFrame.top + inset,
+                                          fFrame.right - inset, fFrame.bottom - inset});
 }
 
 void CButtonGraphic::DrawLabel(CSystemPort& port, EButtonState state, const Rect& frame)
@@ -169,7 +175,7 @@ void CButtonGraphic::DrawLabel(CSystemPort& port, EButtonState state, const Rect
     const double shift = push ? CWidgetSkin::PressedShift(state) : 0.0;
     DrawLabelLine(port, fLabel.View(),
                   {push ? frame.left + 2 : frame.left, frame.top + shift,
-                   push ? frame.right - 2 : frame.right, frame.bottom + shift},
+                   frame.right - fTail - (push ? 2 : 0), frame.bottom + shift},
                   (push ? kText_Centred : kText_Left) | kText_Ellipsis |
                       (fCues ? kText_Mnemonic : kText_HideMnemonic));
 }

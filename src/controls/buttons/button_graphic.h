@@ -25,7 +25,12 @@ public:
     CButtonGraphic(CView* owner, EButtonStyle style, CText label);
 
     // What to draw, set before Draw. The mnemonic of the label is underlined with `cues`.
-    void SetFrame(const Rect& frame) { fFrame = frame; }
+    // `tail` units at the frame's right end are no room for the label.
+    void SetFrame(const Rect& frame, double tail = 0.0)
+    {
+        fFrame = frame;
+        fTail = tail;
+    }
     void SetState(EButtonState state, EButtonValue value) { fState = state, fValue = value; }
     void SetDefault(bool isDefault) { fIsDefault = isDefault; }
     void SetCues(bool cues, bool focused) { fCues = cues, fFocused = focused; }
@@ -76,6 +81,8 @@ protected:
     // What the eighteen do in this look.
     virtual void DrawLook(CSystemPort& port, EButtonState state, EButtonValue value);
     void DrawLabel(CSystemPort& port, EButtonState state, const Rect& frame);
+    // The line of the focus, if the button has it, so many units within the frame.
+    void DrawFocus(CSystemPort& port, double inset) const;
 
     CView* const fOwner;
 
@@ -84,6 +91,7 @@ private:
     CText fLabel;
     EFontKind fFont = kFont_UIMedium;
     Rect fFrame;
+    double fTail = 0.0;
     EButtonState fState = EButtonState::kNormal;
     EButtonValue fValue = kOff;
     bool fIsDefault = false;

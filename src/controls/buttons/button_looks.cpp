@@ -5,11 +5,17 @@
 #include "drawing/tools/draw_tools.h"
 
 namespace Kesto {
+namespace {
+
+constexpr double kFocusInset = 3.0; // within the edges of a body
+
+} // namespace
 
 void CBevelButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
 {
     CWidgetSkin::DrawBevelButton(port, GetFrame(), state, value != kOff);
     DrawLabel(port, state, GetFrame());
+    DrawFocus(port, kFocusInset);
 }
 
 void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
@@ -21,6 +27,7 @@ void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, E
     port.DrawIcon(CDrawTools::Get().GetPicture(picture),
                   {frame.left, frame.top, frame.left + 16, frame.bottom});
     DrawLabel(port, state, {frame.left + 20, frame.top, frame.right, frame.bottom});
+    DrawFocus(port, 0.0);
 }
 
 void CToolButtonGraphic::GetInsets(Rect& insets) const
@@ -33,8 +40,12 @@ void CToolButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButton
 {
     CWidgetSkin::DrawToolButton(port, GetFrame(), state, value != kOff);
     DrawLabel(port, state, GetFrame());
+    DrawFocus(port, kFocusInset);
 }
 
-void CEmptyButtonGraphic::DrawLook(CSystemPort&, EButtonState, EButtonValue) {}
+void CEmptyButtonGraphic::DrawLook(CSystemPort& port, EButtonState, EButtonValue)
+{
+    DrawFocus(port, 0.0);
+}
 
 } // namespace Kesto

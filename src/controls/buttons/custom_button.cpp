@@ -266,6 +266,22 @@ void CCustomButton::DidDisable()
     InvalidateAll();
 }
 
+void CCustomButton::DidBecomeBullseye()
+{
+    const CViewHold hold(*this);
+    CPane::DidBecomeBullseye();
+    if (!hold.IsOver())
+        InvalidateAll();
+}
+
+void CCustomButton::DidLoseBullseye()
+{
+    const CViewHold hold(*this);
+    CPane::DidLoseBullseye();
+    if (!hold.IsOver())
+        InvalidateAll();
+}
+
 void CCustomButton::OnBullseyeEnable()
 {
     InvalidateAll();

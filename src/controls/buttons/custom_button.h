@@ -72,6 +72,8 @@ public:
     void DidDeactivate() override;
     void DidEnable() override;
     void DidDisable() override;
+    void DidBecomeBullseye() override;
+    void DidLoseBullseye() override;
     void OnBullseyeEnable() override;
     void OnBullseyeDisable() override;
 

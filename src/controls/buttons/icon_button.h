@@ -56,6 +56,7 @@ public:
 protected:
     void DrawContent(CSystemPort& port) override;
     Rect GetIconRect() const override;
+    double GetTailWidth() const override { return kArrowWidth; }
 
 private:
     MenuOpener fOpenMenu;

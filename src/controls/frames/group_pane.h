@@ -1,4 +1,4 @@
-// CGroupPane, a container with a title line and a frame below it.
+// CGroupPane, a container with a frame, and a title in the frame's upper line.
 #pragma once
 
 #include "controls/frames/frame_pane.h"
@@ -25,6 +25,7 @@ template <>
 class CPaneBuilder<CGroupPane> : public CPaneBuilder<CFramePane> {
 public:
     using CPaneBuilder<CFramePane>::CPaneBuilder;
+    CView* AdjustLayout(CView* parent, LayoutOwner& owner) override;
     void AppendRows(std::vector<PropertyRows>& rows) const override;
 
 protected:

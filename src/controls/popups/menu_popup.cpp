@@ -20,14 +20,16 @@ namespace {
 
 constexpr double kCellHeight = CWidgetSkin::kCellHeight;
 constexpr double kLeastWidth = 72.0;
+constexpr double kRoom = 1.0; // around the body
 
 constexpr PropertyRow kText{VexName("text"), 0, "its items, one a line; - is a line between them"};
 constexpr PropertyRow kItem{VexName("item_id"), 0, "the item chosen at first, counted from 0"};
 constexpr PropertyRow kFont{VexName("control_font"), kFont_UIMedium, "of its text"};
 constexpr PropertyRow kRows[] = {kText, kItem, kFont};
 
-// Of the menu that opens, as of a field, where the system doesn't draw it.
-Platform::MenuLook MenuLookOf(EFontKind font, double scale)
+// Of the menu that opens, as of a field, where the system doesn't draw it:
+// at least as wide as the popup's body.
+Platform::MenuLook MenuLookOf(EFontKind font, double scale, double width)
 {
     const auto pixels = [scale](double units) { return std::max(ToDevice(units, scale), 1); };
     return {.ground = ToolColour(kColour_Field),
@@ -39,7 +41,8 @@ Platform::MenuLook MenuLookOf(EFontKind font, double scale)
             .font = DeviceFontSpec(CDrawTools::Get().GetFont(font), 1.0, scale),
             .padding = pixels(4.0),
             .markWidth = pixels(20.0),
-            .separatorHeight = pixels(7.0)};
+            .separatorHeight = pixels(7.0),
+            .leastWidth = pixels(width - 2.0 * kRoom)};
 }
 
 bool IsLetter(std::uint32_t code)
@@ -161,8 +164,9 @@ void CMenuPopup::OpenMenu()
                         .rows = {}});
     const PixelRect screen = GetGlobalRect();
     SetPressed(true);
-    const int row = Platform::RunPopupMenu(window, {screen.left, screen.bottom}, rows,
-                                           MenuLookOf(fFont, GetScale()));
+    const PixelPoint corner{screen.left + ToDevice(kRoom, GetScale()), screen.bottom};
+    const int row = Platform::RunPopupMenu(window, corner, rows,
+                                           MenuLookOf(fFont, GetScale(), GetBounds().Width()));
     if (hold.IsOver())
         return;
     SetPressed(false);

@@ -152,6 +152,8 @@ void CStaticText::DrawInContext(const CPaintEvent&)
     const Rect& bounds = GetBounds();
     const bool wraps = (fStyle.options & kStatic_Wrap) != 0;
     const std::uint32_t marks = fHotkeyId.IsNone() ? 0U : MnemonicFlag(*this);
+    if (!wraps)
+        FitFont(port, fText.View(), bounds.Width(), marks);
     const Point size = SizeOf(port, fText.View(), wraps ? bounds.Width() : 0.0, marks != 0);
     const double top = TopOf(bounds, size.y, fStyle.alignY);
     const std::uint32_t horizontal = HorizontalFlag(fStyle.alignX);

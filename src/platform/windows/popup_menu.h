@@ -35,6 +35,7 @@ struct MenuLook {
     std::int32_t padding;         // above, below and beside texts
     std::int32_t markWidth;       // before each text, for the check mark
     std::int32_t separatorHeight; // with what is free around the line
+    std::int32_t leastWidth;      // of the menu itself; submenus are as wide as their texts ask
 };
 
 // Shows the menu with its top left corner at a point of the screen, or where there is room near it,

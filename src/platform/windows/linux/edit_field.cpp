@@ -13,7 +13,8 @@ namespace Platform {
 namespace {
 
 constexpr std::uintptr_t kCaretTimer = 1;
-constexpr std::uint32_t kCaretPeriod = 530; // milliseconds that the caret is on, and off
+constexpr std::uint32_t kCaretPeriod = 530;  // milliseconds that the caret is on, and off
+constexpr std::int32_t kPixelsPerCaret = 11; // of the font, for each of the caret's width
 
 void FillRect(const Bitmap& picture, const PixelRect& rect, Colour colour)
 {
@@ -219,7 +220,7 @@ void EditField::DrawCaret(const Bitmap& picture) const
     const std::int32_t x = fLayout.XOf(fModel.Caret()) - fScroll.x;
     const std::int32_t y =
         static_cast<std::int32_t>(fLayout.RowOf(fModel.Caret())) * fLayout.RowHeight() - fScroll.y;
-    const std::int32_t width = std::max(fLook.font.pixels / 16, 1);
+    const std::int32_t width = std::max(fLook.font.pixels / kPixelsPerCaret, 1);
     FillRect(picture, {x, y, x + width, y + fLayout.RowHeight()}, fLook.text);
 }
 

@@ -14,12 +14,8 @@ void SetForeignTurn(void (*turn)(std::uintptr_t timer))
     gTurn = turn;
 }
 
-// The only loops that aren't the program's are those of this folder, which take the turns
-// themselves.
-void ForeignLoop::Enter() {}
-
-void ForeignLoop::Leave() {}
-
+// The only loops that aren't the program's are those of this folder, which call this whenever a
+// timer comes due.
 void TakeForeignTurn()
 {
     if (gTurn != nullptr)

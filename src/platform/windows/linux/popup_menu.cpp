@@ -6,6 +6,7 @@
 #include "platform/input/message_numbers.h"
 #include "platform/input/message_queue.h"
 #include "platform/input/stopped_exception.h"
+#include "platform/windows/foreign_loop.h"
 #include "platform/windows/linux/foreign_turn.h"
 #include "platform/windows/linux/rect_list.h"
 #include "platform/windows/mouse_state.h"
@@ -46,10 +47,10 @@ class Level final : public WindowProcedure {
 public:
     // Rows and look outlive it.
     Level(NativeWindow owner, PixelPoint corner, std::span<const MenuRow> rows,
-          const MenuLook& look)
+          const MenuLook& look, std::int32_t leastWidth)
         : fOwner(owner), fRows(rows), fLook(look), fFont(look.font)
     {
-        const PixelPoint size = Measure();
+        const PixelPoint size = Measure(leastWidth);
         const std::vector<Monitor> monitors = ListMonitors();
         const PixelRect& area =
             monitors[MonitorOf(monitors, {corner.x, corner.y, corner.x + 1, corner.y + 1})]
@@ -104,9 +105,9 @@ private:
         return row.separator ? fLook.separatorHeight : fFont.Metrics().height + 2 * fLook.padding;
     }
 
-    PixelPoint Measure() const
+    PixelPoint Measure(std::int32_t leastWidth) const
     {
-        PixelPoint size{2, 2};
+        PixelPoint size{std::max(leastWidth, 2), 2};
         for (const MenuRow& row : fRows) {
             size.x = std::max(size.x, fFont.WidthOf(row.text) + 2 * fLook.markWidth + 2);
             size.y += HeightOf(row);
@@ -185,7 +186,7 @@ private:
         for (std::size_t i = 0; i < *fLit; ++i)
             top += HeightOf(fRows[i]);
         fSub = std::make_unique<Level>(fOwner, PixelPoint{content.right - 1, top},
-                                       fRows[*fLit].rows, fLook);
+                                       fRows[*fLit].rows, fLook, 0);
     }
 
     void Choose()
@@ -256,7 +257,8 @@ private:
 int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows,
                  const MenuLook& look)
 {
-    Level level(TopWindowOf(window), corner, rows, look);
+    const ForeignLoop turns;
+    Level level(TopWindowOf(window), corner, rows, look, look.leastWidth);
     while (level.IsAlive() && !level.Chosen()) {
         const std::optional<QueuedMessage> message = AwaitMessage();
         if (!message)

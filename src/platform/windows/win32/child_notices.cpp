@@ -98,11 +98,30 @@ LRESULT SystemChild::HandleOwn(UINT number, WPARAM first, LPARAM second)
         ShowCuesOf(GetAncestor(child, GA_ROOT));
     if (IsKeptFromSystem(number, first))
         return 0;
+    if (HandlePaint(number, first))
+        return 0;
     BeforeSystem(number, first);
     const LRESULT answer = DefSubclassProc(child, number, first, second);
+    if (ChildOf(child) == this)
+        AfterSystem(number, first);
     if ((number == WM_SETFOCUS || number == WM_KILLFOCUS) && ChildOf(child) == this)
         fHandler.ChildFocused(number == WM_SETFOCUS);
     return answer;
+}
+
+bool SystemChild::HandlePaint(UINT number, WPARAM first)
+{
+    if (number != WM_PAINT && number != WM_PRINTCLIENT)
+        return false;
+    if (first != 0)
+        return Paint(reinterpret_cast<HDC>(first));
+    PAINTSTRUCT paint{};
+    const HDC device = BeginPaint(fChild, &paint);
+    const bool isPainted = device != nullptr && Paint(device);
+    if (!isPainted)
+        DefSubclassProc(fChild, number, reinterpret_cast<WPARAM>(device), 0);
+    EndPaint(fChild, &paint);
+    return true;
 }
 
 bool TellChild(UINT number, WPARAM first, LPARAM second, LRESULT& answer)

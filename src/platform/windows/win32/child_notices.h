@@ -28,14 +28,18 @@ public:
     // are to be set. The last answers with the brush of its ground, null for the system's.
     virtual void Notice(WORD code) = 0;
     virtual void Draw(const DRAWITEMSTRUCT&) {}
-    // The system's part of the control is about to hear a message.
+    // The system's part of the control is about to hear a message, and has heard it.
     virtual void BeforeSystem(UINT, WPARAM) {}
+    virtual void AfterSystem(UINT, WPARAM) {}
+    // Draws the control on a device. False leaves that to the system.
+    virtual bool Paint(HDC) { return false; }
     virtual HBRUSH Colours(HDC) { return nullptr; }
 
 private:
     static LRESULT CALLBACK Receive(HWND child, UINT number, WPARAM first, LPARAM second,
                                     UINT_PTR id, DWORD_PTR self);
     LRESULT HandleOwn(UINT number, WPARAM first, LPARAM second);
+    bool HandlePaint(UINT number, WPARAM first);
 
     ChildHandler& fHandler;
     HWND fChild = nullptr;

@@ -3,6 +3,8 @@
 #include "platform/system/win32/wide.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/win32/child_notices.h"
+#include "platform/windows/win32/device.h"
+#include "platform/windows/win32/edit_picture.h"
 #include "platform/windows/win32/edit_text.h"
 
 #include <algorithm>
@@ -113,12 +115,12 @@ public:
     void SetLook(const EditLook& look) override
     {
         const HFONT font = MakeFont(look.font);
+        fLook = look;
         SendMessageW(Child(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
         SendMessageW(Child(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
         DropLook();
         fFont = font;
         fGround = CreateSolidBrush(ToSystem(look.ground));
-        fLook = look;
         if (Child() != nullptr)
             InvalidateRect(Child(), nullptr, TRUE);
     }
@@ -170,11 +172,69 @@ private:
         fHandler.TextChanged();
     }
 
+    // While the field draws for its picture, in that one's colours.
     HBRUSH Colours(HDC device) override
     {
-        SetTextColor(device, ToSystem(fLook.text));
-        SetBkColor(device, ToSystem(fLook.ground));
-        return fGround;
+        SetTextColor(device, fDrawn != nullptr ? fDrawn->text : ToSystem(fLook.text));
+        SetBkColor(device, fDrawn != nullptr ? fDrawn->ground : ToSystem(fLook.ground));
+        return fDrawn != nullptr ? fDrawn->brush : fGround;
+    }
+
+    bool Paint(HDC device) override
+    {
+        RECT client{};
+        GetClientRect(Child(), &client);
+        Bitmap picture;
+        const bool hasSelection = GetFocus() == Child() && SelectedUnits() != 0;
+        if (fDrawn != nullptr || client.right <= 0 || client.bottom <= 0 ||
+            !MakeEditPicture(
+                picture, {client.right, client.bottom}, fLook, hasSelection,
+                [this](HDC on, COLORREF text, COLORREF ground) { DrawIn(on, text, ground); }))
+            return false;
+        BitBlt(device, 0, 0, client.right, client.bottom, MemoryDevice(picture).Get(), 0, 0,
+               SRCCOPY);
+        return true;
+    }
+
+    void DrawIn(HDC device, COLORREF text, COLORREF ground)
+    {
+        const Drawn drawn{text, ground, CreateSolidBrush(ground)};
+        fDrawn = &drawn;
+        SendMessageW(Child(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(device), 0);
+        SendMessageW(Child(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(device), PRF_CLIENT);
+        fDrawn = nullptr;
+        DeleteObject(drawn.brush);
+    }
+
+    // What the field has drawn by itself is painted anew.
+    void AfterSystem(UINT number, WPARAM first) override
+    {
+        const bool isKey = number >= WM_KEYFIRST && number <= WM_KEYLAST;
+        const bool isDrag =
+            number >= WM_MOUSEFIRST && number <= WM_MOUSELAST && (first & MK_LBUTTON);
+        const bool isEdit = number >= WM_CUT && number <= WM_UNDO;
+        const bool isFocus = number == WM_SETFOCUS || number == WM_KILLFOCUS;
+        if (isKey || isDrag || isEdit || isFocus || number == EM_SETSEL ||
+            number == EM_REPLACESEL || number == EM_UNDO)
+            InvalidateRect(Child(), nullptr, FALSE);
+        if (number == WM_SETFOCUS || number == WM_SETFONT)
+            WidenCaret();
+    }
+
+    // The system's caret is a pixel wide at every scale, or as the user has set it.
+    void WidenCaret()
+    {
+        constexpr std::int32_t kPixelsPerCaret = 11; // of the font, for each of the caret's width
+        const std::int32_t width = fLook.font.pixels / kPixelsPerCaret;
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        if (!GetGUIThreadInfo(GetCurrentThreadId(), &state) || state.hwndCaret != Child() ||
+            state.rcCaret.right - state.rcCaret.left >= width)
+            return;
+        const RECT& caret = state.rcCaret;
+        CreateCaret(Child(), nullptr, width, caret.bottom - caret.top);
+        SetCaretPos(caret.left, caret.top);
+        ShowCaret(Child());
     }
 
     // The system's limit counts units: before a text comes it is set to what that may fill.
@@ -239,8 +299,16 @@ private:
             DeleteObject(fGround);
     }
 
+    // How the field draws for its picture.
+    struct Drawn {
+        COLORREF text;
+        COLORREF ground;
+        HBRUSH brush;
+    };
+
     EditHandler& fHandler;
     EditLook fLook;
+    const Drawn* fDrawn = nullptr;
     HFONT fFont = nullptr;
     HBRUSH fGround = nullptr;
     std::string fKept;
