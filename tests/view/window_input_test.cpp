@@ -6,9 +6,11 @@
 #include "platform/windows/window_paint.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
+#include "view/messages/key_codes.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
+#include "view/tree/view_tracker.h"
 #include "view/window_parts.h"
 
 namespace {
@@ -34,6 +36,25 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
     EXPECT_EQ(dialog.Run(), 1);
     process.PumpQuiet();
     EXPECT_EQ(field->typed, "");
+}
+
+TEST(WindowKeys, EscapeBreaksADragOffAndCancelsOnlyWhenPressedAnew)
+{
+    PumpedProcess process;
+    CDialog dialog(PlanOf());
+    Button* const cancel = dialog.AppendChild(std::make_unique<Button>(false, true));
+    dialog.AddButton(*cancel);
+    dialog.Start();
+    process.PumpQuiet();
+    dialog.KeepTracker(std::make_unique<CNonPollingTracker>(*cancel, CMouseEvent()));
+    for (const int flashes : {0, 1}) {
+        SCOPED_TRACE(flashes);
+        Platform::InjectKey(kKeyCode_Escape, true, u"\x1B");
+        Platform::InjectKey(kKeyCode_Escape, false);
+        process.PumpQuiet();
+        EXPECT_EQ(dialog.GetTracker(), nullptr);
+        EXPECT_EQ(cancel->flashes, flashes);
+    }
 }
 
 TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)

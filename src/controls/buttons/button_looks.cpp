@@ -7,7 +7,7 @@
 namespace Kesto {
 namespace {
 
-constexpr double kFocusInset = 3.0; // within the edges of a body
+constexpr double kBodyFocusInset = 3.0; // within the edges of a body
 
 } // namespace
 
@@ -15,7 +15,7 @@ void CBevelButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButto
 {
     CWidgetSkin::DrawBevelButton(port, GetFrame(), state, value != kOff);
     DrawLabel(port, state, GetFrame());
-    DrawFocus(port, kFocusInset);
+    DrawFocus(port, kBodyFocusInset);
 }
 
 void CDisclosureButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButtonValue value)
@@ -40,7 +40,7 @@ void CToolButtonGraphic::DrawLook(CSystemPort& port, EButtonState state, EButton
 {
     CWidgetSkin::DrawToolButton(port, GetFrame(), state, value != kOff);
     DrawLabel(port, state, GetFrame());
-    DrawFocus(port, kFocusInset);
+    DrawFocus(port, kBodyFocusInset);
 }
 
 void CEmptyButtonGraphic::DrawLook(CSystemPort& port, EButtonState, EButtonValue)

@@ -20,7 +20,7 @@ namespace {
 
 constexpr double kCellHeight = CWidgetSkin::kCellHeight;
 constexpr double kLeastWidth = 72.0;
-constexpr double kRoom = 1.0; // around the body
+constexpr double kBodyRoom = 1.0; // around the body
 
 constexpr PropertyRow kText{VexName("text"), 0, "its items, one a line; - is a line between them"};
 constexpr PropertyRow kItem{VexName("item_id"), 0, "the item chosen at first, counted from 0"};
@@ -42,7 +42,7 @@ Platform::MenuLook MenuLookOf(EFontKind font, double scale, double width)
             .padding = pixels(4.0),
             .markWidth = pixels(20.0),
             .separatorHeight = pixels(7.0),
-            .leastWidth = pixels(width - 2.0 * kRoom)};
+            .leastWidth = pixels(width - 2.0 * kBodyRoom)};
 }
 
 bool IsLetter(std::uint32_t code)
@@ -164,7 +164,7 @@ void CMenuPopup::OpenMenu()
                         .rows = {}});
     const PixelRect screen = GetGlobalRect();
     SetPressed(true);
-    const PixelPoint corner{screen.left + ToDevice(kRoom, GetScale()), screen.bottom};
+    const PixelPoint corner{screen.left + ToDevice(kBodyRoom, GetScale()), screen.bottom};
     const int row = Platform::RunPopupMenu(window, corner, rows,
                                            MenuLookOf(fFont, GetScale(), GetBounds().Width()));
     if (hold.IsOver())

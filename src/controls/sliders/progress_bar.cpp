@@ -12,7 +12,7 @@ namespace Kesto {
 namespace {
 
 constexpr double kNaturalWidth = 120.0;
-constexpr double kRoom = 1.0; // at both ends, as all bodies of controls have it
+constexpr double kBarRoom = 1.0; // at both ends, as all bodies of controls have it
 constexpr PropertyRow kMinimum{VexName("slider_minimum"), 0, "the value with nothing done"};
 constexpr PropertyRow kMaximum{VexName("slider_maximum"), 100, "the value with all done"};
 constexpr PropertyRow kValue{VexName("slider_value"), 0, "the value that it begins with"};
@@ -61,7 +61,7 @@ void CProgressBar::DrawInContext(const CPaintEvent&)
 {
     const Rect& bounds = GetBounds();
     const double top = bounds.top + std::floor((bounds.Height() - kHeight) / 2);
-    const Rect bar{bounds.left + kRoom, top, bounds.right - kRoom, top + kHeight};
+    const Rect bar{bounds.left + kBarRoom, top, bounds.right - kBarRoom, top + kHeight};
     if (!bar.IsEmpty())
         CWidgetSkin::DrawProgress(*GetPort(), bar, fRange.ShareOf(fValue), IsUsable());
 }

@@ -145,14 +145,17 @@ bool CWindow::KeyToPanes(CKeyboardMessage& message)
     return false;
 }
 
-// While something is dragged keys reach nobody, and Escape breaks it off.
+// While something is dragged keys reach nobody, and Escape breaks it off: the rest of that press
+// would find the drag over and cancel the window.
 bool CWindow::KeyInTracking(std::uint32_t number)
 {
     CTracker* const tracker = CTracker::Active();
     if (tracker == nullptr && GetTracker() == nullptr)
         return false;
-    if (fLastKey == kEscape && number == Number::kKeyDown && !BreakOffTracker() &&
-        tracker != nullptr)
+    if (fLastKey != kEscape || number != Number::kKeyDown)
+        return true;
+    fDroppedKey = kEscape;
+    if (!BreakOffTracker() && tracker != nullptr)
         tracker->Finish();
     return true;
 }
