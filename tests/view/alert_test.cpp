@@ -5,6 +5,7 @@
 #include "platform/windows/clipboard.h"
 #include "platform/windows/system_window.h"
 #include "support/testing.h"
+#include "view/messages/key_codes.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
 #include "view/window_parts.h"
@@ -13,7 +14,6 @@ namespace {
 
 using namespace Kesto;
 
-constexpr std::uint32_t kReturn = 13;
 constexpr std::uint32_t kEscape = 27;
 constexpr std::uint32_t kSpace = 32;
 constexpr std::uint32_t kControl = 0x11;
@@ -40,15 +40,16 @@ TEST(Alert, AnswersByKeys)
         std::u16string_view text;
         AlertButton answer;
     } rows[] = {
-        {"Return is OK", AlertButtons::kOK, AlertButton::kNone, kReturn, u"\r", AlertButton::kOK},
+        {"Return is OK", AlertButtons::kOK, AlertButton::kNone, kKeyCode_Return, u"\r",
+         AlertButton::kOK},
         {"Escape is the only button", AlertButtons::kOK, AlertButton::kNone, kEscape, u"\x1b",
          AlertButton::kOK},
         {"Escape is Cancel", AlertButtons::kYesNoCancel, AlertButton::kNone, kEscape, u"\x1b",
          AlertButton::kCancel},
-        {"Return is the default", AlertButtons::kYesNoCancel, AlertButton::kNo, kReturn, u"\r",
-         AlertButton::kNo},
-        {"Return is the first", AlertButtons::kRetryCancel, AlertButton::kNone, kReturn, u"\r",
-         AlertButton::kRetry},
+        {"Return is the default", AlertButtons::kYesNoCancel, AlertButton::kNo, kKeyCode_Return,
+         u"\r", AlertButton::kNo},
+        {"Return is the first", AlertButtons::kRetryCancel, AlertButton::kNone, kKeyCode_Return,
+         u"\r", AlertButton::kRetry},
         {"Space is the one with the focus", AlertButtons::kYesNo, AlertButton::kNo, kSpace, u" ",
          AlertButton::kNo},
     };

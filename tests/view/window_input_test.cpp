@@ -17,8 +17,6 @@ namespace {
 
 using namespace Kesto;
 
-constexpr std::uint32_t kReturn = 13;
-
 TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
 {
     PumpedProcess process;
@@ -30,8 +28,8 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
         dialog.AppendChild(std::make_unique<Button>(true, false, [&] { dialog.EndRun(1); }));
     dialog.AddButton(*button);
     process.PostCall(-1, [] {
-        Platform::InjectKey(kReturn, true, u"\r");
-        Platform::InjectKey(kReturn, false);
+        Platform::InjectKey(kKeyCode_Return, true, u"\r");
+        Platform::InjectKey(kKeyCode_Return, false);
     });
     EXPECT_EQ(dialog.Run(), 1);
     process.PumpQuiet();
