@@ -191,13 +191,12 @@ private:
 
 TEST(HeapModel, HoldsUnderTinyBudgetsOverManyFilesAndOnADiskThatFails)
 {
-    struct Case {
+    const struct {
         Kesto::CVirtualHeapLimits limits;
         int faults; // of a thousand calls of the disk
-    };
-    const Case cases[] = {{{.fBudget = 8 * 1024}, 0},
-                          {{.fBudget = 32 * 1024, .fFileSize = 192 * 1024}, 0},
-                          {{.fBudget = 8 * 1024}, 30}};
+    } cases[] = {{{.fBudget = 8 * 1024}, 0},
+                 {{.fBudget = 32 * 1024, .fFileSize = 192 * 1024}, 0},
+                 {{.fBudget = 8 * 1024}, 30}};
     for (const auto& [limits, faults] : cases)
         for (std::uint32_t seed = 1; seed < 9; ++seed) {
             SCOPED_TRACE(seed);

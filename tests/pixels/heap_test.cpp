@@ -6,20 +6,13 @@
 
 namespace {
 
-using Kesto::CError;
-using Kesto::CSystemError;
-using Kesto::CVirtualHeap;
-using Kesto::CVirtualTile;
-using Kesto::TileClassBytes;
-using ::testing::ElementsAre;
-using Testing::LyingDisk;
-using Testing::OnlyAt;
-using ::testing::Property;
-using ::testing::Throws;
+using namespace Kesto;
+using namespace Testing;
+using ::testing::ElementsAre, ::testing::Property, ::testing::Throws;
 
 constexpr std::uint64_t kKiB = 1024;
 
-class Tiles : public Kesto::CVirtualTileArray {
+class Tiles : public CVirtualTileArray {
 public:
     Tiles(std::uint8_t memoryClass, CVirtualHeap& heap, std::uint32_t count,
           bool discardable = false)
@@ -71,10 +64,7 @@ public:
 
 class Heap : public ::testing::Test {
 protected:
-    static auto At(std::uint64_t position)
-    {
-        return ::testing::Field(&Testing::Access::position, position);
-    }
+    static auto At(std::uint64_t position) { return ::testing::Field(&Access::position, position); }
 
     LyingDisk& disk = LyingDisk::Reset();
 };
@@ -105,7 +95,7 @@ TEST_F(Heap, GoesOnInTheNextFileAndThenHasNoMoreTiles)
     EXPECT_EQ(handles[0] >> 28, handles[1] >> 28);
     EXPECT_EQ(handles[2] >> 28, handles[3] >> 28);
     EXPECT_NE(handles[0] >> 28, handles[2] >> 28);
-    Kesto::CVirtualFile* file = nullptr;
+    CVirtualFile* file = nullptr;
     std::uint64_t offset = 0;
     heap.LocateTile(handles[3], file, offset);
     EXPECT_EQ(file, heap.Files()[handles[3] >> 28].get());
@@ -117,7 +107,7 @@ TEST_F(Heap, GoesOnInTheNextFileAndThenHasNoMoreTiles)
         for (int i = 0; i < 100; ++i)
             heap.AcquireTile(8, 8, 1);
     };
-    const Kesto::CText text(
+    const CText text(
         "$$$/Kesto/VirtualHeap/AcquireTileError=No more virtual tiles can be allocated.");
     EXPECT_THAT(acquireMany, Throws<CError>(Property(&CError::ErrorText, text)));
 }
@@ -214,8 +204,8 @@ TEST_F(Heap, StepsAsideWithSomeSlack)
 TEST_F(Heap, GivesUpTheDataOfDiscardableTiles)
 {
     CVirtualHeap heap;
-    EXPECT_EQ(Kesto::GetSlotClass(6), 0);
-    EXPECT_EQ(Kesto::GetSlotClass(15), 9);
+    EXPECT_EQ(GetSlotClass(6), 0);
+    EXPECT_EQ(GetSlotClass(15), 9);
     Tiles tiles(8, heap, 1, true);
     EXPECT_EQ(tiles.GetSlotClass(), 2);
     tiles.Write(0, 7);
@@ -243,7 +233,7 @@ TEST_F(Heap, NeverReadsATileBackThatWasNeverSaved)
 
 TEST_F(Heap, PrefersTheInstalledAllocator)
 {
-    struct Allocator : Kesto::CVirtualAllocator {
+    struct Allocator : CVirtualAllocator {
         void* Allocate(std::size_t size) override { return size == kKiB ? memory.data() : nullptr; }
         void Free(void* freed) override { freedOwn = freed == memory.data(); }
         std::vector<std::byte> memory = std::vector<std::byte>(kKiB);
@@ -253,10 +243,10 @@ TEST_F(Heap, PrefersTheInstalledAllocator)
     CVirtualHeap heap;
     Tiles tiles(2, heap, 1);
     Tiles others(3, heap, 1);
-    Kesto::CVirtualAllocator::Install(allocator);
+    CVirtualAllocator::Install(allocator);
     tiles.Write(0, 5);
     others.Write(0, 6); // null from the allocator: the process heap is asked
-    Kesto::CVirtualAllocator::Install(nullptr);
+    CVirtualAllocator::Install(nullptr);
     EXPECT_EQ(allocator->memory[kKiB - 1], std::byte{5});
     heap.MakeRoom(100 * kKiB);
     EXPECT_TRUE(allocator->freedOwn);
@@ -299,7 +289,7 @@ TEST_F(FailingDisk, KeepsWhatIsInMemoryOrInItsSlot)
     tiles.WriteAll();
     disk.failsWrite = [] { return true; };
     EXPECT_THAT([&] { tiles.Read(0); },
-                Throws<CSystemError>(Property(&CSystemError::Code, Testing::kDiskFull)));
+                Throws<CSystemError>(Property(&CSystemError::Code, kDiskFull)));
     EXPECT_THROW(heap.SetBudget(0), CSystemError);
     EXPECT_EQ(tiles.Read(7), 7);
     disk.failsWrite = nullptr;
@@ -316,7 +306,7 @@ TEST_F(FailingDisk, ThatRefusesToGrowTheFileCarvesNothing)
     disk.failsLength = OnlyAt(0);
     EXPECT_THROW(tiles.Write(0, 1), CSystemError);
     EXPECT_EQ(heap.Files()[0]->UsedSize(), 0U);
-    Kesto::CVirtualPixmap pixmap(3, 64, 64, 1, 4, false, true, heap);
+    CVirtualPixmap pixmap(3, 64, 64, 1, 4, false, true, heap);
     disk.volumes["/v"].freeBytes = 0;
     EXPECT_THROW(pixmap.SetSize(100 * 64, 64), CError);
     disk.volumes["/v"].freeBytes = 1 << 30;

@@ -4,11 +4,7 @@
 
 namespace {
 
-using Kesto::CVirtualHeap;
-using Kesto::CVirtualPixmap;
-using Kesto::PixelPoint;
-using Kesto::TileGrid;
-using Kesto::TileShape;
+using namespace Kesto;
 
 TEST(TileShape, FollowsTheClassAndTheDepth)
 {
@@ -73,7 +69,7 @@ TEST_F(VirtualPixmap, AddressesPixelsByTile)
 {
     CVirtualPixmap pixmap(4, 300, 200, 2, 0x80, false, false, heap); // 64 by 64 pixels of 16 bits
     pixmap.SetOrigin(-10, 1000);
-    EXPECT_EQ(pixmap.GetBounds(), (Kesto::PixelRect{-10, 1000, 290, 1200}));
+    EXPECT_EQ(pixmap.GetBounds(), (PixelRect{-10, 1000, 290, 1200}));
     EXPECT_EQ(pixmap.GetPixelBytes(), 2);
     EXPECT_EQ(pixmap.GetRowBits(), 1024);
     EXPECT_EQ(pixmap.GetRowBytes(), 128);
@@ -107,9 +103,9 @@ TEST_F(VirtualPixmap, MakesTilesAtTheFirstLockAtOnceOrForANewSize)
     EXPECT_EQ(pixmap.GetTileIndex(0, 2, 0), 2U);
 
     CVirtualPixmap eager(3, 128, 64, 1, 4, false, true, heap);
-    Kesto::CVirtualTile* const tile = eager.GetTile(0, 0, 0);
+    CVirtualTile* const tile = eager.GetTile(0, 0, 0);
     EXPECT_NE(tile, nullptr);
-    Kesto::CVirtualTile* const former = pixmap.SetTile(0, 2, 0, tile);
+    CVirtualTile* const former = pixmap.SetTile(0, 2, 0, tile);
     EXPECT_EQ(pixmap.GetTile(0, 2, 0), tile);
     EXPECT_EQ(eager.SetTile(0, 0, 0, former), tile);
     pixmap.Clear();

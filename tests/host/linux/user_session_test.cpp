@@ -9,12 +9,6 @@
 
 namespace {
 
-std::string BytesOf(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // The middle of a button, in pixels of the dialog's content.
 std::string MiddleOf(const nlohmann::json& dialog, const nlohmann::json& view, const char* id)
 {
@@ -55,12 +49,12 @@ TEST_F(UserSession, AFrameIsTypedAndOpened)
         "key 4 key Tab mousemove --window %1 " +
         ok + " click 1";
     EXPECT_EQ(std::system(hands.c_str()), 0) << hands;
-    EXPECT_EQ(session.get(), 0) << BytesOf(Path("said"));
+    EXPECT_EQ(session.get(), 0) << fFolder.Get("said");
 
     RunLumohost({"open", film, "--frame", "4", "-o", Path("robot.png")});
-    const std::string typed = BytesOf(Path("typed.png"));
-    EXPECT_FALSE(typed.empty());
-    EXPECT_TRUE(typed == BytesOf(Path("robot.png"))) << "the frame that was typed isn't the one";
+    const std::string typed = fFolder.Get("typed.png");
+    EXPECT_NE(typed, "none");
+    EXPECT_TRUE(typed == fFolder.Get("robot.png")) << "the frame that was typed isn't the one";
 }
 
 } // namespace

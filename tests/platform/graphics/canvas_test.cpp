@@ -8,16 +8,12 @@
 
 namespace {
 
-using Platform::Canvas;
-using Platform::Colour;
-using Platform::FillRule;
-using Platform::Path;
-using Platform::PixelRect;
+using namespace Platform;
 using Tests::Sheet;
 
 constexpr Colour kBlack{0, 0, 0, 255};
 
-Path Lines(std::initializer_list<Platform::PathPoint> points, bool closed)
+Path Lines(std::initializer_list<PathPoint> points, bool closed)
 {
     Path path;
     for (const auto& point : points)
@@ -33,8 +29,7 @@ TEST(Canvas, CoversAsMuchAsTheShapeHas)
     struct Row {
         const char* words;
         std::function<void(Canvas&)> draw;
-        double area;
-        double tolerance;
+        double area, tolerance;
     };
     const auto filled = [](const Path& path, FillRule rule = FillRule::kNonZero) {
         return [path, rule](Canvas& canvas) { canvas.Fill(path, kBlack, rule); };
@@ -47,7 +42,6 @@ TEST(Canvas, CoversAsMuchAsTheShapeHas)
         (path.*add)(numbers...);
         return path;
     };
-    using Platform::PathRect;
     const auto rectangle = [&](const PathRect& rect) { return shape(&Path::AddRectangle, rect); };
     const auto oval = [&](const PathRect& rect) { return shape(&Path::AddOval, rect); };
     const auto rounded = [&](const PathRect& rect, double radius) {
@@ -118,7 +112,7 @@ TEST(Canvas, KeepsToItsClip)
 {
     Path path;
     path.AddOval({-7.3, 2.1, 52.7, 44.9});
-    const Platform::Font font({"Tahoma", 14, 700});
+    const Font font({"Tahoma", 14, 700});
     const auto draw = [&](Canvas& canvas) {
         canvas.Fill(path, {200, 30, 90, 128});
         canvas.Stroke(path, 2.5, kBlack);
@@ -155,9 +149,9 @@ TEST(Canvas, BlendsAsTheFormulaSaysForEveryAlpha)
     };
     for (std::uint32_t alpha = 0; alpha < 256; ++alpha)
         for (const std::uint32_t ground : {0U, 1U, 100U, 254U, 255U}) {
-            const std::uint32_t blended = Platform::PixelOver(
-                Platform::PremultipliedPixel({255, 128, 0, static_cast<std::uint8_t>(alpha)}),
-                0xFF000000 | ground << 16 | ground << 8 | ground);
+            const std::uint32_t blended =
+                PixelOver(PremultipliedPixel({255, 128, 0, static_cast<std::uint8_t>(alpha)}),
+                          0xFF000000 | ground << 16 | ground << 8 | ground);
             const std::uint32_t rest = part(ground, 255 - alpha);
             ASSERT_EQ(blended, 0xFF000000 | (part(255, alpha) + rest) << 16 |
                                    (part(128, alpha) + rest) << 8 | rest)
@@ -168,7 +162,7 @@ TEST(Canvas, BlendsAsTheFormulaSaysForEveryAlpha)
 // Text on nothing makes the alpha that other code relies on.
 TEST(Canvas, TextLeavesTheAlphaOfItsResult)
 {
-    const Platform::Font font({"Tahoma", 20, 400});
+    const Font font({"Tahoma", 20, 400});
     const auto line = font.Line("Ill");
     Sheet clear(60, 40);
     Sheet opaque(60, 40, 0xFFFFFFFF);
@@ -178,7 +172,7 @@ TEST(Canvas, TextLeavesTheAlphaOfItsResult)
     for (std::size_t i = 0; i < clear.Pixels().size(); ++i) {
         const std::uint32_t pixel = clear.Pixels()[i];
         ASSERT_EQ(pixel >> 24, pixel >> 16 & 0xFF) << "red as its alpha at " << i;
-        ASSERT_EQ(Platform::PixelOver(pixel, 0xFFFFFFFF), opaque.Pixels()[i]) << i;
+        ASSERT_EQ(PixelOver(pixel, 0xFFFFFFFF), opaque.Pixels()[i]) << i;
     }
 }
 
@@ -186,9 +180,9 @@ TEST(Canvas, DrawsNothingOnWhatIsNoBitmapOf32Bits)
 {
     Path path;
     path.AddOval({0, 0, 9, 9});
-    const Platform::Bitmap none;
+    const Bitmap none;
     Canvas(none).Fill(path, kBlack);
-    Platform::Bitmap grey;
+    Bitmap grey;
     ASSERT_TRUE(grey.Make(8, 8, 8, false));
     std::fill_n(grey.Bits(), 64, std::uint8_t{7});
     Canvas(grey).Fill(path, kBlack);

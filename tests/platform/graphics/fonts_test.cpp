@@ -6,8 +6,7 @@
 
 namespace {
 
-using Platform::Font;
-using Platform::TextLine;
+using namespace Platform;
 using testing::ElementsAre;
 
 std::vector<std::size_t> Stops(const TextLine& line)
@@ -93,12 +92,7 @@ TEST(Font, KnowsALineAgain)
 
 TEST(TextLine, HasACaretStopBeforeEachCharacterAReaderSees)
 {
-    struct Row {
-        const char* words;
-        std::string text;
-        std::vector<std::size_t> stops;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::string, std::vector<std::size_t>> rows[] = {
         {"letters", "abc", {0, 1, 2, 3}},
         {"two-byte letters", "\u00E4\u00F6", {0, 2, 4}},
         {"a mark belongs to its letter", "xe\u0301y", {0, 1, 4, 5}},
@@ -107,8 +101,8 @@ TEST(TextLine, HasACaretStopBeforeEachCharacterAReaderSees)
         {"right to left", "\u05E9\u05DC", {0, 2, 4}},
     };
     const Font font({"Tahoma", 11});
-    for (const Row& row : rows)
-        EXPECT_EQ(Stops(*font.Line(row.text)), row.stops) << row.words;
+    for (const auto& [words, text, stops] : rows)
+        EXPECT_EQ(Stops(*font.Line(text)), stops) << words;
 }
 
 TEST(TextLine, GoesFromPositionsToDistancesAndBack)

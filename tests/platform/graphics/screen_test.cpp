@@ -5,13 +5,11 @@
 
 namespace {
 
-using Platform::Cursor;
-using Platform::Monitor;
-using Platform::PixelRect;
+using namespace Platform;
 
 TEST(Monitors, AreThereWithTheirWorkArea)
 {
-    const auto monitors = Platform::ListMonitors();
+    const auto monitors = ListMonitors();
     ASSERT_FALSE(monitors.empty());
     for (const Monitor& monitor : monitors) {
         SCOPED_TRACE(&monitor - monitors.data());
@@ -27,12 +25,7 @@ TEST(Monitors, ARectangleBelongsToTheOneThatShowsMostOfIt)
     const std::vector<Monitor> monitors = {{{0, 0, 1000, 800}, {}, 1.0},
                                            {{1000, 200, 2000, 1000}, {}, 2.0},
                                            {{-500, 0, 0, 400}, {}, 1.0}};
-    struct Row {
-        const char* words;
-        PixelRect rect;
-        std::size_t monitor;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, PixelRect, std::size_t> rows[] = {
         {"on the first alone", {10, 10, 20, 20}, 0},
         {"mostly on the second", {900, 300, 1200, 400}, 1},
         {"half on each: the earlier", {950, 300, 1050, 400}, 0},
@@ -41,8 +34,8 @@ TEST(Monitors, ARectangleBelongsToTheOneThatShowsMostOfIt)
         {"a point", {-5, 5, -5, 5}, 2},
         {"everywhere", {INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, 0},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(Platform::MonitorOf(monitors, row.rect), row.monitor) << row.words;
+    for (const auto& [words, rect, monitor] : rows)
+        EXPECT_EQ(MonitorOf(monitors, rect), monitor) << words;
 }
 
 TEST(Cursors, AreTheSameWhenCopied)
@@ -68,7 +61,7 @@ TEST(Cursors, AreTheArrowWhereThereIsNoPicture)
 TEST(SystemColours, HaveNoneOutsideTheirTable)
 {
     for (const int index : {-1, 31, 1000, INT32_MAX, INT32_MIN})
-        EXPECT_EQ(Platform::SystemColour(index), std::nullopt) << index;
+        EXPECT_EQ(SystemColour(index), std::nullopt) << index;
 }
 
 } // namespace

@@ -5,11 +5,7 @@ namespace {
 
 TEST(MonitorScale, ComesFromTheDesktopsResources)
 {
-    struct Row {
-        const char* resources;
-        std::optional<double> scale;
-    };
-    const Row rows[] = {
+    const std::pair<const char*, std::optional<double>> rows[] = {
         {"Xft.dpi:\t144\n", 1.5},
         {"*background: white\nXft.antialias: 1\nXft.dpi: 192", 2.0},
         {"Xft.dpi:120.5\nXft.dpi:\t96\n", 120.5 / 96},
@@ -22,19 +18,17 @@ TEST(MonitorScale, ComesFromTheDesktopsResources)
         {"Xft.dpi: 1e300\n", std::nullopt},
         {"MyXft.dpi: 144\n", std::nullopt},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(Platform::ScaleFromResources(row.resources), row.scale) << row.resources;
+    for (const auto& [resources, scale] : rows)
+        EXPECT_EQ(Platform::ScaleFromResources(resources), scale) << resources;
 }
 
 TEST(MonitorScale, ElseFromTheSizeOfTheMonitor)
 {
-    struct Row {
+    const struct {
         const char* words;
-        std::int32_t pixels;
-        std::int32_t millimetres;
+        std::int32_t pixels, millimetres;
         double scale;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"a desktop monitor of 24 inches", 1920, 531, 1.0},
         {"4K on 27 inches", 3840, 597, 1.5},
         {"a dense notebook of 13 inches", 2560, 286, 2.25},
@@ -43,7 +37,7 @@ TEST(MonitorScale, ElseFromTheSizeOfTheMonitor)
         {"no size", 1920, 0, 1.0},
         {"nothing at all", 0, 300, 1.0},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(Platform::ScaleFromSize(row.pixels, row.millimetres), row.scale) << row.words;
 }
 
