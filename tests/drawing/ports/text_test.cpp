@@ -53,6 +53,13 @@ TEST(Text, IsBrokenBetweenWordsAndAtLineEnds)
     EXPECT_EQ(port.MeasureTextBox("a\r\nb\rc\nd\n", 500, kText_Wrap).y, 64.0);
     EXPECT_EQ(port.MeasureTextBox("", 10, kText_Wrap), (Point{0, 16}));
     EXPECT_GE(port.MeasureTextBox("unbreakable", 1, kText_Wrap).y, 16.0); // a letter at least
+
+    const Platform::Font font;
+    const std::string text = "one two  three";
+    std::string together;
+    for (const CTextRow& row : BreakRows(font, text, font.WidthOf("one two"), true))
+        together += text.substr(row.first, row.line->Length()) + "|";
+    EXPECT_EQ(together, "one two|three|");
 }
 
 TEST(Text, ThatIsTooWideEndsInThreePoints)
