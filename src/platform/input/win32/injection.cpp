@@ -5,7 +5,7 @@
 namespace Platform {
 namespace {
 
-void InjectMouse(DWORD flags, DWORD data = 0, LONG x = 0, LONG y = 0)
+void SendMouse(DWORD flags, DWORD data, LONG x, LONG y)
 {
     INPUT input{};
     input.type = INPUT_MOUSE;
@@ -16,33 +16,57 @@ void InjectMouse(DWORD flags, DWORD data = 0, LONG x = 0, LONG y = 0)
     SendInput(1, &input, sizeof input);
 }
 
-// The keyboard belongs to one window of the desktop. Another program that starts may take it from
-// this one, whose keys would then be typed nowhere, so the front window of this thread takes it
-// back.
-void TakeKeyboard()
+void SendKey(WORD key, WORD scan, DWORD flags)
 {
-    DWORD owner = 0;
-    GetWindowThreadProcessId(GetForegroundWindow(), &owner);
-    if (owner == GetCurrentProcessId())
-        return;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM) -> BOOL {
-            return !IsWindowVisible(window) || !IsWindowEnabled(window) ||
-                   !SetForegroundWindow(window); // front first; stops at the first that takes it
-        },
-        0);
-}
-
-void InjectKeyboard(WORD key, WORD scan, DWORD flags)
-{
-    TakeKeyboard();
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
     input.ki.wScan = scan;
     input.ki.dwFlags = flags;
     SendInput(1, &input, sizeof input);
+}
+
+void LetGoOf(int key)
+{
+    switch (key) {
+    case VK_LBUTTON:
+        return SendMouse(MOUSEEVENTF_LEFTUP, 0, 0, 0);
+    case VK_RBUTTON:
+        return SendMouse(MOUSEEVENTF_RIGHTUP, 0, 0, 0);
+    case VK_MBUTTON:
+        return SendMouse(MOUSEEVENTF_MIDDLEUP, 0, 0, 0);
+    case VK_XBUTTON1:
+        return SendMouse(MOUSEEVENTF_XUP, XBUTTON1, 0, 0);
+    case VK_XBUTTON2:
+        return SendMouse(MOUSEEVENTF_XUP, XBUTTON2, 0, 0);
+    default:
+        return SendKey(static_cast<WORD>(key), 0, KEYEVENTF_KEYUP);
+    }
+}
+
+// A program that ended within a press leaves the key held for the whole desktop. This one's first
+// press of it would pass for a repeat, which closes no dialog, so all is let go before the first.
+void BeginInput()
+{
+    static const bool begun = [] {
+        for (int key = VK_LBUTTON; key < 0xFF; ++key)
+            if ((GetAsyncKeyState(key) & 0x8000) != 0)
+                LetGoOf(key);
+        return true;
+    }();
+    static_cast<void>(begun);
+}
+
+void InjectMouse(DWORD flags, DWORD data = 0, LONG x = 0, LONG y = 0)
+{
+    BeginInput();
+    SendMouse(flags, data, x, y);
+}
+
+void InjectKeyboard(WORD key, WORD scan, DWORD flags)
+{
+    BeginInput();
+    SendKey(key, scan, flags);
 }
 
 } // namespace
