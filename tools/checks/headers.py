@@ -14,8 +14,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 INCLUDE = re.compile(r'^\s*#\s*include\s+["<]([^">]+)[">]', re.MULTILINE)
 ROOTS = ("src", "include", "host", "tools", "tests")
 PACKAGES = ("cairo", "pango", "pangocairo", "freetype2", "harfbuzz", "fontconfig", "xcb")
-# Needs a compiler option of its own, as its sources have.
-OPTIONS = {"avx2": ["-mavx2"]}
+# Need compiler options of their own, as their sources have.
+OPTIONS = {"avx2": ["-mavx2"], "avx512": ["-mavx512f", "-mavx512bw", "-mavx512dq", "-mavx512vl", "-mavx512vbmi"]}
 
 
 def proven(header):
