@@ -19,7 +19,7 @@ bool IsBlank(char c)
     return c == ' ' || c == '\t';
 }
 
-std::optional<double> NumberOf(std::string_view word)
+std::optional<double> DecimalOf(std::string_view word)
 {
     double number = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
@@ -32,8 +32,8 @@ std::optional<ScriptPoint> PointOf(std::string_view word)
     const std::size_t comma = word.find(',');
     if (comma == std::string_view::npos)
         return std::nullopt;
-    const std::optional<double> x = NumberOf(word.substr(0, comma));
-    const std::optional<double> y = NumberOf(word.substr(comma + 1));
+    const std::optional<double> x = DecimalOf(word.substr(0, comma));
+    const std::optional<double> y = DecimalOf(word.substr(comma + 1));
     return x && y ? std::optional(ScriptPoint{*x, *y}) : std::nullopt;
 }
 
@@ -65,7 +65,7 @@ public:
     double Number(const std::string& what)
     {
         const std::string_view word = Word(what);
-        const std::optional<double> number = NumberOf(word);
+        const std::optional<double> number = DecimalOf(word);
         if (!number)
             RefuseWord(word, what);
         return *number;
@@ -164,7 +164,7 @@ bool ReadCount(std::string_view word, Action& action)
 {
     constexpr double kMost = 100;
     const std::optional<double> count =
-        word.starts_with('x') ? NumberOf(word.substr(1)) : std::nullopt;
+        word.starts_with('x') ? DecimalOf(word.substr(1)) : std::nullopt;
     if (!count || *count < 1 || *count > kMost || *count != std::floor(*count))
         return false;
     action.count = static_cast<int>(*count);
