@@ -1,7 +1,6 @@
 #include "controls/base/drawn_control.h"
 
 #include "view/messages/message_ids.h"
-#include "view/tree/view_hold.h"
 
 namespace Kesto {
 
@@ -34,22 +33,6 @@ bool CDrawnControl::PrimaryMultiClick(const CMouseEvent& event, int)
 {
     PrimaryClick(event);
     return true;
-}
-
-void CDrawnControl::DidBecomeBullseye()
-{
-    const CViewHold hold(*this);
-    CPane::DidBecomeBullseye();
-    if (!hold.IsOver())
-        InvalidateAll();
-}
-
-void CDrawnControl::DidLoseBullseye()
-{
-    const CViewHold hold(*this);
-    CPane::DidLoseBullseye();
-    if (!hold.IsOver())
-        InvalidateAll();
 }
 
 bool IsPlainKeyDown(const CKeyboardMessage& message)

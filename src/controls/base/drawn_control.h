@@ -2,15 +2,15 @@
 // disabled, in an inactive window, with the focus. A change of any of these draws it anew.
 #pragma once
 
+#include "controls/base/control_pane.h"
 #include "drawing/frames/button_state.h"
 #include "view/messages/message.h"
-#include "view/tree/pane.h"
 
 namespace Kesto {
 
-class CDrawnControl : public CPane {
+class CDrawnControl : public CControlPane {
 public:
-    using CPane::CPane;
+    using CControlPane::CControlPane;
 
     EButtonState GetDrawState() const;
     bool IsPressed() const { return fPressed; }
@@ -22,13 +22,7 @@ public:
     void MouseEnter(const CMouseEvent& event) override;
     void MouseExit() override;
     bool PrimaryMultiClick(const CMouseEvent& event, int count) override; // each press counts
-    void DidActivate() override { InvalidateAll(); }
-    void DidDeactivate() override { InvalidateAll(); }
-    void DidEnable() override { InvalidateAll(); }
-    void DidDisable() override { InvalidateAll(); }
     void DidResize() override { InvalidateAll(); }
-    void DidBecomeBullseye() override;
-    void DidLoseBullseye() override;
 
 protected:
     bool IsHovered() const { return fHovered; }

@@ -29,7 +29,7 @@ double Now()
 
 CCustomButton::CCustomButton(const Rect& frame, CObjID id, std::uint32_t options,
                              std::uint32_t binding, EButtonKind kind, CText label, bool isDefault)
-    : CPane(frame, id, options, binding), fKind(kind), fLabel(std::move(label)),
+    : CControlPane(frame, id, options, binding), fKind(kind), fLabel(std::move(label)),
       fIsDefault(isDefault)
 {
     ListenForMnemonic();
@@ -243,43 +243,6 @@ bool CCustomButton::HandleKey(CKeyboardMessage& message)
         }
     }
     return CPane::HandleKey(message);
-}
-
-// All six states differ.
-void CCustomButton::DidActivate()
-{
-    InvalidateAll();
-}
-
-void CCustomButton::DidDeactivate()
-{
-    InvalidateAll();
-}
-
-void CCustomButton::DidEnable()
-{
-    InvalidateAll();
-}
-
-void CCustomButton::DidDisable()
-{
-    InvalidateAll();
-}
-
-void CCustomButton::DidBecomeBullseye()
-{
-    const CViewHold hold(*this);
-    CPane::DidBecomeBullseye();
-    if (!hold.IsOver())
-        InvalidateAll();
-}
-
-void CCustomButton::DidLoseBullseye()
-{
-    const CViewHold hold(*this);
-    CPane::DidLoseBullseye();
-    if (!hold.IsOver())
-        InvalidateAll();
 }
 
 void CCustomButton::OnBullseyeEnable()

@@ -9,15 +9,15 @@
 // This class draws with the widget skin; CButton and those after it have a look of their own.
 #pragma once
 
+#include "controls/base/control_pane.h"
 #include "controls/buttons/button_control.h"
 #include "drawing/frames/button_state.h"
 #include "drawing/tools/font_kinds.h"
 #include "foundation/base/text.h"
-#include "view/tree/pane.h"
 
 namespace Kesto {
 
-class CCustomButton : public CPane, public CButtonControl {
+class CCustomButton : public CControlPane, public CButtonControl {
 public:
     explicit CCustomButton(const Rect& frame = {}, CObjID id = {},
                            std::uint32_t options = kView_NoOptions,
@@ -68,12 +68,6 @@ public:
     void PrimaryClick(const CMouseEvent& event) override;
     bool PrimaryMultiClick(const CMouseEvent& event, int count) override;
     bool HandleKey(CKeyboardMessage& message) override;
-    void DidActivate() override;
-    void DidDeactivate() override;
-    void DidEnable() override;
-    void DidDisable() override;
-    void DidBecomeBullseye() override;
-    void DidLoseBullseye() override;
     void OnBullseyeEnable() override;
     void OnBullseyeDisable() override;
 
