@@ -1,6 +1,7 @@
 #include "platform/files/folders.h"
 
 #include "platform/files/files.h"
+#include "platform/files/linux/user_folder.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -27,17 +28,22 @@ const char* HomeFolder()
 
 } // namespace
 
+std::string UserFolder(const char* variable, const char* name)
+{
+    const char* folder = PathVariable(variable);
+    return folder != nullptr ? folder : HomePath(name);
+}
+
+std::string HomePath(const char* name)
+{
+    const char* home = HomeFolder();
+    return home != nullptr ? JoinPath(home, name) : std::string();
+}
+
 std::uint32_t FindUserDataFolder(std::string& path)
 {
-    if (const char* config = PathVariable("XDG_CONFIG_HOME")) {
-        path = config;
-        return 0;
-    }
-    const char* home = HomeFolder();
-    if (home == nullptr)
-        return ENOENT;
-    path = JoinPath(home, ".config");
-    return 0;
+    path = UserFolder("XDG_CONFIG_HOME", ".config");
+    return path.empty() ? ENOENT : 0;
 }
 
 std::string TemporaryFolder()

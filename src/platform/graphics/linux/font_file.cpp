@@ -1,5 +1,10 @@
 #include "platform/graphics/linux/font_file.h"
 
+#include "platform/files/files.h"
+#include "platform/files/linux/user_folder.h"
+#include "platform/graphics/linux/font_cache.h"
+
+#include <dlfcn.h>
 #include <fontconfig/fontconfig.h>
 
 #include <memory>
@@ -72,9 +77,7 @@ bool IsPlain(const FcPattern* font)
     return Is(font, FC_SCALABLE, false) && isGrey && isHinted && !isChanged;
 }
 
-} // namespace
-
-std::optional<FontFile> FindPlainFontFile(const FontSpec& spec)
+std::optional<FontFile> AskFontconfig(const FontSpec& spec)
 {
     const Pattern font = MatchOf(spec);
     FcChar8* path = nullptr;
@@ -82,6 +85,70 @@ std::optional<FontFile> FindPlainFontFile(const FontSpec& spec)
         FcPatternGetString(font.get(), FC_FILE, 0, &path) != FcResultMatch)
         return std::nullopt;
     return FontFile{reinterpret_cast<const char*>(path), NumberOf(font.get(), FC_INDEX, 0)};
+}
+
+void AddPaths(std::vector<std::string>& paths, FcStrList* list)
+{
+    while (const FcChar8* const path = FcStrListNext(list))
+        paths.emplace_back(reinterpret_cast<const char*>(path));
+    FcStrListDone(list);
+}
+
+bool IsFontconfigLoaded()
+{
+    void* const library = dlopen("libfontconfig.so.1", RTLD_LAZY | RTLD_NOLOAD);
+    if (library != nullptr)
+        dlclose(library);
+    return library != nullptr;
+}
+
+// Kept answers and fontconfig's, each asked for what the other can't tell. Where the program uses
+// fontconfig itself, that is asked alone: it has its configuration then, which may be the program's
+// own.
+class FontFinder {
+public:
+    FontFinder()
+    {
+        const std::string folder = UserFolder("XDG_CACHE_HOME", ".cache");
+        if (!folder.empty() && !IsFontconfigLoaded())
+            fCache.emplace(JoinPath(folder, "sidecar"));
+    }
+
+    std::optional<FontFile> Find(const FontSpec& spec)
+    {
+        if (std::optional<FontFile> kept = fCache ? fCache->Find(spec) : std::nullopt)
+            return kept;
+        if (!fHasAsked && IsFontconfigLoaded())
+            fCache.reset(); // by others, and nobody knows since when
+        if (!fHasAsked)
+            fSources.since = WallClock();
+        const std::optional<FontFile> file = AskFontconfig(spec);
+        if (!std::exchange(fHasAsked, true))
+            AddSources();
+        if (file && fCache)
+            fCache->Keep(spec, *file, fSources);
+        return file;
+    }
+
+private:
+    // fontconfig reads them once.
+    void AddSources()
+    {
+        AddPaths(fSources.paths, FcConfigGetConfigFiles(nullptr));
+        AddPaths(fSources.paths, FcConfigGetFontDirs(nullptr));
+    }
+
+    std::optional<FontCache> fCache;
+    FontSources fSources;
+    bool fHasAsked = false;
+};
+
+} // namespace
+
+std::optional<FontFile> FindPlainFontFile(const FontSpec& spec)
+{
+    static FontFinder finder;
+    return finder.Find(spec);
 }
 
 } // namespace Platform

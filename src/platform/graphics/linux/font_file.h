@@ -1,24 +1,16 @@
 // Which file has a font, by fontconfig.
 #pragma once
 
-#include "platform/graphics/fonts.h"
+#include "platform/graphics/linux/font_answers.h"
 
 #include <array>
 #include <optional>
-#include <string>
 
 namespace Platform {
 
 // What stands in for a face that isn't installed, the best first.
 inline constexpr std::array kFallbackFaces = {"Tahoma", "DejaVu Sans Condensed", "DejaVu Sans",
                                               "sans-serif"};
-
-struct FontFile {
-    std::string path;
-    int index = 0; // of the face in the file
-
-    friend auto operator<=>(const FontFile&, const FontFile&) = default;
-};
 
 // The file whose outlines are this font when they are hinted slightly and drawn in grey. None where
 // the font has to be slanted, emboldened or otherwise changed for it, or its user wishes to see it

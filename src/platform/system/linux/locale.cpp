@@ -20,7 +20,7 @@ namespace {
 // Of the user's locale, whichever one the program runs in.
 std::string PointOfUser()
 {
-    const locale_t locale = newlocale(LC_ALL_MASK, "", nullptr);
+    const locale_t locale = newlocale(LC_NUMERIC_MASK, "", nullptr);
     if (locale == nullptr)
         return ".";
     const std::string point = nl_langinfo_l(RADIXCHAR, locale);
