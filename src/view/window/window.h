@@ -197,8 +197,7 @@ public:
     void PointerGone() override;
 
 protected:
-    // --------------------------------------------- Messages (window_messages.cpp, the table of
-    // them)
+    // -------------------------------------------- Messages (window_messages.cpp has their table)
 
     // Sends a message to its handler below; what has none goes to DefaultProc.
     virtual std::intptr_t WindowProc(const Platform::WindowMessage& message);
