@@ -9,8 +9,11 @@ namespace Kesto {
 void CChildHolder::Fit(const CPane& pane, const Maker& make, const PixelRect& pixels, bool shown)
 {
     const Platform::NativeWindow window = NativeWindowOf(pane);
-    if (fControl == nullptr && window != nullptr)
+    if (fControl == nullptr && window != nullptr && !fIsRefused) {
+        fIsRefused = true;
         fControl = make(window);
+        fIsRefused = false;
+    }
     if (fControl == nullptr)
         return;
     fControl->Place(pixels);
@@ -26,6 +29,7 @@ void CChildHolder::Fit(const CPane& pane, const Maker& make, const PixelRect& pi
 void CChildHolder::Drop()
 {
     fIsShown = false;
+    fIsRefused = false;
     fControl.reset();
 }
 

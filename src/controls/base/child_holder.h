@@ -23,13 +23,16 @@ public:
     bool IsShown() const { return fIsShown; }
 
     // Makes the control if there can be one now, places it in pixels of the window, and shows or
-    // hides it. If its pane has the focus, the keyboard comes to a control that is shown.
+    // hides it. If its pane has the focus, the keyboard comes to a control that is shown. What the
+    // maker throws is passed on, once: it isn't asked again before Drop, since a pane is fitted on
+    // the way out too.
     void Fit(const CPane& pane, const Maker& make, const Platform::PixelRect& pixels, bool shown);
     void Drop();
 
 private:
     std::unique_ptr<Platform::ChildControl> fControl;
     bool fIsShown = false;
+    bool fIsRefused = false;
 };
 
 } // namespace Kesto

@@ -1,5 +1,6 @@
 #include "controls/base/child_place.h"
 
+#include "foundation/alerts/reporter.h"
 #include "platform/input/message_numbers.h"
 #include "platform/system/machine.h"
 #include "view/tree/pane.h"
@@ -51,7 +52,9 @@ bool IsWhollyInSight(const CPane& pane, const Rect& local)
 bool SendChildKey(CPane& pane, const WindowMessage& message)
 {
     CWindow* const window = WindowOf(pane);
-    return window != nullptr && window->SendPlatformKey(message);
+    bool taken = true;
+    Handled([&] { taken = window != nullptr && window->SendPlatformKey(message); });
+    return taken;
 }
 
 bool SendChildPress(CPane& pane, const WindowMessage& message, const PixelPoint& corner)
@@ -62,15 +65,21 @@ bool SendChildPress(CPane& pane, const WindowMessage& message, const PixelPoint&
     const CViewHold hold(pane);
     const PixelPoint origin = window->GetScreenPosition();
     const PixelPoint point = message.Point();
-    pane.MouseDown(
-        EventOf(*window, message, {origin.x + corner.x + point.x, origin.y + corner.y + point.y}));
-    return !hold.IsOver() && CView::LastMouseDownView() == &pane;
+    const bool hasWorked = Handled([&] {
+        pane.MouseDown(EventOf(*window, message,
+                               {origin.x + corner.x + point.x, origin.y + corner.y + point.y}));
+    });
+    return hasWorked && !hold.IsOver() && CView::LastMouseDownView() == &pane;
 }
 
 bool SendChildWheel(CPane& pane, const WindowMessage& message)
 {
     CWindow* const window = WindowOf(pane);
-    return window != nullptr && pane.SendWheel(EventOf(*window, message, message.Point()));
+    bool taken = true;
+    Handled([&] {
+        taken = window != nullptr && pane.SendWheel(EventOf(*window, message, message.Point()));
+    });
+    return taken;
 }
 
 bool IsKey(const WindowMessage& message)

@@ -19,6 +19,8 @@ PixelRect ChildPixels(const CPane& pane, const Rect& local);
 // can't be clipped, so it shows only there.
 bool IsWhollyInSight(const CPane& pane, const Rect& local);
 
+// The messages of a control. What their handlers throw is reported, and the message was taken then.
+
 // A key that came to the control goes to whoever has the focus in the window. True: it was taken.
 bool SendChildKey(CPane& pane, const Platform::WindowMessage& message);
 

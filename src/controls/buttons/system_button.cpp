@@ -1,6 +1,9 @@
 #include "controls/buttons/system_button.h"
 
 #include "controls/base/child_place.h"
+#include "foundation/alerts/reporter.h"
+#include "foundation/errors/system_checks.h"
+#include "platform/system/errors.h"
 #include "platform/windows/window_paint.h"
 #include "view/tree/context.h"
 #include "view/tree/view_hold.h"
@@ -41,9 +44,10 @@ void CSystemButton::FitControl()
     if (fHolder.IsLost())
         fHolder.Drop();
     const auto make = [this](Platform::NativeWindow window) {
+        Platform::SetLastError(0);
         auto button = Platform::MakeButtonControl(window, *this);
-        if (button != nullptr)
-            button->SetName(NameOf(GetLabel().View()));
+        OSThrowLastNull(button.get(), __FILE__, __LINE__);
+        button->SetName(NameOf(GetLabel().View()));
         return button;
     };
     fHolder.Fit(*this, make, ChildPixels(*this, GetBounds()), IsVisible());
@@ -137,7 +141,7 @@ void CSystemButton::ChildFocused(bool)
 // Another program has pressed it.
 void CSystemButton::Clicked()
 {
-    Flash();
+    Handled([this] { Flash(); });
 }
 
 // The pane has drawn the button into the window's bitmap; the system's button shows that.

@@ -1,7 +1,10 @@
 #include "controls/fields/edit_string.h"
 
 #include "controls/base/child_place.h"
+#include "foundation/alerts/reporter.h"
 #include "foundation/base/text_characters.h"
+#include "foundation/errors/system_checks.h"
+#include "platform/system/errors.h"
 #include "view/messages/message.h"
 #include "view/tree/view_hold.h"
 
@@ -46,9 +49,9 @@ std::unique_ptr<Platform::ChildControl> CEditString::MakeControl(Platform::Nativ
                                     .readOnly = HasTextOption(kEdit_ReadOnly),
                                     .password = HasTextOption(kEdit_Password),
                                     .side = Side()};
+    Platform::SetLastError(0);
     auto edit = Platform::MakeEditControl(window, style, Look(), *this);
-    if (edit == nullptr)
-        return nullptr;
+    OSThrowLastNull(edit.get(), __FILE__, __LINE__);
     edit->SetLimit(fMaxChars);
     edit->SetText(fText.View());
     edit->Select(fSelection);
@@ -158,7 +161,7 @@ void CEditString::TextChanged()
     fIsEdited = true;
     Grow();
     InvalidateAll();
-    TextWasEdited();
+    Handled([this] { TextWasEdited(); });
 }
 
 void CEditString::TextWasEdited()

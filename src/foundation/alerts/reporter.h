@@ -1,8 +1,8 @@
 // CReporter tells the user about a failure. Reached through CServiceT<CReporter>, on the user
 // interface's thread.
 //
-// The frame of every message handler and user action runs its body in Reported, and then goes on as
-// if nothing was thrown.
+// The frame of every user action runs its body in Reported, and then goes on as if nothing was
+// thrown; that of a message handler runs it in Handled.
 #pragma once
 
 #include "foundation/base/service.h"
@@ -36,6 +36,24 @@ bool Reported(Body body)
         body();
         return true;
     } catch (const CException& e) {
+        CServiceT<CReporter>::Get()->Report(e);
+    } catch (...) {
+        CServiceT<CReporter>::Get()->ReportUnknown();
+    }
+    return false;
+}
+
+// The same for what the platform calls with a message: what is to leave all handlers passes, and
+// the platform hands it on to whoever dispatched.
+template <std::invocable Body>
+bool Handled(Body body)
+{
+    try {
+        body();
+        return true;
+    } catch (const CException& e) {
+        if (e.LeavesHandlers())
+            throw;
         CServiceT<CReporter>::Get()->Report(e);
     } catch (...) {
         CServiceT<CReporter>::Get()->ReportUnknown();

@@ -2,6 +2,7 @@
 #include "foundation/alerts/reporter.h"
 #include "platform/input/message_numbers.h"
 #include "platform/system/machine.h"
+#include "view/process/process.h"
 #include "view/process/tracker.h"
 #include "view/tree/view_hold.h"
 #include "view/window/window.h"
@@ -14,7 +15,8 @@ namespace Kesto {
 using Platform::WindowMessage;
 namespace Number = Platform::Number;
 
-// In the order in which the handlers are declared. Messages without a row, those of menus, scroll
+// In the order in which the handlers are declared; those of the pen, which only passes, come before
+// all of them. Messages without a row, those of menus, scroll
 // bars, owner-drawn items, tool tips, keyboard cues and colours of controls among them, are the
 // default's.
 const CWindow::CMessageRow CWindow::kMessageRows[] = {
@@ -62,6 +64,18 @@ const CWindow::CMessageRow CWindow::kMessageRows[] = {
     {Number::kFrameDestroyed, &CWindow::OnFrameDestroyed},
 };
 
+namespace {
+
+// A message as it would lie in the queue.
+Platform::QueuedMessage QueuedNow(const WindowMessage& message)
+{
+    const PixelPoint cursor = Platform::CursorPosition();
+    return {message.window,        message.number, message.first, message.second,
+            Platform::TickCount(), cursor.x,       cursor.y};
+}
+
+} // namespace
+
 std::size_t CWindow::MessageRowCount()
 {
     return std::size(kMessageRows);
@@ -72,31 +86,22 @@ std::size_t CWindow::MessageRowCount()
 std::intptr_t CWindow::Receive(const WindowMessage& message)
 {
     const CViewHold hold(*this);
-    try {
-        return WindowProc(message);
-    } catch (const CException& e) {
-        if (e.LeavesHandlers())
-            throw;
-        CServiceT<CReporter>::Get()->Report(e);
-    } catch (...) {
-        CServiceT<CReporter>::Get()->ReportUnknown();
-    }
-    return 0;
+    std::intptr_t answer = 0;
+    Handled([&] { answer = WindowProc(message); });
+    return answer;
 }
 
+// Messages that the system's own loops dispatch don't pass the pump, where pens and trackers see
+// them.
 std::intptr_t CWindow::WindowProc(const WindowMessage& message)
 {
+    CProcess* const process = CProcess::Current();
+    if (process != nullptr && CProcess::IsOfPen(message.number))
+        process->NotePen(QueuedNow(message));
     CTracker* const tracker = CTracker::Active();
-    // Messages that the system's own loops dispatch don't pass the pump, where trackers see them.
-    if (tracker != nullptr && (tracker->State() & CTracker::kState_CapturesMessages) != 0) {
-        Platform::QueuedMessage queued{message.window, message.number, message.first,
-                                       message.second, Platform::TickCount()};
-        const PixelPoint cursor = Platform::CursorPosition();
-        queued.x = cursor.x;
-        queued.y = cursor.y;
-        if (tracker->PreTranslate(queued))
-            return 0;
-    }
+    if (tracker != nullptr && (tracker->State() & CTracker::kState_CapturesMessages) != 0 &&
+        tracker->PreTranslate(QueuedNow(message)))
+        return 0;
     const CMessageRow* const end = kMessageRows + MessageRowCount();
     const CMessageRow* const row =
         std::find_if(kMessageRows, end,

@@ -2,9 +2,12 @@
 
 #include "platform/input/keyboard.h"
 #include "platform/input/message_numbers.h"
+#include "platform/system/errors.h"
 #include "platform/windows/linux/activation.h"
 #include "platform/windows/linux/child_window.h"
 #include "platform/windows/linux/display.h"
+
+#include <cerrno>
 
 namespace Platform {
 namespace {
@@ -98,8 +101,10 @@ private:
 
 std::unique_ptr<ButtonControl> MakeButtonControl(NativeWindow window, ButtonHandler& handler)
 {
-    LinuxWindow* const parent = LinuxWindow::From(window);
-    return parent != nullptr ? std::make_unique<PlainButton>(*parent, handler) : nullptr;
+    if (LinuxWindow* const parent = LinuxWindow::From(window))
+        return std::make_unique<PlainButton>(*parent, handler);
+    SetLastError(EINVAL);
+    return nullptr;
 }
 
 } // namespace Platform

@@ -3,10 +3,12 @@
 #include "platform/graphics/canvas.h"
 #include "platform/input/stopped_exception.h"
 #include "platform/input/system_timer.h"
+#include "platform/system/errors.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/focus.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 
 namespace Platform {
@@ -227,8 +229,10 @@ void EditField::DrawCaret(const Bitmap& picture) const
 std::unique_ptr<EditControl> MakeEditControl(NativeWindow window, const EditStyle& style,
                                              const EditLook& look, EditHandler& handler)
 {
-    LinuxWindow* const parent = LinuxWindow::From(window);
-    return parent != nullptr ? std::make_unique<EditField>(*parent, style, look, handler) : nullptr;
+    if (LinuxWindow* const parent = LinuxWindow::From(window))
+        return std::make_unique<EditField>(*parent, style, look, handler);
+    SetLastError(EINVAL);
+    return nullptr;
 }
 
 } // namespace Platform

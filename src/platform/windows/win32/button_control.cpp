@@ -14,6 +14,7 @@ public:
     {
     }
 
+    using SystemChild::Refusal;
     NativeWindow Handle() const override { return Window(Child()); }
     void Place(const PixelRect& rect) override { PlaceChild(rect); }
     void SetShown(bool shown) override { ShowChild(shown); }
@@ -53,8 +54,7 @@ private:
 
 std::unique_ptr<ButtonControl> MakeButtonControl(NativeWindow window, ButtonHandler& handler)
 {
-    auto button = std::make_unique<SystemButton>(window, handler);
-    return button->Handle() != nullptr ? std::move(button) : nullptr;
+    return IfNotRefused(std::make_unique<SystemButton>(window, handler));
 }
 
 } // namespace Platform

@@ -36,10 +36,17 @@ SystemChild::SystemChild(ChildHandler& handler, NativeWindow parent, const wchar
       fChild(CreateWindowExW(0, className, L"", style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0,
                              Handle(parent), nullptr, ThisModule(), nullptr))
 {
-    if (fChild == nullptr)
+    if (fChild == nullptr) {
+        fRefusal = GetLastError();
         return;
+    }
     Children()[fChild] = this;
-    SetWindowSubclass(fChild, Receive, 0, reinterpret_cast<DWORD_PTR>(this));
+    // Without it nobody would hear of the child's end.
+    if (SetWindowSubclass(fChild, Receive, 0, reinterpret_cast<DWORD_PTR>(this)) == 0) {
+        Children().erase(fChild);
+        DestroyWindow(std::exchange(fChild, nullptr));
+        fRefusal = ERROR_NOT_ENOUGH_MEMORY;
+    }
 }
 
 SystemChild::~SystemChild()

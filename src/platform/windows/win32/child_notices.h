@@ -5,6 +5,7 @@
 #include "platform/system/win32/handles.h"
 #include "platform/windows/child_control.h"
 
+#include <memory>
 #include <windows.h>
 
 namespace Platform {
@@ -19,6 +20,9 @@ public:
 
     // Null: the system has refused, or the parent is gone.
     HWND Child() const { return fChild; }
+
+    // The system's code, when it has refused.
+    DWORD Refusal() const { return fRefusal; }
 
     void PlaceChild(const PixelRect& rect);
     void ShowChild(bool shown);
@@ -43,7 +47,20 @@ private:
 
     ChildHandler& fHandler;
     HWND fChild = nullptr;
+    DWORD fRefusal = 0;
 };
+
+// A control that has its child; null for one that hasn't, with the system's code in LastError.
+template <class Control>
+std::unique_ptr<Control> IfNotRefused(std::unique_ptr<Control> control)
+{
+    if (control->Handle() != nullptr)
+        return control;
+    const DWORD refusal = control->Refusal();
+    control.reset();
+    SetLastError(refusal);
+    return nullptr;
+}
 
 // Hands a message of a parent to the child that it is about. False: it is about none of these.
 bool TellChild(UINT number, WPARAM first, LPARAM second, LRESULT& answer);

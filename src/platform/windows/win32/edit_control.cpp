@@ -54,6 +54,8 @@ public:
                EditHandler& handler)
         : SystemChild(handler, window, L"EDIT", StyleBits(style)), fHandler(handler)
     {
+        if (Child() == nullptr)
+            return;
         constexpr wchar_t kDot = 0x25CF;
         SendMessageW(Child(), EM_SETLIMITTEXT, kNoLimit, 0);
         if (style.password)
@@ -63,6 +65,7 @@ public:
 
     ~SystemEdit() override { DropLook(); }
 
+    using SystemChild::Refusal;
     NativeWindow Handle() const override { return Window(Child()); }
     void Place(const PixelRect& rect) override { PlaceChild(rect); }
     void SetShown(bool shown) override { ShowChild(shown); }
@@ -322,8 +325,7 @@ private:
 std::unique_ptr<EditControl> MakeEditControl(NativeWindow window, const EditStyle& style,
                                              const EditLook& look, EditHandler& handler)
 {
-    auto edit = std::make_unique<SystemEdit>(window, style, look, handler);
-    return edit->Handle() != nullptr ? std::move(edit) : nullptr;
+    return IfNotRefused(std::make_unique<SystemEdit>(window, style, look, handler));
 }
 
 } // namespace Platform
