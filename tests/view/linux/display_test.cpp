@@ -1,12 +1,16 @@
 // Windows on a display, which is this test's own, while others do with them what they like: its
 // monitors come and go, and there is no window manager that would heed a hint.
 #include "foundation/base/service.h"
+#include "foundation/errors/exceptions.h"
 #include "platform/graphics/monitors.h"
+#include "platform/windows/linux/display_message.h"
 #include "support/testing.h"
 #include "support/virtual_display.h"
 #include "view/process/desktop.h"
 #include "view/test_pump.h"
 #include "view/window_parts.h"
+
+#include <cstdio>
 
 namespace {
 
@@ -39,6 +43,17 @@ protected:
     {
         Do("xdotool search --name '^" + title + "$' " + act);
     }
+
+    static std::string Ask(const std::string& command)
+    {
+        std::string words;
+        FILE* const pipe = popen(command.c_str(), "r");
+        for (int c = 0; pipe != nullptr && (c = std::fgetc(pipe)) != EOF;)
+            words += static_cast<char>(c);
+        EXPECT_EQ(pipe != nullptr ? pclose(pipe) : -1, 0) << command;
+        return words;
+    }
+    static void EndDisplay() { gDisplay->End(); }
 
     PumpedProcess process;
 
@@ -89,14 +104,51 @@ TEST_F(OnDisplay, WhoHeedsNoHintHarmsNoWindow)
     DoTo("Fixed", "windowunmap windowmap");
     DoTo("Owner", "windowraise windowfocus");
     process.PumpUntil([&] { return Platform::FrontmostWindow() == dialog->NativeHandle(); });
+    Platform::PostToQueue(owner.NativeHandle(), Platform::kDisplayClose);
+    process.PumpQuiet();
+    EXPECT_FALSE(owner.IsDone()) << "a disabled window doesn't close";
     DoTo("Fixed", "windowclose");
     process.PumpUntil([&] { return dialog->NativeHandle() == nullptr; });
     EXPECT_TRUE(dialog->IsDone());
     dialog.reset();
     EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
     EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
-    DoTo("Owner", "windowclose");
+    Platform::PostToQueue(owner.NativeHandle(), Platform::kDisplayClose);
     process.PumpUntil([&] { return owner.IsDone(); });
+}
+
+TEST_F(OnDisplay, TheWindowManagerIsToldHowFarAWindowCanBeSized)
+{
+    CWindowPlan plan = Plan("Sizeable");
+    plan.features |= kWin_CanSize;
+    CDocumentWindow window(plan);
+    window.SetSizeLimits({{150.0, 80.0}, {400.0, 300.0}});
+    window.Start();
+    process.PumpQuiet();
+    const std::string words = Ask("xprop -name Sizeable WM_NORMAL_HINTS");
+    EXPECT_THAT(words, testing::HasSubstr("minimum size: 150 by 80"));
+    EXPECT_THAT(words, testing::HasSubstr("maximum size: 400 by 300"));
+}
+
+// The last test: the program connects once.
+TEST_F(OnDisplay, ThatGoesAwayEndsNestedDialogsWhoeverWouldRefuse)
+{
+    CDialog outer(Plan("Outer"));
+    outer.SetModal(true);
+    outer.AppendChild(std::make_unique<Field>())->surrenders = false;
+    process.PostCall(-1, [&] {
+        CDialog inner(Plan("Inner", &outer));
+        inner.SetModal(true);
+        process.PostCall(-1, [] { EndDisplay(); });
+        EXPECT_EQ(inner.Run(), 0);
+        EXPECT_EQ(inner.NativeHandle(), nullptr);
+    });
+    EXPECT_EQ(outer.Run(), 0);
+    EXPECT_EQ(outer.NativeHandle(), nullptr);
+    EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
+    CDialog next(Plan("Next"));
+    EXPECT_THROW(next.Start(), CSystemError);
+    EXPECT_FALSE(next.IsStarted());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "support/testing.h"
 #include "view/process/timer.h"
 #include "view/test_pump.h"
+#include "view/window_parts.h"
 
 #include <windows.h>
 
@@ -39,6 +40,25 @@ TEST(ForeignLoop, RunsTimersAndPostedEvents)
     const int before = fired;
     process.PumpQuiet();
     EXPECT_EQ(fired, before) << "a stopped one is silent in all loops";
+}
+
+// One that is destroyed while its frame is dragged hears no more of the drag's end.
+TEST(ForeignLoop, EndsWithTheWindowThatItRunsFor)
+{
+    for (const bool isTold : {true, false}) {
+        SCOPED_TRACE(isTold);
+        {
+            PumpedProcess process;
+            CDocumentWindow window(DocumentPlan());
+            window.Start();
+            auto* const frame = reinterpret_cast<HWND>(window.NativeHandle());
+            SendMessageW(frame, WM_ENTERSIZEMOVE, 0, 0);
+            if (isTold)
+                SendMessageW(frame, WM_EXITSIZEMOVE, 0, 0);
+        }
+        WNDCLASSW kind{};
+        EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"Kesto_TurnClass", &kind));
+    }
 }
 
 TEST(ForeignLoop, LeavesNoWindowOfItsTimers)

@@ -174,10 +174,14 @@ void Queue::ReadSource()
 {
     if (fIsReading || !fReadSource)
         return;
-    fIsReading = true;
+    struct Reading {
+        explicit Reading(bool& is) : flag(is) { flag = true; }
+        ~Reading() { flag = false; }
+        bool& flag;
+    };
+    const Reading reading(fIsReading);
     const std::function<void()> read = fReadSource; // which may be taken away meanwhile
     read();
-    fIsReading = false;
 }
 
 std::optional<QueuedMessage> Queue::TakeUnrouted(Peek peek, MessageRange range)

@@ -41,7 +41,6 @@ public:
     virtual void Title(LinuxWindow&) {}
     virtual void Raise(LinuxWindow&) {}
     virtual void Focus(LinuxWindow&) {}
-    virtual void Modality(LinuxWindow&) {}
     virtual void ShowState(LinuxWindow&) {} // minimized, maximized
     virtual void Present(LinuxWindow&, std::span<const PixelRect>) {}
     virtual void ShowCursor(LinuxWindow&, const Cursor&) {}

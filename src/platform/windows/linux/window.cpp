@@ -92,8 +92,8 @@ std::intptr_t LinuxWindow::Receive(std::uint32_t number, std::uintptr_t first, s
     return Send(number, first, second);
 }
 
-// The display has moved it, has given it the keyboard or taken that away, or has changed its
-// extent. A disabled window hands the keyboard to its modal child.
+// The display has moved it, has given it the keyboard or taken that away, has changed its extent,
+// or asks it to close. A disabled window hands the keyboard to its modal child, and doesn't close.
 void LinuxWindow::Follow(std::uint32_t number, std::uintptr_t first)
 {
     if (number == kDisplayMoved) {
@@ -108,7 +108,9 @@ void LinuxWindow::Follow(std::uint32_t number, std::uintptr_t first)
         const Extent before = std::exchange(fExtent, extent);
         if (extent == Extent::kMinimized && before != extent)
             Send(kSize, kSizedMinimized);
-    } else if (first == 0) {
+    } else if (number == kDisplayClose && fEnabled) {
+        Send(kClose);
+    } else if (number == kDisplayFocus && first == 0) {
         if (!Display::Get().IsForeground())
             MakeActive(nullptr, false);
     } else if (fEnabled)

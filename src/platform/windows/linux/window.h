@@ -59,6 +59,13 @@ public:
     // kWindowPosChanged.
     void PlaceAt(const PixelRect& content);
 
+    // The least and the most size of the content that its procedure allows.
+    struct Limits {
+        PixelPoint least;
+        PixelPoint most;
+    };
+    Limits AskLimits();
+
     // Rows of the content as they were presented last; of its size unless memory was short.
     bool ReadyPicture();
 

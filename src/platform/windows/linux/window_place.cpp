@@ -22,19 +22,24 @@ std::int32_t Limited(std::int32_t size, std::int32_t least, std::int32_t most)
 // The rectangle with the limits of the window's procedure kept.
 PixelRect WithinLimits(LinuxWindow& window, PixelRect content)
 {
-    const FrameInsets insets = Display::Get().Insets(window);
-    const PixelPoint frame{insets.left + insets.right, insets.top + insets.bottom};
-    SizeRange range{{}, {}, {}, {1, 1}, {kMostPixels, kMostPixels}};
-    if ((window.fFeatures & WindowFeature::kCanSize) != 0)
-        window.Send(Number::kGetMinMaxInfo, 0, reinterpret_cast<std::intptr_t>(&range));
-    content.right = content.left + Limited(content.right - content.left, range.least.x - frame.x,
-                                           range.most.x - frame.x);
-    content.bottom = content.top + Limited(content.bottom - content.top, range.least.y - frame.y,
-                                           range.most.y - frame.y);
+    const auto [least, most] = window.AskLimits();
+    content.right = content.left + Limited(content.right - content.left, least.x, most.x);
+    content.bottom = content.top + Limited(content.bottom - content.top, least.y, most.y);
     return content;
 }
 
 } // namespace
+
+LinuxWindow::Limits LinuxWindow::AskLimits()
+{
+    const FrameInsets insets = Display::Get().Insets(*this);
+    const PixelPoint frame{insets.left + insets.right, insets.top + insets.bottom};
+    SizeRange range{{}, {}, {}, {1, 1}, {kMostPixels, kMostPixels}};
+    if ((fFeatures & WindowFeature::kCanSize) != 0)
+        Send(Number::kGetMinMaxInfo, 0, reinterpret_cast<std::intptr_t>(&range));
+    return {{range.least.x - frame.x, range.least.y - frame.y},
+            {range.most.x - frame.x, range.most.y - frame.y}};
+}
 
 PixelRect FrameOf(NativeWindow window)
 {

@@ -61,7 +61,7 @@ void PlaceContent(NativeWindow window, const PixelRect& content)
     ThrowStopped();
 }
 
-// The system keeps the usual place in pixels of the work area.
+// The system keeps the usual place in pixels of the work area, but for tool windows.
 PixelRect NormalContentOf(NativeWindow window)
 {
     const HWND handle = Handle(window);
@@ -75,11 +75,13 @@ PixelRect NormalContentOf(NativeWindow window)
         GetMonitorInfoW(MonitorFromWindow(handle, MONITOR_DEFAULTTOPRIMARY), &monitor) == 0)
         return {};
     RECT frame{};
+    const auto extended = static_cast<DWORD>(GetWindowLongPtrW(handle, GWL_EXSTYLE));
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(handle, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(handle, GWL_EXSTYLE)));
+                       extended);
     const RECT& normal = placement.rcNormalPosition;
-    const LONG x = monitor.rcWork.left - monitor.rcMonitor.left;
-    const LONG y = monitor.rcWork.top - monitor.rcMonitor.top;
+    const bool isOfScreen = (extended & WS_EX_TOOLWINDOW) != 0;
+    const LONG x = isOfScreen ? 0 : monitor.rcWork.left - monitor.rcMonitor.left;
+    const LONG y = isOfScreen ? 0 : monitor.rcWork.top - monitor.rcMonitor.top;
     return {normal.left + x - frame.left, normal.top + y - frame.top,
             normal.right + x - frame.right, normal.bottom + y - frame.bottom};
 }

@@ -20,13 +20,38 @@ std::map<HWND, WindowRecord>& Records()
     return records;
 }
 
-// The system is about to run a loop of its own for the window, or has ended it.
-void NoteLoop(UINT number)
+void LeaveLoop(WindowRecord& record)
 {
-    if (number == WM_ENTERSIZEMOVE || number == WM_ENTERMENULOOP)
+    if (record.loops == 0)
+        return;
+    --record.loops;
+    ForeignLoop::Leave();
+}
+
+// The system is about to run a loop of its own for the window, or has ended it. A window that is
+// destroyed in one hears no more of its end.
+void NoteLoop(HWND window, UINT number)
+{
+    WindowRecord* const record = RecordOf(window);
+    if (record == nullptr)
+        return;
+    switch (number) {
+    case WM_ENTERSIZEMOVE:
+    case WM_ENTERMENULOOP:
+        ++record->loops;
         ForeignLoop::Enter();
-    else if (number == WM_EXITSIZEMOVE || number == WM_EXITMENULOOP)
-        ForeignLoop::Leave();
+        break;
+    case WM_EXITSIZEMOVE:
+    case WM_EXITMENULOOP:
+        LeaveLoop(*record);
+        break;
+    case WM_NCDESTROY:
+        while (record->loops > 0)
+            LeaveLoop(*record);
+        break;
+    default:
+        break;
+    }
 }
 
 } // namespace
@@ -79,7 +104,7 @@ LRESULT AnswerOfSystem(HWND window, const WindowRecord* record, UINT number, WPA
 LRESULT CALLBACK ReceiveMessage(HWND window, UINT number, WPARAM first, LPARAM second)
 {
     LRESULT answer = 0;
-    NoteLoop(number);
+    NoteLoop(window, number);
     if (WithExceptionsStopped([&] { return TellChild(number, first, second, answer); }))
         return answer;
     WindowRecord* const record = RecordOf(window);

@@ -17,6 +17,7 @@ struct WindowRecord {
     WindowKind kind = WindowKind::kDialog;
     std::uint32_t features = 0;
     HWND documents = nullptr; // the client of a frame of many documents
+    int loops = 0;            // of the system's own that run for it
     Cursor cursor;
     Bitmap* photograph = nullptr; // what is presented goes here, while it is taken
 };

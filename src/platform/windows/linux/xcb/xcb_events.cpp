@@ -289,8 +289,8 @@ void XcbDisplay::TakeClient(const xcb_client_message_event_t& event)
     const xcb_atom_t protocol = event.data.data32[0];
     if (protocol == fAtoms[Atom::kPing])
         SendToRoot(fScreen->root, event.type, {protocol, event.data.data32[1], event.window, 0, 0});
-    else if (protocol == fAtoms[Atom::kDeleteWindow] && known->window->fEnabled)
-        PostToQueue(known->window->Handle(), kClose);
+    else if (protocol == fAtoms[Atom::kDeleteWindow])
+        PostToQueue(known->window->Handle(), kDisplayClose);
 }
 
 void XcbDisplay::TakeProperty(const xcb_property_notify_event_t& event)

@@ -124,11 +124,10 @@ void XcbDisplay::Describe(LinuxWindow& window)
         xcb_change_property(fConnection, XCB_PROP_MODE_REPLACE, number, XCB_ATOM_WM_TRANSIENT_FOR,
                             XCB_ATOM_WINDOW, 32, 1, &owner);
     Title(window);
-    DescribeLimits(window);
 }
 
 // The size hints: flags, four obsolete numbers, least and most size, and others that stay 0.
-void XcbDisplay::DescribeLimits(const LinuxWindow& window)
+void XcbDisplay::DescribeLimits(LinuxWindow& window)
 {
     constexpr std::uint32_t kPosition = 1U << 2;
     constexpr std::uint32_t kExtent = 1U << 3;
@@ -138,12 +137,14 @@ void XcbDisplay::DescribeLimits(const LinuxWindow& window)
     constexpr std::uint32_t kStatic = 10; // the place is the content's
     std::array<std::uint32_t, 18> hints{};
     const PixelRect local = window.Local();
-    hints[0] = kPosition | kExtent | kGravity;
-    if ((window.fFeatures & WindowFeature::kCanSize) == 0) {
-        hints[0] |= kLeast | kMost;
-        hints[5] = hints[7] = Side(local.right);
-        hints[6] = hints[8] = Side(local.bottom);
-    }
+    const bool canSize = (window.fFeatures & WindowFeature::kCanSize) != 0;
+    const PixelPoint size{local.right, local.bottom};
+    const auto [least, most] = canSize ? window.AskLimits() : LinuxWindow::Limits{size, size};
+    hints[0] = kPosition | kExtent | kLeast | kMost | kGravity;
+    hints[5] = Side(least.x);
+    hints[6] = Side(least.y);
+    hints[7] = Side(std::max(most.x, least.x));
+    hints[8] = Side(std::max(most.y, least.y));
     hints[17] = kStatic;
     xcb_change_property(fConnection, XCB_PROP_MODE_REPLACE, window.fServerID,
                         XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32, hints.size(),
@@ -182,6 +183,7 @@ void XcbDisplay::Show(LinuxWindow& window)
         xcb_flush(fConnection);
         return;
     }
+    DescribeLimits(window);
     const xcb_atom_t modal[] = {fAtoms[Atom::kStateModal]};
     SetAtoms(number, fAtoms[Atom::kState],
              std::span<const xcb_atom_t>(modal, IsModal(window) ? 1 : 0));
