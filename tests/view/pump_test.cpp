@@ -100,7 +100,10 @@ TEST_F(Pump, QueuedEventsLetGoOfMessengersThatDie)
         Kesto::CMessageEvent::Post(message, to);
     Kesto::CMessageEvent::Post(message, nullptr, Kesto::CMessageEvent::Routing::kBullseye);
     process.PostEvent(std::make_unique<Kesto::CTabEvent>(*goes, true));
-    goes.reset();
+    {
+        const PumpedProcess inner; // the current one when it dies
+        goes.reset();
+    }
     stays.SetCanTarget(true);
     stays.SetCanBullseye(true);
     ASSERT_TRUE(stays.BecomeBullseye(false));

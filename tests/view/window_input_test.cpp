@@ -3,6 +3,7 @@
 #include "foundation/base/service.h"
 #include "foundation/errors/exceptions.h"
 #include "platform/input/injection.h"
+#include "platform/windows/mouse_state.h"
 #include "platform/windows/window_paint.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
@@ -55,6 +56,46 @@ TEST(WindowKeys, EscapeBreaksADragOffAndCancelsOnlyWhenPressedAnew)
     }
 }
 
+// With an owner Alt closes too, as the system's own key does.
+TEST(WindowKeys, TheCloseKeyAsksForTheCloseWhereTheWindowCanClose)
+{
+    constexpr std::uint32_t kControlKey = 0x11;
+    constexpr std::uint32_t kAltKey = 0x12;
+    const struct {
+        const char* name;
+        bool hasOwner;
+        std::uint32_t features;
+        std::vector<std::uint32_t> held;
+        bool closes;
+    } rows[] = {
+        {"Alt without an owner", false, 0x183, {kAltKey}, true},
+        {"Control without an owner", false, 0x183, {kControlKey}, false},
+        {"Control with an owner", true, 0x183, {kControlKey}, true},
+        {"Alt with an owner", true, 0x183, {kAltKey}, true},
+        {"both", true, 0x183, {kControlKey, kAltKey}, false},
+        {"neither", true, 0x183, {}, false},
+        {"a window that can't close", false, 0x182, {kAltKey}, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        PumpedProcess process;
+        CDocumentWindow document(DocumentPlan());
+        if (row.hasOwner)
+            document.Start();
+        CDialog window(PlanOf(row.hasOwner ? &document : nullptr, row.features));
+        window.Start();
+        process.PumpQuiet();
+        for (const std::uint32_t key : row.held)
+            Platform::InjectKey(key, true);
+        Platform::InjectKey(kKeyCode_F4, true);
+        Platform::InjectKey(kKeyCode_F4, false);
+        for (const std::uint32_t key : row.held)
+            Platform::InjectKey(key, false);
+        process.PumpQuiet();
+        EXPECT_EQ(window.IsDone(), row.closes);
+    }
+}
+
 TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
 {
     struct Pressed : CPane {
@@ -89,6 +130,108 @@ TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
         EXPECT_EQ(view->released, 1);
         moveTo(150, 80);
         EXPECT_EQ(CView::MouseView(), &window);
+    }
+}
+
+TEST(WindowMouse, TheWindowKeepsTheMouseUntilTheLastButtonIsUp)
+{
+    PumpedProcess process;
+    CDocumentWindow window(DocumentPlan());
+    window.Start();
+    process.PumpQuiet();
+    const PixelRect content = window.GetWindowBounds();
+    const auto button = [&](Platform::Key key, bool down) {
+        Platform::InjectButton(key, down);
+        process.PumpQuiet();
+        return Platform::CapturingWindow() == window.NativeHandle();
+    };
+    Platform::InjectMove({content.left + 50, content.top + 50});
+    EXPECT_TRUE(button(Platform::Key::kLeftButton, true));
+    EXPECT_TRUE(button(Platform::Key::kRightButton, true));
+    EXPECT_TRUE(button(Platform::Key::kRightButton, false)) << "the left one is still held";
+    EXPECT_FALSE(button(Platform::Key::kLeftButton, false));
+}
+
+TEST(WindowMouse, TheSizeBoxFollowsTheMouseAndEscapePutsTheSizeBack)
+{
+    for (const bool isLive : {false, true})
+        for (const bool breaksOff : {false, true}) {
+            SCOPED_TRACE(std::string(isLive ? "live" : "at the release") +
+                         (breaksOff ? ", broken off" : ""));
+            PumpedProcess process;
+            CWindowPlan plan = DocumentPlan();
+            plan.features |=
+                kWin_CanSize | kWin_HasSizeBox | (isLive ? std::uint32_t{kWin_LiveResize} : 0);
+            CDocumentWindow window(plan);
+            window.SetSizeLimits({{150.0, 80.0}, {400.0, 300.0}});
+            window.Start();
+            process.PumpQuiet();
+            const PixelRect content = window.GetWindowBounds();
+            Platform::InjectMove({content.right - 4, content.bottom - 4});
+            process.PumpQuiet();
+            // In turns of the tracker, which pumps meanwhile.
+            process.PostCall(0, [&] {
+                Platform::InjectMove({content.right + 36, content.bottom + 900});
+                process.PostCall(-1, [&] {
+                    EXPECT_EQ(window.GetBounds().Width(), isLive ? 240.0 : 200.0);
+                    if (breaksOff)
+                        Platform::InjectKey(kKeyCode_Escape, true, u"\x1B");
+                    process.PostCall(
+                        -1, [] { Platform::InjectButton(Platform::Key::kLeftButton, false); });
+                });
+            });
+            Platform::InjectButton(Platform::Key::kLeftButton, true);
+            process.PumpUntil([&] { return process.TopEvent() == nullptr; });
+            process.PumpQuiet();
+            Platform::InjectKey(kKeyCode_Escape, false);
+            process.PumpQuiet();
+            const Point size = breaksOff ? Point{200.0, 100.0} : Point{240.0, 300.0};
+            EXPECT_EQ(window.GetBounds(), (Rect{0, 0, size.x, size.y}));
+        }
+}
+
+// The press lies in the queue while the question is answered, and finds the window gone, or there.
+TEST(WindowMouse, APressDuringACloseHitsWhatIsLeft)
+{
+    for (const bool lets : {true, false}) {
+        SCOPED_TRACE(lets);
+        struct Asked : Field {
+            bool CanSurrender(bool force) override
+            {
+                Platform::InjectButton(Platform::Key::kLeftButton, true);
+                Platform::InjectButton(Platform::Key::kLeftButton, false);
+                return Field::CanSurrender(force);
+            }
+        };
+        struct Pressed : CPane {
+            using CPane::CPane;
+            void PrimaryClick(const CMouseEvent&) override { ++presses; }
+            int presses = 0;
+        };
+        PumpedProcess process;
+        CDialog dialog(PlanOf());
+        auto* const field = dialog.AppendChild(std::make_unique<Asked>());
+        auto* const other = dialog.AppendChild(std::make_unique<Pressed>(
+            Rect{100, 50, 150, 90}, CObjID(), kView_NoFocusOnClick | kView_SupressSurrenders));
+        field->surrenders = lets;
+        int presses = -1;
+        process.PostCall(-1, [&] {
+            const PixelRect content = dialog.GetWindowBounds();
+            Platform::InjectMove({content.left + 120, content.top + 60});
+            dialog.DoClose();
+            if (lets)
+                return;
+            process.PostCall(-1, [&] {
+                presses = other->presses;
+                field->surrenders = true;
+                dialog.EndRun(0);
+            });
+        });
+        dialog.Run();
+        EXPECT_EQ(dialog.NativeHandle(), nullptr);
+        EXPECT_EQ(presses, lets ? -1 : 1);
+        process.PumpQuiet();
+        EXPECT_EQ(Platform::CapturingWindow(), nullptr);
     }
 }
 

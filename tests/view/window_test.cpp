@@ -298,6 +298,39 @@ TEST_F(WindowTest, FollowsAChangeOfScaleWhileOpen)
     EXPECT_EQ(again.GetScaleFactor(), before);
 }
 
+// The host may make another module object, which runs a dialog of its own, while one is open.
+TEST_F(WindowTest, AProcessThatCameAndWentUnderADialogHandsTheKeyboardBack)
+{
+    Dialog dialog;
+    process.PostCall(-1, [&] {
+        const Platform::NativeWindow outside = dialog.NativeHandle();
+        {
+            PumpedProcess inner;
+            CWindowPlan plan = PlanOf();
+            plan.ownerWindow = outside;
+            Dialog other(plan);
+            other.SetModal(true);
+            inner.PostCall(-1, [&] {
+                EXPECT_EQ(CMessenger::GetBullseye(), other.field);
+                EXPECT_EQ(Desktop().ModalCount(), 1U);
+                EXPECT_FALSE(Platform::IsSystemWindowEnabled(outside));
+                other.DoClose();
+            });
+            other.Run();
+        }
+        EXPECT_EQ(CProcess::Current(), &process);
+        EXPECT_EQ(CMessenger::GetBullseye(), dialog.field);
+        EXPECT_EQ(Platform::FocusedWindow(), outside);
+        EXPECT_TRUE(Platform::IsSystemWindowEnabled(outside));
+        EXPECT_EQ(Desktop().ActiveWindow(), &dialog);
+        dialog.Press('A', 'a');
+        EXPECT_EQ(dialog.field->typed, "a");
+        dialog.EndRun(7);
+    });
+    EXPECT_EQ(dialog.Run(), 7);
+    EXPECT_EQ(Desktop().ModalCount(), 0U);
+}
+
 TEST_F(WindowTest, AnOwnerThatDiesFirstEndsTheRun)
 {
     auto owner = std::make_unique<Dialog>();

@@ -27,7 +27,8 @@ public:
     // Queues an event; null is ignored. May be called from any thread.
     virtual void PostEvent(std::unique_ptr<CProcessEvent> event) = 0;
 
-    // Has every queued event let go of a messenger, and drops those that are dead then.
+    // Has every queued event let go of a messenger, with the other processes that live too, and
+    // drops those that are dead then.
     virtual void ForgetMessenger(CMessenger* messenger) = 0;
 
     CProcessLink* AsLink() override { return this; }

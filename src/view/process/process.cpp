@@ -133,8 +133,15 @@ void CProcess::DispatchTopEvent()
         event->Dispatch();
 }
 
-// Dead events are destroyed after the lock is released, since their destructors are foreign code.
+// It may have been posted to any of those that live.
 void CProcess::ForgetMessenger(CMessenger* messenger)
+{
+    for (CProcess* process = gNewest; process != nullptr; process = process->fOlder)
+        process->DropEventsOf(messenger);
+}
+
+// Dead events are destroyed after the lock is released, since their destructors are foreign code.
+void CProcess::DropEventsOf(CMessenger* messenger)
 {
     std::optional<CEventList> dead;
     const std::lock_guard lock(fEventMutex);

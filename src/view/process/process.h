@@ -156,6 +156,11 @@ public:
     float Pressure() const { return fPressure; }
     void SetPenScale(float scale) { fPenScale = scale; } // pressure of one unit of the pen
 
+    // Messages of a pen, which touches or moves: reads its pressure and, while the mouse's history
+    // is kept, the way that it has gone.
+    static bool IsOfPen(std::uint32_t number);
+    void NotePen(const Platform::QueuedMessage& message);
+
     // A turn for posted events, idlers and timers of the current process while a loop of the
     // system's own pumps the messages: a frame is dragged, a menu is open, the host is at work.
     // Whatever they throw is reported, since nothing may unwind through the system. Without a
@@ -206,10 +211,10 @@ private:
     static constexpr double kIdlePeriod = 0.1; // seconds
 
     void FollowMouse(const std::optional<Platform::QueuedMessage>& pending, std::uint32_t flags);
+    void DropEventsOf(CMessenger* messenger);
     std::optional<Platform::QueuedMessage> Fetch(std::uint32_t flags);
     bool Deliver(Platform::QueuedMessage message, std::uint32_t flags);
     bool TranslateAndDispatch(const Platform::QueuedMessage& message);
-    void NotePen(const Platform::QueuedMessage& message);
     void TakeQuitRequest();
     void RunIdle(std::uint32_t flags);
 

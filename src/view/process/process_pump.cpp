@@ -66,6 +66,14 @@ bool IsQuiet(std::uint32_t number)
     return number == kTimer || number == kPaint;
 }
 
+// Windows of the toolkit note what the pen tells them.
+bool IsOfToolkit(Platform::NativeWindow native)
+{
+    const CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
+    const CDesktopWindow* const window = desktop != nullptr ? desktop->WindowOf(native) : nullptr;
+    return window != nullptr && window->NativeHandle() == native;
+}
+
 // Letters and digits have themselves for key codes.
 std::uint32_t CharacterOf(std::uint32_t keyCode)
 {
@@ -137,7 +145,8 @@ bool CProcess::Deliver(QueuedMessage message, std::uint32_t flags)
     CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
     if ((flags & kEvent_NoMouse) == 0 && desktop != nullptr)
         desktop->MouseMoved(CMouseEvent::Of(message));
-    NotePen(message);
+    if (message.number == kPenMoved && !IsOfToolkit(message.window))
+        NotePen(message);
     if (!PreTranslateMessage(message))
         return true;
     const Platform::NativeWindow client = GetMDIClient();
@@ -190,11 +199,14 @@ void* CProcess::GetAccelerators(Platform::NativeWindow& /*window*/)
     return nullptr;
 }
 
+bool CProcess::IsOfPen(std::uint32_t number)
+{
+    return number == kPenMoved || number == kPenDown;
+}
+
 // A pen that hovers reports the pressure 0, which is no pressure at all rather than a light one.
 void CProcess::NotePen(const QueuedMessage& message)
 {
-    if (message.number != kPenMoved)
-        return;
     const auto pointer = static_cast<std::uint32_t>(message.first & 0xFFFF);
     const std::optional<Platform::PenSample> pen = Platform::ReadPen(pointer);
     if (!pen)

@@ -13,7 +13,8 @@
 namespace Kesto {
 namespace {
 
-// Follows the mouse with the window's bottom right corner.
+// Follows the mouse with the window's bottom right corner. Broken off, it wants the size that the
+// window had.
 class CLiveResizer : public CTracker {
 public:
     CLiveResizer(CWindow& window, const CMouseEvent& press, bool isLive)
@@ -36,7 +37,13 @@ public:
         return true;
     }
 
-    const Point& Wanted() const { return fWanted; }
+    void Release(const CMouseEvent& event) override
+    {
+        fIsReleased = true;
+        CTracker::Release(event);
+    }
+
+    const Point& Wanted() const { return fIsReleased ? fWanted : fSize; }
 
 private:
     CWindow& fWindow;
@@ -44,6 +51,7 @@ private:
     Point fSize;
     Point fWanted;
     bool fIsLive;
+    bool fIsReleased = false;
 };
 
 Rect CornerOf(const Point& size)
@@ -100,7 +108,7 @@ void CSizeBox::PrimaryClick(const CMouseEvent& event)
     resizer.Run(*process);
     if (hold.IsOver() || windowHold.IsOver())
         return;
-    // A resizer that isn't live has only noted the size.
+    // A resizer that isn't live has only noted the size, and one that was broken off puts it back.
     window->SizeWindow(resizer.Wanted());
     CCommandMessage ends(this, kMessage_SizeBoxEnd);
     SendToParent(ends);

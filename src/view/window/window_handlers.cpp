@@ -16,6 +16,7 @@
 #include "view/window/window.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <exception>
 #include <memory>
@@ -276,9 +277,24 @@ std::intptr_t CWindow::OnButtonDown(const WindowMessage& message)
     return 0;
 }
 
+namespace {
+
+bool IsAnyButtonHeld()
+{
+    using Platform::Key;
+    constexpr std::array kButtons = {Key::kLeftButton, Key::kRightButton, Key::kMiddleButton,
+                                     Key::kBackwardButton, Key::kForwardButton};
+    return std::ranges::any_of(kButtons, [](Key button) {
+        return Platform::IsKeyDown(button, Platform::KeyMoment::kLastMessage);
+    });
+}
+
+} // namespace
+
+// The mouse stays here while another button is held.
 std::intptr_t CWindow::OnButtonUp(const WindowMessage& message)
 {
-    if (Platform::CapturingWindow() == fWindow)
+    if (!IsAnyButtonHeld() && Platform::CapturingWindow() == fWindow)
         Platform::ReleaseMouse();
     DispatchMouse(EventOf(message));
     return 0;

@@ -76,25 +76,26 @@ void CWindow::Hide()
     }
 }
 
+// It is noted first, or an owner whose handlers throw would stay disabled.
 void CWindow::DisableOwner()
 {
     if (HasWindowState(kWindow_OwnerProcessed))
         return;
-    if (fOwnerWindow != nullptr && Platform::IsSystemWindowEnabled(fOwnerWindow)) {
-        Platform::EnableSystemWindow(fOwnerWindow, false);
-        PutWindowState(kWindow_OwnerDisabled, true);
-    }
     PutWindowState(kWindow_OwnerProcessed, true);
+    if (fOwnerWindow != nullptr && Platform::IsSystemWindowEnabled(fOwnerWindow)) {
+        PutWindowState(kWindow_OwnerDisabled, true);
+        Platform::EnableSystemWindow(fOwnerWindow, false);
+    }
 }
 
 void CWindow::EnableOwner()
 {
     if (!HasWindowState(kWindow_OwnerProcessed))
         return;
-    PutWindowState(kWindow_OwnerProcessed, false);
-    if (HasWindowState(kWindow_OwnerDisabled) && !Platform::IsSystemWindowEnabled(fOwnerWindow))
+    const bool wasDisabled = HasWindowState(kWindow_OwnerDisabled);
+    PutWindowState(kWindow_OwnerProcessed | kWindow_OwnerDisabled, false);
+    if (wasDisabled && !Platform::IsSystemWindowEnabled(fOwnerWindow))
         Platform::EnableSystemWindow(fOwnerWindow, true);
-    PutWindowState(kWindow_OwnerDisabled, false);
 }
 
 bool CWindow::IsPopup() const

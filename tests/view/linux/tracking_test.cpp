@@ -1,6 +1,7 @@
 // What the pump does with the input of the mouse, the pen and the keyboard.
 #include "view/test_pump.h"
 #include "view/test_window.h"
+#include "view/window_parts.h"
 
 #include "foundation/base/service.h"
 #include "platform/input/keyboard.h"
@@ -161,6 +162,25 @@ TEST_F(Input, APenThatDoesNotPressAndOneThatPressesTooHard)
     Inject(kPenMoved, 1, 0, 4);
     process.PumpQuiet();
     EXPECT_EQ(process.Pressure(), -1.0F) << "a finger is no pen";
+}
+
+TEST_F(Input, APenIsReadInLoopsThatDoNotPassThePump)
+{
+    Kesto::CDocumentWindow paper(DocumentPlan());
+    paper.Start();
+    for (const std::uint32_t number : {kPenDown, kPenMoved}) {
+        SCOPED_TRACE(number);
+        Platform::InjectPen(3, {{0, 0, 1, number == kPenDown ? 250U : 750U}});
+        Platform::DispatchToWindow({paper.NativeHandle(), number, 3});
+        EXPECT_FLOAT_EQ(process.Pressure(), number == kPenDown ? 0.25F : 0.75F);
+    }
+    Kesto::CMouseHistory& history = Kesto::CMouseHistory::Get();
+    history.SetOn(true);
+    Platform::InjectInput({paper.NativeHandle(), kPenMoved, 3, 0, 2, 5, 5});
+    process.PumpQuiet();
+    EXPECT_TRUE(history.Take());
+    EXPECT_FALSE(history.Take()) << "it is read once";
+    history.SetOn(false);
 }
 
 struct Place : Kesto::CDesktopWindow, Platform::MessageReceiver {
