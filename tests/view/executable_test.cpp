@@ -27,7 +27,12 @@ protected:
             if (atStart)
                 atStart();
         }
-        void OnStop() override { test.log += "-" + name + ' '; }
+        void OnStop() override
+        {
+            test.log += "-" + name + ' ';
+            if (atStop)
+                atStop();
+        }
         void ChildStopped(CExecutable* child) override
         {
             test.log += static_cast<Node*>(child)->name + "! ";
@@ -49,6 +54,7 @@ protected:
         bool doneByStart = false;
         std::function<void()> atStart;
         std::function<void()> atPoll;
+        std::function<void()> atStop;
     };
 
     std::string TakeLog() { return std::exchange(log, {}); }
@@ -178,6 +184,11 @@ TEST_F(Executables, ARunGivesItsResultAndIsStoppedWhateverIsThrown)
     EXPECT_THROW(root.Run(), std::runtime_error);
     EXPECT_EQ(TakeLog(), "+root +second -second second! -root ");
     EXPECT_EQ(CExecutable::Current(), nullptr);
+    second.atPoll = [this] { root.SetDone(true); };
+    second.atStop = [] { throw std::logic_error("another hook's"); };
+    EXPECT_THROW(root.Run(), std::logic_error);
+    EXPECT_EQ(TakeLog(), "+root +second root? second? -second -root ");
+    EXPECT_FALSE(root.IsStarted() || second.IsStarted());
 }
 
 TEST_F(Executables, ARefusalClearsTheRequestUpToTheRoot)

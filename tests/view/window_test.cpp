@@ -269,6 +269,35 @@ TEST_F(WindowTest, AStartThatFailsGivesBackWhatItTook)
     FailEachStart<CMDIFrame>(owner, false);
 }
 
+// What a run throws is what is thrown, whatever the end of it throws besides.
+TEST_F(WindowTest, AStopThatFailsGivesBackWhatTheStartTook)
+{
+    struct Sulking : Field {
+        void DidLoseBullseye() override { throw CError("I was not asked"); }
+    };
+    Dialog owner;
+    owner.Start();
+    for (const bool aborts : {false, true}) {
+        SCOPED_TRACE(aborts);
+        CDialog dialog(PlanOf(&owner));
+        dialog.SetModal(true);
+        dialog.AppendChild(std::make_unique<Sulking>());
+        process.PostCall(-1, [&] {
+            if (aborts)
+                throw CAbort(true);
+            dialog.EndRun(0);
+        });
+        if (aborts)
+            EXPECT_THROW(dialog.Run(), CAbort);
+        else
+            EXPECT_THROW(dialog.Run(), CError);
+        EXPECT_EQ(dialog.NativeHandle(), nullptr);
+        EXPECT_FALSE(dialog.IsStarted());
+        EXPECT_EQ(Desktop().ModalCount(), 0U);
+        EXPECT_TRUE(Platform::IsSystemWindowEnabled(owner.NativeHandle()));
+    }
+}
+
 // The size in units stays; the pixels, the views' scale and their places follow.
 TEST_F(WindowTest, FollowsAChangeOfScaleWhileOpen)
 {

@@ -1,5 +1,6 @@
 #include "view/process/executable.h"
 
+#include "foundation/errors/first_failure.h"
 #include "view/messages/messenger_watch.h"
 #include "view/process/process.h"
 
@@ -214,22 +215,24 @@ void CExecutable::VisitChildrenBackward(Visit visit)
 void CExecutable::Stop()
 {
     const CMessengerWatch watch(this);
+    CFirstFailure failure;
     const auto has = [&](const CExecutable* child) { return !watch.IsGone() && HasChild(child); };
     if (HasRunFlag(kStarted))
         VisitChildrenBackward([&](CExecutable* child) {
             const bool deletes = child->IsAutoDelete();
             if (child->IsStarted()) {
-                child->Stop();
+                failure.Try([child] { child->Stop(); });
                 if (has(child))
-                    ChildStopped(child);
+                    failure.Try([&] { ChildStopped(child); });
             }
             if (deletes && has(child))
                 delete child;
         });
     if (!watch.IsGone())
-        OnStop();
+        failure.Try([this] { OnStop(); });
     if (!watch.IsGone())
         SetRunFlag(kStarted | kDone, false);
+    failure.Throw();
 }
 
 void CExecutable::SetStarted(bool on)
@@ -355,8 +358,9 @@ std::int32_t CExecutable::Run()
                 AfterRun();
         }
     } catch (...) {
+        CFirstFailure others; // which are not told
         if (!watch.IsGone())
-            Stop();
+            others.Try([this] { Stop(); });
         throw;
     }
     if (!watch.IsGone())

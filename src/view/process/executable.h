@@ -56,7 +56,7 @@ public:
     virtual void Start();
 
     // Stops the children that run, the last one first, and deletes those that are marked for it;
-    // then this.
+    // then this. Whatever is thrown on the way, all are stopped; the first of it is thrown then.
     virtual void Stop();
 
     virtual void SetStarted(bool on);

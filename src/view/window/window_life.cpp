@@ -1,5 +1,6 @@
 // The window's life: made, prepared, opened, closed.
 #include "foundation/base/service.h"
+#include "foundation/errors/first_failure.h"
 #include "foundation/errors/system_checks.h"
 #include "platform/system/errors.h"
 #include "platform/windows/window_place.h"
@@ -113,8 +114,9 @@ void CWindow::OnStart()
         if (!hold.IsOver() && IsStarted() && !HasFeature(kWin_OpenHidden))
             Open();
     } catch (...) {
+        CFirstFailure others; // which are not told
         if (!hold.IsOver())
-            DisposeSystemWindow();
+            others.Try([this] { DisposeSystemWindow(); });
         throw;
     }
 }
@@ -237,19 +239,22 @@ void CWindow::FocusFirstStop()
         BecomeBullseyeIfPossible(false);
 }
 
+// Whatever the views' hooks throw, the native window goes, and what it has taken is given back.
 void CWindow::DisposeSystemWindow()
 {
     if (fWindow == nullptr)
         return;
     const CViewHold hold(*this);
-    Hide();
-    if (hold.IsOver())
-        return;
-    LeavePath();
-    fSizeBox = nullptr;
-    DisposeContents();
-    ForgetSystemWindow();
-    fWasOpened = false;
+    CFirstFailure failure;
+    failure.Try([this] { Hide(); });
+    if (!hold.IsOver()) {
+        failure.Try([this] { LeavePath(); });
+        fSizeBox = nullptr;
+        failure.Try([this] { DisposeContents(); });
+        ForgetSystemWindow();
+        fWasOpened = false;
+    }
+    failure.Throw();
 }
 
 // What is left to do when the native window is closed, by whoever closes it.

@@ -117,7 +117,7 @@ TEST_F(OnDisplay, WhoHeedsNoHintHarmsNoWindow)
     process.PumpUntil([&] { return owner.IsDone(); });
 }
 
-TEST_F(OnDisplay, TheWindowManagerIsToldHowFarAWindowCanBeSized)
+TEST_F(OnDisplay, TheWindowManagerIsToldWhatAWindowCanDo)
 {
     CWindowPlan plan = Plan("Sizeable");
     plan.features |= kWin_CanSize;
@@ -128,6 +128,14 @@ TEST_F(OnDisplay, TheWindowManagerIsToldHowFarAWindowCanBeSized)
     const std::string words = Ask("xprop -name Sizeable WM_NORMAL_HINTS");
     EXPECT_THAT(words, testing::HasSubstr("minimum size: 150 by 80"));
     EXPECT_THAT(words, testing::HasSubstr("maximum size: 400 by 300"));
+    const auto functions = [] { return Ask("xprop -name Sizeable _MOTIF_WM_HINTS"); };
+    EXPECT_THAT(functions(), testing::HasSubstr("= 0x1, 0x26,")) << "sized, moved, closed";
+    window.SetFeatures(kWin_CanMinimize);
+    process.PumpQuiet();
+    EXPECT_THAT(functions(), testing::HasSubstr("= 0x1, 0x8,"));
+    Platform::PostToQueue(window.NativeHandle(), Platform::kDisplayClose);
+    process.PumpQuiet();
+    EXPECT_FALSE(window.IsDone()) << "it can't close";
 }
 
 // The last test: the program connects once.

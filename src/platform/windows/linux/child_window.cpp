@@ -2,6 +2,7 @@
 
 #include "platform/input/linux/queue.h"
 #include "platform/input/message_numbers.h"
+#include "platform/input/stopped_exception.h"
 #include "platform/windows/focus.h"
 #include "platform/windows/linux/activation.h"
 #include "platform/windows/window_paint.h"
@@ -60,6 +61,7 @@ void ChildWindow::ShowChild(bool shown)
     if (fParent->IsVisible())
         fParent->Invalidate(fContent);
     LeaveWindow(*this);
+    ThrowStopped();
 }
 
 void ChildWindow::EnableChild(bool enabled)
@@ -71,6 +73,7 @@ void ChildWindow::EnableChild(bool enabled)
         LeaveWindow(*this);
     if (IsVisible())
         InvalidateAll();
+    ThrowStopped();
 }
 
 bool ChildWindow::HasKeyboard()

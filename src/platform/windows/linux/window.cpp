@@ -93,7 +93,8 @@ std::intptr_t LinuxWindow::Receive(std::uint32_t number, std::uintptr_t first, s
 }
 
 // The display has moved it, has given it the keyboard or taken that away, has changed its extent,
-// or asks it to close. A disabled window hands the keyboard to its modal child, and doesn't close.
+// or asks it to close, which only one does that can. A disabled window hands the keyboard to its
+// modal child.
 void LinuxWindow::Follow(std::uint32_t number, std::uintptr_t first)
 {
     if (number == kDisplayMoved) {
@@ -109,7 +110,8 @@ void LinuxWindow::Follow(std::uint32_t number, std::uintptr_t first)
         if (extent == Extent::kMinimized && before != extent)
             Send(kSize, kSizedMinimized);
     } else if (number == kDisplayClose && fEnabled) {
-        Send(kClose);
+        if ((fFeatures & WindowFeature::kCanClose) != 0)
+            Send(kClose);
     } else if (number == kDisplayFocus && first == 0) {
         if (!Display::Get().IsForeground())
             MakeActive(nullptr, false);

@@ -1,5 +1,6 @@
 #include "platform/windows/focus.h"
 
+#include "platform/input/stopped_exception.h"
 #include "platform/system/win32/handles.h"
 
 #include <windows.h>
@@ -14,6 +15,7 @@ NativeWindow FocusedWindow()
 void FocusWindow(NativeWindow window)
 {
     SetFocus(Handle(window));
+    ThrowStopped();
 }
 
 NativeWindow FrontmostWindow()

@@ -129,12 +129,22 @@ std::intptr_t DefaultAnswer(const WindowMessage& message)
         ShowCuesOf(window);
     if (record == nullptr || IsKeptFromSystem(message.number, message.first))
         return 0;
+    const bool canMove = (record->features & WindowFeature::kCanMove) != 0;
     switch (message.number) {
     case WM_SETCURSOR:
         if (LOWORD(message.second) != HTCLIENT)
             break;
         SetCursor(record->cursor.GetRecord().Handle());
         return TRUE;
+    case WM_NCHITTEST: {
+        const LRESULT hit =
+            AnswerOfSystem(window, record, message.number, message.first, message.second);
+        return hit == HTCAPTION && !canMove ? HTBORDER : hit;
+    }
+    case WM_SYSCOMMAND:
+        if ((message.first & 0xFFF0) == SC_MOVE && !canMove)
+            return 0;
+        break;
     case WM_MOUSEACTIVATE:
         if (NeverActivates(record->kind))
             return MA_NOACTIVATE;

@@ -25,6 +25,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(Atom::kCount)> k
     "_NET_WM_STATE_MAXIMIZED_VERT",
     "_NET_WM_STATE_HIDDEN",
     "_NET_FRAME_EXTENTS",
+    "_MOTIF_WM_HINTS",
     "WM_CHANGE_STATE",
     "CLIPBOARD",
     "TARGETS",

@@ -25,6 +25,7 @@ enum class Atom : std::size_t {
     kStateMaximizedY,
     kStateHidden,
     kFrameExtents,
+    kFrameHints,
     kChangeState,
     kClipboard,
     kTargets,

@@ -151,6 +151,25 @@ void XcbDisplay::DescribeLimits(LinuxWindow& window)
                         hints.data());
 }
 
+// What the frame offers: a word that says which of four others count, then one with a bit for each
+// function.
+void XcbDisplay::DescribeFrame(const LinuxWindow& window)
+{
+    constexpr std::uint32_t kFunctionsCount = 1U << 0;
+    constexpr std::pair<std::uint32_t, std::uint32_t> kFunctions[] = {
+        {WindowFeature::kCanSize, 1U << 1},
+        {WindowFeature::kCanMove, 1U << 2},
+        {WindowFeature::kCanMinimize, 1U << 3},
+        {WindowFeature::kCanMaximize, 1U << 4},
+        {WindowFeature::kCanClose, 1U << 5}};
+    std::array<std::uint32_t, 5> hints{kFunctionsCount};
+    for (const auto& [feature, function] : kFunctions)
+        hints[1] |= (window.fFeatures & feature) != 0 ? function : 0;
+    const xcb_atom_t name = fAtoms[Atom::kFrameHints];
+    xcb_change_property(fConnection, XCB_PROP_MODE_REPLACE, window.fServerID, name, name, 32,
+                        hints.size(), hints.data());
+}
+
 void XcbDisplay::SetAtoms(std::uint32_t number, xcb_atom_t property,
                           std::span<const xcb_atom_t> values)
 {
@@ -184,6 +203,7 @@ void XcbDisplay::Show(LinuxWindow& window)
         return;
     }
     DescribeLimits(window);
+    DescribeFrame(window);
     const xcb_atom_t modal[] = {fAtoms[Atom::kStateModal]};
     SetAtoms(number, fAtoms[Atom::kState],
              std::span<const xcb_atom_t>(modal, IsModal(window) ? 1 : 0));
@@ -201,6 +221,7 @@ void XcbDisplay::Place(LinuxWindow& window)
 {
     const PixelRect local = window.Local();
     DescribeLimits(window);
+    DescribeFrame(window);
     const std::uint32_t values[] = {static_cast<std::uint32_t>(window.fContent.left),
                                     static_cast<std::uint32_t>(window.fContent.top),
                                     Side(local.right), Side(local.bottom)};
