@@ -46,6 +46,8 @@ public:
             *result = RunExportTask();
     }
 
+    Kesto::CText GetProductName() override { return "Contact Sheet"; }
+
     void GetSettingsLocation(Kesto::CText& keyPath, Kesto::CText& fileName) override
     {
         keyPath = "Software^LSidecar Examples^LContact Sheet";

@@ -4,6 +4,7 @@
 #include "driver/basic_suite.h"
 
 #include <cmath>
+#include <cstdlib>
 
 #include <CLI/CLI.hpp>
 
@@ -42,6 +43,9 @@ void AddDialogOptions(CLI::App& subcommand, DialogOptions& options)
         ->group(kGroup);
     subcommand.add_option("--scale", options.scale, "How large dialogs are [1]")
         ->type_name("N")
+        ->check([](const std::string& text) { // a range lets pass what is no number
+            return std::isnan(std::strtod(text.c_str(), nullptr)) ? text + " is no number" : "";
+        })
         ->check(CLI::Range(0.5, 8.0))
         ->group(kGroup);
     subcommand

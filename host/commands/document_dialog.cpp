@@ -46,6 +46,9 @@ int RunWithUser(const DialogOptions& options, const std::function<int(DialogUser
 
 bool IsSilent(const ServedSettings::Pairs& settings, const DialogUser* user)
 {
+    if (!settings.empty() && user != nullptr)
+        throw Failure("with --set no dialog is shown that a robot could use",
+                      "Leave out --set, or --play, --describe and --photograph.");
     return !settings.empty() || (user == nullptr && !IsPersonThere());
 }
 

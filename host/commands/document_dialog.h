@@ -13,7 +13,8 @@ namespace Host {
 // status, or that for a script that can't be read.
 int RunWithUser(const DialogOptions& options, const std::function<int(DialogUser*)>& run);
 
-// Whether the module isn't to ask: the settings are given, or nobody is there.
+// Whether the module isn't to ask: the settings are given, or nobody is there. Throws Failure for a
+// robot that would have nothing to do.
 bool IsSilent(const ServedSettings::Pairs& settings, const DialogUser* user);
 
 // Calls `ask`. Returns the exit status where that is the end; throws Failure for a dialog that was

@@ -10,8 +10,6 @@ namespace Host {
 namespace {
 
 constexpr int kMostTurns = 1'000'000; // without windows
-constexpr uint32_t kKeyUp = 0x101;    // of the system's messages
-constexpr uint32_t kReturn = 13;
 
 HostInputEvent EventOf(uint32_t message, uint64_t first = 0, int64_t second = 0)
 {
@@ -63,9 +61,7 @@ DialogUser::DialogUser(Script script, const std::string& messages)
     : fPlayer(std::move(script), fStage),
       fTurn([this](HostInputEvent& event) { return TakeTurn(event); })
 {
-    // Without a display scripts take no time. The key that closed the dialog before this one was
-    // never seen to go up.
-    fOpening = {EventOf(kHostRequestOwnTime), EventOf(kKeyUp, kReturn)};
+    fOpening = {EventOf(kHostRequestOwnTime)}; // without a display scripts take none
     if (!messages.empty()) {
         fMessages.emplace(messages);
         fOpening.push_back(

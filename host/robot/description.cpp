@@ -64,8 +64,8 @@ const ordered_json* FindValue(const ordered_json& view, const std::string& key)
 
 bool IsValue(const ordered_json& found, const std::string& wanted)
 {
-    if (found.is_string())
-        return found.get_ref<const std::string&>() == wanted;
+    if (found.is_string() && found.get_ref<const std::string&>() == wanted)
+        return true;
     const ordered_json value = ordered_json::parse(wanted, nullptr, false);
     return !value.is_discarded() && value == found;
 }

@@ -31,8 +31,8 @@ ViewRect GlobalBounds(const nlohmann::ordered_json& view);
 // none.
 const nlohmann::ordered_json* FindValue(const nlohmann::ordered_json& view, const std::string& key);
 
-// Whether a value is the one that a script wants: texts as they are, others as JSON, numbers by
-// their amount.
+// Whether a value is the one that a script wants: texts as they are, or in quotes as JSON has them,
+// others as JSON, numbers by their amount.
 bool IsValue(const nlohmann::ordered_json& found, const std::string& wanted);
 
 // A value for people.

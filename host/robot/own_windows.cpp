@@ -64,13 +64,14 @@ private:
 
 } // namespace
 
-ordered_json DescribeWindow(const Kesto::CContext& window, const ClassNamer& classNamer,
+ordered_json DescribeWindow(const Kesto::CWindow& window, const ClassNamer& classNamer,
                             std::string_view product)
 {
     CJsonRecord record(classNamer);
-    Kesto::DescribeView(window, record);
-    ordered_json description{{"filter", product}, {"bounds", ToJson(window.GetGlobalRect())}};
-    description.update(record.Take());
+    Kesto::DescribeWindow(window, product, record);
+    ordered_json description = record.Take();
+    if (window.NativeHandle() == nullptr) // it has no frame
+        description["bounds"] = ToJson(window.GetGlobalRect());
     return description;
 }
 

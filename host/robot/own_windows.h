@@ -9,8 +9,8 @@
 #include <string_view>
 
 namespace Kesto {
-class CContext;
 class CView;
+class CWindow;
 } // namespace Kesto
 
 namespace Host {
@@ -20,7 +20,7 @@ using ClassNamer = std::function<std::string_view(const Kesto::CView& view)>;
 
 // A window and its views as one object, with ids and names of classes. `product` is what the window
 // says that it belongs to.
-nlohmann::ordered_json DescribeWindow(const Kesto::CContext& window, const ClassNamer& classNamer,
+nlohmann::ordered_json DescribeWindow(const Kesto::CWindow& window, const ClassNamer& classNamer,
                                       std::string_view product);
 
 class OwnWindows final : public Stage {

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <fstream>
 #include <iostream>
+#include <limits>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -48,6 +50,14 @@ std::int64_t Packed(std::int32_t x, std::int32_t y)
     return static_cast<std::int64_t>(high | low);
 }
 
+// Events have 16 bits for each side; what lies beyond is as far away as they reach.
+std::int32_t PixelOf(double side)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    return static_cast<std::int32_t>(
+        std::clamp(std::floor(side), double{Limits::min()}, double{Limits::max()}));
+}
+
 bool NeedsWindow(Verb verb)
 {
     constexpr Verb kOthers[] = {Verb::kWait, Verb::kTheme, Verb::kExpectWindow, Verb::kHold,
@@ -70,12 +80,27 @@ struct Player::Records {
         static_cast<Records*>(context)->picture.emplace(width, height, pixels, rowBytes);
     }
 
+    static void AddMonitor(void* context, const HostMonitor* monitor)
+    {
+        static_cast<Records*>(context)->monitors.push_back(
+            {monitor->left, monitor->top, monitor->right, monitor->bottom});
+    }
+    static void TakeCursor(void* context, const char* shape)
+    {
+        static_cast<Records*>(context)->cursor = shape;
+    }
+
     HostWindowList list{this, AddWindow};
     HostPhotograph photograph{this, Take};
+    HostCursor cursorPlace{this, TakeCursor};
+    HostMonitors monitorPlace{this, AddMonitor, nullptr, 0};
+    std::vector<HostMonitor> wantedMonitors;
     HostUnits units{};
     std::string text;
     std::vector<OpenWindow> windows; // front to back
     std::optional<BitmapCopy> picture;
+    std::vector<ScriptRect> monitors;
+    std::string cursor;
 };
 
 Player::Player(Script script, Stage& stage)
@@ -108,8 +133,8 @@ void Player::Proceed()
 {
     switch (fStep) {
     case Step::kLook:
-        if (fRecords->picture)
-            WriteShot();
+        if (const auto take = std::exchange(fTakeAnswer, nullptr))
+            take();
         fRecords->windows.clear();
         PutRecord(kHostRequestWindows, fRecords->list);
         fStep = Step::kAct;
@@ -148,7 +173,8 @@ void Player::Fail(PlayOutcome::Status status, const std::string& words)
     fStep = Step::kLook;
     if (fOutcome.status != PlayOutcome::kPlayed)
         return;
-    fOutcome = {status, fScript.name + ':' + std::to_string(fLine) + ": " + words};
+    const std::string line = fLine > 0 ? ':' + std::to_string(fLine) : "";
+    fOutcome = {status, (fScript.name.empty() ? "" : fScript.name + line + ": ") + words};
 }
 
 // --------------------------------------------------------------------------------------- Actions
@@ -157,7 +183,9 @@ void Player::Act(const Action& action)
 {
     fLine = action.line;
     if (NeedsWindow(action.verb) && fRecords->windows.empty())
-        throw Stop{PlayOutcome::kTrouble, "no window is open that this line could be about"};
+        throw Stop{PlayOutcome::kTrouble, fLine > 0
+                                              ? "no window is open that this line could be about"
+                                              : "no window is open"};
     switch (action.verb) {
     case Verb::kClick:
         Click(action);
@@ -209,6 +237,13 @@ void Player::ActOnWindow(const Action& action)
         PutRecord(action.verb == Verb::kScale ? kHostRequestScale : kHostRequestSize,
                   fRecords->units);
         break;
+    case Verb::kPlace:
+        fRecords->units = {action.numbers.x, action.numbers.y};
+        PutRecord(kHostRequestPlace, fRecords->units);
+        break;
+    case Verb::kMonitors:
+        UseMonitors(action);
+        break;
     case Verb::kTheme:
         Put(kHostRequestTheme, nullptr, static_cast<std::uint64_t>(action.numbers.x));
         break;
@@ -219,7 +254,8 @@ void Player::ActOnWindow(const Action& action)
         Wait(action.numbers.x);
         break;
     case Verb::kShot:
-        fShot = action.text;
+        fRecords->picture.reset();
+        fTakeAnswer = [this, path = action.text] { WriteShot(path); };
         PutRecord(kHostRequestPhotograph, fRecords->photograph);
         break;
     case Verb::kDescribe:
@@ -230,6 +266,11 @@ void Player::ActOnWindow(const Action& action)
         break;
     case Verb::kExpectWindow:
         ExpectWindow(action.text);
+        break;
+    case Verb::kExpectCursor:
+        fRecords->cursor.clear();
+        fTakeAnswer = [this, wanted = action.text] { CompareCursor(wanted); };
+        PutRecord(kHostRequestCursor, fRecords->cursorPlace);
         break;
     default:
         break;
@@ -308,10 +349,44 @@ void Player::WriteDescription(const std::string& path)
         throw std::runtime_error(path + ": the file can't be written");
 }
 
-void Player::WriteShot()
+void Player::WriteShot(const std::string& path)
 {
-    const BitmapCopy picture = *std::exchange(fRecords->picture, std::nullopt);
-    WriteBitmap(std::filesystem::path(std::u8string(fShot.begin(), fShot.end())), picture);
+    if (!fRecords->picture)
+        throw std::runtime_error(path + ": the window gave no picture");
+    WriteBitmap(std::filesystem::path(std::u8string(path.begin(), path.end())),
+                *std::exchange(fRecords->picture, std::nullopt));
+}
+
+void Player::UseMonitors(const Action& action)
+{
+    Records& records = *fRecords;
+    records.monitors.clear();
+    records.wantedMonitors.clear();
+    for (const auto& [left, top, right, bottom] : action.monitors)
+        records.wantedMonitors.push_back({left, top, right, bottom});
+    records.monitorPlace.monitors = records.wantedMonitors.data();
+    records.monitorPlace.count = static_cast<std::int64_t>(records.wantedMonitors.size());
+    fTakeAnswer = [this, wanted = action.monitors] { CompareMonitors(wanted); };
+    PutRecord(kHostRequestMonitors, records.monitorPlace);
+}
+
+void Player::CompareMonitors(const std::vector<ScriptRect>& wanted)
+{
+    if (fRecords->monitors == wanted)
+        return;
+    std::ostringstream words;
+    for (const auto& [left, top, right, bottom] : fRecords->monitors)
+        words << ' ' << right - left << 'x' << bottom - top << std::showpos << left << top
+              << std::noshowpos;
+    throw Stop{PlayOutcome::kTrouble, "monitors: the display has" + words.str()};
+}
+
+void Player::CompareCursor(const std::string& wanted)
+{
+    if (fRecords->cursor != wanted)
+        throw Stop{PlayOutcome::kNotAsExpected,
+                   "expect-cursor: wanted " + wanted + ", found " +
+                       (fRecords->cursor.empty() ? "none with a name" : fRecords->cursor)};
 }
 
 void Player::Expect(const Action& action)
@@ -321,9 +396,11 @@ void Player::Expect(const Action& action)
         spot.view != nullptr ? FindValue(*spot.view, action.property) : nullptr;
     if (found != nullptr && IsValue(*found, action.text))
         return;
-    throw Stop{PlayOutcome::kNotAsExpected,
-               "expect " + action.view.text + ' ' + action.property + ": wanted " + action.text +
-                   ", found " + (found != nullptr ? WordsOf(*found) : "nothing under this key")};
+    throw Stop{PlayOutcome::kNotAsExpected, "expect " + action.view.text + ' ' + action.property +
+                                                ": wanted " + action.text + ", found " +
+                                                (found != nullptr       ? WordsOf(*found)
+                                                 : spot.view != nullptr ? "nothing under this key"
+                                                                        : "no view there")};
 }
 
 void Player::ExpectWindow(const std::string& wanted)
@@ -359,8 +436,8 @@ Player::Spot Player::Find(const ViewName& name)
         OpenWindow& front = fRecords->windows.front();
         const ordered_json& root = DescriptionOf(front);
         const ViewRect content = GlobalBounds(root);
-        const auto x = static_cast<std::int32_t>(std::floor(name.point->x * front.scale));
-        const auto y = static_cast<std::int32_t>(std::floor(name.point->y * front.scale));
+        const std::int32_t x = PixelOf(name.point->x * front.scale);
+        const std::int32_t y = PixelOf(name.point->y * front.scale);
         return {front.handle, FindViewAt(root, content.left + x, content.top + y), x, y};
     }
     for (OpenWindow& window : fRecords->windows) {

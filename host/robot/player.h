@@ -13,6 +13,7 @@
 #include <nlohmann/json.hpp>
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -71,7 +72,10 @@ private:
     void Wait(double seconds);
     void Focus(const Action& action);
     void WriteDescription(const std::string& path);
-    void WriteShot();
+    void WriteShot(const std::string& path);
+    void UseMonitors(const Action& action);
+    void CompareMonitors(const std::vector<ScriptRect>& wanted);
+    void CompareCursor(const std::string& wanted);
     void Expect(const Action& action);
     void ExpectWindow(const std::string& wanted);
 
@@ -95,8 +99,8 @@ private:
     Spot fSpot;           // where the mouse is
     bool fIsHeld = false; // the left button, by `press`
     bool fWasPressed = false;
-    double fSincePress = 0; // seconds that were waited since
-    std::string fShot;      // the file of the photograph that was asked for
+    double fSincePress = 0;            // seconds that were waited since
+    std::function<void()> fTakeAnswer; // looks at what the last action asked of the windows
     int fDismissed = 0;
     PlayOutcome fOutcome;
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -35,6 +36,17 @@ std::optional<ScriptPoint> PointOf(std::string_view word)
     const std::optional<double> x = DecimalOf(word.substr(0, comma));
     const std::optional<double> y = DecimalOf(word.substr(comma + 1));
     return x && y ? std::optional(ScriptPoint{*x, *y}) : std::nullopt;
+}
+
+// Behind the closing quote of a text that begins with one; 0 where there is none.
+std::size_t EndOfQuoted(std::string_view text)
+{
+    for (std::size_t at = 1; text.starts_with('"') && at < text.size(); ++at) {
+        if (text[at] == '"')
+            return at + 1;
+        at += text[at] == '\\' ? 1 : 0;
+    }
+    return 0;
 }
 
 // The words of a line, from the left.
@@ -74,11 +86,11 @@ public:
     // What is left, without one blank before it: blanks are part of a text.
     std::string Text() { return std::string(fLine.substr(std::exchange(fAt, fLine.size()))); }
 
-    // The same, but a comment ends it, with the blanks before.
+    // The same, but a comment ends it, with the blanks before. In a text in quotes none begins.
     std::string TextBeforeComment()
     {
         std::string_view rest = fLine.substr(std::exchange(fAt, fLine.size()));
-        for (std::size_t at = 0; at < rest.size(); ++at)
+        for (std::size_t at = EndOfQuoted(rest); at < rest.size(); ++at)
             if (rest[at] == '#' && (at == 0 || IsBlank(rest[at - 1])))
                 rest = rest.substr(0, at);
         while (!rest.empty() && IsBlank(rest.back()))
@@ -233,6 +245,41 @@ void ReadSize(LineReader& line, Action& action)
     action.numbers.y = NumberFrom(line, 0, kLargest, "a height in units");
 }
 
+void ReadPlace(LineReader& line, Action& action)
+{
+    constexpr double kFarthest = 30000;
+    action.numbers.x = NumberFrom(line, -kFarthest, kFarthest, "a left side in pixels");
+    action.numbers.y = NumberFrom(line, -kFarthest, kFarthest, "a top in pixels");
+}
+
+// "800x600+0-20".
+std::optional<ScriptRect> MonitorOf(std::string_view word)
+{
+    ScriptRect rect;
+    int width = 0;
+    int height = 0;
+    char rest = 0;
+    const int count = std::sscanf(std::string(word).c_str(), "%5dx%5d%6d%6d%c", &width, &height,
+                                  &rect.left, &rect.top, &rest);
+    if (count != 4 || width <= 0 || height <= 0)
+        return std::nullopt;
+    rect.right = rect.left + width;
+    rect.bottom = rect.top + height;
+    return rect;
+}
+
+void ReadMonitors(LineReader& line, Action& action)
+{
+    const std::string what = "a monitor as WIDTHxHEIGHT+LEFT+TOP";
+    do {
+        const std::string_view word = line.Word(what);
+        const std::optional<ScriptRect> monitor = MonitorOf(word);
+        if (!monitor)
+            line.RefuseWord(word, what);
+        action.monitors.push_back(*monitor);
+    } while (!line.IsAtEnd());
+}
+
 void ReadScale(LineReader& line, Action& action)
 {
     action.numbers.x = NumberFrom(line, 0.25, 8, "a scale");
@@ -274,6 +321,11 @@ void ReadExpectWindow(LineReader& line, Action& action)
         action.text.pop_back();
 }
 
+void ReadShape(LineReader& line, Action& action)
+{
+    action.text = line.Word("a cursor's shape");
+}
+
 struct VerbRow {
     std::string_view name;
     Verb verb;
@@ -281,16 +333,29 @@ struct VerbRow {
 };
 
 constexpr VerbRow kVerbs[] = {
-    {"click", Verb::kClick, ReadClick},    {"press", Verb::kPress, ReadView},
-    {"move", Verb::kMove, ReadView},       {"release", Verb::kRelease, ReadNothing},
-    {"wheel", Verb::kWheel, ReadWheel},    {"type", Verb::kType, ReadText},
-    {"paste", Verb::kPaste, ReadText},     {"key", Verb::kKey, ReadKey},
-    {"hold", Verb::kHold, ReadModifier},   {"let-go", Verb::kLetGo, ReadModifier},
-    {"focus", Verb::kFocus, ReadView},     {"resize", Verb::kResize, ReadSize},
-    {"scale", Verb::kScale, ReadScale},    {"theme", Verb::kTheme, ReadTheme},
-    {"close", Verb::kClose, ReadNothing},  {"wait", Verb::kWait, ReadSeconds},
-    {"shot", Verb::kShot, ReadFile},       {"describe", Verb::kDescribe, ReadFile},
-    {"expect", Verb::kExpect, ReadExpect}, {"expect-window", Verb::kExpectWindow, ReadExpectWindow},
+    {"click", Verb::kClick, ReadClick},
+    {"press", Verb::kPress, ReadView},
+    {"move", Verb::kMove, ReadView},
+    {"release", Verb::kRelease, ReadNothing},
+    {"wheel", Verb::kWheel, ReadWheel},
+    {"type", Verb::kType, ReadText},
+    {"paste", Verb::kPaste, ReadText},
+    {"key", Verb::kKey, ReadKey},
+    {"hold", Verb::kHold, ReadModifier},
+    {"let-go", Verb::kLetGo, ReadModifier},
+    {"focus", Verb::kFocus, ReadView},
+    {"resize", Verb::kResize, ReadSize},
+    {"scale", Verb::kScale, ReadScale},
+    {"theme", Verb::kTheme, ReadTheme},
+    {"close", Verb::kClose, ReadNothing},
+    {"wait", Verb::kWait, ReadSeconds},
+    {"shot", Verb::kShot, ReadFile},
+    {"describe", Verb::kDescribe, ReadFile},
+    {"expect", Verb::kExpect, ReadExpect},
+    {"expect-window", Verb::kExpectWindow, ReadExpectWindow},
+    {"place", Verb::kPlace, ReadPlace},
+    {"monitors", Verb::kMonitors, ReadMonitors},
+    {"expect-cursor", Verb::kExpectCursor, ReadShape},
 };
 
 std::string VerbNames()
@@ -321,6 +386,9 @@ Action ReadAction(LineReader& line, int number)
 
 Script ReadScript(std::string_view text, const std::string& name)
 {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
     Script script{name, {}};
     for (int number = 1; !text.empty(); ++number) {
         std::string_view line = text.substr(0, text.find('\n'));
@@ -342,8 +410,11 @@ Script LoadScript(const std::string& file)
         return ReadScript(text.str(), "(standard input)");
     }
     std::ifstream in(file, std::ios::binary);
-    if (!in || !(text << in.rdbuf()))
-        throw ScriptError(file + ": the script can't be read, or is empty");
+    in.peek();
+    if (!in.is_open() || in.bad())
+        throw ScriptError(file + ": the script can't be read");
+    if (!in.eof())
+        text << in.rdbuf();
     return ReadScript(text.str(), file);
 }
 

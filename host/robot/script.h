@@ -8,10 +8,13 @@
 //   hold shift|control|alt · let-go shift|control|alt
 //   focus VIEW
 //   resize W H · scale N · theme N · close
+//   place LEFT TOP              of the content, in pixels of the desktop
+//   monitors WxH+LEFT+TOP ...   the desktop's, the primary one first
 //   wait SECONDS
 //   shot FILE.png · describe FILE.json
-//   expect VIEW KEY VALUE       the value is the rest of the line
+//   expect VIEW KEY VALUE       the value is the rest of the line; in quotes it is a JSON text
 //   expect-window open|closed|TITLE
+//   expect-cursor SHAPE
 //
 // VIEW is an id, or X,Y in units of the window. A word that begins with # begins a comment, but not
 // in the rest of a line that is typed, pasted or a title.
@@ -43,11 +46,14 @@ enum class Verb {
     kScale,
     kTheme,
     kClose,
+    kPlace,
+    kMonitors,
     kWait,
     kShot,
     kDescribe,
     kExpect,
     kExpectWindow,
+    kExpectCursor,
 };
 
 struct ScriptPoint {
@@ -61,18 +67,29 @@ struct ViewName {
     std::optional<ScriptPoint> point;
 };
 
+// Of a monitor, in pixels of the desktop.
+struct ScriptRect {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;
+    std::int32_t bottom = 0;
+
+    friend bool operator==(const ScriptRect&, const ScriptRect&) = default;
+};
+
 enum class MouseButton { kLeft, kRight, kMiddle };
 
 // Fields that a verb doesn't need stay as they are.
 struct Action {
     Verb verb = Verb::kWait;
-    int line = 0;
+    int line = 0; // 0: of no script, but asked for besides
     ViewName view;
     MouseButton button = MouseButton::kLeft;
     int count = 1;                        // of clicks
     std::uint32_t key = 0;                // its number
     std::vector<std::uint32_t> modifiers; // the numbers of keys that are held
     ScriptPoint numbers;                  // two numbers, or one as x
+    std::vector<ScriptRect> monitors;     // the primary one first
     std::string property;                 // which key of a description is expected
     std::string text; // the rest of the line, or a file's name; of kDescribe - for the output
 };

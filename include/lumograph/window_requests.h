@@ -21,15 +21,18 @@ enum {
     kHostRequestWindows = 0x10000, /* HostWindowList: tells which windows are open */
     kHostRequestPhotograph,        /* HostPhotograph: hands over what the window shows */
     kHostRequestMessages,          /* HostMessageLog, which lives until another is set; 0 ends it */
-    kHostRequestFocus,   /* const char*: the view of this id gets the focus as by the Tab key */
-    kHostRequestType,    /* const char*: a key event for each of its characters */
-    kHostRequestPaste,   /* const char*: this text goes to the clipboard and is pasted */
-    kHostRequestSize,    /* HostUnits: the size of the content */
-    kHostRequestScale,   /* HostUnits: `x` is pixels of a unit, for all windows from now on */
-    kHostRequestTheme,   /* `first` is the theme, 0 to 3, for all windows from now on */
-    kHostRequestWait,    /* `first` is milliseconds of the windows' clock until the next turn */
-    kHostRequestOwnTime, /* without a display, waits take no time from now on */
-    kHostRequestDismiss  /* the window ends as if cancelled: nobody in it is asked */
+    kHostRequestFocus,    /* const char*: the view of this id gets the focus as by the Tab key */
+    kHostRequestType,     /* const char*: a key event for each of its characters */
+    kHostRequestPaste,    /* const char*: this text goes to the clipboard and is pasted */
+    kHostRequestSize,     /* HostUnits: the size of the content */
+    kHostRequestScale,    /* HostUnits: `x` is pixels of a unit, for all windows from now on */
+    kHostRequestTheme,    /* `first` is the theme, 0 to 3, for all windows from now on */
+    kHostRequestWait,     /* `first` is milliseconds of the windows' clock until the next turn */
+    kHostRequestOwnTime,  /* without a display, waits take no time from now on */
+    kHostRequestDismiss,  /* the window ends as if cancelled: nobody in it is asked */
+    kHostRequestPlace,    /* HostUnits: the corner of the content, but in pixels of the desktop */
+    kHostRequestMonitors, /* HostMonitors: which monitors the desktop is to have */
+    kHostRequestCursor    /* HostCursor: tells what the mouse looks like where it is */
 };
 
 typedef struct HostUnits {
@@ -56,6 +59,30 @@ typedef struct HostPhotograph {
     void (*Take)(void* context, int32_t width, int32_t height, const uint8_t* pixels,
                  int64_t rowBytes);
 } HostPhotograph;
+
+typedef struct HostMonitor { /* pixels of the desktop */
+    int32_t left;
+    int32_t top;
+    int32_t right;
+    int32_t bottom;
+} HostMonitor;
+
+/* Without a display there are those of `monitors` from now on; a display keeps its own. `Add` is
+ * called for each that there is then. The primary one comes first. */
+typedef struct HostMonitors {
+    void* context;
+    void (*Add)(void* context, const HostMonitor* monitor);
+    const HostMonitor* monitors;
+    int64_t count;
+} HostMonitors;
+
+/* `Take` is called with one of arrow, text, cross, hand, wait, arrow-wait, not-allowed, help,
+ * size-left-right, size-up-down, size-falling, size-rising, size-all and hidden; with "" for a
+ * picture, and outside of the module's windows. */
+typedef struct HostCursor {
+    void* context;
+    void (*Take)(void* context, const char* shape);
+} HostCursor;
 
 /* Which fields of a HostMessage are there. */
 enum {
@@ -92,6 +119,9 @@ LUMOGRAPH_OFFSET(HostWindow, scale, 0x10);
 LUMOGRAPH_ASSERT(sizeof(HostWindow) == 0x18, "HostWindow has 0x18 bytes");
 LUMOGRAPH_ASSERT(sizeof(HostWindowList) == 0x10, "HostWindowList has 0x10 bytes");
 LUMOGRAPH_ASSERT(sizeof(HostPhotograph) == 0x10, "HostPhotograph has 0x10 bytes");
+LUMOGRAPH_ASSERT(sizeof(HostMonitor) == 0x10, "HostMonitor has 0x10 bytes");
+LUMOGRAPH_ASSERT(sizeof(HostMonitors) == 0x20, "HostMonitors has 0x20 bytes");
+LUMOGRAPH_ASSERT(sizeof(HostCursor) == 0x10, "HostCursor has 0x10 bytes");
 LUMOGRAPH_OFFSET(HostMessage, fields, 0x18);
 LUMOGRAPH_OFFSET(HostMessage, phase, 0x1C);
 LUMOGRAPH_OFFSET(HostMessage, value, 0x20);

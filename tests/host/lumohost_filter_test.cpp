@@ -132,6 +132,20 @@ TEST_F(FilterTest, AnExportAsksInItsDialog)
     EXPECT_EQ(columns(), 5);
 }
 
+// The dialog's place is kept with the settings.
+TEST_F(FilterTest, ADialogOpensWhereItWasLeft)
+{
+    WritePicture({PictureMode::kRgb, 40, 20, 3, Texture}, fFolder / "p.ppm");
+    for (const char* const script :
+         {"place 300 200\nresize 420 170\nclick Project/Dialog/OKButton\n",
+          "expect ContactSheet/Dialog globalBounds [300,200,720,370]\n"
+          "click Project/Dialog/OKButton\n"}) {
+        SCOPED_TRACE(script);
+        RunLumohost({"export", Path("p.ppm"), "--module", CONTACT_SHEET, "-o", Path("sheet.ppm"),
+                     "--keep-settings", "--play", Argument(fFolder.Put("script.txt", script))});
+    }
+}
+
 class GlowDialog : public FilterTest {
 protected:
     GlowDialog() { WritePicture({PictureMode::kRgb, 300, 200, 3, Texture}, fFolder / "p.ppm"); }
@@ -201,6 +215,7 @@ TEST_F(WrongRuns, SettingsAreRefusedByNameWithWhatIsWanted)
         {{"--set", "mode=burn"}, {"\"burn\"", "screen, lighten or soft_light"}},
         {{"--set", "=5"}, {"NAME=VALUE"}},
         {{"--set", "radius=5", "--set", "radius=6"}, {"radius is given twice"}},
+        {{"--set", "radius=5", "--describe"}, {"with --set no dialog is shown"}},
     };
     for (const auto& [settings, words] : rows)
         ExpectRefusal("filter", fPicture, SOFT_GLOW, settings, words);

@@ -16,9 +16,6 @@ public:
     // Seconds for what they do to come through the display.
     static double Patience();
 
-    // Whether the play of this name doesn't ask too much of them.
-    static bool CanPlay(const std::string& name);
-
     // Runs xdotool with these arguments and returns when it has ended. False if it can't be run.
     bool Do(const std::vector<std::string>& words) const;
 

@@ -1,14 +1,21 @@
 #include "robot/play_files.h"
 
+#include "dialogs/plugin_dialog/stored_placement.h"
 #include "foundation/base/service.h"
+#include "foundation/settings/plugin_settings.h"
+#include "foundation/settings/settings_file.h"
+#include "foundation/streams/memory_container.h"
 #include "layout/build/layout_owner.h"
+#include "platform/graphics/monitors.h"
 #include "plugin/view_info/window_requests.h"
 #include "view/window/window.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
@@ -48,20 +55,55 @@ Kesto::CView* HindmostWindow()
 
 // What a program would do for these layouts: a button with the id "Robot/Open/NAME" runs NAME.vex
 // as a modal dialog above its window, one with "Robot/OpenOverHindmost/NAME" above the hindmost.
-bool OpenDialog(Kesto::CCommandMessage& command)
+// Where the dialog of a name stood is kept for the next time.
+class DialogKeeper {
+public:
+    bool operator()(Kesto::CCommandMessage& command)
+    {
+        const std::string id = command.fID.Name();
+        const std::string folder = id.substr(0, id.rfind('/'));
+        if (folder != "Robot/Open" && folder != "Robot/OpenOverHindmost")
+            return false;
+        Run(id.substr(folder.size() + 1),
+            folder == "Robot/Open" ? Kesto::FindWindowOf(nullptr) : HindmostWindow());
+        return true;
+    }
+
+private:
+    void Run(const std::string& name, Kesto::CView* owner)
+    {
+        Kesto::LayoutOwner layout;
+        layout.fParent = owner;
+        Kesto::LoadLayoutFromText(layout, TextOf(kFolder / (name + ".vex")).c_str());
+        const std::unique_ptr<Kesto::CWindow> dialog = layout.TakeWindow();
+        Kesto::CMemoryContainer& kept = fKept[name];
+        if (kept.GetSize() != 0) {
+            Kesto::PluginSettings settings;
+            Kesto::SettingsFileLoad(settings, kept);
+            dialog->SetPlacement(Project::PlacementOf(settings.window));
+        }
+        dialog->SetModal(true);
+        dialog->Run();
+        Kesto::PluginSettings settings;
+        settings.window = Project::WindowStateOf(dialog->GetPlacement());
+        kept.SetSize(0);
+        Kesto::SettingsFileSave(settings, kept);
+    }
+
+    std::map<std::string, Kesto::CMemoryContainer> fKept; // as a program's store has it
+};
+
+// Each play begins with the same one where there is no display. False with one.
+bool MakeUpMonitor()
 {
-    const std::string id = command.fID.Name();
-    const std::string folder = id.substr(0, id.rfind('/'));
-    if (folder != "Robot/Open" && folder != "Robot/OpenOverHindmost")
-        return false;
-    Kesto::LayoutOwner owner;
-    owner.fParent = folder == "Robot/Open" ? Kesto::FindWindowOf(nullptr) : HindmostWindow();
-    Kesto::LoadLayoutFromText(owner,
-                              TextOf(kFolder / (id.substr(folder.size() + 1) + ".vex")).c_str());
-    const std::unique_ptr<Kesto::CWindow> dialog = owner.TakeWindow();
-    dialog->SetModal(true);
-    dialog->Run();
-    return true;
+    constexpr Platform::PixelRect kAll{0, 0, 1920, 1080};
+    return Platform::MakeUpMonitors({{kAll, kAll, 1.0}});
+}
+
+bool NamesMonitors(const fs::path& script)
+{
+    const auto actions = Host::LoadScript(script.string()).actions;
+    return std::ranges::find(actions, Host::Verb::kMonitors, &Host::Action::verb) != actions.end();
 }
 
 } // namespace
@@ -69,8 +111,9 @@ bool OpenDialog(Kesto::CCommandMessage& command)
 std::vector<std::string> PlayNames()
 {
     std::vector<std::string> names;
+    const bool hasMonitors = MakeUpMonitor() || Platform::ListMonitors().size() > 1;
     for (const auto& entry : fs::directory_iterator(kFolder))
-        if (entry.path().extension() == ".play")
+        if (entry.path().extension() == ".play" && (hasMonitors || !NamesMonitors(entry.path())))
             names.push_back(entry.path().stem().string());
     std::ranges::sort(names);
     return names;
@@ -89,7 +132,9 @@ Host::PlayOutcome PlayOn(const std::string& layout, Host::Script script,
     options.build.opens = true;
     options.messages = messages;
     options.hands = hands;
-    options.commands = OpenDialog;
+    MakeUpMonitor();
+    DialogKeeper dialogs;
+    options.commands = std::ref(dialogs);
     return Vex::Play(Vex::CSourceText::Load((kFolder / layout).string()), std::move(script),
                      options);
 }

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-// Without the endings, in the order of the alphabet.
+// Without the endings, in the order of the alphabet. Those that name monitors only where there are
+// several, or no display.
 std::vector<std::string> PlayNames();
 
 Host::PlayOutcome PlayFile(const std::string& name, const Kesto::CHostHands& hands = {});

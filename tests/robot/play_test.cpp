@@ -1,5 +1,7 @@
 // Scripts played on the windows of layouts: each .play of this folder on the layout that its first
 // line names, and what comes of scripts that can't be played to their end.
+#include "platform/input/keyboard.h"
+#include "robot/golden_pictures.h"
 #include "robot/play_files.h"
 #include "support/testing.h"
 
@@ -11,9 +13,13 @@ class PlayFiles : public testing::TestWithParam<std::string> {};
 
 TEST_P(PlayFiles, ComeOutAsExpected)
 {
+    const PictureFolder pictures;
     const Host::PlayOutcome outcome = PlayFile(GetParam());
     EXPECT_EQ(outcome.words, "");
     EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
+    const std::string lines = pictures.LinesFor(GetParam());
+    EXPECT_EQ(lines, KeptLines(GetParam(), lines))
+        << "If that is right now, run tests/robot/golden/make.";
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PlayFiles, testing::ValuesIn(PlayNames()),
@@ -35,6 +41,11 @@ TEST(Plays, EndAtTheFirstThingThatIsNotAsExpected)
          "s:1: expect Robot/First Colour: wanted red, found nothing under this key"},
         {"expect Robot/Label Nm Second", kNotAsExpected,
          "s:1: expect Robot/Label Nm: wanted Second, found \"Two buttons\""},
+        {"expect Robot/Label Nm \"Two buttons\" # quoted", kPlayed, ""},
+        {"move -1e300,1e300\nexpect 9000,0 id x", kNotAsExpected,
+         "s:2: expect 9000,0 id: wanted x, found no view there"},
+        {"move Robot/First\nexpect-cursor hand", kNotAsExpected,
+         "s:2: expect-cursor: wanted hand, found arrow"},
         {"click Robot/None", kNotAsExpected,
          "s:1: Robot/None: no open window has a view of this id"},
         {"expect-window closed", kNotAsExpected,
@@ -49,6 +60,20 @@ TEST(Plays, EndAtTheFirstThingThatIsNotAsExpected)
         const Host::PlayOutcome outcome = PlayOn("buttons.vex", Host::ReadScript(row.script, "s"));
         EXPECT_EQ(outcome.status, row.status);
         EXPECT_EQ(outcome.words, row.words);
+    }
+}
+
+TEST(Plays, LetGoOfWhatTheyHold)
+{
+    using Platform::Key;
+    for (const char* script :
+         {"hold shift\nhold control\nhold alt", "hold control\npress Robot/First\nclick Robot/None",
+          "press Robot/First\nclose\nexpect-window open"}) {
+        SCOPED_TRACE(script);
+        PlayOn("buttons.vex", Host::ReadScript(script, "s"));
+        for (const Key key : {Key::kShift, Key::kControl, Key::kAlt, Key::kLeftButton})
+            EXPECT_FALSE(Platform::IsKeyDown(key, Platform::KeyMoment::kNow))
+                << static_cast<int>(key);
     }
 }
 

@@ -8,7 +8,7 @@ using namespace Host;
 
 TEST(Scripts, HaveAnActionALine)
 {
-    const Script script = ReadScript("# nothing\r\n"
+    const Script script = ReadScript("\xEF\xBB\xBF# nothing\r\n"
                                      "\n"
                                      "click A/B right x2 shift alt # why not\r\n"
                                      "\tpress 3,-4.5\n"
@@ -16,9 +16,11 @@ TEST(Scripts, HaveAnActionALine)
                                      "key F12 control\n"
                                      "expect A/B Fcs true   # a comment\n"
                                      "expect A/B string 50% #1\n"
+                                     "expect A/B string \"a # \\\" b \" # quoted\n"
+                                     "monitors 800x600+0+0 640x480-640+20 # two\n"
                                      "expect-window Frame #3",
                                      "script");
-    ASSERT_EQ(script.actions.size(), 7U);
+    ASSERT_EQ(script.actions.size(), 9U);
     const Action& click = script.actions[0];
     EXPECT_EQ(click.line, 3);
     EXPECT_EQ(click.view.text, "A/B");
@@ -33,7 +35,10 @@ TEST(Scripts, HaveAnActionALine)
     EXPECT_EQ(script.actions[4].property, "Fcs");
     EXPECT_EQ(script.actions[4].text, "true");
     EXPECT_EQ(script.actions[5].text, "50%");
-    EXPECT_EQ(script.actions[6].text, "Frame #3");
+    EXPECT_EQ(script.actions[6].text, "\"a # \\\" b \"");
+    EXPECT_EQ(script.actions[7].monitors,
+              (std::vector<ScriptRect>{{0, 0, 800, 600}, {-640, 20, 0, 500}}));
+    EXPECT_EQ(script.actions[8].text, "Frame #3");
 }
 
 TEST(Scripts, TellMistakesWithTheirPlace)
@@ -59,6 +64,9 @@ TEST(Scripts, TellMistakesWithTheirPlace)
         {"shot # none", ":1:6: the line ends, but a file's name"},
         {"expect A", ":1:9: the line ends, but a key of the description"},
         {"expect-window", ":1:14: the line ends, but open, closed or a title"},
+        {"place 10", ":1:9: the line ends, but a top in pixels"},
+        {"monitors 0x5+0+0", ":1:10: \"0x5+0+0\" was found, but a monitor as WIDTHxHEIGHT"},
+        {"monitors 8x5+0+0 8x5+0", ":1:18: \"8x5+0\" was found, but a monitor as"},
         {"close now", ":1:7: \"now\" was found, but the end of the line"},
     };
     for (const Row& row : rows) {

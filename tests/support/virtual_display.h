@@ -12,7 +12,8 @@
 // A key that a busy machine holds down for long doesn't repeat there (-r).
 class VirtualDisplay {
 public:
-    VirtualDisplay()
+    // `size` is that of the screen: its width, height and depth.
+    explicit VirtualDisplay(const char* size = "800x600x24")
     {
         int ends[2] = {};
         if (pipe(ends) != 0)
@@ -22,7 +23,7 @@ public:
             prctl(PR_SET_PDEATHSIG, SIGTERM); // however the test ends
             close(ends[0]);
             const std::string descriptor = std::to_string(ends[1]);
-            execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "800x600x24",
+            execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", size,
                    "-nolisten", "tcp", "-noreset", "-r", nullptr);
             _exit(127);
         }

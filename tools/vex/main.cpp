@@ -20,14 +20,15 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -68,6 +69,8 @@ units.
   shot FILE.png, describe FILE.json
   expect VIEW KEY VALUE                     KEY as in --describe, as in: expect A/Field string 12
   expect-window open|closed|TITLE
+  place LEFT TOP, expect-cursor SHAPE       the content's corner in pixels; arrow, text, hand ...
+  monitors WxH+LEFT+TOP ...                 made up without a display, else required
 
 Without a display time is the robot's own: waiting takes none. Exit status: 0 done, 1 an expectation
 failed, 2 the text or the script is refused, a line needs a window and none is open, or a file can't
@@ -162,18 +165,26 @@ int Dump(const Options& options)
     return kExit_Well;
 }
 
+std::optional<double> SideOf(std::string_view text)
+{
+    double side = 0;
+    const char* const end = text.data() + text.size();
+    const auto [next, error] = std::from_chars(text.data(), end, side);
+    const bool isSide = error == std::errc() && next == end && side >= 0 && side <= kLargestSize;
+    return isSide ? std::optional(side) : std::nullopt;
+}
+
 // "300x200".
 std::optional<Kesto::Point> SizeOf(const std::string& text)
 {
     if (text.empty())
         return std::nullopt;
-    double width = 0;
-    double height = 0;
-    char rest = 0;
-    if (std::sscanf(text.c_str(), "%lfx%lf%c", &width, &height, &rest) != 2 || !(width >= 0) ||
-        !(height >= 0) || width > kLargestSize || height > kLargestSize)
+    const std::size_t cross = std::min(text.find('x'), text.size());
+    const auto width = SideOf(std::string_view(text).substr(0, cross));
+    const auto height = SideOf(std::string_view(text).substr(std::min(cross + 1, text.size())));
+    if (!width || !height)
         throw std::runtime_error("--size takes WIDTHxHEIGHT, for example 300x200, but not " + text);
-    return Kesto::Point{width, height};
+    return Kesto::Point{*width, *height};
 }
 
 Vex::CBuiltLayout Build(const Options& options)
@@ -201,8 +212,6 @@ int Play(const Options& options)
     const auto add = [&script](Host::Verb verb, const std::string& file) {
         Host::Action& action = script.actions.emplace_back();
         action.verb = verb;
-        action.line =
-            script.actions.size() < 2 ? 0 : script.actions[script.actions.size() - 2].line;
         action.text = file;
     };
     if (!options.picture.empty())
@@ -388,11 +397,13 @@ Command AddShow(CLI::App& app, Options& options)
     show->add_option("--theme", options.theme, "0 light, 1 medium light, 2 medium dark, 3 dark")
         ->check(CLI::Range(0, 3));
     show->add_option("--scale", options.scale, "Pixels in a unit")->check(CLI::Range(0.25, 8.0));
-    show->add_flag("--outline", options.outline, "Draw frames, margins and identifiers over it");
+    CLI::Option* const outline = show->add_flag("--outline", options.outline,
+                                                "Draw frames, margins and identifiers over it");
     show->add_flag("--describe", options.describe,
                    "Print what a host is told of the views, as JSON");
     show->add_option("--play", options.script,
-                     "A script that the robot plays on the window; - is the standard input");
+                     "A script that the robot plays on the window; - is the standard input")
+        ->excludes(outline);
     show->add_option("--messages", options.messages,
                      "The file for the messages that climb to the window, a JSON object a line")
         ->needs("--play");

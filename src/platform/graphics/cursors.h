@@ -25,6 +25,7 @@ enum class CursorShape {
     kSizeAll,
     kHidden,
 };
+inline constexpr int kCursorShapes = 14;
 
 // A handle that is cheap to copy; the cursor is destroyed with the last one. A window shows it.
 class Cursor {

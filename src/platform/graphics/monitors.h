@@ -23,6 +23,9 @@ struct Monitor {
 // 1080 pixels at scale 1.
 std::vector<Monitor> ListMonitors();
 
+// Without a display there are these from now on. False, and no change, with one, and for none.
+bool MakeUpMonitors(std::vector<Monitor> monitors);
+
 // The index of the one that shows most of the rectangle, else of the nearest one.
 std::size_t MonitorOf(std::span<const Monitor> monitors, const PixelRect& rect);
 

@@ -9,7 +9,10 @@
 #include "view/process/process.h"
 #include "view/process/tracker.h"
 
+#include <algorithm>
+#include <exception>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace Kesto {
@@ -46,6 +49,32 @@ bool IsQuiet(CProcess& process)
     return !pending || pending->number == kTimer;
 }
 
+// The event that lets go of what another one presses; nothing for all else.
+std::optional<HostInputEvent> ReleaseOf(const HostInputEvent& event)
+{
+    using namespace Platform::Number;
+    switch (event.message) {
+    case kKeyDown:
+    case kSysKeyDown:
+    case kLeftDown:
+    case kRightDown:
+    case kMiddleDown: {
+        HostInputEvent release = event;
+        ++release.message;
+        return release;
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+// Buttons have messages of their own, keys are numbers.
+bool LetsGoOfTheSame(const HostInputEvent& one, const HostInputEvent& other)
+{
+    const bool isKey = one.message <= Platform::Number::kKeyLast;
+    return one.message == other.message && (!isKey || one.first == other.first);
+}
+
 } // namespace
 
 CHostTurns::CHostTurns(Source source, CHostHands hands)
@@ -54,6 +83,26 @@ CHostTurns::CHostTurns(Source source, CHostHands hands)
     if (!fHands.deliver)
         fHands.deliver = CarryOut;
     StartIdling();
+}
+
+CHostTurns::~CHostTurns()
+{
+    while (!fHeld.empty())
+        try {
+            Deliver(HostInputEvent(fHeld.back()));
+        } catch (const std::exception&) {
+            return; // nothing can be delivered any more
+        }
+}
+
+// A press that fails is let go of too.
+void CHostTurns::Deliver(const HostInputEvent& event)
+{
+    std::erase_if(fHeld,
+                  [&event](const HostInputEvent& held) { return LetsGoOfTheSame(held, event); });
+    if (const auto release = ReleaseOf(event))
+        fHeld.push_back(*release);
+    fHands.deliver(event);
 }
 
 void CHostTurns::Idle()
@@ -73,7 +122,7 @@ void CHostTurns::Idle()
     else if (IsInput(event)) {
         // The hands' own time isn't that of what they do.
         const std::uint32_t start = Platform::TickCount();
-        fHands.deliver(event);
+        Deliver(event);
         SetPeriod(fHands.seconds + (Platform::TickCount() - start) / 1000.0);
     } else
         process->PostEvent(std::make_unique<CRequestEvent>(event));

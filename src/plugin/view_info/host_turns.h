@@ -6,6 +6,7 @@
 #include "view/process/idler.h"
 
 #include <functional>
+#include <vector>
 
 namespace Kesto {
 
@@ -24,11 +25,18 @@ public:
     // The turns come from now on until this ends.
     explicit CHostTurns(Source source, CHostHands hands = {});
 
+    // Lets go of the keys and buttons that it was handed as pressed: on a desktop of several
+    // programs they would stay so for all of them.
+    ~CHostTurns() override;
+
     void Idle() override;
 
 private:
+    void Deliver(const HostInputEvent& event);
+
     Source fSource;
     CHostHands fHands;
+    std::vector<HostInputEvent> fHeld; // what lets go of that, in the order of the presses
     bool fIsTaken = false; // in a turn the host may run another module's dialog, and timers go on
 };
 

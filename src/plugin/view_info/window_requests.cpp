@@ -4,11 +4,13 @@
 #include "foundation/base/service.h"
 #include "foundation/localization/localize.h"
 #include "lumograph/window_requests.h"
+#include "platform/graphics/monitors.h"
 #include "platform/input/injection.h"
 #include "platform/input/message_numbers.h"
 #include "platform/system/machine.h"
 #include "platform/system/unicode.h"
 #include "platform/windows/clipboard.h"
+#include "platform/windows/mouse_state.h"
 #include "platform/windows/window_paint.h"
 #include "platform/windows/window_place.h"
 #include "plugin/view_info/message_log.h"
@@ -16,6 +18,9 @@
 #include "view/window/window.h"
 
 #include <cmath>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace Kesto {
 namespace {
@@ -69,14 +74,19 @@ bool IsOfMouse(const HostInputEvent& event)
     return event.message >= kMouseFirst && event.message <= kMouseLast;
 }
 
-void PutMouse(CWindow& window, const HostInputEvent& event)
+// A button is let go wherever the mouse is, if the window has gone.
+void PutMouse(CWindow* window, const HostInputEvent& event)
 {
-    const PixelPoint point = ScreenPoint(window, event);
-    if (event.message == kMouseMove || !(Platform::CursorPosition() == point))
-        Platform::InjectMove(point);
+    if (window != nullptr) {
+        const PixelPoint point = ScreenPoint(*window, event);
+        if (event.message == kMouseMove || !(Platform::CursorPosition() == point))
+            Platform::InjectMove(point);
+    }
     for (const ButtonRow& row : kButtons)
-        if (row.message == event.message)
+        if (row.message == event.message && (window != nullptr || !row.down))
             Platform::InjectButton(row.button, row.down);
+    if (window == nullptr)
+        return;
     const auto turn = static_cast<std::int16_t>((event.first >> 16) & 0xFFFF);
     if (event.message == kWheel)
         Platform::InjectWheel(0, turn);
@@ -158,16 +168,56 @@ void Paste(const char* text)
     Platform::InjectKey(kControl, false);
 }
 
+void TellOfDisplayChange()
+{
+    VisitWindows([](CWindow& each) {
+        Platform::PostToQueue(each.NativeHandle(), kDisplayChange);
+        return false;
+    });
+}
+
 // Each window asks for its scale anew, as after a change of the display.
 void Scale(CWindow& window, double scale)
 {
     if (!(scale > 0.0) || !std::isfinite(scale))
         return;
     SetUiScale(GetUiScale() * scale / window.GetScaleFactor());
-    VisitWindows([](CWindow& each) {
-        Platform::PostToQueue(each.NativeHandle(), kDisplayChange);
-        return false;
-    });
+    TellOfDisplayChange();
+}
+
+void Place(CWindow& window, const HostUnits& corner)
+{
+    const PixelRect frame = window.GetWindowFrame();
+    const PixelRect content = window.GetWindowBounds();
+    window.MoveWindow({RoundHalfAway(corner.x) - content.left + frame.left,
+                       RoundHalfAway(corner.y) - content.top + frame.top});
+}
+
+void UseMonitors(const HostMonitors& wanted)
+{
+    std::vector<Platform::Monitor> monitors;
+    for (const HostMonitor& each :
+         std::span(wanted.monitors, static_cast<std::size_t>(wanted.count))) {
+        const PixelRect bounds{each.left, each.top, each.right, each.bottom};
+        monitors.push_back({bounds, bounds, 1.0});
+    }
+    if (Platform::MakeUpMonitors(std::move(monitors)))
+        TellOfDisplayChange();
+    for (const auto& [bounds, workArea, scale] : Platform::ListMonitors()) {
+        const HostMonitor there{bounds.left, bounds.top, bounds.right, bounds.bottom};
+        wanted.Add(wanted.context, &there);
+    }
+}
+
+constexpr const char* kShapeNames[Platform::kCursorShapes] = {
+    "arrow",       "text",  "cross",           "hand",         "wait",         "arrow-wait",
+    "not-allowed", "help",  "size-left-right", "size-up-down", "size-falling", "size-rising",
+    "size-all",    "hidden"};
+
+void TellCursor(const HostCursor& cursor)
+{
+    const auto shape = Platform::ShownCursor();
+    cursor.Take(cursor.context, shape ? kShapeNames[static_cast<int>(*shape)] : "");
 }
 
 void SetTheme(std::int32_t theme)
@@ -212,6 +262,9 @@ void AskWindow(CWindow& window, const HostInputEvent& event)
     case kHostRequestScale:
         Scale(window, RecordOf<HostUnits>(event)->x);
         break;
+    case kHostRequestPlace:
+        Place(window, *RecordOf<HostUnits>(event));
+        break;
     case kHostRequestDismiss:
         Dismiss(window);
         break;
@@ -251,6 +304,12 @@ void CarryOut(const HostInputEvent& event)
     case kHostRequestTheme:
         SetTheme(static_cast<std::int32_t>(event.first));
         return;
+    case kHostRequestMonitors:
+        UseMonitors(*RecordOf<HostMonitors>(event));
+        return;
+    case kHostRequestCursor:
+        TellCursor(*RecordOf<HostCursor>(event));
+        return;
     case kHostRequestOwnTime:
         if (!Platform::HasDisplay())
             Platform::HoldClock();
@@ -264,11 +323,9 @@ void CarryOut(const HostInputEvent& event)
     if (PutKey(event))
         return;
     CWindow* const window = FindWindowOf(event.window);
-    if (window == nullptr)
-        return;
     if (IsOfMouse(event))
-        PutMouse(*window, event);
-    else
+        PutMouse(window, event);
+    else if (window != nullptr)
         AskWindow(*window, event);
 }
 

@@ -22,12 +22,6 @@ double OutsideHands::Patience()
     return 0.35;
 }
 
-// On a busy machine Wine loses one of many characters that come from outside.
-bool OutsideHands::CanPlay(const std::string& name)
-{
-    return name != "number_field";
-}
-
 bool OutsideHands::Do(const std::vector<std::string>& words) const
 {
     std::wstring line = L"xdotool";

@@ -14,7 +14,12 @@ namespace {
 constexpr double kUnitsPerInch = 96.0;
 constexpr std::uint32_t kMostWords = 65536; // of a property
 
-const Monitor kMadeUp{{0, 0, 1920, 1080}, {0, 0, 1920, 1080}, 1.0};
+// What there is without a display.
+std::vector<Monitor>& MadeUp()
+{
+    static std::vector<Monitor> monitors{{{0, 0, 1920, 1080}, {0, 0, 1920, 1080}, 1.0}};
+    return monitors;
+}
 
 class Display {
 public:
@@ -169,10 +174,18 @@ std::vector<Monitor> MonitorsOf(xcb_connection_t* display, const xcb_screen_t& s
 std::vector<Monitor> ListMonitors()
 {
     if (!IsDisplayNamed())
-        return {kMadeUp};
+        return MadeUp();
     const Display display;
     const xcb_screen_t* const screen = display.Screen();
-    return screen != nullptr ? MonitorsOf(display.Connection(), *screen) : std::vector{kMadeUp};
+    return screen != nullptr ? MonitorsOf(display.Connection(), *screen) : MadeUp();
+}
+
+bool MakeUpMonitors(std::vector<Monitor> monitors)
+{
+    if (monitors.empty() || (IsDisplayNamed() && Display().Screen() != nullptr))
+        return false;
+    MadeUp() = std::move(monitors);
+    return true;
 }
 
 } // namespace Platform

@@ -60,4 +60,10 @@ std::vector<Monitor> ListMonitors()
     return monitors;
 }
 
+// The system has always got some of its own.
+bool MakeUpMonitors(std::vector<Monitor>)
+{
+    return false;
+}
+
 } // namespace Platform

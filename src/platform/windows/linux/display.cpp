@@ -1,6 +1,9 @@
 #include "platform/windows/linux/display.h"
 
+#include "platform/graphics/linux/cursor_record.h"
+#include "platform/input/pointer.h"
 #include "platform/windows/clipboard.h"
+#include "platform/windows/linux/activation.h"
 #include "platform/windows/linux/window.h"
 #include "platform/windows/mouse_state.h"
 #include "platform/windows/system_window.h"
@@ -55,6 +58,16 @@ void SetWindowCursor(NativeWindow window, const Cursor& cursor)
         return;
     found->fCursor = cursor;
     Display::Get().ShowCursor(*found, cursor);
+}
+
+// Who has the mouse for itself keeps its cursor everywhere.
+std::optional<CursorShape> ShownCursor()
+{
+    const LinuxWindow* const window =
+        Captor() != nullptr ? Captor() : LinuxWindow::From(WindowAt(CursorPosition()));
+    if (window == nullptr || !window->fCursor.GetRecord().pixels.empty())
+        return std::nullopt;
+    return window->fCursor.GetRecord().shape;
 }
 
 std::uint32_t DoubleClickTime()
