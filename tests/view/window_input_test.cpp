@@ -152,6 +152,45 @@ TEST(WindowMouse, TheWindowKeepsTheMouseUntilTheLastButtonIsUp)
     EXPECT_FALSE(button(Platform::Key::kLeftButton, false));
 }
 
+TEST(WindowMouse, ADragEndsWithItsReleaseAndIsBrokenOffWhenTheMouseIsTakenAway)
+{
+    struct Drag : CNonPollingTracker {
+        Drag(CView& view, std::string& itsLog)
+            : CNonPollingTracker(view,
+                                 [] {
+                                     CMouseEvent press;
+                                     press.fButton = kMouseButton_Primary;
+                                     return press;
+                                 }()),
+              log(itsLog)
+        {
+        }
+        void End(const CMouseEvent&) override { log += "end"; }
+        void Abort() override { log += "abort"; }
+        std::string& log;
+    };
+    for (const bool isTaken : {false, true}) {
+        SCOPED_TRACE(isTaken);
+        PumpedProcess process;
+        CDocumentWindow window(DocumentPlan());
+        window.Start();
+        process.PumpQuiet();
+        const PixelRect content = window.GetWindowBounds();
+        Platform::InjectMove({content.left + 50, content.top + 50});
+        Platform::InjectButton(Platform::Key::kLeftButton, true);
+        process.PumpQuiet();
+        std::string log;
+        window.KeepTracker(std::make_unique<Drag>(window, log));
+        if (isTaken)
+            Platform::ReleaseMouse();
+        EXPECT_EQ(log, isTaken ? "abort" : "");
+        Platform::InjectButton(Platform::Key::kLeftButton, false);
+        process.PumpQuiet();
+        EXPECT_EQ(log, isTaken ? "abort" : "end");
+        EXPECT_EQ(window.GetTracker(), nullptr);
+    }
+}
+
 TEST(WindowMouse, TheSizeBoxFollowsTheMouseAndEscapePutsTheSizeBack)
 {
     for (const bool isLive : {false, true})

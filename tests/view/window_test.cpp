@@ -190,6 +190,80 @@ TEST_F(WindowTest, PlacesItselfAsItsPlacementSays)
     EXPECT_EQ(StartMonitor(stored, two, 0), 1U) << "the nearest to a monitor that has gone";
 }
 
+TEST_F(WindowTest, OpensInTheStateThatItWasLeftIn)
+{
+    const struct {
+        const char* what;
+        EWindowKind kind;
+        EWindowState state;
+        bool minimized, maximized;
+    } rows[] = {
+        {"as ever", kWin_Document, kWinState_Default, false, false},
+        {"minimized", kWin_Document, kWinState_Minimized, true, false},
+        {"maximized", kWin_Document, kWinState_Maximized, false, true},
+        {"a palette that the toolkit maximizes", kWin_Palette, kWinState_Maximized, false, true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        CWindowPlan plan = PlanOf(nullptr, 0x183 | kWin_AllFeatures);
+        plan.kind = row.kind;
+        plan.placement.state = row.state;
+        CWindow window(plan);
+        window.Start();
+        EXPECT_EQ(Platform::IsMinimized(window.NativeHandle()), row.minimized);
+        EXPECT_EQ(Platform::IsMaximized(window.NativeHandle()), row.maximized);
+        window.Stop();
+        const CWindowPlacement left = window.GetPlacement();
+        const bool isFloat = row.kind == kWin_Palette;
+        EXPECT_EQ(left.last[2] - left.last[0], isFloat ? 200.0 : 0.0) << "before it was maximized";
+        EXPECT_EQ(left.sizeX, isFloat ? 0.0 : 200.0);
+        EXPECT_EQ(left.state, row.state == kWinState_Default ? kWinState_Normal : row.state);
+    }
+}
+
+TEST_F(WindowTest, ItsTimersDieWithItAndSaySo)
+{
+    struct Ticking : CTimer {
+        void OnStop() override { ++stops; }
+        int stops = 0;
+    };
+    Dialog dialog;
+    dialog.Start();
+    Ticking timer;
+    timer.SetContext(&dialog);
+    timer.Start();
+    dialog.Stop();
+    EXPECT_FALSE(timer.IsRunning());
+    EXPECT_EQ(timer.stops, 1);
+}
+
+// In a program of its own each time, since the first window of all counts.
+TEST(FirstWindowDeathTest, OpensBehindWhereTheProgramWasStartedSo)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    struct Started : PumpedProcess {
+        Platform::ShowCommand StartShowCommand() override { return command; }
+        Platform::ShowCommand command = Platform::ShowCommand::kNormal;
+    };
+    const auto opensBehind = [](int command, bool isModal) {
+        Started process;
+        process.command = static_cast<Platform::ShowCommand>(command);
+        Dialog first;
+        first.SetModal(isModal);
+        first.Start();
+        Dialog second;
+        const bool isBehind = !first.IsActive() && Platform::IsShown(first.NativeHandle());
+        second.Start();
+        std::_Exit(second.IsActive() ? isBehind : 2);
+    };
+    for (const auto& [command, isModal, isBehind] :
+         {std::tuple(1, false, 0), std::tuple(3, false, 0), std::tuple(4, false, 1),
+          std::tuple(7, false, 1), std::tuple(8, false, 1), std::tuple(8, true, 0)}) {
+        SCOPED_TRACE(command);
+        EXPECT_EXIT(opensBehind(command, isModal), testing::ExitedWithCode(isBehind), "");
+    }
+}
+
 TEST_F(WindowTest, ComesBackWhereItWas)
 {
     Dialog dialog;

@@ -164,7 +164,8 @@ public:
 
     // ------------------------------------------------------------------------- What bases ask for
 
-    CMessenger* FindSubMessenger(CObjID id) override { return CContext::FindSubMessenger(id); }
+    // Among its views, then among what runs below it.
+    CMessenger* FindSubMessenger(CObjID id) override;
     Platform::NativeWindow GetSystemWindow() override { return fWindow; }
     Platform::NativeWindow GetOwnerWindow() override { return fWindow; }
     bool IsForeground() override;
@@ -289,6 +290,7 @@ private:
     bool fWasOpened = false;
     bool fPaintFailed = false; // and has been reported
     bool fScaling = false;
+    bool fLetsGoOfMouse = false; // by itself
 };
 
 } // namespace Kesto

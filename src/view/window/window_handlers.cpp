@@ -26,6 +26,22 @@ namespace Kesto {
 
 using Platform::WindowMessage;
 
+namespace {
+
+// A flag that is set for a scope.
+class CFlagScope {
+public:
+    explicit CFlagScope(bool& flag) : fFlag(flag) { fFlag = true; }
+    ~CFlagScope() { fFlag = false; }
+    CFlagScope(const CFlagScope&) = delete;
+    CFlagScope& operator=(const CFlagScope&) = delete;
+
+private:
+    bool& fFlag;
+};
+
+} // namespace
+
 std::intptr_t CWindow::OnMove(const WindowMessage& message)
 {
     const Platform::PixelRect content = GetWindowBounds();
@@ -172,10 +188,11 @@ std::intptr_t CWindow::OnScaleChanged(const WindowMessage& message)
 {
     const CViewHold hold(*this);
     const double scale = (message.first & 0xFFFF) / 96.0 * GetUiScale();
-    fScaling = true;
-    SetScaleFactor(scale);
-    DefaultProc(message);
-    fScaling = false;
+    {
+        const CFlagScope scaling(fScaling);
+        SetScaleFactor(scale);
+        DefaultProc(message);
+    }
     if (!hold.IsOver())
         ChangeScale(scale);
     return 0;
@@ -190,11 +207,11 @@ std::intptr_t CWindow::OnCancelMode(const WindowMessage& message)
     return hold.IsOver() ? 0 : DefaultProc(message);
 }
 
-// Another window has taken the mouse: what is dragged here can't go on.
+// Somebody else has taken the mouse, another program perhaps: what is dragged here can't go on.
 std::intptr_t CWindow::OnCaptureChanged(const WindowMessage& message)
 {
     const CViewHold hold(*this);
-    if (message.second != 0 && message.second != reinterpret_cast<std::intptr_t>(fWindow))
+    if (!fLetsGoOfMouse && message.second != reinterpret_cast<std::intptr_t>(fWindow))
         BreakOffTracker();
     return hold.IsOver() ? 0 : DefaultProc(message);
 }
@@ -291,12 +308,17 @@ bool IsAnyButtonHeld()
 
 } // namespace
 
-// The mouse stays here while another button is held.
+// The mouse stays here while another button is held. What is dragged hears of the release after
+// that.
 std::intptr_t CWindow::OnButtonUp(const WindowMessage& message)
 {
-    if (!IsAnyButtonHeld() && Platform::CapturingWindow() == fWindow)
+    const CViewHold hold(*this);
+    if (!IsAnyButtonHeld() && Platform::CapturingWindow() == fWindow) {
+        const CFlagScope lettingGo(fLetsGoOfMouse);
         Platform::ReleaseMouse();
-    DispatchMouse(EventOf(message));
+    }
+    if (!hold.IsOver())
+        DispatchMouse(EventOf(message));
     return 0;
 }
 

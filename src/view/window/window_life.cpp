@@ -95,6 +95,12 @@ void CWindow::SetFeatures(std::uint32_t features)
     Platform::SetWindowFeatures(fWindow, fFeatures);
 }
 
+CMessenger* CWindow::FindSubMessenger(CObjID id)
+{
+    CMessenger* const view = CContext::FindSubMessenger(id);
+    return view != nullptr ? view : CExecutable::FindSubMessenger(id);
+}
+
 void CWindow::PutWindowState(std::uint32_t bits, bool on)
 {
     fWindowState = on ? fWindowState | bits : fWindowState & ~bits;

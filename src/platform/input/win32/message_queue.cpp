@@ -114,13 +114,18 @@ std::optional<int> TakeQuitRequest()
 bool TranslateFrameKeys(NativeWindow client, const QueuedMessage& message)
 {
     MSG system = ToSystem(message);
-    return TranslateMDISysAccel(Handle(client), &system) != 0;
+    const bool taken = TranslateMDISysAccel(Handle(client), &system) != 0;
+    ThrowStopped();
+    return taken;
 }
 
 bool TranslateCommandKeys(NativeWindow window, void* table, const QueuedMessage& message)
 {
     MSG system = ToSystem(message);
-    return TranslateAcceleratorW(Handle(window), static_cast<HACCEL>(table), &system) != 0;
+    const bool taken =
+        TranslateAcceleratorW(Handle(window), static_cast<HACCEL>(table), &system) != 0;
+    ThrowStopped();
+    return taken;
 }
 
 std::uintptr_t ArmTimer(NativeWindow window, std::uintptr_t number, std::uint32_t milliseconds)
