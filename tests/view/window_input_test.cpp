@@ -3,6 +3,7 @@
 #include "foundation/base/service.h"
 #include "foundation/errors/exceptions.h"
 #include "platform/input/injection.h"
+#include "platform/input/message_numbers.h"
 #include "platform/windows/mouse_state.h"
 #include "platform/windows/window_paint.h"
 #include "support/alert_capture.h"
@@ -304,6 +305,43 @@ TEST(WindowMouse, TheCursorIsThatOfTheViewBelowIt)
     EXPECT_EQ(moveTo(150, 80), 'w');
     Platform::EnableSystemWindow(window.NativeHandle(), false);
     EXPECT_EQ(moveTo(30, 20), ' ');
+}
+
+TEST(WindowHandlers, AreAskedAfterATrackerThatSeesAllMessages)
+{
+    struct Jealous : CTracker {
+        Jealous() : CTracker(kMouseButton_Primary) { fState |= kState_CapturesMessages; }
+        bool Track(const CMouseEvent&) override { return false; }
+        bool PreTranslate(const Platform::QueuedMessage& message) override
+        {
+            eaten = message.number;
+            return eats;
+        }
+        bool eats = true;
+        std::uint32_t eaten = 0;
+    };
+    PumpedProcess process;
+    CDocumentWindow window(DocumentPlan());
+    window.Start();
+    process.PumpQuiet();
+    Jealous tracker;
+    const auto closes = [&] {
+        Platform::DispatchToWindow({window.NativeHandle(), Platform::Number::kClose});
+        return window.IsDone();
+    };
+    const PixelRect content = window.GetWindowBounds();
+    Platform::InjectMove({content.left + 50, content.top + 50});
+    Platform::InjectButton(Platform::Key::kLeftButton, true);
+    process.PumpUntil([&] { return Platform::CapturingWindow() == window.NativeHandle(); });
+    process.PostCall(0, [&] {
+        EXPECT_FALSE(closes());
+        EXPECT_EQ(tracker.eaten, Platform::Number::kClose);
+        tracker.eats = false;
+        EXPECT_TRUE(closes());
+        Platform::InjectButton(Platform::Key::kLeftButton, false);
+    });
+    tracker.Run(process);
+    EXPECT_EQ(CTracker::Active(), nullptr);
 }
 
 TEST(WindowHandlers, ReportWhatTheyThrowAndGoOnUnlessTheUserStopped)
