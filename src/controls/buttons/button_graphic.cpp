@@ -16,6 +16,7 @@ namespace {
 // Units between a box and its label.
 constexpr double kBoxGap = 4.0;
 constexpr double kSmallBox = 12.0;
+constexpr double kFocusRoom = 4.0; // after a label, for the line around it all
 
 constexpr double kLeastPushWidth = 72.0;
 
@@ -122,7 +123,9 @@ double CButtonGraphic::GetHeight() const
 
 double CButtonGraphic::GetContentWidth() const
 {
-    return MeasureLabel(fLabel.View(), fFont, fOwner);
+    const double label = MeasureLabel(fLabel.View(), fFont, fOwner);
+    const bool hasLine = !HasBody(fStyle) && fStyle != kButtonStyle_None && !fLabel.IsEmpty();
+    return hasLine ? label + kFocusRoom : label;
 }
 
 double CButtonGraphic::GetContentHeight() const

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "controls/fields/system_control.h"
+#include "drawing/ports/drawing_state.h"
 #include "drawing/tools/font_kinds.h"
 #include "foundation/base/text.h"
 #include "layout/vocabulary/text_options.h"
@@ -141,6 +142,7 @@ private:
     void Grow();
     void DrawText(CSystemPort& port) const;
     std::string ShownText() const;
+    CFont TextFont() const;
     Platform::FontSpec DeviceFont() const;
 
     CText fText; // while there is no control; and the selection

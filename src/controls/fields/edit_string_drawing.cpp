@@ -23,10 +23,17 @@ constexpr std::string_view kDot = "\u25CF"; // of a password
 
 } // namespace
 
+CFont CEditString::TextFont() const
+{
+    CFont font = CDrawTools::Get().GetFont(fFont);
+    if (HasTextOption(kEdit_Password))
+        font.face = CText(Platform::DotFace(font.face.View()));
+    return font;
+}
+
 Platform::FontSpec CEditString::DeviceFont() const
 {
-    return DeviceFontSpec(CDrawTools::Get().GetFont(fFont), FontScale(!NoScaleUIForFont()),
-                          GetScale());
+    return DeviceFontSpec(TextFont(), FontScale(!NoScaleUIForFont()), GetScale());
 }
 
 Point CEditString::SizeOf(double textWidth, std::int32_t lines)
@@ -137,7 +144,7 @@ void CEditString::DrawText(CSystemPort& port) const
     const std::string text = ShownText();
     port.SaveState();
     port.IntersectClip(frame);
-    port.SetFont(CDrawTools::Get().GetFont(fFont));
+    port.SetFont(TextFont());
     port.SetTextColour(ToolColour(IsUsable() ? kColour_FieldText : kColour_FieldTextDisabled));
     if (HasTextOption(kEdit_MultiLine)) {
         const Platform::Font font(DeviceFont());

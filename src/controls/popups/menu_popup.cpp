@@ -164,8 +164,9 @@ void CMenuPopup::OpenMenu()
                         .rows = {}});
     const PixelRect screen = GetGlobalRect();
     SetPressed(true);
-    const PixelPoint corner{screen.left + ToDevice(kBodyRoom, GetScale()), screen.bottom};
-    const int row = Platform::RunPopupMenu(window, corner, rows,
+    const PixelRect body{screen.left + ToDevice(kBodyRoom, GetScale()), screen.top, screen.right,
+                         screen.bottom};
+    const int row = Platform::RunPopupMenu(window, body, rows,
                                            MenuLookOf(fFont, GetScale(), GetBounds().Width()));
     if (hold.IsOver())
         return;

@@ -79,6 +79,9 @@ public:
     virtual bool CanRedo() const = 0;
 };
 
+// The face in which a password's dots are round, to go with another face.
+std::string DotFace(std::string_view face);
+
 // Makes a field in a window, hidden and empty. Null, with the system's code in LastError, if the
 // system refuses. The handler must outlive it.
 std::unique_ptr<EditControl> MakeEditControl(NativeWindow window, const EditStyle& style,

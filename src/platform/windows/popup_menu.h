@@ -1,4 +1,4 @@
-// A menu that pops up at a point and stays until something is chosen.
+// A menu that pops up beside a rectangle and stays until something is chosen.
 #pragma once
 
 #include "platform/graphics/colour.h"
@@ -38,9 +38,10 @@ struct MenuLook {
     std::int32_t leastWidth;      // of the menu itself; submenus are as wide as their texts ask
 };
 
-// Shows the menu with its top left corner at a point of the screen, or where there is room near it,
-// and pumps the thread's messages meanwhile. Returns the id of the row that was chosen, 0 for none.
-int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows,
+// Shows the menu below a rectangle of the screen, left edge below left edge, or above it where
+// there is no room, and pumps the thread's messages meanwhile. Returns the id of the row that was
+// chosen, 0 for none.
+int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const MenuRow> rows,
                  const MenuLook& look);
 
 } // namespace Platform

@@ -23,7 +23,8 @@ struct WindowPlan {
     NativeWindow owner = nullptr; // lies below it and closes it when it is closed; may be foreign
     std::string className;        // what the system is to call its kind
     std::string title;
-    PixelRect content; // in pixels of the screen
+    PixelRect content;      // in pixels of the screen
+    bool takesMouse = true; // a popup that is shown: presses anywhere on the screen come here
 };
 
 // Makes a window, hidden. The procedure must outlive it. Null, with the system's code in LastError,

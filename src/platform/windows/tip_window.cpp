@@ -85,6 +85,7 @@ public:
         plan.kind = WindowKind::kPopup;
         plan.owner = TopWindowOf(owner);
         plan.className = "Kesto_TipClass";
+        plan.takesMouse = false;
         plan.content = PlaceTip(place, fPicture.Width(), fPicture.Height());
         fHandle = MakeSystemWindow(plan, *this);
         ShowSystemWindow(fHandle, ShowCommand::kShowInactive);

@@ -34,6 +34,7 @@ constexpr double kButtonRow = CWidgetSkin::kCellHeight + kMargin + 20.0; // with
 constexpr std::array kTextWidths = {204.0, 300.0, 420.0};
 constexpr double kFewLines = 5.0;
 constexpr double kLineHeight = 16.0;
+constexpr double kMostLines = 30.0; // the rest is cut off, or the buttons were off the screen
 
 struct CButtonRow {
     AlertButton button;
@@ -167,7 +168,8 @@ CMessageAlert::CMessageAlert(CExecutable* super, const AlertBox& box)
                     std::max(kPlate.bottom, kPlate.top + text.y) + kButtonRow});
 }
 
-// The size of both texts at the narrowest width that gives them few lines.
+// The size of both texts at the narrowest width that gives them few lines. Control and C copy those
+// that are too long whole.
 Point CMessageAlert::MeasureText()
 {
     SetFont(CDrawTools::Get().GetFont(kFont_UI));
@@ -181,6 +183,7 @@ Point CMessageAlert::MeasureText()
         if (size.y <= kFewLines * kLineHeight)
             break;
     }
+    size.y = std::min(size.y, kMostLines * kLineHeight);
     return size;
 }
 

@@ -143,6 +143,7 @@ TEST(EditControl, KeysInOneLine)
         {"cut and paste", "abcd", {1, 3}, "^X Home ^V", "bc|ad"},
         {"the other keys for it", "abcd", {1, 3}, "^Insert +Delete +Insert", "abc|d"},
         {"undo", "abc", {1, 2}, "\"x\" ^Z", "a[b]c"},
+        {"all", "abcd", {2, 2}, "^A", "[abcd]"},
         {"Return types nothing", "abc", {1, 1}, "Return", "a|bc"},
         {"letters of two bytes",
          "\xC3\xA4\xC3\xB6\xC3\xBC",
@@ -168,6 +169,7 @@ TEST(EditControl, KeysInSeveralLines)
         {"the text's ends", "ab/cd/ef", {4, 4}, "^End", "ab/cd/ef|"},
         {"the text's start", "ab/cd/ef", {4, 4}, "^Home", "|ab/cd/ef"},
         {"over a line's end", "ab/cd", {2, 2}, "Right Right", "ab/c|d"},
+        {"all", "ab/cd", {2, 2}, "^A", "[ab/cd]"},
         {"a line end goes", "ab/cd", {3, 3}, "Back", "ab|cd"},
     };
     EditStyle style;

@@ -226,6 +226,12 @@ void EditField::DrawCaret(const Bitmap& picture) const
     FillRect(picture, {x, y, x + width, y + fLayout.RowHeight()}, fLook.text);
 }
 
+// The condensed face that stands in for others makes ovals of them.
+std::string DotFace(std::string_view)
+{
+    return "DejaVu Sans";
+}
+
 std::unique_ptr<EditControl> MakeEditControl(NativeWindow window, const EditStyle& style,
                                              const EditLook& look, EditHandler& handler)
 {

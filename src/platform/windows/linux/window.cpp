@@ -215,6 +215,7 @@ bool LinuxWindow::ReadyPicture()
 TopWindow::TopWindow(const WindowPlan& plan, WindowProcedure& procedure) : fProcedure(procedure)
 {
     fKind = plan.kind;
+    fTakesMouse = plan.takesMouse;
     fFeatures = plan.features;
     LinuxWindow* const owner = From(plan.owner);
     if (owner != nullptr)

@@ -73,6 +73,7 @@ public:
     LinuxWindow* fParent = nullptr;      // of a child control; null once the parent is gone
     std::vector<LinuxWindow*> fChildren; // the last made is in front
     WindowKind fKind = WindowKind::kDialog;
+    bool fTakesMouse = true; // of a popup
     std::uint32_t fFeatures = 0;
     NativeWindow fOwner = nullptr;
     std::uint32_t fForeignOwner = 0; // the display's number of an owner that isn't ours

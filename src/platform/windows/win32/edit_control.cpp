@@ -48,6 +48,11 @@ COLORREF ToSystem(Colour colour)
     return RGB(colour.red, colour.green, colour.blue);
 }
 
+bool IsHeld(int key)
+{
+    return GetKeyState(key) < 0;
+}
+
 class SystemEdit final : public EditControl, private SystemChild {
 public:
     SystemEdit(NativeWindow window, const EditStyle& style, const EditLook& look,
@@ -222,6 +227,8 @@ private:
             InvalidateRect(Child(), nullptr, FALSE);
         if (number == WM_SETFOCUS || number == WM_SETFONT)
             WidenCaret();
+        if (number == WM_KEYDOWN && first == 'A' && IsHeld(VK_CONTROL) && !IsHeld(VK_MENU))
+            SendMessageW(Child(), EM_SETSEL, 0, -1); // fields of several lines don't know it
     }
 
     // The system's caret is a pixel wide at every scale, or as the user has set it.
@@ -321,6 +328,11 @@ private:
 };
 
 } // namespace
+
+std::string DotFace(std::string_view face)
+{
+    return std::string(face);
+}
 
 std::unique_ptr<EditControl> MakeEditControl(NativeWindow window, const EditStyle& style,
                                              const EditLook& look, EditHandler& handler)

@@ -8,6 +8,15 @@
 namespace Platform {
 namespace {
 
+// An ampersand of the text is one, and underlines nothing.
+std::wstring LabelOf(const MenuRow& row)
+{
+    std::wstring label = ToWide(row.text);
+    for (std::size_t at = 0; (at = label.find(L'&', at)) != label.npos; at += 2)
+        label.insert(at, 1, L'&');
+    return label;
+}
+
 // A submenu belongs to the menu that it hangs in.
 HMENU MakeMenu(std::span<const MenuRow> rows)
 {
@@ -21,20 +30,22 @@ HMENU MakeMenu(std::span<const MenuRow> rows)
             flags |= MF_POPUP;
             item = reinterpret_cast<UINT_PTR>(MakeMenu(row.rows));
         }
-        AppendMenuW(menu, flags, item, ToWide(row.text).c_str());
+        AppendMenuW(menu, flags, item, LabelOf(row).c_str());
     }
     return menu;
 }
 
 } // namespace
 
-int RunPopupMenu(NativeWindow window, PixelPoint corner, std::span<const MenuRow> rows,
+int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const MenuRow> rows,
                  const MenuLook&)
 {
     const ForeignLoop loop;
     const HMENU menu = MakeMenu(rows);
-    const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN, corner.x,
-                                      corner.y, 0, Handle(window), nullptr);
+    TPMPARAMS free{sizeof(TPMPARAMS), {beside.left, beside.top, beside.right, beside.bottom}};
+    const int chosen =
+        TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL,
+                         beside.left, beside.bottom, Handle(window), &free);
     DestroyMenu(menu);
     ThrowStopped();
     return chosen;

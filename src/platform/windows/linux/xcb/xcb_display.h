@@ -55,6 +55,7 @@ private:
     void Describe(LinuxWindow& window);
     void DescribeLimits(LinuxWindow& window);
     void DescribeFrame(const LinuxWindow& window);
+    void GrabMouse();
     void SetAtoms(std::uint32_t number, xcb_atom_t property, std::span<const xcb_atom_t> values);
     void SetText(std::uint32_t number, xcb_atom_t property, xcb_atom_t type, std::string_view text);
     void SendToRoot(std::uint32_t number, xcb_atom_t type, std::array<std::uint32_t, 5> data);

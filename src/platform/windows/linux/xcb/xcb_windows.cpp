@@ -48,6 +48,11 @@ std::uint32_t OwnerNumber(const LinuxWindow& window)
     return owner != nullptr ? owner->fServerID : window.fForeignOwner;
 }
 
+bool TakesMouse(const LinuxWindow& window)
+{
+    return window.fKind == WindowKind::kPopup && window.fTakesMouse;
+}
+
 // A window whose owner takes no input, or is another program's, is modal.
 bool IsModal(const LinuxWindow& window)
 {
@@ -102,8 +107,11 @@ void XcbDisplay::RemoveWindow(LinuxWindow& window)
     fWindows.erase(window.fServerID);
     if (fFocused == window.fServerID)
         fFocused = 0;
-    if (!fIsLost)
+    if (!fIsLost) {
         xcb_destroy_window(fConnection, window.fServerID);
+        if (TakesMouse(window))
+            GrabMouse();
+    }
     xcb_flush(fConnection);
 }
 
@@ -190,15 +198,30 @@ void XcbDisplay::Title(LinuxWindow& window)
     SetText(window.fServerID, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, window.fTitle);
 }
 
-// A popup has the mouse everywhere, so that a press elsewhere closes it.
+// A popup has the mouse everywhere, so that a press elsewhere closes it; when it goes, the popup
+// below it has it again.
+void XcbDisplay::GrabMouse()
+{
+    const auto last = std::find_if(fWindows.rbegin(), fWindows.rend(), [](const auto& known) {
+        return TakesMouse(*known.second.window) && known.second.window->fShown;
+    });
+    if (last == fWindows.rend())
+        xcb_ungrab_pointer(fConnection, XCB_CURRENT_TIME);
+    else
+        xcb_grab_pointer(fConnection, 1, last->first,
+                         XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE |
+                             XCB_EVENT_MASK_POINTER_MOTION,
+                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE,
+                         XCB_CURRENT_TIME);
+}
+
 void XcbDisplay::Show(LinuxWindow& window)
 {
     const std::uint32_t number = window.fServerID;
-    const bool isPopup = window.fKind == WindowKind::kPopup;
     if (!window.fShown) {
-        if (isPopup)
-            xcb_ungrab_pointer(fConnection, XCB_CURRENT_TIME);
         xcb_unmap_window(fConnection, number);
+        if (TakesMouse(window))
+            GrabMouse();
         xcb_flush(fConnection);
         return;
     }
@@ -208,12 +231,8 @@ void XcbDisplay::Show(LinuxWindow& window)
     SetAtoms(number, fAtoms[Atom::kState],
              std::span<const xcb_atom_t>(modal, IsModal(window) ? 1 : 0));
     xcb_map_window(fConnection, number);
-    if (isPopup)
-        xcb_grab_pointer(fConnection, 1, number,
-                         XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE |
-                             XCB_EVENT_MASK_POINTER_MOTION,
-                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE,
-                         XCB_CURRENT_TIME);
+    if (TakesMouse(window))
+        GrabMouse();
     xcb_flush(fConnection);
 }
 
