@@ -1,5 +1,8 @@
 // What goes on while a loop that isn't ours pumps the thread's messages.
+#include "foundation/errors/exceptions.h"
 #include "platform/input/system_timer.h"
+#include "platform/windows/popup_menu.h"
+#include "support/alert_capture.h"
 #include "support/testing.h"
 #include "view/process/timer.h"
 #include "view/test_pump.h"
@@ -40,6 +43,62 @@ TEST(ForeignLoop, RunsTimersAndPostedEvents)
     const int before = fired;
     process.PumpQuiet();
     EXPECT_EQ(fired, before) << "a stopped one is silent in all loops";
+}
+
+void CALLBACK EndLoop(HWND frame, UINT, UINT_PTR, DWORD)
+{
+    PostMessageW(frame, WM_LBUTTONUP, 0, 0);
+    EndMenu();
+}
+
+// A dialog that is opened there runs, and what is thrown is told, since it can't unwind through the
+// system.
+TEST(ForeignLoop, OfADraggedFrameOrAnOpenMenuGivesTurns)
+{
+    struct Ends : CTimer {
+        explicit Ends(HWND frame) : CTimer(0.03), window(frame) {}
+        void Fire(double, double) override
+        {
+            if (++fired == 3)
+                EndLoop(window, 0, 0, 0);
+        }
+        HWND window;
+        int fired = 0;
+    };
+    const std::pair<const char*, std::function<void(HWND)>> loops[] = {
+        {"a frame is dragged",
+         [](HWND frame) { SendMessageW(frame, WM_SYSCOMMAND, SC_MOVE | HTCAPTION, 0); }},
+        {"a menu is open",
+         [](HWND frame) {
+             Platform::MenuRow row;
+             row.text = "Only";
+             Platform::RunPopupMenu(reinterpret_cast<Platform::NativeWindow>(frame), {100, 100},
+                                    {&row, 1}, {});
+         }},
+    };
+    for (const auto& [what, run] : loops) {
+        SCOPED_TRACE(what);
+        PumpedProcess process;
+        AlertCapture alerts;
+        CDocumentWindow window(DocumentPlan());
+        window.Start();
+        process.PumpQuiet();
+        auto* const frame = reinterpret_cast<HWND>(window.NativeHandle());
+        SetTimer(frame, 1, 10000, EndLoop); // should there be no turns
+        Ends timer(frame);
+        std::int32_t result = 0;
+        process.PostCall(0, [&] {
+            CDialog dialog(PlanOf(&window));
+            process.PostCall(-1, [&dialog] { dialog.EndRun(3); });
+            result = dialog.Run();
+            timer.Start();
+            process.PostCall(0, [] { throw CError("In between."); });
+        });
+        run(frame);
+        EXPECT_EQ(timer.fired, 3);
+        EXPECT_EQ(result, 3);
+        EXPECT_EQ(alerts.texts, (std::vector<std::string>{"In between."}));
+    }
 }
 
 // One that is destroyed while its frame is dragged hears no more of the drag's end.
