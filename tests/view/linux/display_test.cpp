@@ -138,6 +138,23 @@ TEST_F(OnDisplay, TheWindowManagerIsToldWhatAWindowCanDo)
     EXPECT_FALSE(window.IsDone()) << "it can't close";
 }
 
+TEST_F(OnDisplay, AWindowFollowsTheScaleOfTheDesktop)
+{
+    CDocumentWindow window(Plan("Scaled"));
+    window.Start();
+    process.PumpQuiet();
+    const double before = window.GetScaleFactor();
+    for (const auto& [dots, scale] : {std::pair(192, 2.0), std::pair(96, 1.0)}) {
+        SCOPED_TRACE(dots);
+        Do("echo Xft.dpi: " + std::to_string(dots) + " | xrdb -merge");
+        process.PumpUntil([&, wanted = scale] { return window.GetScaleFactor() == wanted; });
+        EXPECT_EQ(window.GetBounds(), (Rect{0, 0, 200, 100}));
+        const PixelRect content = window.GetWindowBounds();
+        EXPECT_EQ(content.right - content.left, ToDevice(200.0, scale));
+    }
+    EXPECT_EQ(before, 1.0);
+}
+
 // The last test: the program connects once.
 TEST_F(OnDisplay, ThatGoesAwayEndsNestedDialogsWhoeverWouldRefuse)
 {

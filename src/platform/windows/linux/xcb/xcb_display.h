@@ -76,6 +76,7 @@ private:
     void TakeClient(const xcb_client_message_event_t& event);
     void TakeProperty(const xcb_property_notify_event_t& event);
     void TellFocus();
+    void TellOfScreen();
     Known* Find(std::uint32_t number);
 
     // The clipboard (xcb_clipboard.cpp).

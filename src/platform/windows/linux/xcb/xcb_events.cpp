@@ -258,10 +258,19 @@ void XcbDisplay::TakeExpose(const xcb_expose_event_t& event)
             present(*child, Offset(exposed, -child->fContent.left, -child->fContent.top));
 }
 
+// Its size, or the desktop's settings, the scale among them.
+void XcbDisplay::TellOfScreen()
+{
+    for (const auto& [number, known] : fWindows)
+        PostToQueue(known.window->Handle(), kDisplayChange);
+}
+
 // Within a frame the display tells the place in the frame; the window manager tells it of the
 // screen. What was meant before our own last request doesn't count any more.
 void XcbDisplay::TakeConfigure(const xcb_configure_notify_event_t& event, bool isOfManager)
 {
+    if (event.window == fScreen->root)
+        TellOfScreen();
     Known* const known = Find(event.window);
     if (known == nullptr)
         return;
@@ -295,6 +304,8 @@ void XcbDisplay::TakeClient(const xcb_client_message_event_t& event)
 
 void XcbDisplay::TakeProperty(const xcb_property_notify_event_t& event)
 {
+    if (event.window == fScreen->root && event.atom == XCB_ATOM_RESOURCE_MANAGER)
+        TellOfScreen();
     Known* const known = Find(event.window);
     const bool isExtents = event.atom == fAtoms[Atom::kFrameExtents];
     if (known == nullptr || (!isExtents && event.atom != fAtoms[Atom::kState]))

@@ -72,6 +72,8 @@ XcbDisplay::XcbDisplay(xcb_connection_t* connection, xcb_screen_t* screen)
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &events);
     xcb_create_gc(connection, fTools, screen->root, 0, nullptr);
+    const std::uint32_t ofScreen = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection, screen->root, XCB_CW_EVENT_MASK, &ofScreen);
     SetInputSource(xcb_get_file_descriptor(connection), [this] { Read(); });
 }
 
