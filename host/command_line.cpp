@@ -47,7 +47,8 @@ int RunLumohost(std::vector<std::string> arguments)
     CommonOptions common;
     CLI::App app("Opens, saves, filters and exports pictures through Lumograph plug-in modules.",
                  "lumohost");
-    app.require_subcommand(0, 1); // no more; with none the help tells of them
+    app.require_subcommand(0, 1);           // no more; with none the help tells of them
+    app.allow_windows_style_options(false); // a path from the root is no option, on any system
     app.set_version_flag("--version", "lumohost " SIDECAR_VERSION);
     app.set_help_all_flag("--help-all", "Show the help of all commands");
     app.footer("\nlumohost COMMAND --help tells more, with examples.");

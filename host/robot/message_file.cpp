@@ -1,5 +1,7 @@
 #include "robot/message_file.h"
 
+#include "robot/script.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cmath>
@@ -38,7 +40,8 @@ ordered_json ToJson(const HostMessage& message)
 
 } // namespace
 
-MessageFile::MessageFile(const std::string& path) : fFile(path, std::ios::binary | std::ios::trunc)
+MessageFile::MessageFile(const std::string& path)
+    : fFile(FileOf(path), std::ios::binary | std::ios::trunc)
 {
     if (!fFile)
         throw std::runtime_error(path + ": the file can't be written");

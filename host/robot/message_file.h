@@ -10,7 +10,7 @@ namespace Host {
 
 class MessageFile {
 public:
-    // Throws std::runtime_error if the file can't be written.
+    // The path is in UTF-8. Throws std::runtime_error if the file can't be written.
     explicit MessageFile(const std::string& path);
     MessageFile(const MessageFile&) = delete;
     MessageFile& operator=(const MessageFile&) = delete;

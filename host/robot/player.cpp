@@ -343,7 +343,7 @@ void Player::WriteDescription(const std::string& path)
         std::cout << text << std::flush;
         return;
     }
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    std::ofstream file(FileOf(path), std::ios::binary | std::ios::trunc);
     file << text;
     if (!file.flush())
         throw std::runtime_error(path + ": the file can't be written");
@@ -353,8 +353,7 @@ void Player::WriteShot(const std::string& path)
 {
     if (!fRecords->picture)
         throw std::runtime_error(path + ": the window gave no picture");
-    WriteBitmap(std::filesystem::path(std::u8string(path.begin(), path.end())),
-                *std::exchange(fRecords->picture, std::nullopt));
+    WriteBitmap(FileOf(path), *std::exchange(fRecords->picture, std::nullopt));
 }
 
 void Player::UseMonitors(const Action& action)

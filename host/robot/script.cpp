@@ -194,11 +194,25 @@ void ReadClick(LineReader& line, Action& action)
 
 void ReadNothing(LineReader&, Action&) {}
 
+double NumberFrom(LineReader& line, double least, double most, const std::string& what)
+{
+    std::ostringstream limits;
+    limits << what << " from " << least << " to " << most;
+    const double number = line.Number(limits.str());
+    if (number < least || number > most) {
+        std::ostringstream found;
+        found << number;
+        line.RefuseWord(found.str(), limits.str());
+    }
+    return number;
+}
+
 void ReadWheel(LineReader& line, Action& action)
 {
     ReadView(line, action);
-    action.numbers.x = line.Number("the notches to the right, a number,");
-    action.numbers.y = line.Number("the notches upward, a number,");
+    constexpr double kMost = 100;
+    action.numbers.x = NumberFrom(line, -kMost, kMost, "the notches to the right, a number");
+    action.numbers.y = NumberFrom(line, -kMost, kMost, "the notches upward, a number");
 }
 
 void ReadText(LineReader& line, Action& action)
@@ -223,19 +237,6 @@ void ReadModifier(LineReader& line, Action& action)
     if (!key)
         line.RefuseWord(name, "shift, control or alt");
     action.key = *key;
-}
-
-double NumberFrom(LineReader& line, double least, double most, const std::string& what)
-{
-    std::ostringstream limits;
-    limits << what << " from " << least << " to " << most;
-    const double number = line.Number(limits.str());
-    if (number < least || number > most) {
-        std::ostringstream found;
-        found << number;
-        line.RefuseWord(found.str(), limits.str());
-    }
-    return number;
 }
 
 void ReadSize(LineReader& line, Action& action)
@@ -402,6 +403,11 @@ Script ReadScript(std::string_view text, const std::string& name)
     return script;
 }
 
+std::filesystem::path FileOf(const std::string& name)
+{
+    return std::u8string(name.begin(), name.end());
+}
+
 Script LoadScript(const std::string& file)
 {
     std::ostringstream text;
@@ -409,7 +415,7 @@ Script LoadScript(const std::string& file)
         text << std::cin.rdbuf();
         return ReadScript(text.str(), "(standard input)");
     }
-    std::ifstream in(file, std::ios::binary);
+    std::ifstream in(FileOf(file), std::ios::binary);
     in.peek();
     if (!in.is_open() || in.bad())
         throw ScriptError(file + ": the script can't be read");

@@ -105,10 +105,14 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The path that a name in UTF-8 means, as scripts have them on every system.
+std::filesystem::path FileOf(const std::string& name);
+
 // Throws ScriptError for the first mistake.
 Script ReadScript(std::string_view text, const std::string& name);
 
-// The same from a file, "-" for the standard input. A file that can't be read is a mistake too.
+// The same from a file, named in UTF-8, "-" for the standard input. A file that can't be read is a
+// mistake too.
 Script LoadScript(const std::string& file);
 
 } // namespace Host

@@ -20,6 +20,8 @@ TEST_F(FailuresTest, MistakesOnTheCommandLineHaveAStatusOfTheirOwn)
     ExpectFailure(2, {"opne", fSample}, {"not expected", "opne"});
     ExpectFailure(2, {"open"}, {"file is required"});
     ExpectFailure(2, {"open", fSample, "--compression", "12"}, {"--compression"});
+    ExpectFailure(2, {"open", fSample, "--describe", "--scale", "nan"}, {"nan is no number"});
+    ExpectFailure(1, {"open", "/missing.img", "-o", fPng}, {"could not be found. (-43)"});
     EXPECT_NE(RunLumohost({"assemble", "--help"}).output.find("Examples:"), std::string::npos);
 }
 

@@ -54,6 +54,7 @@ TEST(Scripts, TellMistakesWithTheirPlace)
         {"click A x0", ":1:9: \"x0\" was found, but left, right"},
         {"press A left", ":1:9: \"left\" was found, but the end of the line"},
         {"wheel A 1 up", ":1:11: \"up\" was found, but the notches upward"},
+        {"wheel A 1e9 0", ":1:9: \"1e+09\" was found, but the notches to the right"},
         {"key return", ":1:5: \"return\" was found, but one of Tab, Return"},
         {"key A meta", ":1:7: \"meta\" was found, but shift, control or alt"},
         {"hold A", ":1:6: \"A\" was found, but shift, control or alt"},

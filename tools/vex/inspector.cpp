@@ -76,12 +76,19 @@ void CInspector::Follow(const CBuiltLayout& layout)
     fTip.Show(window.NativeHandle(), view->GetGlobalRect(), words, look);
 }
 
-// Over what has been painted; the next paint takes it away.
+// Over what has been painted; the next paint takes it away. It lies around the view, since a child
+// of the system's covers its own pixels.
 void CInspector::Outline(Kesto::CWindow& window, const Kesto::CView& view) const
 {
     window.SetWindowOrigin({});
     window.ResetClip();
-    window.Frame(view.GetFramePort(), kFrameColour);
+    const Kesto::Rect frame = view.GetFramePort();
+    const double pixel = 1.0 / window.GetScale();
+    const Kesto::Rect all = window.GetBounds();
+    const Kesto::Rect around{
+        std::max(frame.left - pixel, all.left), std::max(frame.top - pixel, all.top),
+        std::min(frame.right + pixel, all.right), std::min(frame.bottom + pixel, all.bottom)};
+    window.Frame(around, kFrameColour);
     const Kesto::PixelPoint size = window.GetClientPixels();
     window.PixelsDrawn(Kesto::CDeviceRegion({0, 0, size.x, size.y}));
 }

@@ -205,22 +205,32 @@ int Place(const Options& options)
     return kExit_Well;
 }
 
+// The robot takes names of files in UTF-8.
+std::string Utf8NameOf(const std::string& argument)
+{
+    const std::u8string name = std::filesystem::path(argument).u8string();
+    return {name.begin(), name.end()};
+}
+
 // The script, then the picture and the description that are asked for besides.
 int Play(const Options& options)
 {
-    Host::Script script = Host::LoadScript(options.script);
+    Host::Script script = Host::LoadScript(Utf8NameOf(options.script));
     const auto add = [&script](Host::Verb verb, const std::string& file) {
         Host::Action& action = script.actions.emplace_back();
         action.verb = verb;
         action.text = file;
     };
     if (!options.picture.empty())
-        add(Host::Verb::kShot, options.picture);
+        add(Host::Verb::kShot, Utf8NameOf(options.picture));
     if (options.describe)
         add(Host::Verb::kDescribe, "-");
-    const Host::PlayOutcome outcome = Vex::Play(
-        Vex::CSourceText::Load(options.files.front()), std::move(script),
-        {{SizeOf(options.size), options.scale, true}, options.theme, options.messages, {}});
+    const Host::PlayOutcome outcome =
+        Vex::Play(Vex::CSourceText::Load(options.files.front()), std::move(script),
+                  {{SizeOf(options.size), options.scale, true},
+                   options.theme,
+                   Utf8NameOf(options.messages),
+                   {}});
     if (outcome.status != Host::PlayOutcome::kPlayed)
         std::cerr << "vex: " << outcome.words << '\n';
     return outcome.status;
