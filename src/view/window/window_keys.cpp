@@ -202,6 +202,8 @@ bool CWindow::PressButton(CWindowButton* button, std::uint32_t key)
     return pressed;
 }
 
+// Alt is for windows without an owner, Control for those with one, where Alt closes as well: that
+// is the system's own key, which is kept from it because it would close what can't close.
 bool CWindow::IsCloseKey(const CKeyboardMessage& message) const
 {
     if (!HasWindowState(kWindow_CloseKey) || message.fKeyCode != kF4 || message.fRepeated != 0)
