@@ -17,6 +17,7 @@
 #include "foundation/errors/exceptions.h"
 #include "support/testing.h"
 
+#include <chrono>
 #include <thread>
 
 namespace {
@@ -193,6 +194,60 @@ TEST_F(Pump, ABlockedPumpTakesNoProcessorTime)
     for (int turn = 0; turn < 10; ++turn)
         process.GetNextEvent(0);
     EXPECT_LT(ProcessorSeconds() - before, 0.25) << "ten turns wait for a tenth of a second each";
+}
+
+TEST_F(Pump, ABellIsNoMessageAndEndsOneWait)
+{
+    Platform::QueueBell bell;
+    bell.Ring();
+    bell.Ring();
+    EXPECT_EQ(Platform::PeekQueue(Platform::Peek::kLeave), std::nullopt);
+    EXPECT_EQ(Platform::AwaitMessage(), std::nullopt);
+    const auto next = Platform::AwaitMessage();
+    ASSERT_TRUE(next) << "it waited for the process's timer";
+    EXPECT_EQ(next->number, Platform::Number::kTimer);
+}
+
+TEST_F(Pump, ARunRestsUntilSomethingConcernsIt)
+{
+    struct Dialog : Kesto::CExecutable {
+        using CExecutable::CExecutable;
+        void OnAfterPoll() override
+        {
+            ++polls;
+            if (const auto poll = std::exchange(atPoll, nullptr))
+                poll(*this);
+        }
+        int polls = 0;
+        std::function<void(Dialog&)> atPoll;
+    };
+    std::thread other;
+    const std::pair<const char*, std::function<void(Dialog&)>> rows[] = {
+        {"another thread's event",
+         [&](Dialog& dialog) {
+             other = std::thread([&] {
+                 std::this_thread::sleep_for(std::chrono::milliseconds(500));
+                 Kesto::CProcessLink::Post(
+                     std::make_unique<CallEvent>(0, [&] { dialog.SetDone(true); }));
+             });
+         }},
+        {"an event of its own",
+         [&](Dialog& dialog) { process.PostCall(-1, [&] { dialog.SetDone(true); }); }},
+        {"done at the end of a turn", [](Dialog& dialog) { dialog.SetDone(true); }},
+        {"a child that is", [](Dialog& dialog) {
+             auto* const child = new Dialog(&dialog, Kesto::CExecutable::kAutoDelete);
+             child->Start();
+             child->SetDoneFlag(true);
+             child->atPoll = [&dialog](Dialog&) { dialog.SetDone(true); };
+         }}};
+    for (const auto& [words, end] : rows) {
+        SCOPED_TRACE(words);
+        Dialog dialog(&process);
+        dialog.atPoll = end;
+        dialog.Run();
+        EXPECT_LE(dialog.polls, 4);
+    }
+    other.join();
 }
 
 TEST_F(Pump, FourThreadsPostWhileThePumpRunsAndPosts)

@@ -5,7 +5,7 @@
 // made when they are asked for, so they never pile up. A request to quit is no message here but a
 // flag of the queue, and only blocking calls tell of it.
 //
-// All calls but PostToQueue are for the thread that owns the queue.
+// All calls but PostToQueue and a bell's Ring are for the thread that owns the queue.
 #pragma once
 
 #include "platform/system/native_window.h"
@@ -38,10 +38,12 @@ enum class Peek { kLeave, kRemove };
 // even when it is removed, until its window has been painted.
 std::optional<QueuedMessage> PeekQueue(Peek peek, MessageRange range = kAnyMessage);
 
-// Blocks until there is a message and takes it out. Nothing when the thread is asked to quit.
+// Blocks until there is a message and takes it out. Nothing when the thread is asked to quit, and
+// when a bell rings.
 std::optional<QueuedMessage> AwaitMessage();
 
-// Blocks until there is a message or a request to quit, at most so many milliseconds.
+// Blocks until there is a message, a request to quit or a bell that rings, at most so many
+// milliseconds.
 void WaitForMessage(std::uint32_t milliseconds);
 
 // The same, but what was in the queue when it was last looked at doesn't end the wait: for loops
@@ -59,6 +61,22 @@ std::intptr_t DispatchToWindow(const QueuedMessage& message);
 // any thread. False: the window is gone or the queue is full.
 bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first = 0,
                  std::intptr_t second = 0);
+
+// Wakes the thread that has made it.
+class QueueBell {
+public:
+    QueueBell();
+    ~QueueBell();
+    QueueBell(const QueueBell&) = delete;
+    QueueBell& operator=(const QueueBell&) = delete;
+
+    // The call that blocks now returns, or the next one at once; a loop of the system's own gives
+    // the program a turn. From any thread.
+    void Ring();
+
+private:
+    NativeWindow fWindow = nullptr; // that is rung, where one is needed
+};
 
 // Asks this thread to quit. The request is kept until it is taken.
 void RequestQuit(int code);

@@ -14,6 +14,10 @@ namespace Platform {
 // In pixels of the screen.
 PixelPoint CursorPosition();
 
+// Whether a message comes when the mouse leaves this thread's windows; else that is found out by
+// asking.
+bool TellsWhenMouseLeaves();
+
 // True when the user has exchanged the left and the right button. Key states tell of the buttons of
 // the device, messages of their roles.
 bool AreButtonsSwapped();

@@ -91,6 +91,7 @@ public:
     // The mouse is where the event says, and the window there hears of it; no window has the mouse.
     void MouseMoved(const CMouseEvent& event);
     void ResetMouse();
+    bool HasMouse() const { return fUnderMouse != nullptr; }
 
 private:
     template <class Visit>

@@ -153,6 +153,8 @@ bool CExecutable::IsAutoDelete() const
 void CExecutable::SetDoneFlag(bool done)
 {
     SetRunFlag(kDone, done);
+    if (CProcess* const process = done ? CProcess::Current() : nullptr)
+        process->WantTurn();
 }
 
 void CExecutable::SetDone(bool done)
@@ -320,16 +322,21 @@ bool CExecutable::CanRun() const
     return IsStarted();
 }
 
-// The process is asked for in each turn, since it may end below the loop.
+// The process is asked for in each turn, since it may end below the loop. The first turn doesn't
+// wait, so that all who run are polled once.
 void CExecutable::RunLoop()
 {
     const CRunning running(this);
     const CMessengerWatch watch(this);
+    if (CProcess* const process = CProcess::Current())
+        process->WantTurn();
     bool goesOn = true;
     while (goesOn) {
         CProcess* process = CProcess::Current();
         if (process == nullptr)
             return;
+        if (!IsDone() && !process->IsQuitting())
+            process->LetRest();
         process->GetNextEvent(0);
         process = CProcess::Current();
         if (watch.IsGone())

@@ -100,7 +100,10 @@ public:
 
     virtual void OnStart();
     virtual void OnStop();
-    virtual void OnBeforePoll(); // around the children's poll
+
+    // Around the children's poll, in each turn of a run loop. There is one after whatever the pump
+    // deals with; who wants them by time has a timer or an idler.
+    virtual void OnBeforePoll();
     virtual void OnAfterPoll();
 
     // Deletes the children that are marked for it, the last one first, and leaves the others

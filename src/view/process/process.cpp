@@ -112,8 +112,21 @@ void CProcess::PostEvent(std::unique_ptr<CProcessEvent> event)
 {
     if (event == nullptr)
         return;
-    const std::lock_guard lock(fEventMutex);
-    fEvents.Add(std::move(event));
+    {
+        const std::lock_guard lock(fEventMutex);
+        fEvents.Add(std::move(event));
+    }
+    WantTurn();
+}
+
+// No bell is rung on this thread: what it does is seen before it waits, and in a loop of the
+// system's own an event that posts another would leave no turn for input.
+void CProcess::WantTurn()
+{
+    if (IsMainThread())
+        fWantsTurn = true;
+    else
+        fBell.Ring();
 }
 
 const CProcessEvent* CProcess::TopEvent()

@@ -78,6 +78,13 @@ public:
     // Queues an event; null is ignored. From any thread.
     void PostEvent(std::unique_ptr<CProcessEvent> event) override;
 
+    // What the next turn of a run loop finds has changed: it comes at once. From any thread.
+    void WantTurn();
+
+    // The next GetNextEvent is a run loop's, which needs no turns by time: while it waits the
+    // process's own timer rests.
+    void LetRest() { fMayRest = true; }
+
     // The event whose turn is next, or null. It belongs to the queue; this thread alone takes
     // events out.
     virtual const CProcessEvent* TopEvent();
@@ -212,7 +219,9 @@ private:
 
     void FollowMouse(const std::optional<Platform::QueuedMessage>& pending, std::uint32_t flags);
     void DropEventsOf(CMessenger* messenger);
-    std::optional<Platform::QueuedMessage> Fetch(std::uint32_t flags);
+    class CRest;
+    bool CanRest() const;
+    std::optional<Platform::QueuedMessage> Fetch(std::uint32_t flags, bool mayRest);
     bool Deliver(Platform::QueuedMessage message, std::uint32_t flags);
     bool TranslateAndDispatch(const Platform::QueuedMessage& message);
     void TakeQuitRequest();
@@ -235,6 +244,9 @@ private:
     CProcess* fOlder;        // of those that live
     CProcess* const fBefore; // current when this one was made; it may have ended since
     CTimer fIdleTimer;
+    bool fMayRest = false;
+    bool fWantsTurn = false;
+    Platform::QueueBell fBell;
 };
 
 // Makes a process the current one for a scope.

@@ -87,6 +87,7 @@ std::uint32_t CharacterOf(std::uint32_t keyCode)
 // What decides the turn is copied from the event: the mouse's path may run code that deletes it.
 bool CProcess::GetNextEvent(std::uint32_t flags)
 {
+    const bool mayRest = std::exchange(fMayRest, false);
     std::optional<Turn> turn;
     if (const CProcessEvent* const top = TopEvent())
         turn = Turn{top->Priority(), top->Time()};
@@ -96,7 +97,7 @@ bool CProcess::GetNextEvent(std::uint32_t flags)
         DispatchTopEvent();
         return true;
     }
-    if (const std::optional<QueuedMessage> message = Fetch(flags)) {
+    if (const std::optional<QueuedMessage> message = Fetch(flags, mayRest)) {
         if (Deliver(*message, flags))
             return true;
     } else
@@ -123,11 +124,38 @@ void CProcess::SetMouseTracking(bool on)
     fProcessFlags = on ? fProcessFlags | kTracksMouse : fProcessFlags & ~kTracksMouse;
 }
 
-// With idlers the wait ends when the first of them is due.
-std::optional<QueuedMessage> CProcess::Fetch(std::uint32_t flags)
+// Stops the process's timer for a wait. What was known of the host may be wrong after it.
+class CProcess::CRest {
+public:
+    explicit CRest(CProcess& process) : fProcess(process) { process.fIdleTimer.Stop(); }
+    ~CRest()
+    {
+        fProcess.fIsHostActive.reset();
+        fProcess.fIdleTimer.Start();
+    }
+    CRest(const CRest&) = delete;
+    CRest& operator=(const CRest&) = delete;
+
+private:
+    CProcess& fProcess;
+};
+
+// Not while the mouse is over a window where only asking tells that it has left.
+bool CProcess::CanRest() const
 {
-    if ((flags & kEvent_Poll) != 0)
+    const CDesktop* const desktop = CServiceT<CDesktop>::Get(false);
+    return Platform::TellsWhenMouseLeaves() || desktop == nullptr || !desktop->HasMouse();
+}
+
+// With idlers the wait ends when the first of them is due.
+std::optional<QueuedMessage> CProcess::Fetch(std::uint32_t flags, bool mayRest)
+{
+    const bool isWanted = mayRest && std::exchange(fWantsTurn, false);
+    if (isWanted || (flags & kEvent_Poll) != 0)
         return Platform::PeekQueue(Peek::kRemove);
+    std::optional<CRest> rest;
+    if (mayRest && CanRest())
+        rest.emplace(*this);
     const double wait = (flags & kEvent_NoIdle) != 0 ? -1.0 : CIdler::TimeToNext(Now());
     if (wait < 0.0)
         return Platform::AwaitMessage();

@@ -51,7 +51,7 @@ TEST_F(MessageQueue, DeliversPostedThenInputThenPaintsThenTimers)
 {
     const std::uintptr_t timer = ArmTimer(nullptr, 0, 1);
     WaitForMessage(1000);
-    WaitForMessage(1000); // an arming wakes the queue too
+    WaitForMessage(1000); // what was injected before has woken the first
     window.SetWantsPaint(true);
     Inject(kKeyDown, 1);
     Inject(kLeftDown, 2);

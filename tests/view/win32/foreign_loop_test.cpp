@@ -1,6 +1,7 @@
 // What goes on while a loop that isn't ours pumps the thread's messages.
 #include "foundation/errors/exceptions.h"
 #include "platform/input/system_timer.h"
+#include "platform/windows/foreign_loop.h"
 #include "platform/windows/popup_menu.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
@@ -8,6 +9,7 @@
 #include "view/test_pump.h"
 #include "view/window_parts.h"
 
+#include <thread>
 #include <windows.h>
 
 namespace {
@@ -118,6 +120,23 @@ TEST(ForeignLoop, EndsWithTheWindowThatItRunsFor)
         WNDCLASSW kind{};
         EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"Kesto_TurnClass", &kind));
     }
+}
+
+TEST(ForeignLoop, GivesATurnWhenABellRings)
+{
+    static int turns = 0;
+    Platform::SetForeignTurn([](std::uintptr_t) { ++turns; });
+    Platform::QueueBell bell;
+    for (const int ringing : {1, 2}) {
+        SCOPED_TRACE(ringing);
+        std::thread([&bell] {
+            bell.Ring();
+            bell.Ring();
+        }).join();
+        RunLoopOfSystem([ringing] { return turns >= ringing; });
+        EXPECT_EQ(turns, ringing);
+    }
+    Platform::SetForeignTurn(nullptr);
 }
 
 TEST(ForeignLoop, LeavesNoWindowOfItsTimers)

@@ -19,7 +19,8 @@ std::optional<QueuedMessage> AwaitMessage()
     while (!queue.IsQuitAsked()) {
         if (auto message = queue.Take(Peek::kRemove, kAnyMessage))
             return message;
-        queue.Wait(std::nullopt);
+        if (queue.Wait(std::nullopt))
+            return std::nullopt;
     }
     return std::nullopt;
 }
@@ -58,6 +59,16 @@ bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first
                  std::intptr_t second)
 {
     return Queue::Get().AddPosted({window, number, first, second, 0, 0, 0});
+}
+
+// There is but one queue.
+QueueBell::QueueBell() = default;
+
+QueueBell::~QueueBell() = default;
+
+void QueueBell::Ring()
+{
+    Queue::Get().Ring();
 }
 
 void RequestQuit(int code)

@@ -11,6 +11,11 @@ PixelPoint CursorPosition()
 }
 
 // The display exchanges the buttons before anyone hears of them.
+bool TellsWhenMouseLeaves()
+{
+    return true;
+}
+
 bool AreButtonsSwapped()
 {
     return false;

@@ -103,13 +103,21 @@ void Queue::Wake()
 }
 
 // Takes back what the bell has rung, or the next wait would end at once.
-void Queue::Quiet()
+bool Queue::Quiet()
 {
     const std::lock_guard lock(fMutex);
     if (!std::exchange(fIsRung, false))
-        return;
+        return false;
     std::uint64_t rung = 0;
     [[maybe_unused]] const ssize_t got = ::read(fBell, &rung, sizeof rung);
+    return std::exchange(fHasRung, false);
+}
+
+void Queue::Ring()
+{
+    const std::lock_guard lock(fMutex);
+    fHasRung = true;
+    Wake();
 }
 
 bool Queue::AddPosted(const QueuedMessage& message)
@@ -274,7 +282,7 @@ std::optional<std::uint64_t> Queue::NextDue() const
     return next;
 }
 
-void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
+bool Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
 {
     constexpr std::uint64_t kForever = ~std::uint64_t{0};
     ReadSource();
@@ -296,9 +304,10 @@ void Queue::Wait(std::optional<std::uint32_t> milliseconds, WaitFor what)
     // In steps of a minute at most, since poll counts in an int; the caller waits again.
     poll(descriptors.data(), descriptors.size(),
          wait != kForever ? static_cast<int>(std::min<std::uint64_t>(wait, 60000)) : -1);
-    Quiet();
+    const bool hasRung = Quiet();
     if (descriptors[1].revents != 0)
         ReadSource();
+    return hasRung;
 }
 
 std::u16string Queue::TakeTextOf(const QueuedMessage& message)
@@ -366,7 +375,6 @@ std::uintptr_t Queue::AddTimer(NativeWindow window, std::uintptr_t number,
     });
     const std::uint64_t period = std::max(milliseconds, kLeastPeriod);
     fTimers.push_back({window, number, period, ClockMilliseconds() + period});
-    Wake();
     return number;
 }
 

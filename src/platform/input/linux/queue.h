@@ -2,8 +2,8 @@
 //
 // Posted messages, input, windows that want to be painted and timers wait in lists of their own,
 // and Take looks through them in that order. Input comes from whoever injects it: a reader of the
-// display, or a test. The lock is what an operating system has around its queues: `Add...`
-// may be called from any thread, and no caller's code runs while it is held.
+// display, or a test. The lock is what an operating system has around its queues: what is said to
+// be for any thread takes it, and no caller's code runs while it is held.
 #pragma once
 
 #include "platform/input/keyboard.h"
@@ -32,15 +32,16 @@ public:
     bool AddPosted(const QueuedMessage& message);
     void AddInput(const QueuedMessage& message, std::u16string text);
     void AskToQuit(int code);
+    void Ring();
 
     std::optional<QueuedMessage> Take(Peek peek, MessageRange range);
     std::optional<int> TakeQuit();
     bool IsQuitAsked();
 
     // Blocks until there may be something, or something that wasn't there at the last wait; at most
-    // until the next timer is due or `milliseconds` have passed.
+    // until the next timer is due or `milliseconds` have passed. True: a bell has rung.
     enum class WaitFor { kAnything, kArrival };
-    void Wait(std::optional<std::uint32_t> milliseconds, WaitFor what = WaitFor::kAnything);
+    bool Wait(std::optional<std::uint32_t> milliseconds, WaitFor what = WaitFor::kAnything);
 
     // The text of a key message that was taken last, once.
     std::u16string TakeTextOf(const QueuedMessage& message);
@@ -85,7 +86,7 @@ private:
     ~Queue();
 
     void Wake();
-    void Quiet();
+    bool Quiet();
     void ReadSource();
     std::optional<QueuedMessage> TakeUnrouted(Peek peek, MessageRange range);
     std::optional<QueuedMessage> TakePosted(Peek peek, MessageRange range);
@@ -111,7 +112,8 @@ private:
     PixelPoint fCursor;
     int fBell; // an eventfd: rung whenever something arrives
     bool fIsRung = false;
-    int fSource = -1; // more to wait for, as the display's connection
+    bool fHasRung = false; // for somebody's wish, not for what is in the queue
+    int fSource = -1;      // more to wait for, as the display's connection
     std::function<void()> fReadSource;
     bool fIsReading = false;
     InputRouter fRouter = nullptr;

@@ -15,6 +15,9 @@ namespace {
 // wherever it is met.
 thread_local std::optional<int> gQuit;
 
+// A bell has rung whose message was met while nobody waited.
+thread_local bool gHasRung = false;
+
 QueuedMessage FromSystem(const MSG& message)
 {
     const HWND window = IsTurnWindow(message.hwnd) ? nullptr : message.hwnd;
@@ -46,6 +49,10 @@ std::optional<QueuedMessage> PeekQueue(Peek peek, MessageRange range)
 {
     MSG message{};
     while (PeekSystem(message, range, peek == Peek::kRemove ? PM_REMOVE : PM_NOREMOVE)) {
+        if (TakeRing(message)) {
+            gHasRung = true;
+            continue;
+        }
         if (message.message != WM_QUIT)
             return FromSystem(message);
         gQuit = static_cast<int>(message.wParam);
@@ -58,17 +65,17 @@ std::optional<QueuedMessage> PeekQueue(Peek peek, MessageRange range)
 std::optional<QueuedMessage> AwaitMessage()
 {
     MSG message{};
-    if (gQuit)
+    if (gQuit || std::exchange(gHasRung, false))
         return std::nullopt;
     if (GetMessageW(&message, nullptr, 0, 0) > 0)
-        return FromSystem(message);
+        return TakeRing(message) ? std::nullopt : std::optional(FromSystem(message));
     gQuit = static_cast<int>(message.wParam);
     return std::nullopt;
 }
 
 void WaitForMessage(std::uint32_t milliseconds)
 {
-    if (!gQuit)
+    if (!gQuit && !std::exchange(gHasRung, false))
         MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
@@ -95,6 +102,18 @@ bool PostToQueue(NativeWindow window, std::uint32_t number, std::uintptr_t first
                  std::intptr_t second)
 {
     return PostMessageW(Handle(window), number, first, second) != 0;
+}
+
+QueueBell::QueueBell() : fWindow(Window(HoldTurnWindow())) {}
+
+QueueBell::~QueueBell()
+{
+    LetTurnWindowGo();
+}
+
+void QueueBell::Ring()
+{
+    RingTurnWindow(Handle(fWindow));
 }
 
 void RequestQuit(int code)

@@ -15,6 +15,12 @@ PixelPoint CursorPosition()
     return {point.x, point.y};
 }
 
+// The system tells it of one window's client area only, and goes between two of them.
+bool TellsWhenMouseLeaves()
+{
+    return false;
+}
+
 bool AreButtonsSwapped()
 {
     return GetSystemMetrics(SM_SWAPBUTTON) != 0;

@@ -17,4 +17,14 @@ void DisarmThreadTimer(std::uintptr_t number);
 
 bool IsTurnWindow(HWND window);
 
+// The window, which stays until it is let go as often. Null if the system refuses.
+HWND HoldTurnWindow();
+void LetTurnWindowGo();
+
+// From any thread: has a message put into the queue of the window's thread, unless one lies there.
+void RingTurnWindow(HWND window);
+
+// Whether it is that message, which is out of the queue then.
+bool TakeRing(const MSG& message);
+
 } // namespace Platform

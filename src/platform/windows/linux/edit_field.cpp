@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::uintptr_t kCaretTimer = 1;
 constexpr std::uint32_t kCaretPeriod = 530;  // milliseconds that the caret is on, and off
+constexpr int kCaretBlinks = 9;              // without a key, then it stays on and costs nothing
 constexpr std::int32_t kPixelsPerCaret = 11; // of the font, for each of the caret's width
 
 void FillRect(const Bitmap& picture, const PixelRect& rect, Colour colour)
@@ -166,12 +167,15 @@ void EditField::RevealCaret()
     fScroll.y = std::clamp(fScroll.y, 0, std::max(fLayout.Height() - local.bottom, 0));
 }
 
-// After a move the caret is seen at once.
+// After a move the caret is seen at once. A selection has none.
 void EditField::ShowCaret()
 {
     fCaretIsOn = HasKeyboard();
-    if (fCaretIsOn)
+    fBlinksLeft = kCaretBlinks;
+    if (fCaretIsOn && !fModel.HasSelection())
         ArmTimer(ChildHandle(), kCaretTimer, kCaretPeriod);
+    else
+        EndBlinking();
     if (IsVisible())
         Redraw();
 }
@@ -179,7 +183,23 @@ void EditField::ShowCaret()
 void EditField::HideCaret()
 {
     fCaretIsOn = false;
-    DisarmTimer(ChildHandle(), kCaretTimer);
+    EndBlinking();
+}
+
+// Without a window the number would be that of one of the thread's timers.
+void EditField::EndBlinking()
+{
+    if (const NativeWindow window = ChildHandle())
+        DisarmTimer(window, kCaretTimer);
+}
+
+void EditField::BlinkCaret()
+{
+    fCaretIsOn = !fCaretIsOn && HasKeyboard();
+    if (fCaretIsOn && --fBlinksLeft == 0)
+        EndBlinking();
+    if (IsVisible())
+        Invalidate(CaretPlace());
 }
 
 void EditField::Draw(const Bitmap& picture)
@@ -188,7 +208,8 @@ void EditField::Draw(const Bitmap& picture)
     FillRect(picture, Local(), fLook.ground);
     for (std::size_t row = 0; row < fLayout.Rows().size(); ++row)
         DrawRow(picture, row);
-    DrawCaret(picture);
+    if (fCaretIsOn && !fModel.HasSelection())
+        FillRect(picture, CaretPlace(), fLook.text);
     picture.EndWriting();
 }
 
@@ -215,15 +236,13 @@ void EditField::DrawRow(const Bitmap& picture, std::size_t number)
     }
 }
 
-void EditField::DrawCaret(const Bitmap& picture) const
+PixelRect EditField::CaretPlace() const
 {
-    if (!fCaretIsOn || fModel.HasSelection())
-        return;
     const std::int32_t x = fLayout.XOf(fModel.Caret()) - fScroll.x;
     const std::int32_t y =
         static_cast<std::int32_t>(fLayout.RowOf(fModel.Caret())) * fLayout.RowHeight() - fScroll.y;
     const std::int32_t width = std::max(fLook.font.pixels / kPixelsPerCaret, 1);
-    FillRect(picture, {x, y, x + width, y + fLayout.RowHeight()}, fLook.text);
+    return {x, y, x + width, y + fLayout.RowHeight()};
 }
 
 // The condensed face that stands in for others makes ovals of them.

@@ -45,7 +45,7 @@ private:
     std::intptr_t Act(const WindowMessage& message) override;
     void Draw(const Bitmap& picture) override;
     void DrawRow(const Bitmap& picture, std::size_t row);
-    void DrawCaret(const Bitmap& picture) const;
+    PixelRect CaretPlace() const;
 
     void HandleKey(std::uint32_t key);
     bool MoveByKey(std::uint32_t key, bool byWord, bool extend);
@@ -66,6 +66,8 @@ private:
     void RevealCaret();
     void ShowCaret();
     void HideCaret();
+    void BlinkCaret();
+    void EndBlinking();
     std::int32_t RowsShown() const;
 
     EditHandler& fHandler;
@@ -77,6 +79,7 @@ private:
     std::optional<std::int32_t> fWantedX; // that moves up and down keep to
     char16_t fHighHalf = 0;               // of a character that comes as two units
     bool fCaretIsOn = false;
+    int fBlinksLeft = 0; // until the caret stays on
     Grain fGrain = Grain::kCharacter;
     TextRange fPressed; // that a drag keeps selected
     PixelPoint fLastPress;

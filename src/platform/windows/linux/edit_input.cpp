@@ -93,8 +93,7 @@ std::intptr_t EditField::Act(const WindowMessage& message)
         HideCaret();
         return 0;
     case kTimer:
-        fCaretIsOn = !fCaretIsOn && HasKeyboard();
-        Redraw();
+        BlinkCaret();
         return 0;
     default:
         return 0;

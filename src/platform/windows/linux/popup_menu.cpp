@@ -1,6 +1,7 @@
 // Menus of Linux: popups that draw themselves and pump until something is chosen.
 #include "platform/windows/popup_menu.h"
 
+#include "platform/input/linux/queue.h"
 #include "platform/input/message_numbers.h"
 #include "platform/input/message_queue.h"
 #include "platform/windows/focus.h"
@@ -43,8 +44,12 @@ int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const M
     while (level.IsAlive() && !level.Chosen() && FrontmostWindow() == active &&
            ContentOf(owner) == place) {
         const std::optional<QueuedMessage> message = AwaitMessage();
-        if (!message)
+        if (!message && Queue::Get().IsQuitAsked())
             return 0;
+        if (!message) {
+            TakeForeignTurn();
+            continue;
+        }
         const bool isKey = message->number >= kKeyFirst && message->number <= kKeyLast;
         if (IsPress(message->number) && !level.Covers({message->x, message->y}))
             return 0;
