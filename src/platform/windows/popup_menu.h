@@ -44,4 +44,7 @@ struct MenuLook {
 int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const MenuRow> rows,
                  const MenuLook& look);
 
+// Leaves the menu that is open, if there is one, with nothing chosen.
+void LeavePopupMenu();
+
 } // namespace Platform

@@ -11,6 +11,7 @@
 #include "platform/system/unicode.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/mouse_state.h"
+#include "platform/windows/popup_menu.h"
 #include "platform/windows/window_paint.h"
 #include "platform/windows/window_place.h"
 #include "plugin/view_info/message_log.h"
@@ -233,6 +234,7 @@ void SetTheme(std::int32_t theme)
 
 void Dismiss(CWindow& window)
 {
+    Platform::LeavePopupMenu();
     if (window.IsPopup()) {
         window.ClosePopup();
         return;

@@ -8,6 +8,7 @@
 #include "platform/windows/foreign_loop.h"
 #include "platform/windows/linux/foreign_turn.h"
 #include "platform/windows/linux/menu_level.h"
+#include "platform/windows/mouse_state.h"
 #include "platform/windows/system_window.h"
 #include "platform/windows/window_place.h"
 
@@ -15,6 +16,8 @@ namespace Platform {
 namespace {
 
 using namespace Number;
+
+bool gIsLeft = false; // the menu that is open is to be left
 
 // What goes on beside a menu isn't for the windows there: neither hover nor the wheel.
 bool IsKeptFromOthers(const QueuedMessage& message, MenuLevel& level)
@@ -37,11 +40,14 @@ int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const M
                  const MenuLook& look)
 {
     const ForeignLoop turns;
+    ReleaseMouse(); // whoever opened it may have it still, and the menu is chosen from by a drag
+                    // too
     const NativeWindow owner = TopWindowOf(window);
     const NativeWindow active = FrontmostWindow();
     const PixelRect place = ContentOf(owner);
     MenuLevel level(owner, beside, rows, look);
-    while (level.IsAlive() && !level.Chosen() && FrontmostWindow() == active &&
+    gIsLeft = false;
+    while (!gIsLeft && level.IsAlive() && !level.Chosen() && FrontmostWindow() == active &&
            ContentOf(owner) == place) {
         const std::optional<QueuedMessage> message = AwaitMessage();
         if (!message && Queue::Get().IsQuitAsked())
@@ -61,6 +67,11 @@ int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const M
             TakeForeignTurn();
     }
     return level.Chosen().value_or(0);
+}
+
+void LeavePopupMenu()
+{
+    gIsLeft = true;
 }
 
 } // namespace Platform

@@ -51,4 +51,9 @@ int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const M
     return chosen;
 }
 
+void LeavePopupMenu()
+{
+    EndMenu();
+}
+
 } // namespace Platform
