@@ -230,6 +230,7 @@ int Play(const Options& options)
                   {{SizeOf(options.size), options.scale, true},
                    options.theme,
                    Utf8NameOf(options.messages),
+                   options.outline ? options.picture : std::string(),
                    {}});
     if (outcome.status != Host::PlayOutcome::kPlayed)
         std::cerr << "vex: " << outcome.words << '\n';
@@ -407,13 +408,11 @@ Command AddShow(CLI::App& app, Options& options)
     show->add_option("--theme", options.theme, "0 light, 1 medium light, 2 medium dark, 3 dark")
         ->check(CLI::Range(0, 3));
     show->add_option("--scale", options.scale, "Pixels in a unit")->check(CLI::Range(0.25, 8.0));
-    CLI::Option* const outline = show->add_flag("--outline", options.outline,
-                                                "Draw frames, margins and identifiers over it");
+    show->add_flag("--outline", options.outline, "Draw frames, margins and identifiers over it");
     show->add_flag("--describe", options.describe,
                    "Print what a host is told of the views, as JSON");
     show->add_option("--play", options.script,
-                     "A script that the robot plays on the window; - is the standard input")
-        ->excludes(outline);
+                     "A script that the robot plays on the window; - is the standard input");
     show->add_option("--messages", options.messages,
                      "The file for the messages that climb to the window, a JSON object a line")
         ->needs("--play");

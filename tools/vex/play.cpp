@@ -8,6 +8,7 @@
 #include "plugin/view_info/message_log.h"
 #include "robot/message_file.h"
 #include "vex/describe.h"
+#include "vex/show.h"
 #include "view/process/process.h"
 #include "view/process/ui_scale.h"
 
@@ -70,8 +71,14 @@ Host::PlayOutcome Play(const CSourceText& source, Host::Script script, const Pla
     Host::Player player(std::move(script), stage);
     Kesto::CWindow& window = layout.Root();
     window.Start();
-    const Kesto::CHostTurns turns(
-        [&player](HostInputEvent& event) { return player.TakeTurn(event); }, options.hands);
+    const auto takeTurn = [&](HostInputEvent& event) {
+        const bool isEvent = player.TakeTurn(event);
+        if (isEvent && event.message == kHostRequestDismiss && !options.outlined.empty() &&
+            player.Outcome().status == Host::PlayOutcome::kPlayed)
+            WriteOutlinedPhotograph(layout, options.outlined);
+        return isEvent;
+    };
+    const Kesto::CHostTurns turns(takeTurn, options.hands);
     // As the window's own run would do it, but on until the script ends.
     while (!player.IsOver()) {
         bool force = false;

@@ -7,6 +7,7 @@
 #include "view/messages/message.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -15,7 +16,8 @@ namespace Vex {
 struct PlayOptions {
     BuildOptions build;
     std::int32_t theme = 0;
-    std::string messages; // the file for them, or empty
+    std::string messages;           // the file for them, or empty
+    std::filesystem::path outlined; // the picture of the window at the end, outlined; or empty
     Kesto::CHostHands hands;
     // Gets the commands that no window has eaten; true if it has. May be empty.
     std::function<bool(Kesto::CCommandMessage& command)> commands = {};

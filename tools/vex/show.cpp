@@ -1,7 +1,9 @@
 #include "vex/show.h"
 
+#include "drawing/ports/wrapper_port.h"
 #include "drawing/tools/draw_tools.h"
 #include "pictures/bitmap_file.h"
+#include "platform/windows/window_paint.h"
 
 #include <algorithm>
 #include <string>
@@ -41,9 +43,8 @@ void OutlineId(Kesto::CSystemPort& port, const BuiltView& built)
     port.DrawTextBox(id, plate, Kesto::kText_Left | Kesto::kText_Ellipsis);
 }
 
-void Outline(const CBuiltLayout& layout)
+void Outline(const CBuiltLayout& layout, Kesto::CSystemPort& port)
 {
-    Kesto::CContext& port = layout.Root();
     port.SetWindowOrigin({});
     port.ResetClip();
     for (const BuiltView& built : layout.Views())
@@ -61,7 +62,7 @@ void Draw(const CBuiltLayout& layout, bool outline)
     layout.Root().InvalidateAll();
     layout.Root().UpdateNow();
     if (outline)
-        Outline(layout);
+        Outline(layout, layout.Root());
 }
 
 void WritePicture(const CBuiltLayout& layout, const std::filesystem::path& path, bool outline)
@@ -71,6 +72,20 @@ void WritePicture(const CBuiltLayout& layout, const std::filesystem::path& path,
     const Kesto::PixelPoint size = root.GetClientPixels();
     const Platform::Bitmap& bitmap = root.GetBitmap();
     Host::WriteBitmap(path, {size.x, size.y, bitmap.Bits(), bitmap.RowBytes()});
+}
+
+bool WriteOutlinedPhotograph(const CBuiltLayout& layout, const std::filesystem::path& path)
+{
+    Kesto::CWindow& root = layout.Root();
+    Platform::Bitmap picture;
+    if (!Platform::PhotographWindow(root.NativeHandle(), picture))
+        return false;
+    Kesto::CWrapperPort port(picture, {picture.Width(), picture.Height()});
+    port.SetScaleFactor(root.GetScale());
+    Outline(layout, port);
+    Host::WriteBitmap(path,
+                      {picture.Width(), picture.Height(), picture.Bits(), picture.RowBytes()});
+    return true;
 }
 
 } // namespace Vex

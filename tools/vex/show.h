@@ -14,4 +14,7 @@ void Draw(const CBuiltLayout& layout, bool outline);
 // The same, and writes a PNG. Throws std::runtime_error when the file can't be written.
 void WritePicture(const CBuiltLayout& layout, const std::filesystem::path& path, bool outline);
 
+// The window as it stands, outlined, with what its native children show. False if it isn't open.
+bool WriteOutlinedPhotograph(const CBuiltLayout& layout, const std::filesystem::path& path);
+
 } // namespace Vex
