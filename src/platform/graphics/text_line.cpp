@@ -25,7 +25,13 @@ TextExtent ExtentOf(const TextCluster& cluster)
 
 } // namespace
 
-TextLine::TextLine(Shape shape) : fShape(std::move(shape)), fInk(std::move(fShape.ink)) {}
+TextLine::TextLine(Shape shape)
+    : fShape(std::move(shape)),
+      fMemorySize(sizeof *this + fShape.clusters.size() * sizeof(TextCluster) +
+                  static_cast<std::size_t>(std::min(PixelsOf(fShape.inkBounds), kMostKept))),
+      fInk(std::move(fShape.ink))
+{
+}
 
 std::span<const TextCluster> TextLine::Clusters() const
 {
@@ -124,6 +130,13 @@ std::size_t TextLine::FitRow(std::size_t from, double width) const
     return fShape.length - start;
 }
 
+const PixelRect& TextLine::InkBounds() const
+{
+    if (const auto find = std::exchange(fShape.findInkBounds, nullptr))
+        fShape.inkBounds = Union(find(), fShape.underline);
+    return fShape.inkBounds;
+}
+
 void TextLine::Render(const PixelRect& area, std::vector<std::uint8_t>& coverage) const
 {
     coverage.assign(static_cast<std::size_t>(PixelsOf(area)), 0);
@@ -138,7 +151,7 @@ void TextLine::Render(const PixelRect& area, std::vector<std::uint8_t>& coverage
 
 TextLine::Coverage TextLine::CoverageOf(const PixelRect& area) const
 {
-    const PixelRect& all = fShape.inkBounds;
+    const PixelRect& all = InkBounds();
     if (PixelsOf(all) > kMostKept) {
         static std::vector<std::uint8_t> piece;
         Render(area, piece);
@@ -150,12 +163,6 @@ TextLine::Coverage TextLine::CoverageOf(const PixelRect& area) const
     }
     const std::ptrdiff_t rowBytes = all.right - all.left;
     return {fCoverage.data() + (area.top - all.top) * rowBytes + (area.left - all.left), rowBytes};
-}
-
-std::size_t TextLine::MemorySize() const
-{
-    return sizeof *this + fShape.clusters.size() * sizeof(TextCluster) +
-           static_cast<std::size_t>(std::min(PixelsOf(fShape.inkBounds), kMostKept));
 }
 
 } // namespace Platform

@@ -54,7 +54,9 @@ public:
         std::vector<TextCluster> clusters; // in the text's order
         // Says where rows and words begin, the first time that it matters; empty where it was said.
         std::function<void(std::span<TextCluster>)> mark;
-        PixelRect inkBounds;                // covers all that is drawn
+        PixelRect inkBounds; // covers all that is drawn
+        // Says it better, the first time that it matters: most lines are only measured.
+        std::function<PixelRect()> findInkBounds;
         PixelRect underline;                // drawn besides the ink, within its bounds
         std::unique_ptr<const TextInk> ink; // null where nothing is drawn
     };
@@ -88,7 +90,7 @@ public:
     std::size_t FitRow(std::size_t from, double width) const;
 
     // All that is drawn lies within, in pixels from the left end of the base line.
-    const PixelRect& InkBounds() const { return fShape.inkBounds; }
+    const PixelRect& InkBounds() const;
 
     // The ink's coverage of `area`, which lies within InkBounds, row by row; valid until the next
     // call on any line. Lines of a usual length are rendered once.
@@ -98,8 +100,8 @@ public:
     };
     Coverage CoverageOf(const PixelRect& area) const;
 
-    // Bytes that the line keeps.
-    std::size_t MemorySize() const;
+    // Bytes that the line keeps, or will keep when it is drawn.
+    std::size_t MemorySize() const { return fMemorySize; }
 
 private:
     std::size_t ClusterAt(std::size_t position) const;
@@ -107,6 +109,7 @@ private:
     void Render(const PixelRect& area, std::vector<std::uint8_t>& coverage) const;
 
     mutable Shape fShape;
+    std::size_t fMemorySize;
     mutable std::unique_ptr<const TextInk> fInk;
     mutable std::vector<std::uint8_t> fCoverage; // of all the bounds, in place of the ink
 };

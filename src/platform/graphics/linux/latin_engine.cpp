@@ -200,7 +200,9 @@ private:
             MarkBreaks(characters, clusters);
         };
         auto ink = std::make_unique<MaskInk>(fMasks, std::move(placed));
-        shape.inkBounds = ink->Bounds();
+        // Until then the line counts as high as the font, and no glyph is rendered.
+        shape.inkBounds = {0, -fPixels, shape.width, 0};
+        shape.findInkBounds = [ink = ink.get()] { return ink->Bounds(); };
         shape.ink = std::move(ink);
         return shape;
     }
