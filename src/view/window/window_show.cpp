@@ -10,7 +10,7 @@ namespace Kesto {
 
 using Platform::ShowCommand;
 
-// A kind's number is taken for a command, as a placement's state is.
+// A command that was set counts once; then the restored state; a disabled window isn't activated.
 ShowCommand CWindow::NextShowCommand()
 {
     if (fShowCommand)
