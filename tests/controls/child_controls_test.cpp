@@ -2,7 +2,6 @@
 // deals with it, although the platform calls them by the way of the control.
 #include "controls/fields/edit_string.h"
 #include "foundation/errors/exceptions.h"
-#include "platform/input/injection.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
 #include "view/messages/key_codes.h"
@@ -38,12 +37,6 @@ struct ThrowingDialog : CDialog {
     bool isArmed = false;
     bool aborts = false;
 };
-
-void PressKey(std::uint32_t key)
-{
-    Platform::InjectKey(key, true);
-    Platform::InjectKey(key, false);
-}
 
 TEST(ChildControls, ReportWhatTheirHandlersThrowAndGoOnUnlessTheUserStopped)
 {

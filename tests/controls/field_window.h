@@ -74,8 +74,7 @@ public:
 
     void Press(std::uint32_t key, std::u16string_view text = {})
     {
-        Platform::InjectKey(key, true, text);
-        Platform::InjectKey(key, false);
+        PressKey(key, text);
         process.PumpQuiet();
     }
     void Hold(std::uint32_t key, bool down)

@@ -1,7 +1,6 @@
 // Popups and combo boxes, with the menus that they open in real windows.
 #include "controls/control_panel.h"
 #include "controls/popups/combo_box.h"
-#include "platform/input/injection.h"
 #include "support/testing.h"
 #include "view/messages/key_codes.h"
 #include "view/test_pump.h"
@@ -76,10 +75,8 @@ struct Dialog : CDocumentWindow {
 // The keys are in the queue before the menu opens, as those of a quick user.
 void Type(std::initializer_list<std::uint32_t> keys)
 {
-    for (const std::uint32_t key : keys) {
-        Platform::InjectKey(key, true);
-        Platform::InjectKey(key, false);
-    }
+    for (const std::uint32_t key : keys)
+        PressKey(key);
 }
 
 TEST(MenuPopup, ItsMenuIsOpenedByMouseAndKeys)

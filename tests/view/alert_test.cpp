@@ -4,6 +4,7 @@
 #include "platform/input/injection.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/system_window.h"
+#include "support/alert_capture.h"
 #include "support/testing.h"
 #include "view/messages/key_codes.h"
 #include "view/process/desktop.h"
@@ -14,15 +15,8 @@ namespace {
 
 using namespace Kesto;
 
-constexpr std::uint32_t kEscape = 27;
 constexpr std::uint32_t kSpace = 32;
 constexpr std::uint32_t kControl = 0x11;
-
-void PressKey(std::uint32_t key, std::u16string_view text = {})
-{
-    Platform::InjectKey(key, true, text);
-    Platform::InjectKey(key, false);
-}
 
 AlertButton Ask(AlertButtons buttons, AlertButton defaultButton = AlertButton::kNone)
 {
@@ -30,28 +24,35 @@ AlertButton Ask(AlertButtons buttons, AlertButton defaultButton = AlertButton::k
                      defaultButton);
 }
 
-TEST(Alert, AnswersByKeys)
+// What commits to nothing is the answer when the run is ended from outside.
+TEST(Alert, AnswersByKeysAndWhenItIsEnded)
 {
     const struct {
         const char* name;
         AlertButtons buttons;
         AlertButton defaultButton;
-        std::uint32_t key;
+        std::uint32_t key; // 0: it is ended
         std::u16string_view text;
         AlertButton answer;
     } rows[] = {
         {"Return is OK", AlertButtons::kOK, AlertButton::kNone, kKeyCode_Return, u"\r",
          AlertButton::kOK},
-        {"Escape is the only button", AlertButtons::kOK, AlertButton::kNone, kEscape, u"\x1b",
-         AlertButton::kOK},
-        {"Escape is Cancel", AlertButtons::kYesNoCancel, AlertButton::kNone, kEscape, u"\x1b",
-         AlertButton::kCancel},
+        {"Escape is the only button", AlertButtons::kOK, AlertButton::kNone, kKeyCode_Escape,
+         u"\x1b", AlertButton::kOK},
+        {"Escape is Cancel", AlertButtons::kYesNoCancel, AlertButton::kNone, kKeyCode_Escape,
+         u"\x1b", AlertButton::kCancel},
         {"Return is the default", AlertButtons::kYesNoCancel, AlertButton::kNo, kKeyCode_Return,
          u"\r", AlertButton::kNo},
         {"Return is the first", AlertButtons::kRetryCancel, AlertButton::kNone, kKeyCode_Return,
          u"\r", AlertButton::kRetry},
         {"Space is the one with the focus", AlertButtons::kYesNo, AlertButton::kNo, kSpace, u" ",
          AlertButton::kNo},
+        {"ended with one button", AlertButtons::kOK, AlertButton::kNone, 0, u"", AlertButton::kOK},
+        {"ended with Cancel", AlertButtons::kOKCancel, AlertButton::kNone, 0, u"",
+         AlertButton::kCancel},
+        {"ended with No", AlertButtons::kYesNo, AlertButton::kNone, 0, u"", AlertButton::kNo},
+        {"ended with Abort", AlertButtons::kAbortRetryIgnore, AlertButton::kNone, 0, u"",
+         AlertButton::kAbort},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -61,7 +62,10 @@ TEST(Alert, AnswersByKeys)
         process.PostCall(-1, [&] {
             EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 1U);
             EXPECT_FALSE(Platform::IsSystemWindowEnabled(document.NativeHandle()));
-            PressKey(row.key, row.text);
+            if (row.key != 0)
+                PressKey(row.key, row.text);
+            else
+                CExecutable::Current()->SetDone(true);
         });
         EXPECT_EQ(Ask(row.buttons, row.defaultButton), row.answer);
         EXPECT_EQ(CServiceT<CDesktop>::Get()->ModalCount(), 0U);
@@ -70,39 +74,13 @@ TEST(Alert, AnswersByKeys)
     }
 }
 
-// What commits to nothing is the answer when the run is ended from outside.
-TEST(Alert, AnswersWhenItIsEnded)
-{
-    const std::pair<AlertButtons, AlertButton> rows[] = {
-        {AlertButtons::kOK, AlertButton::kOK},
-        {AlertButtons::kOKCancel, AlertButton::kCancel},
-        {AlertButtons::kYesNo, AlertButton::kNo},
-        {AlertButtons::kAbortRetryIgnore, AlertButton::kAbort},
-    };
-    for (const auto& [buttons, answer] : rows) {
-        SCOPED_TRACE(static_cast<int>(buttons));
-        PumpedProcess process;
-        CDocumentWindow document(DocumentPlan());
-        process.PostCall(-1, [] { CExecutable::Current()->SetDone(true); });
-        EXPECT_EQ(Ask(buttons), answer);
-    }
-}
-
 TEST(Alert, HooksComeFirstWheneverTheyWereMade)
 {
-    struct Hook : CAlertHook {
-        AlertButton Show(const AlertBox&) override
-        {
-            ++shown;
-            return AlertButton::kRetry;
-        }
-        int shown = 0;
-    };
-    Hook hook; // older than the windows
+    AlertCapture hook(AlertButton::kRetry); // older than the windows
     PumpedProcess process;
     CDocumentWindow document(DocumentPlan());
     EXPECT_EQ(Ask(AlertButtons::kRetryCancel), AlertButton::kRetry);
-    EXPECT_EQ(hook.shown, 1);
+    EXPECT_EQ(hook.boxes.size(), 1U);
 }
 
 TEST(Alert, CopiesItsTexts)
@@ -114,7 +92,7 @@ TEST(Alert, CopiesItsTexts)
         Platform::InjectKey(kControl, true);
         PressKey('C');
         Platform::InjectKey(kControl, false);
-        process.PostCall(-1, [] { PressKey(kEscape, u"\x1b"); });
+        process.PostCall(-1, [] { PressKey(kKeyCode_Escape, u"\x1b"); });
     });
     Ask(AlertButtons::kOK);
     EXPECT_EQ(Platform::ClipboardText().value_or(""), "Title\n\nMessage\n\nWhy");

@@ -222,7 +222,7 @@ TEST_F(Executables, AChildThatIsDoneLeavesAloneAndIsDeleted)
     EXPECT_FALSE(Poll()) << "it doesn't run any more";
 }
 
-TEST_F(Executables, TheTreeSurvivesAnyOrderOfDeaths)
+TEST_F(Executables, AChildThatIsLeftBehindIsInNoTreeAndHasNoFocus)
 {
     auto parent = std::make_unique<Node>(*this, &root, "parent", 0U);
     Node child(*this, parent.get(), "child", 0);
@@ -230,27 +230,20 @@ TEST_F(Executables, TheTreeSurvivesAnyOrderOfDeaths)
     const Kesto::CObjID id("ExecutableTest/Child");
     child.SetID(id);
     EXPECT_EQ(process.FindMessenger(id), &child);
-    parent.reset();
-    EXPECT_EQ(child.Super(), nullptr);
-    EXPECT_EQ(child.ParentMessenger(), nullptr);
-    EXPECT_EQ(process.FindMessenger(id), nullptr);
-    std::string lines;
-    process.ReportChildren(lines, 0);
-    EXPECT_EQ(lines, "- stopped\n  - stopped\n    - stopped\n    - stopped\n    - stopped\n");
-}
-
-TEST_F(Executables, AChildThatIsLeftBehindHasNoFocus)
-{
-    auto parent = std::make_unique<Node>(*this, &root, "parent", 0U);
-    Node child(*this, parent.get(), "child", 0);
     for (Node* const node : {&root, parent.get(), &child})
         node->SetCanTarget(true);
     child.SetCanBullseye(true);
     ASSERT_TRUE(child.BecomeBullseye(false));
     parent.reset();
+    EXPECT_EQ(child.Super(), nullptr);
+    EXPECT_EQ(child.ParentMessenger(), nullptr);
+    EXPECT_EQ(process.FindMessenger(id), nullptr);
     EXPECT_FALSE(child.IsTarget() || child.IsBullseye());
     EXPECT_EQ(Kesto::CMessenger::GetBullseye(), &process);
     EXPECT_FALSE(root.IsTarget());
+    std::string lines;
+    process.ReportChildren(lines, 0);
+    EXPECT_EQ(lines, "- stopped\n  - stopped\n    - stopped\n    - stopped\n    - stopped\n");
 }
 
 TEST(Session, OpensOnceWithTheProcess)

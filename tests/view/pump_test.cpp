@@ -1,5 +1,6 @@
 // Whose turn it is: posted events, messages of the system, timers, and a request to quit.
 #include "view/test_pump.h"
+#include "view/test_timers.h"
 #include "view/test_window.h"
 
 #include "support/alert_capture.h"
@@ -7,9 +8,7 @@
 #include "view/messages/message_event.h"
 #include "view/messages/message_ids.h"
 #include "view/process/desktop.h"
-#include "view/process/idler.h"
 #include "view/process/posted_events.h"
-#include "view/process/timer.h"
 
 #include "foundation/base/link.h"
 #include "foundation/base/service.h"
@@ -113,24 +112,6 @@ TEST_F(Pump, QueuedEventsLetGoOfMessengersThatDie)
     EXPECT_EQ(heard, 2) << "the one to it, and the one to the bullseye, both without a source";
 }
 
-TEST_F(Pump, ARequestToQuitEndsTheRunAndGoesOnToTheHost)
-{
-    struct Dialog : Kesto::CExecutable {
-        using CExecutable::CExecutable;
-        bool CanFinish() override { return ++asked > 1; }
-        int asked = 0;
-    } dialog(&process);
-    PostNumber(1);
-    Platform::RequestQuit(7);
-    process.PostCall(-128, [] { Kesto::CExecutable::Current()->SetDone(true); });
-    dialog.Run();
-    EXPECT_EQ(dialog.asked, 2) << "the quit was refused once";
-    EXPECT_THAT(process.log, ElementsAre(1));
-    EXPECT_EQ(Kesto::CExecutable::Current(), nullptr);
-    EXPECT_EQ(Platform::TakeQuitRequest(), 7);
-    EXPECT_EQ(Platform::TakeQuitRequest(), std::nullopt);
-}
-
 TEST_F(Pump, ARequestToQuitEndsNestedRunsUnlessOneRefuses)
 {
     struct Dialog : Kesto::CExecutable {
@@ -152,31 +133,31 @@ TEST_F(Pump, ARequestToQuitEndsNestedRunsUnlessOneRefuses)
         inner.agrees = agrees;
         inner.atPoll = [] { Platform::RequestQuit(3); };
         outer.atPoll = [&] {
-            if (!agrees)
+            if (!agrees) {
+                PostNumber(1);
                 process.PostCall(-128, [&] {
+                    EXPECT_THAT(process.log, ElementsAre(1)) << "the pump goes on";
                     inner.agrees = true;
                     inner.SetDone(true);
                 });
+            }
             inner.Run();
             outerWasAsked = outer.IsDone() || process.IsQuitting();
             outer.SetDone(true); // or else the test would go on for ever
         };
         outer.Run();
         EXPECT_EQ(outerWasAsked, agrees);
+        EXPECT_EQ(Kesto::CExecutable::Current(), nullptr);
         EXPECT_EQ(Platform::TakeQuitRequest(), 3) << "the host gets it all the same";
+        EXPECT_EQ(Platform::TakeQuitRequest(), std::nullopt);
     }
 }
 
 TEST_F(Pump, AForeignLoopStillRunsEventsIdlersAndTimersAndReportsWhatTheyThrow)
 {
-    struct Idler : Kesto::CIdler {
-        explicit Idler(std::vector<int>& itsLog) : log(itsLog) { StartIdling(); }
-        void Idle() override { log.push_back(2); }
-        std::vector<int>& log;
-    } idler(process.log);
-    Kesto::CTimer timer(
-        0.001, [](void* log, double, double) { static_cast<std::vector<int>*>(log)->push_back(3); },
-        &process.log);
+    CallIdler idler([this] { process.log.push_back(2); });
+    idler.StartIdling();
+    CallTimer timer(0.001, [this] { process.log.push_back(3); });
     timer.Start();
     AlertCapture alerts;
     process.PostMark(-1, 1);

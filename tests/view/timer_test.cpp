@@ -1,40 +1,16 @@
 // Timers and idlers that come and go while they have their turns.
 #include "view/test_pump.h"
+#include "view/test_timers.h"
 #include "view/test_window.h"
 
 #include "support/testing.h"
 #include "view/messages/messenger.h"
-#include "view/process/idler.h"
-#include "view/process/timer.h"
 
 namespace {
 
 using Kesto::CIdler;
 using Kesto::CTimer;
 using testing::ElementsAre;
-
-struct CallTimer : CTimer {
-    explicit CallTimer(
-        double period, std::function<void()> what = [] {})
-        : CTimer(period), call(std::move(what))
-    {
-    }
-    void OnStart() override { ++starts; }
-    void OnStop() override { ++stops; }
-    void Fire(double, double since) override
-    {
-        ++fired;
-        elapsed += since;       // a late firing may have the next one close behind it
-        const auto copy = call; // the timer may die in it
-        copy();
-    }
-
-    std::function<void()> call;
-    int starts = 0;
-    int stops = 0;
-    int fired = 0;
-    double elapsed = 0.0;
-};
 
 // The system gives no timer for a window that isn't there: such a timer is the pump's own.
 struct Context : Kesto::CMessenger {
@@ -127,16 +103,6 @@ TEST(Timers, WaitForTheirPeriodAndSurviveAClockThatStartsOver)
     CTimer::RunTimers(0.0);
     EXPECT_EQ(timer.fired, 2);
 }
-
-struct CallIdler : CIdler {
-    explicit CallIdler(std::function<void()> what, double period = 0.0)
-        : CIdler(period), call(std::move(what))
-    {
-    }
-    void Idle() override { call(); }
-
-    std::function<void()> call;
-};
 
 TEST(Idlers, MayGoAndComeWhileIdling)
 {

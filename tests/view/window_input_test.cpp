@@ -19,6 +19,47 @@ namespace {
 
 using namespace Kesto;
 
+// A window and a user's hands on it. Places are pixels of its content.
+template <class Window = CDocumentWindow>
+struct Hands {
+    explicit Hands(const CWindowPlan& plan = DocumentPlan()) : window(plan) {}
+
+    void Open()
+    {
+        window.Start();
+        process.PumpQuiet();
+    }
+    void MoveTo(std::int32_t x, std::int32_t y)
+    {
+        const PixelRect content = window.GetWindowBounds();
+        Platform::InjectMove({content.left + x, content.top + y});
+        process.PumpQuiet();
+    }
+    void Button(bool down, Platform::Key button = Platform::Key::kLeftButton)
+    {
+        Platform::InjectButton(button, down);
+        process.PumpQuiet();
+    }
+    bool HasMouse() const { return Platform::CapturingWindow() == window.NativeHandle(); }
+
+    PumpedProcess process;
+    Window window;
+};
+
+struct Pressed : CPane {
+    using CPane::CPane;
+    void PrimaryClick(const CMouseEvent& event) override
+    {
+        ++presses;
+        at = PortToLocal(event.fPortPoint);
+    }
+    void PrimaryUp(const CMouseEvent&) override { ++released; }
+
+    Point at;
+    int presses = 0;
+    int released = 0;
+};
+
 TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
 {
     PumpedProcess process;
@@ -29,10 +70,7 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
     Button* const button =
         dialog.AppendChild(std::make_unique<Button>(true, false, [&] { dialog.EndRun(1); }));
     dialog.AddButton(*button);
-    process.PostCall(-1, [] {
-        Platform::InjectKey(kKeyCode_Return, true, u"\r");
-        Platform::InjectKey(kKeyCode_Return, false);
-    });
+    process.PostCall(-1, [] { PressKey(kKeyCode_Return, u"\r"); });
     EXPECT_EQ(dialog.Run(), 1);
     process.PumpQuiet();
     EXPECT_EQ(field->typed, "");
@@ -40,18 +78,16 @@ TEST(WindowKeys, TheRestOfAPressThatClosedADialogIsDropped)
 
 TEST(WindowKeys, EscapeBreaksADragOffAndCancelsOnlyWhenPressedAnew)
 {
-    PumpedProcess process;
-    CDialog dialog(PlanOf());
+    Hands<CDialog> hands(PlanOf());
+    CDialog& dialog = hands.window;
     Button* const cancel = dialog.AppendChild(std::make_unique<Button>(false, true));
     dialog.AddButton(*cancel);
-    dialog.Start();
-    process.PumpQuiet();
+    hands.Open();
     dialog.KeepTracker(std::make_unique<CNonPollingTracker>(*cancel, CMouseEvent()));
     for (const int flashes : {0, 1}) {
         SCOPED_TRACE(flashes);
-        Platform::InjectKey(kKeyCode_Escape, true, u"\x1B");
-        Platform::InjectKey(kKeyCode_Escape, false);
-        process.PumpQuiet();
+        PressKey(kKeyCode_Escape, u"\x1B");
+        hands.process.PumpQuiet();
         EXPECT_EQ(dialog.GetTracker(), nullptr);
         EXPECT_EQ(cancel->flashes, flashes);
     }
@@ -88,8 +124,7 @@ TEST(WindowKeys, TheCloseKeyAsksForTheCloseWhereTheWindowCanClose)
         process.PumpQuiet();
         for (const std::uint32_t key : row.held)
             Platform::InjectKey(key, true);
-        Platform::InjectKey(kKeyCode_F4, true);
-        Platform::InjectKey(kKeyCode_F4, false);
+        PressKey(kKeyCode_F4);
         for (const std::uint32_t key : row.held)
             Platform::InjectKey(key, false);
         process.PumpQuiet();
@@ -99,34 +134,23 @@ TEST(WindowKeys, TheCloseKeyAsksForTheCloseWhereTheWindowCanClose)
 
 TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
 {
-    struct Pressed : CPane {
-        using CPane::CPane;
-        void PrimaryClick(const CMouseEvent& event) override { at = PortToLocal(event.fPortPoint); }
-        void PrimaryUp(const CMouseEvent&) override { ++released; }
-        Point at;
-        int released = 0;
-    };
     for (const double scale : {1.0, 2.0}) {
         SCOPED_TRACE(scale);
-        PumpedProcess process;
-        CDocumentWindow window(DocumentPlan());
+        Hands hands;
+        CWindow& window = hands.window;
         auto* const view = window.AppendChild(std::make_unique<Pressed>(Rect{20, 20, 60, 60}));
         window.Start();
         window.ChangeScale(scale);
         window.SizeWindow({200, 100});
-        process.PumpQuiet();
-        const PixelRect content = window.GetWindowBounds();
+        hands.process.PumpQuiet();
         const auto moveTo = [&](double x, double y) {
-            Platform::InjectMove(
-                {content.left + ToDevice(x, scale), content.top + ToDevice(y, scale)});
-            process.PumpQuiet();
+            hands.MoveTo(ToDevice(x, scale), ToDevice(y, scale));
         };
         moveTo(30, 40);
         EXPECT_EQ(CView::MouseView(), view);
-        Platform::InjectButton(Platform::Key::kLeftButton, true);
+        hands.Button(true);
         moveTo(150, 90); // the release comes to the view that was pressed
-        Platform::InjectButton(Platform::Key::kLeftButton, false);
-        process.PumpQuiet();
+        hands.Button(false);
         EXPECT_EQ(view->at, (Point{10, 20}));
         EXPECT_EQ(view->released, 1);
         moveTo(150, 80);
@@ -136,59 +160,45 @@ TEST(WindowMouse, PressesReachTheViewAtEachScaleAndMovesTheWindowsGround)
 
 TEST(WindowMouse, TheWindowKeepsTheMouseUntilTheLastButtonIsUp)
 {
-    PumpedProcess process;
-    CDocumentWindow window(DocumentPlan());
-    window.Start();
-    process.PumpQuiet();
-    const PixelRect content = window.GetWindowBounds();
-    const auto button = [&](Platform::Key key, bool down) {
-        Platform::InjectButton(key, down);
-        process.PumpQuiet();
-        return Platform::CapturingWindow() == window.NativeHandle();
+    Hands hands;
+    hands.Open();
+    hands.MoveTo(50, 50);
+    const auto keepsAfter = [&](Platform::Key key, bool down) {
+        hands.Button(down, key);
+        return hands.HasMouse();
     };
-    Platform::InjectMove({content.left + 50, content.top + 50});
-    EXPECT_TRUE(button(Platform::Key::kLeftButton, true));
-    EXPECT_TRUE(button(Platform::Key::kRightButton, true));
-    EXPECT_TRUE(button(Platform::Key::kRightButton, false)) << "the left one is still held";
-    EXPECT_FALSE(button(Platform::Key::kLeftButton, false));
+    EXPECT_TRUE(keepsAfter(Platform::Key::kLeftButton, true));
+    EXPECT_TRUE(keepsAfter(Platform::Key::kRightButton, true));
+    EXPECT_TRUE(keepsAfter(Platform::Key::kRightButton, false)) << "the left one is still held";
+    EXPECT_FALSE(keepsAfter(Platform::Key::kLeftButton, false));
 }
 
 TEST(WindowMouse, ADragEndsWithItsReleaseAndIsBrokenOffWhenTheMouseIsTakenAway)
 {
     struct Drag : CNonPollingTracker {
-        Drag(CView& view, std::string& itsLog)
-            : CNonPollingTracker(view,
-                                 [] {
-                                     CMouseEvent press;
-                                     press.fButton = kMouseButton_Primary;
-                                     return press;
-                                 }()),
-              log(itsLog)
-        {
-        }
-        void End(const CMouseEvent&) override { log += "end"; }
-        void Abort() override { log += "abort"; }
-        std::string& log;
+        using CNonPollingTracker::CNonPollingTracker;
+        void End(const CMouseEvent&) override { *log += "end"; }
+        void Abort() override { *log += "abort"; }
+        std::string* log = nullptr;
     };
+    CMouseEvent press;
+    press.fButton = kMouseButton_Primary;
     for (const bool isTaken : {false, true}) {
         SCOPED_TRACE(isTaken);
-        PumpedProcess process;
-        CDocumentWindow window(DocumentPlan());
-        window.Start();
-        process.PumpQuiet();
-        const PixelRect content = window.GetWindowBounds();
-        Platform::InjectMove({content.left + 50, content.top + 50});
-        Platform::InjectButton(Platform::Key::kLeftButton, true);
-        process.PumpQuiet();
+        Hands hands;
+        hands.Open();
+        hands.MoveTo(50, 50);
+        hands.Button(true);
         std::string log;
-        window.KeepTracker(std::make_unique<Drag>(window, log));
+        auto drag = std::make_unique<Drag>(hands.window, press);
+        drag->log = &log;
+        hands.window.KeepTracker(std::move(drag));
         if (isTaken)
             Platform::ReleaseMouse();
         EXPECT_EQ(log, isTaken ? "abort" : "");
-        Platform::InjectButton(Platform::Key::kLeftButton, false);
-        process.PumpQuiet();
+        hands.Button(false);
         EXPECT_EQ(log, isTaken ? "abort" : "end");
-        EXPECT_EQ(window.GetTracker(), nullptr);
+        EXPECT_EQ(hands.window.GetTracker(), nullptr);
     }
 }
 
@@ -243,11 +253,6 @@ TEST(WindowMouse, APressDuringACloseHitsWhatIsLeft)
                 return Field::CanSurrender(force);
             }
         };
-        struct Pressed : CPane {
-            using CPane::CPane;
-            void PrimaryClick(const CMouseEvent&) override { ++presses; }
-            int presses = 0;
-        };
         PumpedProcess process;
         CDialog dialog(PlanOf());
         auto* const field = dialog.AppendChild(std::make_unique<Asked>());
@@ -287,17 +292,14 @@ TEST(WindowMouse, TheCursorIsThatOfTheViewBelowIt)
         }
         std::string shown;
     };
-    PumpedProcess process;
-    Watched window(DocumentPlan());
+    Hands<Watched> hands;
+    Watched& window = hands.window;
     auto* const view = window.AppendChild(std::make_unique<Field>());
     view->SetCursor(Platform::Cursor(Platform::CursorShape::kText), true);
-    window.Start();
-    process.PumpQuiet();
-    const PixelRect content = window.GetWindowBounds();
+    hands.Open();
     const auto moveTo = [&](std::int32_t x, std::int32_t y) {
         window.shown.clear();
-        Platform::InjectMove({content.left + x, content.top + y});
-        process.PumpQuiet();
+        hands.MoveTo(x, y);
         return window.shown.empty() ? ' ' : window.shown.back();
     };
     moveTo(150, 80);
@@ -320,27 +322,24 @@ TEST(WindowHandlers, AreAskedAfterATrackerThatSeesAllMessages)
         bool eats = true;
         std::uint32_t eaten = 0;
     };
-    PumpedProcess process;
-    CDocumentWindow window(DocumentPlan());
-    window.Start();
-    process.PumpQuiet();
+    Hands hands;
+    hands.Open();
     Jealous tracker;
     const auto closes = [&] {
-        Platform::DispatchToWindow({window.NativeHandle(), Platform::Number::kClose});
-        return window.IsDone();
+        Platform::DispatchToWindow({hands.window.NativeHandle(), Platform::Number::kClose});
+        return hands.window.IsDone();
     };
-    const PixelRect content = window.GetWindowBounds();
-    Platform::InjectMove({content.left + 50, content.top + 50});
-    Platform::InjectButton(Platform::Key::kLeftButton, true);
-    process.PumpUntil([&] { return Platform::CapturingWindow() == window.NativeHandle(); });
-    process.PostCall(0, [&] {
+    hands.MoveTo(50, 50);
+    hands.Button(true);
+    hands.process.PumpUntil([&] { return hands.HasMouse(); });
+    hands.process.PostCall(0, [&] {
         EXPECT_FALSE(closes());
         EXPECT_EQ(tracker.eaten, Platform::Number::kClose);
         tracker.eats = false;
         EXPECT_TRUE(closes());
         Platform::InjectButton(Platform::Key::kLeftButton, false);
     });
-    tracker.Run(process);
+    tracker.Run(hands.process);
     EXPECT_EQ(CTracker::Active(), nullptr);
 }
 

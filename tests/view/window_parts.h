@@ -1,6 +1,7 @@
 // What the tests put into windows, and the plan of a window of 200 x 100 units.
 #pragma once
 
+#include "platform/input/injection.h"
 #include "view/messages/message_ids.h"
 #include "view/tree/pane.h"
 #include "view/window/window_button.h"
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 // Takes the focus and gives it up when it likes to.
@@ -63,6 +65,12 @@ struct Button : Kesto::CPane, Kesto::CWindowButton {
     std::function<void()> run;
     int flashes = 0;
 };
+
+inline void PressKey(std::uint32_t key, std::u16string_view text = {})
+{
+    Platform::InjectKey(key, true, text);
+    Platform::InjectKey(key, false);
+}
 
 inline Kesto::CWindowPlan PlanOf(Kesto::CMessenger* owner = nullptr, std::uint32_t features = 0x183)
 {

@@ -11,6 +11,7 @@
 #include "view/process/ui_scale.h"
 #include "view/resources_in_use.h"
 #include "view/test_pump.h"
+#include "view/test_timers.h"
 #include "view/window/size_box.h"
 #include "view/window/window_kinds.h"
 #include "view/window_parts.h"
@@ -28,7 +29,7 @@ struct Dialog : CDialog {
 
     bool Key(std::uint32_t number, std::uint32_t value, std::uint32_t bits = 1)
     {
-        return SendPlatformKey({fNative(), number, value, static_cast<std::intptr_t>(bits)});
+        return SendPlatformKey({NativeHandle(), number, value, static_cast<std::intptr_t>(bits)});
     }
     bool Press(std::uint32_t key, std::uint32_t character)
     {
@@ -37,7 +38,6 @@ struct Dialog : CDialog {
         Key(Number::kKeyUp, key);
         return taken || typed;
     }
-    Platform::NativeWindow fNative() const { return NativeHandle(); }
 
     Field* field;
 };
@@ -127,12 +127,16 @@ TEST_F(WindowTest, ReturnAndEscapePressTheButtons)
 
 TEST_F(WindowTest, PaintsWhatIsInvalidAndFollowsItsSize)
 {
-    Dialog dialog(PlanOf(nullptr, 0x183 | kWin_CanSize));
+    Dialog dialog(PlanOf(nullptr, 0x183 | kWin_CanSize | kWin_HasSizeBox));
     dialog.field->SetBinding(kBind_FixedTopRight);
     dialog.SetSizeLimits({{150.0, 80.0}, {400.0, 300.0}});
     dialog.Start();
     process.PumpQuiet();
     EXPECT_EQ(dialog.field->draws, 1);
+    CPane* const box = dialog.FindChild(kWindow_SizeBox, false);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(dialog.GetChild(0), box);
+    EXPECT_EQ(box->GetFrame(), (Rect{184.0, 84.0, 200.0, 100.0}));
     dialog.field->InvalidateAll();
     dialog.UpdateNow();
     EXPECT_EQ(dialog.field->draws, 2);
@@ -141,6 +145,7 @@ TEST_F(WindowTest, PaintsWhatIsInvalidAndFollowsItsSize)
     dialog.SizeWindow({250.0, 120.0});
     EXPECT_EQ(dialog.GetBounds().Width(), 250.0);
     EXPECT_EQ(dialog.field->GetFrame().right, 160.0);
+    EXPECT_EQ(box->GetFrame(), (Rect{234.0, 104.0, 250.0, 120.0}));
     dialog.SizeWindow({10.0, 10.0});
     EXPECT_EQ(dialog.GetBounds().Width(), 150.0) << "the limits hold";
     EXPECT_EQ(dialog.GetBounds().Height(), 80.0);
@@ -223,13 +228,9 @@ TEST_F(WindowTest, OpensInTheStateThatItWasLeftIn)
 
 TEST_F(WindowTest, ItsTimersDieWithItAndSaySo)
 {
-    struct Ticking : CTimer {
-        void OnStop() override { ++stops; }
-        int stops = 0;
-    };
     Dialog dialog;
     dialog.Start();
-    Ticking timer;
+    CallTimer timer(1.0);
     timer.SetContext(&dialog);
     timer.Start();
     dialog.Stop();
@@ -444,18 +445,6 @@ TEST_F(WindowTest, AnOwnerThatDiesFirstEndsTheRun)
     dialog.Run();
     EXPECT_EQ(dialog.NativeHandle(), nullptr);
     EXPECT_EQ(Desktop().ModalCount(), 0U);
-}
-
-TEST_F(WindowTest, TheSizeBoxLiesInTheCorner)
-{
-    Dialog dialog(PlanOf(nullptr, 0x183 | kWin_CanSize | kWin_HasSizeBox));
-    dialog.Start();
-    CPane* const box = dialog.FindChild(kWindow_SizeBox, false);
-    ASSERT_NE(box, nullptr);
-    EXPECT_EQ(dialog.GetChild(0), box);
-    EXPECT_EQ(box->GetFrame(), (Rect{184.0, 84.0, 200.0, 100.0}));
-    dialog.SizeWindow({300.0, 200.0});
-    EXPECT_EQ(box->GetFrame(), (Rect{284.0, 184.0, 300.0, 200.0}));
 }
 
 TEST_F(WindowTest, PopupsCloseWithTheirSurroundings)

@@ -5,8 +5,8 @@
 #include "platform/windows/popup_menu.h"
 #include "support/alert_capture.h"
 #include "support/testing.h"
-#include "view/process/timer.h"
 #include "view/test_pump.h"
+#include "view/test_timers.h"
 #include "view/window_parts.h"
 
 #include <thread>
@@ -25,26 +25,20 @@ void RunLoopOfSystem(const std::function<bool()>& isOver)
         DispatchMessageW(&message);
 }
 
-void Count(void* count, double, double)
-{
-    ++*static_cast<int*>(count);
-}
-
 TEST(ForeignLoop, RunsTimersAndPostedEvents)
 {
     PumpedProcess process;
-    int fired = 0;
     bool wasPosted = false;
-    CTimer timer(0.03, Count, &fired);
+    CallTimer timer(0.03);
     timer.Start();
     process.PostCall(0, [&wasPosted] { wasPosted = true; });
-    RunLoopOfSystem([&] { return fired >= 3 && wasPosted; });
-    EXPECT_GE(fired, 3);
+    RunLoopOfSystem([&] { return timer.fired >= 3 && wasPosted; });
+    EXPECT_GE(timer.fired, 3);
     EXPECT_TRUE(wasPosted);
     timer.Stop();
-    const int before = fired;
+    const int before = timer.fired;
     process.PumpQuiet();
-    EXPECT_EQ(fired, before) << "a stopped one is silent in all loops";
+    EXPECT_EQ(timer.fired, before) << "a stopped one is silent in all loops";
 }
 
 void CALLBACK EndLoop(HWND frame, UINT, UINT_PTR, DWORD)
@@ -57,16 +51,6 @@ void CALLBACK EndLoop(HWND frame, UINT, UINT_PTR, DWORD)
 // system.
 TEST(ForeignLoop, OfADraggedFrameOrAnOpenMenuGivesTurns)
 {
-    struct Ends : CTimer {
-        explicit Ends(HWND frame) : CTimer(0.03), window(frame) {}
-        void Fire(double, double) override
-        {
-            if (++fired == 3)
-                EndLoop(window, 0, 0, 0);
-        }
-        HWND window;
-        int fired = 0;
-    };
     const std::pair<const char*, std::function<void(HWND)>> loops[] = {
         {"a frame is dragged",
          [](HWND frame) { SendMessageW(frame, WM_SYSCOMMAND, SC_MOVE | HTCAPTION, 0); }},
@@ -87,7 +71,11 @@ TEST(ForeignLoop, OfADraggedFrameOrAnOpenMenuGivesTurns)
         process.PumpQuiet();
         auto* const frame = reinterpret_cast<HWND>(window.NativeHandle());
         SetTimer(frame, 1, 10000, EndLoop); // should there be no turns
-        Ends timer(frame);
+        CallTimer timer(0.03);
+        timer.call = [&] {
+            if (timer.fired == 3)
+                EndLoop(frame, 0, 0, 0);
+        };
         std::int32_t result = 0;
         process.PostCall(0, [&] {
             CDialog dialog(PlanOf(&window));
