@@ -75,7 +75,12 @@ TEST_F(WindowTest, OpensGivesTheFocusAndCloses)
     const PixelRect content = dialog.GetWindowBounds();
     EXPECT_EQ(content.right - content.left, ToDevice(200.0, dialog.GetScaleFactor()));
     EXPECT_EQ(dialog.LocalToGlobal(Point{}), (Point{double(content.left), double(content.top)}));
+    CallTimer timer(1.0);
+    timer.SetContext(&dialog);
+    timer.Start();
     dialog.Stop();
+    EXPECT_FALSE(timer.IsRunning());
+    EXPECT_EQ(timer.stops, 1) << "it ends with its window and hears of it";
     EXPECT_EQ(dialog.NativeHandle(), nullptr);
     EXPECT_EQ(CMessenger::GetBullseye(), &process);
     EXPECT_EQ(dialog.CountChildren(), 0U);
@@ -224,18 +229,6 @@ TEST_F(WindowTest, OpensInTheStateThatItWasLeftIn)
         EXPECT_EQ(left.sizeX, isFloat ? 0.0 : 200.0);
         EXPECT_EQ(left.state, row.state == kWinState_Default ? kWinState_Normal : row.state);
     }
-}
-
-TEST_F(WindowTest, ItsTimersDieWithItAndSaySo)
-{
-    Dialog dialog;
-    dialog.Start();
-    CallTimer timer(1.0);
-    timer.SetContext(&dialog);
-    timer.Start();
-    dialog.Stop();
-    EXPECT_FALSE(timer.IsRunning());
-    EXPECT_EQ(timer.stops, 1);
 }
 
 // In a program of its own each time, since the first window of all counts.
