@@ -35,6 +35,14 @@ HMENU MakeMenu(std::span<const MenuRow> rows)
     return menu;
 }
 
+// Of the key that opens a menu, whose character is in the queue already: a blank or a return would
+// choose from the menu, which then closes at once.
+void DropPendingCharacter()
+{
+    MSG character;
+    PeekMessageW(&character, nullptr, WM_CHAR, WM_CHAR, PM_REMOVE);
+}
+
 } // namespace
 
 int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const MenuRow> rows,
@@ -42,6 +50,7 @@ int RunPopupMenu(NativeWindow window, const PixelRect& beside, std::span<const M
 {
     const ForeignLoop loop;
     const HMENU menu = MakeMenu(rows);
+    DropPendingCharacter();
     TPMPARAMS free{sizeof(TPMPARAMS), {beside.left, beside.top, beside.right, beside.bottom}};
     const int chosen =
         TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL,
