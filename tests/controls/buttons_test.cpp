@@ -125,25 +125,6 @@ TEST_F(Buttons, AreDrawnAnewWhenTheFocusComesAndGoes)
     EXPECT_TRUE(isInvalid(first) && isInvalid(second));
 }
 
-TEST(ButtonState, FollowsWindowUseAndMouse)
-{
-    for (int bits = 0; bits < 16; ++bits) {
-        const bool active = (bits & 8) != 0;
-        const bool usable = (bits & 4) != 0;
-        const bool pressed = (bits & 2) != 0;
-        const bool hot = (bits & 1) != 0;
-        constexpr EButtonState kStates[] = {EButtonState::kDisactive, EButtonState::kInactive,
-                                            EButtonState::kDisabled};
-        EButtonState wanted = kStates[bits / 4 % 3];
-        if (active && usable)
-            wanted = pressed ? EButtonState::kPress
-                     : hot   ? EButtonState::kRollover
-                             : EButtonState::kNormal;
-        EXPECT_EQ(ButtonStateOf(active, usable, pressed, hot), wanted) << bits;
-        EXPECT_EQ(CanShowDefaultRing(wanted), active && usable) << bits;
-    }
-}
-
 // Says which of its operations was called.
 class SpeakingGraphic : public CButtonGraphic {
 public:
@@ -174,6 +155,7 @@ TEST(ButtonGraphic, DrawsByStateAndValue)
         {EButtonState::kRollover, kOff, true, "2,0"},
         {EButtonState::kPress, kNeutral, false, "press neutral"},
         {EButtonState::kDisactive, kOn, false, "5,1"},
+        {EButtonState::kDisabled, kOff, true, "3,0"},
         {static_cast<EButtonState>(9), kOn, false, "0,1"},
         {EButtonState::kInactive, static_cast<EButtonValue>(7), false, "4,0"},
     };

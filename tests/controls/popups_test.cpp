@@ -1,4 +1,4 @@
-// Popups and combo boxes, with the menus that they open in real windows.
+// Popups and combo boxes.
 #include "controls/control_panel.h"
 #include "controls/popups/combo_box.h"
 #include "support/testing.h"
@@ -71,45 +71,6 @@ struct Dialog : CDocumentWindow {
     }
     std::string log;
 };
-
-// The keys are in the queue before the menu opens, as those of a quick user.
-void Type(std::initializer_list<std::uint32_t> keys)
-{
-    for (const std::uint32_t key : keys)
-        PressKey(key);
-}
-
-TEST(MenuPopup, ItsMenuIsOpenedByMouseAndKeys)
-{
-    const struct {
-        const char* what;
-        std::initializer_list<std::uint32_t> keys;
-        bool byMouse;
-        unsigned chosen;
-    } rows[] = {
-        {"a press, then the second row", {kKeyCode_Down, kKeyCode_Down, kKeyCode_Return}, true, 1},
-        {"left by Escape", {kKeyCode_Down, kKeyCode_Down, kKeyCode_Escape}, true, 0},
-        {"by Space, the last row", {kKeyCode_Up, kKeyCode_Return}, false, 3},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        PumpedProcess process;
-        Dialog window(DocumentPlan());
-        auto* const popup = window.AppendChild(
-            std::make_unique<CMenuPopup>(Rect{10, 10, 110, 34}, CObjID("mode"), kView_TabStop));
-        popup->SetItems(PopupItemsOf(kFour));
-        window.Start();
-        process.PumpQuiet();
-        process.PostCall(-1, [&] { Type(row.keys); });
-        if (row.byMouse)
-            popup->PrimaryClick({});
-        else
-            ControlPanel::Key(*popup, kKeyCode_Space);
-        EXPECT_EQ(popup->GetChosen(), row.chosen);
-        EXPECT_FALSE(popup->IsPressed());
-        EXPECT_EQ(window.log.empty(), row.chosen == 0);
-    }
-}
 
 TEST(ComboBox, TypesAndChooses)
 {

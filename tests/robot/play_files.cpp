@@ -8,6 +8,8 @@
 #include "layout/build/layout_owner.h"
 #include "platform/graphics/monitors.h"
 #include "plugin/view_info/window_requests.h"
+#include "robot/golden_pictures.h"
+#include "support/testing.h"
 #include "view/window/window.h"
 
 #include <algorithm>
@@ -119,10 +121,17 @@ std::vector<std::string> PlayNames()
     return names;
 }
 
-Host::PlayOutcome PlayFile(const std::string& name, const Kesto::CHostHands& hands)
+void ExpectPlays(const std::string& name, const Kesto::CHostHands& hands)
 {
+    const PictureFolder pictures;
     const fs::path script = kFolder / (name + ".play");
-    return PlayOn(LayoutOf(script), Host::LoadScript(script.string()), hands);
+    const Host::PlayOutcome outcome =
+        PlayOn(LayoutOf(script), Host::LoadScript(script.string()), hands);
+    EXPECT_EQ(outcome.words, "");
+    EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
+    const std::string lines = pictures.LinesFor(name);
+    EXPECT_EQ(lines, KeptLines(name, lines))
+        << "If that is right now, run tests/robot/golden/make.";
 }
 
 Host::PlayOutcome PlayOn(const std::string& layout, Host::Script script,

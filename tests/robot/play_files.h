@@ -10,7 +10,8 @@
 // several, or no display.
 std::vector<std::string> PlayNames();
 
-Host::PlayOutcome PlayFile(const std::string& name, const Kesto::CHostHands& hands = {});
+// Plays it, and holds the pictures that it takes against those that are kept.
+void ExpectPlays(const std::string& name, const Kesto::CHostHands& hands = {});
 
 // A script on a layout of this folder.
 Host::PlayOutcome PlayOn(const std::string& layout, Host::Script script,

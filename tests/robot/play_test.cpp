@@ -1,8 +1,8 @@
 // Scripts played on the windows of layouts: each .play of this folder on the layout that its first
 // line names, and what comes of scripts that can't be played to their end.
 #include "platform/input/keyboard.h"
-#include "robot/golden_pictures.h"
 #include "robot/play_files.h"
+#include "support/temporary_folder.h"
 #include "support/testing.h"
 
 namespace {
@@ -13,13 +13,7 @@ class PlayFiles : public testing::TestWithParam<std::string> {};
 
 TEST_P(PlayFiles, ComeOutAsExpected)
 {
-    const PictureFolder pictures;
-    const Host::PlayOutcome outcome = PlayFile(GetParam());
-    EXPECT_EQ(outcome.words, "");
-    EXPECT_EQ(outcome.status, Host::PlayOutcome::kPlayed);
-    const std::string lines = pictures.LinesFor(GetParam());
-    EXPECT_EQ(lines, KeptLines(GetParam(), lines))
-        << "If that is right now, run tests/robot/golden/make.";
+    ExpectPlays(GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PlayFiles, testing::ValuesIn(PlayNames()),
@@ -91,16 +85,13 @@ TEST(Plays, ComeOutAsTheirPageSays)
 
 TEST(Plays, LeaveTheMessagesOfTheirActions)
 {
-    const fs::path path = fs::temp_directory_path() / "sidecar_robot_messages.json";
+    const TemporaryFolder folder;
     PlayOn("buttons.vex", Host::ReadScript("click Robot/First\nkey Tab\nclick Robot/Second", "s"),
-           {}, path.string());
-    std::ifstream file(path);
-    const std::string lines{std::istreambuf_iterator<char>(file), {}};
+           {}, (folder / "messages.json").string());
+    const std::string lines = folder.Get("messages.json");
     EXPECT_EQ(lines.substr(0, lines.find('\n')),
               R"({"kind":"command","id":"Robot/First","source":"Robot/First"})");
     EXPECT_NE(lines.find(R"("source":"Robot/Second"})"), std::string::npos);
-    file.close();
-    fs::remove(path);
 }
 
 } // namespace

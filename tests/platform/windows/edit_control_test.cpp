@@ -104,7 +104,7 @@ private:
 
 struct KeyCase {
     const char* what;
-    const char* text;
+    const char* text; // with / for a line feed
     TextRange selection;
     const char* keys;
     const char* look;
@@ -115,7 +115,10 @@ void PlayCases(std::span<const KeyCase> cases, const EditStyle& style)
     for (const KeyCase& each : cases) {
         SCOPED_TRACE(each.what);
         Field field(style);
-        field.edit->SetText(each.text);
+        std::string text = each.text;
+        if (style.multiLine)
+            std::ranges::replace(text, '/', '\n');
+        field.edit->SetText(text);
         field.edit->Select(each.selection);
         field.Play(each.keys);
         EXPECT_EQ(field.Look(), each.look);
@@ -174,15 +177,7 @@ TEST(EditControl, KeysInSeveralLines)
     };
     EditStyle style;
     style.multiLine = true;
-    std::vector<KeyCase> withLines(std::begin(cases), std::end(cases));
-    std::vector<std::string> texts;
-    for (const KeyCase& each : cases) {
-        texts.emplace_back(each.text);
-        std::replace(texts.back().begin(), texts.back().end(), '/', '\n');
-    }
-    for (std::size_t i = 0; i < withLines.size(); ++i)
-        withLines[i].text = texts[i].c_str();
-    PlayCases(withLines, style);
+    PlayCases(cases, style);
 }
 
 TEST(EditControl, TellsOfWhatTheUserChanges)
@@ -257,13 +252,7 @@ TEST(EditControl, IsPaintedWhenItsWindowComesIntoSight)
             ShowSystemWindow(window.handle, ShowCommand::kShow);
             ShowSystemWindow(window.handle, ShowCommand::kHide);
         }
-        Bitmap ground;
-        ASSERT_TRUE(ground.Make(300, 200, 32, false));
-        window.onMessage = [&](const WindowMessage& message) {
-            const PixelRect all{0, 0, 300, 200};
-            if (message.number == Number::kPaint)
-                PresentBitmap(message.window, ground, {&all, 1});
-        };
+        ASSERT_TRUE(window.shown.Make(300, 200, 32, false));
         ShowSystemWindow(window.handle, ShowCommand::kShow);
         WindowTest::Pump();
         ASSERT_TRUE(PhotographWindow(window.handle, picture));

@@ -1,6 +1,7 @@
 // A window that writes down what its procedure hears, by name.
 #pragma once
 
+#include "platform/graphics/bitmap.h"
 #include "platform/input/message_numbers.h"
 #include "platform/input/message_queue.h"
 #include "platform/system/errors.h"
@@ -65,6 +66,9 @@ public:
         if (onMessage)
             onMessage(message);
         if (message.number == kPaint) {
+            const Platform::PixelRect all{0, 0, shown.Width(), shown.Height()};
+            if (!all.IsEmpty())
+                Platform::PresentBitmap(handle, shown, {&all, 1});
             const Platform::PaintScope scope(message.window);
             painted.assign(scope.Rects().begin(), scope.Rects().end());
             return 0;
@@ -79,6 +83,7 @@ public:
     Platform::NativeWindow handle = nullptr;
     std::vector<Platform::PixelRect> painted;
     Platform::PixelPoint least;
+    Platform::Bitmap shown; // whenever the window is painted, if it has been made
     std::function<void(const Platform::WindowMessage&)> onMessage;
 
 private:

@@ -141,14 +141,8 @@ TEST(NativeWindowMessages, APhotographShowsWhatWasPresented)
 {
     Log log;
     WindowTest::Window window("w", log);
-    Bitmap bitmap;
-    ASSERT_TRUE(bitmap.Make(300, 200, 32, false));
-    window.onMessage = [&](const WindowMessage& message) {
-        const PixelRect all{0, 0, 300, 200};
-        if (message.number == Number::kPaint)
-            PresentBitmap(message.window, bitmap, {&all, 1});
-    };
-    bitmap.Bits()[20 * bitmap.RowBytes() + 30 * 4] = 77;
+    ASSERT_TRUE(window.shown.Make(300, 200, 32, false));
+    window.shown.Bits()[20 * window.shown.RowBytes() + 30 * 4] = 77;
     ShowSystemWindow(window.handle, ShowCommand::kShow);
     Pump();
     Bitmap picture;

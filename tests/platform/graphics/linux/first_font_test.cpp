@@ -78,11 +78,6 @@ TEST(FirstFont, IsWhatFontconfigSaysNow)
     EXPECT_EQ(Find("Tahoma"), "DejaVuSerif.ttf cache");
     folder.Put("fonts.conf", Configuration(folder / "fonts", "DejaVu Sans"));
     EXPECT_EQ(Find("Tahoma"), "DejaVuSans.ttf fontconfig") << "another configuration";
-
-    folder.Put("file", "");
-    setenv("XDG_CACHE_HOME", (folder / "file").c_str(), 1);
-    EXPECT_EQ(Find("Tahoma"), "DejaVuSans.ttf fontconfig") << "nowhere to keep it";
-    EXPECT_EQ(Find("Tahoma"), "DejaVuSans.ttf fontconfig");
 }
 
 } // namespace

@@ -47,6 +47,7 @@ TEST(MenuMouse, ChoosesWhereTheMenuLies)
         std::vector<MenuRow> rows;
         std::vector<PixelPoint> clicks;
         int chosen;
+        int notches = 0; // of the wheel, before the clicks
     } kinds[] = {
         {"below", {100, 100, 150, 120}, nested, {{110, 122}}, 1},
         {"above, where there is no room below",
@@ -66,27 +67,26 @@ TEST(MenuMouse, ChoosesWhereTheMenuLies)
           {area.right - look.leastWidth - 5, corner.top - 2 - row}},
          21},
         {"an arrow of one that is scrolled", {100, 0, 150, 20}, ManyRows(500), {{110, 22}}, 0},
+        {"a row that the wheel brings, three for each notch",
+         {100, 0, 150, 20},
+         ManyRows(500),
+         {{110, 22 + 2 * row}},
+         2 + 6,
+         -2},
         {"beside it", {100, 100, 150, 120}, nested, {{90, 122}}, 0},
     };
     for (const auto& kind : kinds) {
         SCOPED_TRACE(kind.what);
+        if (kind.notches != 0) {
+            InjectMove(kind.clicks[0]);
+            InjectWheel(0, kind.notches * 120);
+        }
         for (const PixelPoint click : kind.clicks)
             Click(click);
         Click({1, area.bottom - 1}); // leaves a menu of which nothing was chosen
         EXPECT_EQ(RunMenu(kind.beside, kind.rows), kind.chosen);
         WindowTest::Pump();
     }
-}
-
-TEST(MenuMouse, ScrollsByTheWheel)
-{
-    const MenuLook look = WindowTest::SomeLook();
-    const std::int32_t row = Font(look.font).Metrics().height + 2 * look.padding;
-    const PixelPoint second{110, 22 + 2 * row};
-    InjectMove(second);
-    InjectWheel(0, -2 * 120);
-    Click(second);
-    EXPECT_EQ(RunMenu({100, 0, 150, 20}, ManyRows(500)), 2 + 6) << "three rows for each notch";
 }
 
 } // namespace

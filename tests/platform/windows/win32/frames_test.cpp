@@ -15,6 +15,7 @@ struct FrameOfRow {
     DWORD has;   // of the style bits
     DWORD lacks; // of the same
     DWORD extended;
+    LRESULT title = HTNOWHERE; // what the mouse finds in the middle of it, if it has one
 };
 
 constexpr DWORD kAll = WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
@@ -23,10 +24,10 @@ constexpr DWORD kNever = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
 TEST(Frames, OfferWhatTheKindAndTheFeaturesSay)
 {
     const FrameOfRow rows[] = {
-        {"a document without features", WindowKind::kDocument, 0, WS_CAPTION, kAll, 0},
-        {"that can close", WindowKind::kDocument, 1, WS_SYSMENU, kAll & ~WS_SYSMENU, 0},
+        {"a document without features", WindowKind::kDocument, 0, WS_CAPTION, kAll, 0, HTBORDER},
+        {"that can close", WindowKind::kDocument, 1, WS_SYSMENU, kAll & ~WS_SYSMENU, 0, HTBORDER},
         {"that can be sized", WindowKind::kDocument, 4, WS_THICKFRAME, kAll & ~WS_THICKFRAME, 0},
-        {"that can do all", WindowKind::kDocument, 127, kAll, WS_POPUP, 0},
+        {"that can do all", WindowKind::kDocument, 127, kAll, WS_POPUP, 0, HTCAPTION},
         {"a dialog", WindowKind::kDialog, 3, WS_POPUP | WS_CAPTION, WS_THICKFRAME,
          WS_EX_DLGMODALFRAME},
         {"a palette", WindowKind::kPalette, 3, WS_CAPTION, WS_THICKFRAME, kNever},
@@ -46,26 +47,13 @@ TEST(Frames, OfferWhatTheKindAndTheFeaturesSay)
         EXPECT_EQ(style & row.lacks, 0U);
         const auto extended = static_cast<DWORD>(GetWindowLongPtrW(handle, GWL_EXSTYLE));
         EXPECT_EQ(extended & (kNever | WS_EX_DLGMODALFRAME), row.extended);
-    }
-}
-
-TEST(Frames, HaveATitleToMoveThemByIfTheyCan)
-{
-    for (const bool canMove : {true, false}) {
-        SCOPED_TRACE(canMove);
-        WindowTest::Log log;
-        WindowPlan plan;
-        plan.kind = WindowKind::kDocument;
-        plan.features = WindowFeature::kCanClose | (canMove ? WindowFeature::kCanMove : 0);
-        const WindowTest::Window window("w", log, plan);
+        if (row.title == HTNOWHERE)
+            continue;
         ShowSystemWindow(window.handle, ShowCommand::kShow);
         const PixelRect frame = FrameOf(window.handle);
-        const PixelRect content = ContentOf(window.handle);
         const std::int32_t x = (frame.left + frame.right) / 2;
-        const std::int32_t y = (frame.top + content.top) / 2;
-        EXPECT_EQ(
-            SendMessageW(reinterpret_cast<HWND>(window.handle), WM_NCHITTEST, 0, MAKELPARAM(x, y)),
-            canMove ? HTCAPTION : HTBORDER);
+        const std::int32_t y = (frame.top + ContentOf(window.handle).top) / 2;
+        EXPECT_EQ(SendMessageW(handle, WM_NCHITTEST, 0, MAKELPARAM(x, y)), row.title);
     }
 }
 
