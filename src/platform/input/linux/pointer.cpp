@@ -10,12 +10,12 @@ PixelPoint CursorPosition()
     return Queue::Get().Cursor();
 }
 
-// The display exchanges the buttons before anyone hears of them.
 bool TellsWhenMouseLeaves()
 {
     return true;
 }
 
+// The display exchanges the buttons before anyone hears of them.
 bool AreButtonsSwapped()
 {
     return false;
