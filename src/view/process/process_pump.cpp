@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <utility>
 
 namespace Kesto {
@@ -131,7 +132,10 @@ public:
     ~CRest()
     {
         fProcess.fIsHostActive.reset();
-        fProcess.fIdleTimer.Start();
+        try {
+            fProcess.fIdleTimer.Start();
+        } catch (const std::bad_alloc&) { // it starts after the next wait
+        }
     }
     CRest(const CRest&) = delete;
     CRest& operator=(const CRest&) = delete;
