@@ -23,12 +23,15 @@ inline std::unique_ptr<Kesto::CMemoryPixmap> Decode(const Bytes& file)
     return decoder.Decode(stream);
 }
 
-// The pixmap's planes as samples, pixel by pixel, row by row.
+// The pixmap's planes as samples, pixel by pixel, row by row. There may be billions of rows without
+// a pixel.
 inline Bytes SamplesOf(const Kesto::CBasicPixmap& pixmap)
 {
     Kesto::CPixView view;
     pixmap.GetView(view);
     Bytes samples;
+    if (view.width == 0)
+        return samples;
     for (std::int32_t y = 0; y < view.height; ++y)
         for (std::int32_t x = 0; x < view.width; ++x)
             for (std::int32_t plane = 0; plane < view.planeCount; ++plane)
