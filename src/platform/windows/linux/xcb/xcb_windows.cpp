@@ -252,6 +252,8 @@ void XcbDisplay::Place(LinuxWindow& window)
                                              values);
     if (Known* const known = Find(window.fServerID))
         known->placed = cookie.sequence;
+    // What the display has told before, and still waits to be heard, is out of date.
+    window.fServerContent = window.fContent;
 }
 
 void XcbDisplay::Raise(LinuxWindow& window)
