@@ -29,14 +29,17 @@ inline Bytes SamplesOf(const Kesto::CBasicPixmap& pixmap)
 {
     Kesto::CPixView view;
     pixmap.GetView(view);
-    Bytes samples;
-    if (view.width == 0)
-        return samples;
+    if (view.width <= 0 || view.height <= 0)
+        return {};
+    const auto width = static_cast<std::size_t>(view.width);
+    const auto planes = static_cast<std::size_t>(view.planeCount);
+    Bytes samples(width * planes * static_cast<std::size_t>(view.height));
+    std::uint8_t* sample = samples.data();
     for (std::int32_t y = 0; y < view.height; ++y)
-        for (std::int32_t x = 0; x < view.width; ++x)
-            for (std::int32_t plane = 0; plane < view.planeCount; ++plane)
-                samples.push_back(
-                    view.planePointers[static_cast<std::size_t>(plane)][y * view.rowBytes + x]);
+        for (std::size_t x = 0; x < width; ++x)
+            for (std::size_t plane = 0; plane < planes; ++plane)
+                *sample++ =
+                    view.planePointers[plane][y * view.rowBytes + static_cast<std::ptrdiff_t>(x)];
     return samples;
 }
 
