@@ -7,6 +7,7 @@
 #include "platform/windows/linux/activation.h"
 #include "platform/windows/linux/display.h"
 #include "platform/windows/linux/edit_field.h"
+#include "platform/windows/linux/key_number.h"
 #include "platform/windows/mouse_state.h"
 
 #include <algorithm>
@@ -16,19 +17,6 @@ namespace Platform {
 namespace {
 
 using namespace Number;
-
-enum KeyNumber : std::uint32_t {
-    kPageUp = 0x21,
-    kPageDown = 0x22,
-    kEnd = 0x23,
-    kHome = 0x24,
-    kLeft = 0x25,
-    kUp = 0x26,
-    kRight = 0x27,
-    kDown = 0x28,
-    kInsert = 0x2D,
-    kDelete = 0x2E,
-};
 
 // Characters that Control makes of letters, and others that are commands.
 enum Character : std::uint32_t {
@@ -104,13 +92,13 @@ void EditField::HandleKey(std::uint32_t key)
 {
     const bool shift = IsHeld(Key::kShift);
     const bool control = IsHeld(Key::kControl);
-    if (key == kDelete && shift && !control)
+    if (key == kDeleteKey && shift && !control)
         Cut();
-    else if (key == kDelete)
+    else if (key == kDeleteKey)
         DeleteByKey(true, control);
-    else if (key == kInsert && shift)
+    else if (key == kInsertKey && shift)
         Paste();
-    else if (key == kInsert && control)
+    else if (key == kInsertKey && control)
         Copy();
     else
         MoveByKey(key, control, shift);
@@ -125,29 +113,29 @@ bool EditField::MoveByKey(std::uint32_t key, bool byWord, bool extend)
     const bool isLast = row.end == fModel.Text().size();
     const bool isBroken = !isLast && fModel.Text()[row.end] != '\n';
     switch (key) {
-    case kLeft:
+    case kLeftKey:
         MoveCaret(leaves ? fModel.From()
                          : (byWord ? fLayout.PreviousWord(caret) : fLayout.Previous(caret)),
                   extend);
         return true;
-    case kRight:
+    case kRightKey:
         MoveCaret(leaves ? fModel.To() : (byWord ? fLayout.NextWord(caret) : fLayout.Next(caret)),
                   extend);
         return true;
-    case kHome:
+    case kHomeKey:
         MoveCaret(byWord ? 0 : row.start, extend);
         return true;
-    case kEnd:
+    case kEndKey:
         MoveCaret(byWord ? fModel.Text().size() : (isBroken ? fLayout.Previous(row.end) : row.end),
                   extend);
         return true;
-    case kUp:
-    case kDown:
-        MoveVertically(key == kUp ? -1 : 1, extend);
+    case kUpKey:
+    case kDownKey:
+        MoveVertically(key == kUpKey ? -1 : 1, extend);
         return true;
-    case kPageUp:
-    case kPageDown:
-        MoveVertically(key == kPageUp ? -RowsShown() : RowsShown(), extend);
+    case kPageUpKey:
+    case kPageDownKey:
+        MoveVertically(key == kPageUpKey ? -RowsShown() : RowsShown(), extend);
         return true;
     default:
         return false;

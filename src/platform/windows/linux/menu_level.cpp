@@ -1,4 +1,5 @@
 #include "platform/windows/linux/menu_level.h"
+#include "platform/windows/linux/key_number.h"
 
 #include "platform/graphics/canvas.h"
 #include "platform/graphics/monitors.h"
@@ -15,18 +16,6 @@ namespace Platform {
 namespace {
 
 using namespace Number;
-
-enum MenuKey : std::uintptr_t {
-    kReturnKey = 0x0D,
-    kEscapeKey = 0x1B,
-    kSpaceKey = 0x20,
-    kEndKey = 0x23,
-    kHomeKey = 0x24,
-    kLeftKey = 0x25,
-    kUpKey = 0x26,
-    kRightKey = 0x27,
-    kDownKey = 0x28,
-};
 
 enum MenuTimer : std::uintptr_t { kSubTimer = 1, kScrollTimer = 2 };
 constexpr std::uint32_t kSubDelay = 250; // milliseconds
